@@ -1,0 +1,25 @@
+#pragma once
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+
+namespace pallomir {
+
+/// The value of T that stands little-endian at `bytes`, at any alignment.
+template <class T>
+T LoadLittleEndian(const unsigned char* bytes) {
+  unsigned char copy[sizeof(T)];
+  std::memcpy(copy, bytes, sizeof(T));
+  if constexpr (std::endian::native == std::endian::big) std::reverse(copy, copy + sizeof(T));
+  return std::bit_cast<T>(copy);
+}
+
+/// Writes `value` little-endian to `bytes`, at any alignment.
+template <class T>
+void StoreLittleEndian(unsigned char* bytes, T value) {
+  std::memcpy(bytes, &value, sizeof(T));
+  if constexpr (std::endian::native == std::endian::big) std::reverse(bytes, bytes + sizeof(T));
+}
+
+}  // namespace pallomir

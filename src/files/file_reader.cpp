@@ -1,0 +1,46 @@
+#include "files/file_reader.h"
+
+#include <algorithm>
+
+#include "files/error.h"
+#include "files/number_text.h"
+#include "files/platform.h"
+
+namespace pallomir {
+
+FileReader::FileReader(std::string_view path) {
+  const std::filesystem::path native = PlatformPath(path);
+  name_ = PathText(native.filename());
+  std::error_code error;
+  if (std::filesystem::is_directory(native, error)) throw CommandError(std::string(path) + " is a folder, not a file.");
+  if (!std::filesystem::exists(native, error)) throw CommandError(std::string(path) + " does not exist.");
+  // Reads are large, so the stream's own buffer would only add a copy.
+  stream_.rdbuf()->pubsetbuf(nullptr, 0);
+  stream_.open(native, std::ios::binary);
+  length_ = std::filesystem::file_size(native, error);
+  if (!stream_ || error) throw CommandError(std::string(path) + " cannot be opened for reading.");
+}
+
+size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {
+  if (offset >= length_) return 0;
+  count = static_cast<size_t>(std::min<uint64_t>(count, length_ - offset));
+  stream_.clear();
+  stream_.seekg(static_cast<std::streamoff>(offset));
+  stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
+  if (stream_.bad()) throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
+  return static_cast<size_t>(stream_.gcount());
+}
+
+void FileReader::Read(uint64_t offset, void* into, size_t count) {
+  const size_t got = ReadUpTo(offset, into, count);
+  if (got < count) throw CommandError(name_ + " ended early, at byte " + std::to_string(offset + got) + ".");
+}
+
+std::string ReadText(std::string_view path, size_t limit) {
+  FileReader file(path);
+  std::string text(static_cast<size_t>(std::min<uint64_t>(file.Length(), limit)), '\0');
+  text.resize(file.ReadUpTo(0, text.data(), text.size()));
+  return text;
+}
+
+}  // namespace pallomir

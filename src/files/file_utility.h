@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// What the system asks about files and their headers. Paths are in the system's own notation.
+namespace pallomir::FileUtility {
+
+/// True when the file (not a folder) is present.
+bool FileExists(std::string_view path);
+
+/// The text after the last "." of a path, without the dot; empty when there is none.
+std::string GetExtension(std::string_view path);
+
+/// Size in bytes. Throws CommandError when the file cannot be opened.
+uint64_t FileLength(std::string_view path);
+
+/// Length in bytes of the header of a parameter file (extension "parms") or of one of our text files, or -1 when the
+/// file cannot be used.
+long GetHeaderLength(std::string_view path);
+
+}  // namespace pallomir::FileUtility

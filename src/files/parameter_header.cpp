@@ -1,0 +1,61 @@
+#include "files/parameter_header.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <string_view>
+
+#include "files/bytes.h"
+#include "files/file_reader.h"
+#include "files/text_header.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr size_t kRowsLookedAt = 64;
+constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
+constexpr long kAcquisitionHeader = 16384;
+
+bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLength) {
+  if (fileLength < header + kRowBytes) return false;
+  bool allZero = true;
+  for (size_t row = 0; row < kRowsLookedAt; ++row) {
+    const size_t place = header + row * kRowBytes;
+    if (place + kStampBytes > beginning.size()) break;
+    const auto stamp = LoadLittleEndian<uint64_t>(reinterpret_cast<const unsigned char*>(beginning.data()) + place);
+    if (stamp >= kStampLimit) return false;
+    allZero = allZero && stamp == 0;
+  }
+  return !allZero;
+}
+
+size_t PrintableLength(std::string_view text) {
+  const auto end = std::find_if(text.begin(), text.end(), [](char c) {
+    return !((c >= 32 && c <= 126) || c == '\t' || c == '\r' || c == '\n');
+  });
+  return static_cast<size_t>(end - text.begin());
+}
+
+}  // namespace
+
+long ParameterHeaderLength(FileReader& file) {
+  std::string beginning(kTextHeaderLimit + kRowsLookedAt * kRowBytes, '\0');
+  beginning.resize(file.ReadUpTo(0, beginning.data(), beginning.size()));
+  const auto fits = [&](size_t header) { return RowsMakeSense(beginning, header, file.Length()); };
+  const auto isAll = [&](long header) { return file.Length() == static_cast<uint64_t>(header); };
+
+  if (const long own = TextHeaderLength(beginning); own >= 0 && (isAll(own) || fits(own))) return own;
+  if (beginning.starts_with('#') && (isAll(kAcquisitionHeader) || fits(kAcquisitionHeader))) return kAcquisitionHeader;
+  const std::string_view printable(beginning.data(), std::min(PrintableLength(beginning), kTextHeaderLimit));
+  for (size_t end = printable.rfind('\n'); end != std::string_view::npos && end > 0;
+       end = printable.rfind('\n', end - 1))
+    if (fits(end + 1)) return static_cast<long>(end + 1);
+  return fits(0) ? 0 : -1;
+}
+
+int64_t RowCount(uint64_t fileLength, long headerLength) {
+  return std::llrint((static_cast<double>(fileLength) - static_cast<double>(headerLength)) / kRowBytes);
+}
+
+}  // namespace pallomir

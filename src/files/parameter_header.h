@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+namespace pallomir {
+
+class FileReader;
+
+/// Layout of a row of a parameter file (little-endian): the stamp, u64 microseconds, at 0; parameter j, f32, at 8 + 4j.
+inline constexpr size_t kRowBytes = 544;
+inline constexpr size_t kRowParameters = 134;
+inline constexpr size_t kStampBytes = 8;
+
+/// The length of the header before the rows, or -1 when the file is not a parameter file. Tried in this order: our own
+/// header, 16384 bytes when the file begins with "#", each line end within its leading printable text (longest first),
+/// no header; the first after which the stamps of the first rows make sense (below 1e17, not all zero) is taken. A
+/// file of one of the first two headers and nothing else holds no rows.
+long ParameterHeaderLength(FileReader& file);
+
+/// Number of rows behind a header: (length - header) / 544, rounded to nearest, halves to even.
+int64_t RowCount(uint64_t fileLength, long headerLength);
+
+}  // namespace pallomir

@@ -1,0 +1,62 @@
+#include "files/save_file.h"
+
+#include <cerrno>
+#include <cstring>
+
+#include "files/error.h"
+#include "files/platform.h"
+
+namespace pallomir {
+
+SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(path)) {
+  std::error_code error;
+  if (std::filesystem::is_directory(target_, error)) throw CommandError(path_ + " is a folder; nothing was written.");
+  // A link stays a link: what it points to is replaced.
+  if (std::filesystem::is_symlink(target_, error)) {
+    const auto real = std::filesystem::weakly_canonical(target_, error);
+    if (!error) target_ = real;
+  }
+  beside_ = target_;
+  beside_ += ".saving~";
+  file_ = OpenFile(beside_, "wb");
+  if (!file_) Fail("cannot be written");
+}
+
+SaveFile::~SaveFile() { Discard(); }
+
+void SaveFile::Write(const void* bytes, size_t count) {
+  if (std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written to the end");
+}
+
+void SaveFile::Commit() {
+  if (!FlushToDisk(file_)) Fail("could not be written to the end");
+  const bool closed = std::fclose(file_) == 0;
+  file_ = nullptr;
+  if (!closed) Fail("could not be written to the end");
+  std::error_code error;
+  const auto before = std::filesystem::status(target_, error);
+  if (!error && std::filesystem::exists(before)) std::filesystem::permissions(beside_, before.permissions(), error);
+  std::filesystem::rename(beside_, target_, error);
+  if (error) {
+    errno = error.value();
+    Fail("could not be put in place");
+  }
+  beside_.clear();
+  FlushFolder(target_.parent_path());
+}
+
+void SaveFile::Fail(std::string_view what) {
+  const std::string reason = errno ? std::string(" (") + std::strerror(errno) + ")" : std::string();
+  Discard();
+  throw CommandError(path_ + " " + std::string(what) + reason + "; what stood there before is untouched.");
+}
+
+void SaveFile::Discard() noexcept {
+  if (file_) std::fclose(file_);
+  file_ = nullptr;
+  std::error_code error;
+  if (!beside_.empty()) std::filesystem::remove(beside_, error);
+  beside_.clear();
+}
+
+}  // namespace pallomir

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace pallomir {
+
+/// The header that every file of ours begins with: a few printable lines, CR LF, the last one fixed.
+///
+///     # Pallomir 0.1.0
+///     # Kind: CBFile
+///     # Version: 1
+///     # Date: 2026-11-21 14:03:22
+///     # End of header
+///
+/// `date` is the present local time when it is empty.
+std::string TextHeader(std::string_view kind, std::string_view date = {});
+
+/// The length in bytes of the text header at the start of `beginning` (the first 64 KiB of a file suffice), or -1.
+long TextHeaderLength(std::string_view beginning);
+
+/// How far into a file its text header may reach.
+inline constexpr size_t kTextHeaderLimit = 64 * 1024;
+
+}  // namespace pallomir

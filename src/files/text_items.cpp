@@ -1,0 +1,47 @@
+#include "files/text_items.h"
+
+#include <algorithm>
+
+#include "files/error.h"
+#include "files/number_text.h"
+
+namespace pallomir {
+
+void TextItems::SkipBlanks() {
+  while (place_ < text_.size() && std::string_view(" \t\r\n").find(text_[place_]) != std::string_view::npos)
+    nextLine_ += text_[place_++] == '\n';
+}
+
+std::string TextItems::Text() {
+  SkipBlanks();
+  line_ = nextLine_;
+  if (place_ >= text_.size())
+    throw CommandError(std::string(name_) + " ended early, at line " + std::to_string(line_) + ".");
+  std::string_view item;
+  size_t end;
+  if (text_[place_] == '"') {
+    end = std::min(text_.find('"', place_ + 1), text_.size());
+    item = text_.substr(place_ + 1, end - place_ - 1);
+    nextLine_ += static_cast<int>(std::count(item.begin(), item.end(), '\n'));
+    end = std::min(text_.find_first_of(",\r\n", std::min(end + 1, text_.size())), text_.size());
+  } else {
+    end = std::min(text_.find_first_of(",\r\n", place_), text_.size());
+    item = Trimmed(text_.substr(place_, end - place_));
+  }
+  // The delimiter belongs to the item: a comma, or one line end.
+  if (end < text_.size() && text_[end] == '\r') ++end;
+  if (end < text_.size() && (text_[end] == ',' || text_[end] == '\n')) nextLine_ += text_[end++] == '\n';
+  place_ = end;
+  return std::string(item);
+}
+
+double TextItems::Number() {
+  const std::string item = Text();
+  const auto number = NumberFromText(item);
+  if (!number)
+    throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": \"" + item.substr(0, 40) +
+                       "\" is not a number.");
+  return *number;
+}
+
+}  // namespace pallomir

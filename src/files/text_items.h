@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace pallomir {
+
+/// Reads the free delimited format: items separated by commas or line ends, texts in double quotes, blanks before an
+/// item skipped. Messages name the file and the line.
+class TextItems {
+ public:
+  /// `text` must outlive the reader; `name` is what messages call the file.
+  TextItems(std::string_view text, std::string_view name) : text_(text), name_(name) {}
+
+  /// True when only blanks and line ends are left.
+  bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
+
+  /// The next item as text, without its quotes. Throws CommandError at the end of the file.
+  std::string Text();
+
+  /// The next item as a number. Throws CommandError at the end of the file, or when it is not one.
+  double Number();
+
+  /// The 1-based line on which the last item began.
+  int Line() const { return line_; }
+
+ private:
+  void SkipBlanks();
+
+  std::string_view text_;
+  std::string_view name_;
+  size_t place_ = 0;
+  int line_ = 1;
+  int nextLine_ = 1;
+};
+
+}  // namespace pallomir

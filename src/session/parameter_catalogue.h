@@ -1,0 +1,31 @@
+#pragma once
+
+#include <array>
+#include <string>
+
+namespace pallomir {
+
+/// A parameter's index is its place in the catalogue, its column in a parameter-file row and its slot in a point
+/// record. Tables by parameter have one entry more, which stays unused.
+inline constexpr int kParameters = 134;
+inline constexpr int kParameterSlots = 135;
+
+// First index of each family of 32 (add the channel, counted from 0), and the single parameters.
+inline constexpr int kMPeak = 0;
+inline constexpr int kPreVal = 32;
+inline constexpr int kSpikeID = 64;
+inline constexpr int kEnergy = 65;
+inline constexpr int kMaxHeight = 97;
+inline constexpr int kMaxWidth = 98;
+inline constexpr int kPosX = 99;
+inline constexpr int kPosY = 100;
+inline constexpr int kTimestamp = 101;
+inline constexpr int kValley = 102;
+
+/// The slot that holds the spike's record number where epochs are displayed and cluster files written.
+inline constexpr int kRecordSlot = 8;
+
+/// The 134 names in order, and an empty one for the unused slot.
+std::array<std::string, kParameterSlots> ParameterCatalogue();
+
+}  // namespace pallomir
