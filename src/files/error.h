@@ -2,14 +2,27 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace pallomir {
 
 /// What ends a command: its text is one sentence that says what was wrong, in which file and where.
-/// It is caught in one place, round every event handler; the session is whole when it is thrown.
+/// It is caught in one place, round every event handler, which shows it in a message box under `title` (the
+/// application's own when empty); the session is whole when it is thrown.
 class CommandError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit CommandError(const std::string& text, std::string title = {})
+      : std::runtime_error(text), title_(std::move(title)) {}
+  const std::string& Title() const noexcept { return title_; }
+
+ private:
+  std::string title_;
+};
+
+/// As CommandError, but the program cannot go on: it ends once the user has read the message.
+class ProgramEnd : public CommandError {
+ public:
+  using CommandError::CommandError;
 };
 
 /// The user asked for a long piece of work to stop; nothing needs to be said about it.

@@ -19,7 +19,9 @@ std::string GetExtension(std::string_view path) {
   return dot == std::string_view::npos ? std::string() : std::string(path.substr(dot + 1));
 }
 
-uint64_t FileLength(std::string_view path) { return FileReader(path).Length(); }
+uint64_t FileLength(std::string_view path) {
+  return FileReader(path).Length();
+}
 
 long GetHeaderLength(std::string_view path) {
   try {

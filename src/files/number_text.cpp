@@ -56,9 +56,13 @@ int32_t WholeNumber(double value, std::string_view what) {
   return static_cast<int32_t>(whole);
 }
 
-std::string SingleText(float value) { return ShortestText(value, 7); }
+std::string SingleText(float value) {
+  return ShortestText(value, 7);
+}
 
-std::string DoubleText(double value) { return ShortestText(value, 15); }
+std::string DoubleText(double value) {
+  return ShortestText(value, 15);
+}
 
 std::string PlainDecimal(double value) {
   char buffer[512];

@@ -31,9 +31,8 @@ bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLengt
 }
 
 size_t PrintableLength(std::string_view text) {
-  const auto end = std::find_if(text.begin(), text.end(), [](char c) {
-    return !((c >= 32 && c <= 126) || c == '\t' || c == '\r' || c == '\n');
-  });
+  const auto end = std::find_if(text.begin(), text.end(),
+                                [](char c) { return !((c >= 32 && c <= 126) || c == '\t' || c == '\r' || c == '\n'); });
   return static_cast<size_t>(end - text.begin());
 }
 

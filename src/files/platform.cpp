@@ -62,7 +62,9 @@ std::FILE* OpenFile(const std::filesystem::path& path, const char* mode) {
 
 #ifdef _WIN32
 
-void LargeMemoryDeleter::operator()(void* memory) const { VirtualFree(memory, 0, MEM_RELEASE); }
+void LargeMemoryDeleter::operator()(void* memory) const {
+  VirtualFree(memory, 0, MEM_RELEASE);
+}
 
 LargeMemory AllocateLargeMemory(size_t bytes) {
   void* memory = VirtualAlloc(nullptr, std::max<size_t>(bytes, 1), MEM_COMMIT | MEM_RESERVE, PAGE_READWRITE);
@@ -72,7 +74,9 @@ LargeMemory AllocateLargeMemory(size_t bytes) {
 
 #else
 
-void LargeMemoryDeleter::operator()(void* memory) const { munmap(memory, bytes); }
+void LargeMemoryDeleter::operator()(void* memory) const {
+  munmap(memory, bytes);
+}
 
 LargeMemory AllocateLargeMemory(size_t bytes) {
   bytes = std::max<size_t>(bytes, 1);

@@ -12,7 +12,8 @@
 
 // Compiles a hot loop twice, for any x86-64 machine and for one with AVX2, and picks at start-up. Only where the
 // toolchain can do so; elsewhere the loop is compiled once.
-#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
+#if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__linux__) && \
+    !defined(__SANITIZE_ADDRESS__)
 #define PALLOMIR_HOT_LOOP __attribute__((target_clones("avx2", "default")))
 #else
 #define PALLOMIR_HOT_LOOP

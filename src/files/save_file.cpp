@@ -22,7 +22,9 @@ SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(pa
   if (!file_) Fail("cannot be written");
 }
 
-SaveFile::~SaveFile() { Discard(); }
+SaveFile::~SaveFile() {
+  Discard();
+}
 
 void SaveFile::Write(const void* bytes, size_t count) {
   if (std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written to the end");

@@ -1,0 +1,131 @@
+#include "clusters/classify.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "clusters/inside_test.h"
+#include "files/error.h"
+#include "files/platform.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Points that are tested and entered at a time: their columns and flags stay in the first-level cache.
+constexpr size_t kBlock = 2048;
+using Flags = std::array<uint8_t, kBlock>;
+
+/// Appends c to point i's list unless it is there.
+void Join(PointTable& points, size_t i, int16_t c) {
+  for (int slot = 0;; ++slot) {
+    if (slot == points.SlotsInUse()) points.AddSlot();
+    int16_t& entry = points.Slot(slot)[i];
+    if (entry == c) return;
+    if (entry != 0) continue;
+    entry = c;
+    return;
+  }
+}
+
+/// Takes c out of point i's list and closes the gap.
+void Leave(PointTable& points, size_t i, int16_t c) {
+  const int slots = points.SlotsInUse();
+  int slot = 0;
+  while (slot < slots && points.Slot(slot)[i] != c && points.Slot(slot)[i] != 0) ++slot;
+  if (slot == slots || points.Slot(slot)[i] != c) return;
+  for (; slot + 1 < slots; ++slot) points.Slot(slot)[i] = points.Slot(slot + 1)[i];
+  points.Slot(slot)[i] = 0;
+}
+
+/// True when some point that is to join stands in another cluster already.
+PALLOMIR_HOT_LOOP
+bool NeedsLists(const int16_t* first, const uint8_t* inside, size_t count, int16_t c) {
+  int needs = 0;
+  for (size_t i = 0; i < count; ++i)
+    needs |= static_cast<int>(inside[i] != 0) & static_cast<int>(first[i] != 0) & static_cast<int>(first[i] != c);
+  return needs != 0;
+}
+
+PALLOMIR_HOT_LOOP
+void EnterFirstSlot(int16_t* first, const uint8_t* inside, size_t count, int16_t c) {
+  for (size_t i = 0; i < count; ++i) {
+    const int16_t kept = first[i] == c ? int16_t{0} : first[i];
+    first[i] = inside[i] ? c : kept;
+  }
+}
+
+/// Enters the flags of points begin..begin+count-1 into their lists.
+void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, int16_t c) {
+  if (points.SlotsInUse() == 0) points.AddSlot();
+  int16_t* first = points.Slot(0).data() + begin;
+  if (points.SlotsInUse() == 1 && !NeedsLists(first, inside.data(), count, c)) {
+    EnterFirstSlot(first, inside.data(), count, c);
+    return;
+  }
+  for (size_t i = 0; i < count; ++i) {
+    if (inside[i])
+      Join(points, begin + i, c);
+    else
+      Leave(points, begin + i, c);
+  }
+}
+
+void CheckCluster(int c) {
+  if (c < 0 || c > kClusters) throw CommandError("Cluster " + std::to_string(c) + " does not exist.");
+}
+
+void RemoveFromLists(PointTable& points, int c) {
+  if (points.SlotsInUse() == 0) return;
+  const Flags none{};
+  for (size_t begin = 0; begin < points.Rows(); begin += kBlock)
+    Enter(points, begin, std::min(kBlock, points.Rows() - begin), none, static_cast<int16_t>(c));
+}
+
+}  // namespace
+
+void ClassifyCluster(Session& session, int c) {
+  CheckCluster(c);
+  const Cluster& cluster = session.Clusters[c];
+  PointTable& points = session.Points;
+  if (cluster.BoundaryCount == 0) {
+    RemoveFromLists(points, c);
+    return;
+  }
+  Flags inside;
+  for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
+    const size_t count = std::min(kBlock, points.Rows() - begin);
+    inside.fill(1);
+    for (int b = 0; b < cluster.BoundaryCount; ++b) {
+      const Boundary& boundary = cluster.Boundaries[b];
+      KeepInside(boundary, points.Column(boundary.XParameter).data() + begin,
+                 points.Column(boundary.YParameter).data() + begin, count, inside.data());
+      if (std::find(inside.begin(), inside.begin() + count, 1) == inside.begin() + count) break;
+    }
+    Enter(points, begin, count, inside, static_cast<int16_t>(c));
+  }
+}
+
+void ClassifyAllClusters(Session& session) {
+  for (int c = 1; c <= kClusters; ++c) ClassifyCluster(session, c);
+}
+
+void ClearCluster(Session& session, int c) {
+  CheckCluster(c);
+  if (session.Clusters[c].BoundaryCount == 0) return;
+  session.Clusters[c] = {};
+  RemoveFromLists(session.Points, c);
+}
+
+int64_t PointsInCluster(const Session& session, int c) {
+  const PointTable& points = session.Points;
+  const auto end = static_cast<std::ptrdiff_t>(points.Rows());
+  if (points.SlotsInUse() == 0) return c == 0 ? end : 0;
+  if (c == 0) return std::count(points.Slot(0).begin(), points.Slot(0).begin() + end, 0);
+  int64_t count = 0;
+  for (int slot = 0; slot < points.SlotsInUse(); ++slot)
+    count += std::count(points.Slot(slot).begin(), points.Slot(slot).begin() + end, c);
+  return count;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "session/boundary_table.h"
+
+namespace pallomir {
+
+/// 1 when (x, y) lies inside a boundary, else 0.
+///
+/// A point is outside when two edges that follow each other (the closing edge last) see it on strictly opposite
+/// sides. The test is exact for convex polygons drawn in either direction and accepts more than the drawn area for a
+/// concave one. A point on an edge's line is never rejected by that edge; a boundary of 0 or 1 vertices holds every
+/// point, one of 2 vertices the points on the line through them.
+int16_t PointInBoundary(float x, float y, const Boundary& boundary);
+
+/// The same test for many points: inside[i] becomes 0 where point i is outside and stays as it was elsewhere.
+void KeepInside(const Boundary& boundary, const float* x, const float* y, size_t count, uint8_t* inside);
+
+}  // namespace pallomir

@@ -1,0 +1,9 @@
+#include "clusters/undo.h"
+
+namespace pallomir {
+
+void SaveUndoSnapshot(Session& session) {
+  session.Undo = {session.Clusters, session.DefinitionCounter};
+}
+
+}  // namespace pallomir

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "session/session.h"
+
+namespace pallomir {
+
+/// Copies the boundaries of clusters 1..30 and the definition counter into the undo snapshot. Called at the start of
+/// every change that can be undone.
+void SaveUndoSnapshot(Session& session);
+
+}  // namespace pallomir

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace pallomir {
+
+/// What is looked at once a cluster is cut.
+class AnalysesPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit AnalysesPanel(QWidget* parent);
+
+  QPushButton* cmdRateMap;
+  QPushButton* cmdOccMap;
+  QPushButton* cmd2DAutoCorr;
+  QPushButton* cmdAutoCorr;
+  QPushButton* cmdLogISI;
+  QPushButton* cmdDirection;
+  QPushButton* cmdReport;
+  QPushButton* cmdShowWaveforms;
+  QPushButton* cmdShowAvgWaveforms;
+  QPushButton* cmdClNote;
+  QLineEdit* txtPosFile;
+  QPushButton* cmdWriteCenterFile;
+  QLineEdit* txtCenterFile;
+};
+
+}  // namespace pallomir

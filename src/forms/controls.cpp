@@ -1,0 +1,51 @@
+#include "forms/controls.h"
+
+namespace pallomir {
+
+QPushButton* MakeButton(const QString& name, const QString& caption, const QString& toolTip) {
+  auto* button = Named(new QPushButton(caption), name, caption, toolTip);
+  button->setAutoDefault(false);
+  return button;
+}
+
+QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& toolTip) {
+  return Named(new QCheckBox(caption), name, caption, toolTip);
+}
+
+QRadioButton* MakeOption(const QString& name, const QString& caption, const QString& toolTip) {
+  return Named(new QRadioButton(caption), name, caption, toolTip);
+}
+
+QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const QString& toolTip, int digits,
+                       const QString& text) {
+  auto* box = Named(new QLineEdit(text), name, accessibleName, toolTip);
+  box->setMinimumWidth(box->fontMetrics().horizontalAdvance('0') * digits + 14);
+  box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+  return box;
+}
+
+QLabel* MakeLabel(const QString& caption, QWidget* buddy) {
+  auto* label = new QLabel(caption);
+  label->setBuddy(buddy);
+  return label;
+}
+
+QLabel* MakeHeading(const QString& caption) {
+  auto* label = new QLabel(caption);
+  label->setProperty("heading", true);
+  return label;
+}
+
+QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int spacing) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(spacing);
+  for (QWidget* widget : widgets) {
+    if (widget)
+      row->addWidget(widget);
+    else
+      row->addStretch();
+  }
+  return row;
+}
+
+}  // namespace pallomir

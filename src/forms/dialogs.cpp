@@ -1,0 +1,42 @@
+#include "forms/dialogs.h"
+
+#include <QtWidgets>
+
+namespace pallomir {
+
+namespace {
+
+/// "A (*.a)|*.a|All files (*.*)|*.*" as "A (*.a);;All files (*)".
+QString DialogFilter(const QString& filter) {
+  const QStringList parts = filter.split('|');
+  QStringList entries;
+  for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+    const QString name = parts[i].section(" (", 0, 0);
+    entries << name + " (" + (parts[i + 1] == "*.*" ? QString("*") : parts[i + 1]) + ")";
+  }
+  return entries.join(";;");
+}
+
+}  // namespace
+
+void DesktopDialogs::ShowMessage(QWidget* parent, const QString& text, const QString& title) {
+  QMessageBox box(title == "ERROR" || title == "WARNING" ? QMessageBox::Warning : QMessageBox::Information,
+                  title.isEmpty() ? QApplication::applicationDisplayName() : title, text, QMessageBox::Ok, parent);
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& options) {
+  QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setDefaultSuffix(options.DefaultExtension);
+  // Where there is only one file to choose, it is chosen already.
+  const QStringList candidates = QDir().entryList({options.Filter.section('|', 1, 1)}, QDir::Files);
+  if (!options.FileName.isEmpty())
+    dialog.selectFile(options.FileName);
+  else if (candidates.size() == 1)
+    dialog.selectFile(candidates.first());
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace pallomir

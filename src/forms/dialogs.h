@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace pallomir {
+
+/// What a file dialog is opened with. `Filter` is in the system's own notation: "Text (*.txt)|*.txt|All files|*.*".
+struct FileDialogOptions {
+  QString Title;
+  QString Filter;
+  QString FileName;
+  QString DefaultExtension;
+};
+
+/// The windows that stop everything until they are answered. Tests hand in their own answers.
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual void ShowMessage(QWidget* parent, const QString& text, const QString& title) = 0;
+  /// The chosen file, or an empty text when the user cancelled.
+  virtual QString OpenFile(QWidget* parent, const FileDialogOptions& options) = 0;
+};
+
+/// The desktop's own dialogs.
+class DesktopDialogs : public Dialogs {
+ public:
+  void ShowMessage(QWidget* parent, const QString& text, const QString& title) override;
+  QString OpenFile(QWidget* parent, const FileDialogOptions& options) override;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,181 @@
+#include "forms/main_form.h"
+
+#include <QtWidgets>
+
+#include "files/error.h"
+#include "files/file_utility.h"
+#include "files/number_text.h"
+#include "files/platform.h"
+#include "forms/axes_panel.h"
+#include "forms/cluster_panel.h"
+#include "forms/display_panel.h"
+#include "forms/files_panel.h"
+#include "forms/range_panel.h"
+#include "projection/colours.h"
+#include "session/start_up.h"
+
+namespace pallomir {
+
+namespace {
+
+QString FromText(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
+  projections_ = std::make_unique<Projections>(session_, *this, [this] { return Options(); });
+  LayOut();
+  ConnectRange();
+  ConnectAxes();
+  ConnectDisplay();
+  ConnectClusters();
+  OnClick(files_->cmdExit, &Main_Form::cmdExit_Click);
+  DisableUnfinished();
+}
+
+Main_Form::~Main_Form() = default;
+
+bool Main_Form::Form_Load() {
+  if (!ChooseParameterFile()) return false;
+  range_->txtStartEvent->setText("0");
+  range_->txtEndEvent->setText(QString::number(session_.File.RecordCount - 1));
+  if (session_.File.RecordCount > 0) {
+    Run([this] { txtStartEvent_DblClick(); });
+    Run([this] { txtEndEvent_DblClick(); });
+  } else {
+    status_->setText("This recording holds no spikes.");
+  }
+  PlaceWindows();
+  projections_->show();
+  InitialiseSession(session_);
+  BuildColourTable(session_);
+  axes_->FillLists(session_.ParameterNames);
+  axes_->lstX_Axis->setCurrentRow(session_.XParameter);
+  axes_->lstY_Axis->setCurrentRow(session_.YParameter);
+  RefreshClusters();
+  range_->cmdLoadPoints->setFocus();
+  return true;
+}
+
+bool Main_Form::ChooseParameterFile() {
+  for (;;) {
+    const QString chosen = dialogs_.OpenFile(this, {"Select Tobrescan Output File",
+                                                    "Tobrescan Output (*.Ntt.parms)|*.Ntt.parms|All files (*.*)|*.*",
+                                                    {},
+                                                    "Ntt.parms"});
+    // The run's files lie where the chosen one does.
+    if (!chosen.isEmpty()) QDir::setCurrent(QFileInfo(chosen).absolutePath());
+    session_.DataDirectory = QDir::toNativeSeparators(QDir::currentPath()).toStdString();
+    range_->txtCurDir->setText(QString::fromStdString(session_.DataDirectory));
+    range_->txtCurDir->setToolTip(range_->txtCurDir->text());
+    try {
+      OpenParameterFile(session_, QDir::toNativeSeparators(chosen).toStdString());
+      return true;
+    } catch (const ProgramEnd& end) {
+      ShowMessage(end.what(), end.Title());
+      return false;
+    } catch (const CommandError& error) {
+      ShowMessage(error.what(), error.Title());
+    }
+  }
+}
+
+void Main_Form::Run(const std::function<void()>& handler) {
+  if (loading_) {
+    status_->setText("Points are being loaded; Esc stops it.");
+    return;
+  }
+  try {
+    handler();
+  } catch (const ProgramEnd& end) {
+    ShowMessage(end.what(), end.Title());
+    EndProgram();
+  } catch (const CommandError& error) {
+    ShowMessage(error.what(), error.Title());
+  } catch (const Interrupted&) {
+    status_->setText("Stopped; everything is as it was before.");
+  } catch (const std::bad_alloc&) {
+    ShowMessage("There is not enough memory for this.", {});
+  }
+}
+
+void Main_Form::ShowMessage(std::string_view text, std::string_view title) {
+  dialogs_.ShowMessage(this, FromText(text), FromText(title));
+}
+
+void Main_Form::AppendMessage(std::string_view line) {
+  txtMessages_->appendPlainText(FromText(line));
+  txtMessages_->moveCursor(QTextCursor::End);
+}
+
+void Main_Form::ShowProgress(int value) {
+  range_->ProgressBar1->setValue(value);
+  range_->ProgressBar1->show();
+}
+
+void Main_Form::HideProgress() {
+  range_->ProgressBar1->hide();
+}
+
+bool Main_Form::PumpEvents() {
+  QCoreApplication::processEvents();
+  return !stopLoading_;
+}
+
+void Main_Form::EndProgram() {
+  closing_ = true;
+  close();
+}
+
+void Main_Form::cmdExit_Click() {
+  close();
+}
+
+void Main_Form::closeEvent(QCloseEvent* event) {
+  if (loading_) {
+    // The load ends first; then the program does.
+    stopLoading_ = true;
+    closing_ = true;
+    event->ignore();
+    return;
+  }
+  projections_->Supersede();
+  projections_->StopSlowRedraw();
+  projections_->hide();
+  event->accept();
+  QCoreApplication::quit();
+}
+
+bool Main_Form::eventFilter(QObject* watched, QEvent* event) {
+  auto* widget = qobject_cast<QWidget*>(watched);
+  const auto* mouse = dynamic_cast<QMouseEvent*>(event);
+  const auto* key = dynamic_cast<QKeyEvent*>(event);
+  const bool enter = key && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+  const auto type = event->type();
+
+  if (const auto box = doubleClicks_.find(widget); box != doubleClicks_.end()) {
+    if (type == QEvent::MouseButtonDblClick || (type == QEvent::KeyPress && enter)) {
+      Run([&] { (this->*box->second)(); });
+      return true;
+    }
+  }
+  if (const auto popup = popups_.find(widget); popup != popups_.end()) {
+    if (type == QEvent::MouseButtonRelease && mouse->button() == Qt::RightButton)
+      popup->second->popup(mouse->globalPosition().toPoint());
+    if (const auto* menu = dynamic_cast<QContextMenuEvent*>(event);
+        menu && menu->reason() == QContextMenuEvent::Keyboard)
+      popup->second->popup(menu->globalPos());
+  }
+  if ((watched == axes_->lstY_Axis && type == QEvent::KeyRelease) ||
+      (watched == axes_->lstY_Axis->viewport() && type == QEvent::MouseButtonRelease)) {
+    // After the list itself has taken the event.
+    QTimer::singleShot(0, this, [this] { Run([this] { lstY_Axis_Up(); }); });
+  }
+  if (watched == display_->cmdRedraw && type == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton)
+    Run([this] { cmdRedraw_MouseDown(); });
+  return QMainWindow::eventFilter(watched, event);
+}
+
+}  // namespace pallomir

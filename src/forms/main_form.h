@@ -1,0 +1,129 @@
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "clusters/axis_scaling.h"
+#include "forms/dialogs.h"
+#include "forms/projections.h"
+#include "session/session.h"
+#include "session/world.h"
+
+class QPlainTextEdit;
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+class QMenu;
+
+namespace pallomir {
+
+class AnalysesPanel;
+class AxesPanel;
+class ClusterPanel;
+class DisplayPanel;
+class EditPanel;
+class FilesPanel;
+class RangePanel;
+
+/// "Cluster cutting controls": the form that all commands are given on.
+class Main_Form : public QMainWindow, public World {
+  Q_OBJECT
+
+ public:
+  Main_Form(Session& session, Dialogs& dialogs);
+  ~Main_Form() override;
+
+  /// The load event: lets the user choose the parameter file and sets the run up. False when the program is to end.
+  bool Form_Load();
+
+  // World
+  void ShowMessage(std::string_view text, std::string_view title) override;
+  void AppendMessage(std::string_view line) override;
+  void ShowProgress(int value) override;
+  void HideProgress() override;
+  bool PumpEvents() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  // Layout and what happens on which event (main_form_layout.cpp)
+  void LayOut();
+  void MakeMenus();
+  void PlaceWindows();
+  void OnClick(QAbstractButton* button, void (Main_Form::*handler)());
+  void ConnectRange();
+  void ConnectAxes();
+  void ConnectDisplay();
+  void ConnectClusters();
+  void DisableUnfinished();
+
+  // Events
+  void cmdLoadPoints_Click();
+  void txtStartTime_DblClick();
+  void txtEndTime_DblClick();
+  void txtStartEvent_DblClick();
+  void txtEndEvent_DblClick();
+  void lstY_Axis_Up();
+  void cmdScaleUp_Click();
+  void cmdScaleDown_Click();
+  void cmdScaleDefaults_Click();
+  void cmdscaleXaxis_Click();
+  void cmdscaleYaxis_Click();
+  void mnuApplyXscaleToAllParameters_Click();
+  void mnuApplyYscaleToAllParameters_Click();
+  void cmdPointUp_Click();
+  void cmdPointDown_Click();
+  void cmdRandomX_Click();
+  void cmdRandomY_Click();
+  void cmdRedraw_MouseDown();
+  void cmdClear_Click();
+  void chkWhiteBackground_Click();
+  void lblChooseCluster_Click(int c);
+  void chkDisableClusterDisplay_Click(int c);
+  void chkDisplayClusterAsZero_Click(int c);
+  void chkDisplayOtherClustersAsZero_Click(int c);
+  void cmdToggleClusters_Click();
+  void cmdExit_Click();
+
+  // Shared by the handlers
+  /// Runs an event handler: the one place where what ends a command is told to the user.
+  void Run(const std::function<void()>& handler);
+  bool ChooseParameterFile();
+  ProjectionOptions Options() const;
+  void Redraw();
+  /// For what takes effect at the next redraw: none is asked for while nothing is loaded.
+  void RedrawIfLoaded();
+  TypedRange Typed() const;
+  void LookUpTime(QLineEdit* record, QLineEdit* time);
+  void RefreshClusters();
+  void ShowPendingAxis();
+  void EndProgram();
+
+  Session& session_;
+  Dialogs& dialogs_;
+  RangePanel* range_;
+  AxesPanel* axes_;
+  ClusterPanel* clusters_;
+  DisplayPanel* display_;
+  EditPanel* edit_;
+  FilesPanel* files_;
+  AnalysesPanel* analyses_;
+  QMenu* mnuscaleXaxis_;
+  QMenu* mnuscaleYAxis_;
+  QPlainTextEdit* txtMessages_;
+  QLabel* status_;
+  std::unique_ptr<Projections> projections_;
+  /// What a double-click, or Enter, in a text box runs.
+  std::map<QWidget*, void (Main_Form::*)()> doubleClicks_;
+  /// The menu that a right click on a button opens.
+  std::map<QWidget*, QMenu*> popups_;
+  bool loading_ = false;
+  bool stopLoading_ = false;
+  bool closing_ = false;
+};
+
+}  // namespace pallomir

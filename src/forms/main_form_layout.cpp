@@ -1,0 +1,171 @@
+#include "forms/analyses_panel.h"
+#include "forms/axes_panel.h"
+#include "forms/cluster_panel.h"
+#include "forms/controls.h"
+#include "forms/display_panel.h"
+#include "forms/edit_panel.h"
+#include "forms/files_panel.h"
+#include "forms/main_form.h"
+#include "forms/range_panel.h"
+
+namespace pallomir {
+
+namespace {
+
+QFrame* Line() {
+  auto* line = new QFrame;
+  line->setFrameShape(QFrame::HLine);
+  line->setFrameShadow(QFrame::Sunken);
+  return line;
+}
+
+QMenu* PopupMenu(QWidget* parent, const QString& name, const QString& title) {
+  auto* menu = new QMenu(title, parent);
+  menu->setObjectName(name);
+  return menu;
+}
+
+QAction* MenuEntry(QMenu* menu, const QString& name, const QString& caption) {
+  QAction* entry = menu->addAction(caption);
+  entry->setObjectName(name);
+  return entry;
+}
+
+}  // namespace
+
+void Main_Form::LayOut() {
+  setObjectName("Main_Form");
+  setWindowTitle("Cluster cutting controls");
+  range_ = new RangePanel(this);
+  axes_ = new AxesPanel(this);
+  clusters_ = new ClusterPanel(this);
+  display_ = new DisplayPanel(this);
+  edit_ = new EditPanel(this);
+  files_ = new FilesPanel(this);
+  analyses_ = new AnalysesPanel(this);
+  auto* tabs = Named(new QTabWidget, "tabs", "Commands", "");
+  tabs->addTab(edit_, "Ed&it cut");
+  tabs->addTab(files_, "Fi&les");
+  tabs->addTab(analyses_, "&Analyse");
+  tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
+  txtMessages_ = Named(new QPlainTextEdit, "txtMessages", "Messages", "What was done, newest last");
+  txtMessages_->setReadOnly(true);
+  txtMessages_->setTabChangesFocus(true);
+  txtMessages_->setPlaceholderText("Messages");
+  txtMessages_->setFixedHeight(4 * txtMessages_->fontMetrics().lineSpacing() + 10);
+
+  auto* middle = new QHBoxLayout;
+  middle->setSpacing(10);
+  middle->addWidget(axes_, 5);
+  middle->addWidget(clusters_, 4);
+  auto* column = new QVBoxLayout;
+  column->setContentsMargins(10, 8, 10, 0);
+  column->setSpacing(6);
+  column->addWidget(range_);
+  column->addWidget(Line());
+  column->addLayout(middle, 1);
+  column->addWidget(Line());
+  column->addWidget(display_);
+  column->addWidget(tabs);
+  column->addWidget(txtMessages_);
+  auto* central = new QWidget;
+  central->setLayout(column);
+  setCentralWidget(central);
+  status_ = new QLabel;
+  status_->setProperty("quiet", true);
+  statusBar()->addWidget(status_, 1);
+  statusBar()->setSizeGripEnabled(false);
+  MakeMenus();
+}
+
+void Main_Form::PlaceWindows() {
+  // Side by side on the screen, with room for the frames that the desktop adds.
+  constexpr int kFrame = 4, kTitle = 36;
+  const QRect screen = this->screen()->availableGeometry().adjusted(kFrame, kTitle, -kFrame, -kFrame);
+  const int height = std::clamp(screen.height(), minimumSizeHint().height(), 900);
+  const int width = std::max(minimumSizeHint().width(), 560);
+  setGeometry(screen.left(), screen.top(), width, height);
+  const int left = screen.left() + width + 2 * kFrame;
+  projections_->setGeometry(left, screen.top(), std::clamp(screen.right() - left, 400, 1100), height);
+}
+
+void Main_Form::MakeMenus() {
+  mnuscaleXaxis_ = PopupMenu(this, "mnuscaleXaxis", "Scale X axis");
+  mnuscaleYAxis_ = PopupMenu(this, "mnuscaleYAxis", "Scale Y axis");
+  QAction* applyX = MenuEntry(mnuscaleXaxis_, "mnuApplyXscaleToAllParameters", "Apply to All Parameters");
+  QAction* applyY = MenuEntry(mnuscaleYAxis_, "mnuApplyYscaleToAllParameters", "Apply to All Parameters");
+  connect(applyX, &QAction::triggered, this, [this] { Run([this] { mnuApplyXscaleToAllParameters_Click(); }); });
+  connect(applyY, &QAction::triggered, this, [this] { Run([this] { mnuApplyYscaleToAllParameters_Click(); }); });
+  // Both buttons open the X menu; the Y entry acts alike.
+  popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_}, {axes_->cmdscaleYaxis, mnuscaleXaxis_}};
+  for (const auto& [button, menu] : popups_) button->installEventFilter(this);
+}
+
+void Main_Form::OnClick(QAbstractButton* button, void (Main_Form::*handler)()) {
+  connect(button, &QAbstractButton::clicked, this, [this, handler] { Run([this, handler] { (this->*handler)(); }); });
+}
+
+void Main_Form::ConnectRange() {
+  OnClick(range_->cmdLoadPoints, &Main_Form::cmdLoadPoints_Click);
+  doubleClicks_ = {{range_->txtStartTime, &Main_Form::txtStartTime_DblClick},
+                   {range_->txtEndTime, &Main_Form::txtEndTime_DblClick},
+                   {range_->txtStartEvent, &Main_Form::txtStartEvent_DblClick},
+                   {range_->txtEndEvent, &Main_Form::txtEndEvent_DblClick}};
+  for (const auto& [box, handler] : doubleClicks_) box->installEventFilter(this);
+  for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(projections_.get())})
+    connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, [this] { stopLoading_ = loading_; });
+}
+
+void Main_Form::ConnectAxes() {
+  axes_->lstY_Axis->installEventFilter(this);
+  axes_->lstY_Axis->viewport()->installEventFilter(this);
+  connect(axes_->lstX_Axis, &QListWidget::currentRowChanged, this, &Main_Form::ShowPendingAxis);
+  OnClick(axes_->cmdScaleUp, &Main_Form::cmdScaleUp_Click);
+  OnClick(axes_->cmdScaleDown, &Main_Form::cmdScaleDown_Click);
+  OnClick(axes_->cmdScaleDefaults, &Main_Form::cmdScaleDefaults_Click);
+  OnClick(axes_->cmdscaleXaxis, &Main_Form::cmdscaleXaxis_Click);
+  OnClick(axes_->cmdscaleYaxis, &Main_Form::cmdscaleYaxis_Click);
+}
+
+void Main_Form::ConnectDisplay() {
+  OnClick(display_->cmdPointUp, &Main_Form::cmdPointUp_Click);
+  OnClick(display_->cmdPointDown, &Main_Form::cmdPointDown_Click);
+  OnClick(display_->cmdRandomX, &Main_Form::cmdRandomX_Click);
+  OnClick(display_->cmdRandomY, &Main_Form::cmdRandomY_Click);
+  OnClick(display_->cmdRedraw, &Main_Form::Redraw);
+  OnClick(display_->cmdClear, &Main_Form::cmdClear_Click);
+  OnClick(display_->chkWhiteBackground, &Main_Form::chkWhiteBackground_Click);
+  for (QCheckBox* box : {display_->chkAxesOff, display_->chkDrawClustBounds, display_->chkDownsample})
+    OnClick(box, &Main_Form::RedrawIfLoaded);
+  connect(display_->optZoom, &QRadioButton::toggled, this, [this] { projections_->ShowMode(); });
+  display_->cmdRedraw->installEventFilter(this);
+}
+
+void Main_Form::ConnectClusters() {
+  OnClick(clusters_->cmdToggleClusters, &Main_Form::cmdToggleClusters_Click);
+  connect(projections_.get(), &Projections::BoundariesChanged, this, &Main_Form::RefreshClusters);
+  const auto onItem = [this](QAbstractButton* item, int c, void (Main_Form::*handler)(int)) {
+    connect(item, &QAbstractButton::clicked, this, [this, c, handler] { Run([=, this] { (this->*handler)(c); }); });
+  };
+  for (int c = 1; c <= kClusters; ++c) {
+    onItem(clusters_->lblChooseCluster[c], c, &Main_Form::lblChooseCluster_Click);
+    onItem(clusters_->lblNewCluster[c], c, &Main_Form::lblChooseCluster_Click);
+    // The display boxes act on every change of theirs, also on one that the program makes.
+    const auto onChange = [this, c](QCheckBox* box, void (Main_Form::*handler)(int)) {
+      connect(box, &QCheckBox::toggled, this, [this, c, handler] { Run([=, this] { (this->*handler)(c); }); });
+    };
+    onChange(clusters_->chkDisableClusterDisplay[c], &Main_Form::chkDisableClusterDisplay_Click);
+    onChange(clusters_->chkDisplayClusterAsZero[c], &Main_Form::chkDisplayClusterAsZero_Click);
+    onItem(clusters_->chkDisplayOtherClustersAsZero[c], c, &Main_Form::chkDisplayOtherClustersAsZero_Click);
+  }
+}
+
+void Main_Form::DisableUnfinished() {
+  for (QWidget* control : std::initializer_list<QWidget*>{
+           range_->cboEpochs, range_->cmdDefineEpochs, axes_->cmdRestoreAxes, edit_, files_->cmdReadCBFile,
+           files_->txtCBFileRead, files_->cmdWriteCBFile, files_->txtCBFileWrite, files_->cmdWriteClustFile,
+           files_->txtClustFile, files_->cmdSaveDefaults, analyses_})
+    control->setEnabled(false);
+}
+
+}  // namespace pallomir

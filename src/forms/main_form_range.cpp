@@ -1,0 +1,90 @@
+// The range boxes and the loading of points.
+
+#include <QtWidgets>
+
+#include "files/error.h"
+#include "files/number_text.h"
+#include "forms/main_form.h"
+#include "forms/range_panel.h"
+#include "timesel/load_points.h"
+#include "timesel/record_range.h"
+
+namespace pallomir {
+
+namespace {
+
+std::optional<double> NumberIn(const QLineEdit* box) {
+  return NumberFromText(box->text().toStdString());
+}
+
+void SetNumber(QLineEdit* box, double value) {
+  box->setText(QString::fromStdString(PlainDecimal(value)));
+}
+
+/// A record box's number; what was loaded before where it holds none.
+int32_t RecordIn(const QLineEdit* box, int32_t otherwise) {
+  const auto number = NumberIn(box);
+  return number ? WholeNumber(*number, box->accessibleName().toStdString()) : otherwise;
+}
+
+}  // namespace
+
+void Main_Form::cmdLoadPoints_Click() {
+  const int32_t start = RecordIn(range_->txtStartEvent, session_.LoadStartRecord);
+  const int32_t end = RecordIn(range_->txtEndEvent, session_.LoadEndRecord);
+  QElapsedTimer clock;
+  clock.start();
+  {
+    const QScopeGuard done = qScopeGuard([this] {
+      loading_ = stopLoading_ = false;
+      if (closing_) QTimer::singleShot(0, this, &Main_Form::close);
+    });
+    loading_ = true;
+    LoadPoints(session_, *this, start, end);
+  }
+  if (closing_) return;
+  Redraw();
+  RefreshClusters();
+  status_->setText(QString("%1 points loaded in %2 s.")
+                       .arg(QString::fromStdString(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
+                       .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2));
+}
+
+void Main_Form::txtStartTime_DblClick() {
+  const auto start = NumberIn(range_->txtStartTime);
+  if (!start) return;
+  const auto found = RecordAtStart(session_, *this, *start);
+  if (!found) return;
+  SetNumber(range_->txtStartTime, found->Time);
+  SetNumber(range_->txtStartEvent, static_cast<double>(found->Record));
+}
+
+void Main_Form::txtEndTime_DblClick() {
+  const auto end = NumberIn(range_->txtEndTime);
+  if (!end) return;
+  const auto found = RecordAtEnd(session_, *this, *end);
+  if (!found) return;
+  SetNumber(range_->txtEndTime, found->Time);
+  SetNumber(range_->txtEndEvent, static_cast<double>(found->Record));
+}
+
+void Main_Form::txtStartEvent_DblClick() {
+  const QString text = range_->txtStartEvent->text();
+  if (text == "Start" || text == "start") range_->txtStartEvent->setText("0");
+  LookUpTime(range_->txtStartEvent, range_->txtStartTime);
+}
+
+void Main_Form::txtEndEvent_DblClick() {
+  const QString text = range_->txtEndEvent->text();
+  if (text == "End" || text == "end")
+    SetNumber(range_->txtEndEvent, static_cast<double>(session_.File.RecordCount - 1));
+  LookUpTime(range_->txtEndEvent, range_->txtEndTime);
+}
+
+void Main_Form::LookUpTime(QLineEdit* record, QLineEdit* time) {
+  const auto number = NumberIn(record);
+  if (!number) return;
+  if (const auto stamp = TimeOfRecord(session_, *number)) SetNumber(time, *stamp);
+}
+
+}  // namespace pallomir

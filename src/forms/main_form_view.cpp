@@ -1,0 +1,173 @@
+// What is on view and how: axes, points, colours, the choice of clusters.
+
+#include <QtWidgets>
+#include <cmath>
+
+#include "files/number_text.h"
+#include "forms/axes_panel.h"
+#include "forms/cluster_panel.h"
+#include "forms/display_panel.h"
+#include "forms/main_form.h"
+#include "projection/colours.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr double kUsualBatch = 250000;
+
+std::optional<double> NumberIn(const QLineEdit* box) {
+  return NumberFromText(box->text().toStdString());
+}
+
+}  // namespace
+
+ProjectionOptions Main_Form::Options() const {
+  ProjectionOptions options;
+  options.Zoom = display_->optZoom->isChecked();
+  options.DrawBoundaries = display_->chkDrawClustBounds->isChecked();
+  options.AxesOff = display_->chkAxesOff->isChecked();
+  options.Busy = loading_;
+  const double batch = std::nearbyint(NumberIn(display_->txtDelay).value_or(kUsualBatch));
+  options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
+  if (display_->chkDownsample->isChecked())
+    if (const auto fraction = NumberIn(display_->txtDownsampleFraction))
+      options.Drawing.DownsampleFraction = static_cast<float>(*fraction);
+  return options;
+}
+
+void Main_Form::Redraw() {
+  projections_->Redraw();
+}
+
+void Main_Form::RedrawIfLoaded() {
+  if (PointsLoaded(session_)) Redraw();
+}
+
+void Main_Form::lstY_Axis_Up() {
+  session_.XParameter = static_cast<int16_t>(axes_->lstX_Axis->currentRow());
+  session_.YParameter = static_cast<int16_t>(axes_->lstY_Axis->currentRow());
+  ShowPendingAxis();
+  Redraw();
+}
+
+void Main_Form::ShowPendingAxis() {
+  const auto* chosen = axes_->lstX_Axis->currentItem();
+  if (!chosen || axes_->lstX_Axis->currentRow() == session_.XParameter)
+    status_->clear();
+  else
+    status_->setText(QString("%1 comes on view with the next click or key in the Y list.").arg(chosen->text()));
+}
+
+void Main_Form::cmdScaleUp_Click() {
+  ScaleUp(session_);
+  Redraw();
+}
+
+void Main_Form::cmdScaleDown_Click() {
+  ScaleDown(session_);
+  Redraw();
+}
+
+void Main_Form::cmdScaleDefaults_Click() {
+  ScaleDefaults(session_);
+  Redraw();
+}
+
+TypedRange Main_Form::Typed() const {
+  return {NumberIn(axes_->txtLower), NumberIn(axes_->txtUpper)};
+}
+
+void Main_Form::cmdscaleXaxis_Click() {
+  SetAxis(session_, session_.XParameter, Typed());
+}
+
+void Main_Form::cmdscaleYaxis_Click() {
+  SetAxis(session_, session_.YParameter, Typed());
+}
+
+void Main_Form::mnuApplyXscaleToAllParameters_Click() {
+  SetAllAxes(session_, Typed());
+  Redraw();
+}
+
+void Main_Form::mnuApplyYscaleToAllParameters_Click() {
+  mnuApplyXscaleToAllParameters_Click();
+}
+
+void Main_Form::cmdPointUp_Click() {
+  session_.PointSize = session_.PointSize >= 1 ? session_.PointSize + 1 : 1;
+  Redraw();
+}
+
+void Main_Form::cmdPointDown_Click() {
+  session_.PointSize = session_.PointSize > 1 ? session_.PointSize - 1 : 0.5F;
+  Redraw();
+}
+
+void Main_Form::cmdRandomX_Click() {
+  session_.RandomX = !session_.RandomX;
+  Redraw();
+}
+
+void Main_Form::cmdRandomY_Click() {
+  session_.RandomY = !session_.RandomY;
+  Redraw();
+}
+
+void Main_Form::cmdRedraw_MouseDown() {
+  if (projections_->SlowRedrawRunning())
+    projections_->StopSlowRedraw();
+  else
+    projections_->StartSlowRedraw();
+}
+
+void Main_Form::cmdClear_Click() {
+  projections_->Clear();
+}
+
+void Main_Form::chkWhiteBackground_Click() {
+  session_.WhiteBackground = display_->chkWhiteBackground->isChecked();
+  BuildColourTable(session_);
+  RedrawIfLoaded();
+}
+
+void Main_Form::lblChooseCluster_Click(int c) {
+  session_.CurrentCluster = static_cast<int16_t>(c);
+  clusters_->Paint(session_.ReferenceColours, c);
+  projections_->ShowCluster();
+}
+
+void Main_Form::chkDisableClusterDisplay_Click(int c) {
+  session_.Display[c] = !clusters_->chkDisableClusterDisplay[c]->isChecked();
+  if (session_.AutomaticRedraw) RedrawIfLoaded();
+}
+
+void Main_Form::chkDisplayClusterAsZero_Click(int c) {
+  SetDisplayAsZero(session_, c, clusters_->chkDisplayClusterAsZero[c]->isChecked(),
+                   clusters_->chkDisableClusterDisplay[c]->isChecked());
+  if (session_.AutomaticRedraw) RedrawIfLoaded();
+}
+
+void Main_Form::chkDisplayOtherClustersAsZero_Click(int c) {
+  const bool others = clusters_->chkDisplayOtherClustersAsZero[c]->isChecked();
+  session_.AutomaticRedraw = false;
+  for (int other = 1; other <= kClusters; ++other) {
+    clusters_->chkDisplayClusterAsZero[other]->setChecked(others && other != c);
+    if (other != c) clusters_->chkDisplayOtherClustersAsZero[other]->setChecked(false);
+  }
+  session_.AutomaticRedraw = true;
+  BuildColourTable(session_);
+  RedrawIfLoaded();
+}
+
+void Main_Form::cmdToggleClusters_Click() {
+  clusters_->TogglePages();
+}
+
+void Main_Form::RefreshClusters() {
+  for (int c = 1; c <= kClusters; ++c) clusters_->ShowRow(c, session_.ClusterDefined[c]);
+  clusters_->Paint(session_.ReferenceColours, session_.CurrentCluster);
+}
+
+}  // namespace pallomir

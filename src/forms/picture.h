@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QImage>
+
+#include "projection/raster.h"
+#include "projection/view.h"
+#include "session/session.h"
+
+namespace pallomir {
+
+/// What lies under the points: the background and the boundaries made in the session's projection.
+QImage MakeGround(const Session& session, const View& view, double pixelRatio, bool drawBoundaries);
+
+/// The ground with the raster's points over it, in the session's colours.
+QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session);
+
+/// Draws ticks, numbers and the parameters' names along the left and lower edge.
+void DrawAxes(QImage& picture, const Session& session, const View& view);
+
+}  // namespace pallomir

@@ -1,0 +1,266 @@
+#include "forms/projections.h"
+
+#include <QtWidgets>
+#include <chrono>
+#include <random>
+
+#include "files/error.h"
+#include "files/number_text.h"
+#include "forms/cluster_panel.h"
+#include "forms/picture.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr auto kFrame = std::chrono::milliseconds(30);
+constexpr int kSlowTick = 15;
+
+}  // namespace
+
+Projections::Projections(Session& session, World& world, std::function<ProjectionOptions()> options)
+    : session_(session), world_(world), options_(std::move(options)), random_(std::random_device{}()) {
+  setObjectName("Projections");
+  setWindowTitle("Projections");
+  surface_ = new PlotSurface(this);
+  surface_->setObjectName("surface");
+  surface_->setAccessibleName("Projection of the loaded points");
+  message_ = new QLabel;
+  message_->setObjectName("message");
+  pointer_ = new QLabel;
+  count_ = new QLabel;
+  for (QLabel* label : {message_, pointer_, count_}) label->setProperty("quiet", true);
+  message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+
+  auto* status = new QHBoxLayout;
+  status->setContentsMargins(8, 2, 8, 3);
+  status->setSpacing(16);
+  status->addWidget(message_, 1);
+  status->addWidget(pointer_);
+  status->addWidget(count_);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(surface_, 1);
+  column->addLayout(status);
+
+  connect(surface_, &PlotSurface::Pressed, this,
+          [this](Qt::MouseButton button, Vertex at) { Guarded([&] { Form_MouseDown(button, at); }); });
+  connect(surface_, &PlotSurface::Moved, this, &Projections::Form_MouseMove);
+  connect(surface_, &PlotSurface::Released, this,
+          [this](Qt::MouseButton button, Vertex at) { Guarded([&] { Form_MouseUp(button, at); }); });
+  connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });
+  connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
+  resized_.setSingleShot(true);
+  resized_.setInterval(0);
+  connect(&resized_, &QTimer::timeout, this, [this] {
+    if (PointsLoaded(session_) && drawn_) Guarded([this] { Redraw(); });
+  });
+  slow_.setObjectName("tmrDelayTimer");
+  slow_.setInterval(kSlowTick);
+  connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
+  Say("Load points, choose a cluster, then click its corners here.");
+}
+
+void Projections::Guarded(const std::function<void()>& work) {
+  try {
+    work();
+  } catch (const CommandError& error) {
+    world_.ShowMessage(error.what(), error.Title());
+  } catch (const std::bad_alloc&) {
+    world_.ShowMessage("There is not enough memory for this.", {});
+  }
+}
+
+void Projections::Redraw() {
+  if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
+  StopSlowRedraw();
+  AbandonIfElsewhere(session_, open_);
+  if (!isVisible()) show();
+  BeginPicture();
+  const uint64_t generation = generation_;
+  const ProjectionOptions options = options_();
+  auto shown = std::chrono::steady_clock::now();
+  for (size_t begin = 0; begin < session_.Points.Rows();) {
+    const size_t end = begin + std::min(options.Batch, session_.Points.Rows() - begin);
+    shown_ += DrawPoints(session_, view_, options.Drawing, begin, end, random_, raster_);
+    begin = end;
+    if (begin == session_.Points.Rows()) break;
+    if (std::chrono::steady_clock::now() - shown > kFrame) {
+      ShowPicture();
+      shown = std::chrono::steady_clock::now();
+    }
+    world_.PumpEvents();
+    // Whatever the user did meanwhile may have started a newer redraw, or ended the program.
+    if (generation != generation_) return;
+  }
+  ShowPicture();
+  ShowCount();
+}
+
+void Projections::BeginPicture() {
+  ++generation_;
+  const ProjectionOptions options = options_();
+  const QSize size = surface_->DeviceSize();
+  const double ratio = surface_->devicePixelRatioF();
+  view_ = ViewOf(session_, size.width(), size.height());
+  ground_ = MakeGround(session_, view_, ratio, options.DrawBoundaries);
+  raster_ = Raster(size.width(), size.height(), PointRadius(session_.PointSize, size.width()),
+                   std::max(1, static_cast<int>(std::lround(ratio))));
+  axesOff_ = options.AxesOff;
+  drawn_ = true;
+  shown_ = 0;
+}
+
+void Projections::ShowPicture() {
+  QImage picture = WithPoints(ground_, raster_, session_);
+  if (!axesOff_) DrawAxes(picture, session_, view_);
+  surface_->SetPicture(std::move(picture), view_);
+  ShowPolygon();
+}
+
+void Projections::ShowPolygon() {
+  std::vector<Vertex> vertices;
+  if (open_) {
+    const Boundary& boundary = BoundaryOf(session_, *open_);
+    vertices.assign(boundary.Vertices.begin(), boundary.Vertices.begin() + boundary.VertexCount);
+  }
+  surface_->SetPolygon(std::move(vertices), ScreenColour(session_.Colours[session_.CurrentCluster]));
+}
+
+void Projections::ShowCount() {
+  if (!view_.Drawable()) {
+    Say("An axis has no extent: give it two different ends, or press Defaults.");
+    count_->clear();
+    return;
+  }
+  const auto loaded = static_cast<int64_t>(session_.Points.Rows());
+  count_->setText(
+      QString("%1 of %2 points drawn")
+          .arg(QString::fromStdString(Grouped(static_cast<int64_t>(shown_))), QString::fromStdString(Grouped(loaded))));
+}
+
+void Projections::StartSlowRedraw() {
+  if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
+  if (!isVisible()) show();
+  BeginPicture();
+  slowPoint_ = 0;
+  slow_.start();
+  Say("Drawing one point at a time; right-click Redraw again to stop.");
+}
+
+void Projections::StopSlowRedraw() {
+  if (!slow_.isActive()) return;
+  slow_.stop();
+  Say({});
+}
+
+void Projections::SlowTick() {
+  if (slowPoint_ >= session_.Points.Rows()) {
+    StopSlowRedraw();
+    return;
+  }
+  shown_ += DrawPoints(session_, view_, options_().Drawing, slowPoint_, slowPoint_ + 1, random_, raster_);
+  ++slowPoint_;
+  ShowPicture();
+  ShowCount();
+}
+
+void Projections::Clear() {
+  Supersede();
+  StopSlowRedraw();
+  ground_ = QImage(surface_->DeviceSize(), QImage::Format_RGB32);
+  ground_.setDevicePixelRatio(surface_->devicePixelRatioF());
+  ground_.fill(session_.WhiteBackground ? Qt::white : Qt::black);
+  drawn_ = false;
+  surface_->SetPicture(ground_, ViewOf(session_, ground_.width(), ground_.height()));
+  count_->clear();
+}
+
+void Projections::Supersede() {
+  ++generation_;
+}
+
+void Projections::Say(const QString& text) {
+  message_->setText(text);
+  message_->setToolTip(text);
+}
+
+void Projections::ShowMode() {
+  surface_->setCursor(options_().Zoom ? Qt::SizeAllCursor : Qt::CrossCursor);
+}
+
+void Projections::ShowCluster() {
+  AbandonIfElsewhere(session_, open_);
+  ShowPolygon();
+  if (!open_ && !options_().Zoom)
+    Say(QString("Cluster %1: click its corners here, the last one with the right button.")
+            .arg(session_.CurrentCluster));
+}
+
+void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
+  const ProjectionOptions options = options_();
+  if (options.Busy) return;
+  if (!options.Zoom) {
+    Draw(at, button);
+    return;
+  }
+  if (button != Qt::LeftButton) return;
+  zoomAnchor_ = at;
+  surface_->SetZoomAnchor(zoomAnchor_);
+}
+
+void Projections::Draw(Vertex at, Qt::MouseButton button) {
+  if (button != Qt::LeftButton && button != Qt::RightButton) return;
+  if (button == Qt::RightButton && !open_) return;
+  const ClickOutcome outcome =
+      button == Qt::LeftButton ? AddVertex(session_, open_, at) : ClosePolygon(session_, open_, at);
+  ShowPolygon();
+  emit BoundariesChanged();
+  if (outcome.Closed) Redraw();
+  if (!outcome.Refused.empty())
+    Say(QString::fromStdString(outcome.Refused));
+  else if (outcome.Closed)
+    Say(QString("Cluster %1 has a boundary here. Draw another one in another projection to narrow it.")
+            .arg(session_.CurrentCluster));
+  else if (open_)
+    Say(QString("Cluster %1: left click for the next corner, right click for the last one.").arg(open_->Cluster));
+}
+
+void Projections::Form_MouseMove(Vertex at) {
+  pointer_->setText(QString("%1 = %2    %3 = %4")
+                        .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
+                             QString::fromStdString(SingleText(at.X)),
+                             QString::fromStdString(session_.ParameterNames[session_.YParameter]),
+                             QString::fromStdString(SingleText(at.Y))));
+}
+
+void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
+  if (!zoomAnchor_ || button != Qt::LeftButton) return;
+  const Vertex anchor = *zoomAnchor_;
+  zoomAnchor_.reset();
+  surface_->SetZoomAnchor({});
+  if (options_().Busy) return;
+  const bool dragged = std::abs(view_.PixelX(at.X) - view_.PixelX(anchor.X)) >= 1 &&
+                       std::abs(view_.PixelY(at.Y) - view_.PixelY(anchor.Y)) >= 1;
+  if (!dragged || !ZoomTo(session_, anchor, at)) {
+    Say("Drag a rectangle to zoom into it.");
+    return;
+  }
+  Say("Scale Down or Defaults leads back out.");
+  Redraw();
+}
+
+void Projections::closeEvent(QCloseEvent* event) {
+  // The view is hidden, not ended; the next redraw shows it again.
+  event->ignore();
+  hide();
+}
+
+void Projections::changeEvent(QEvent* event) {
+  // Moved to a screen of another density.
+  if (event->type() == QEvent::ActivationChange && raster_.Width() != surface_->DeviceSize().width()) resized_.start();
+  QWidget::changeEvent(event);
+}
+
+}  // namespace pallomir

@@ -1,0 +1,105 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+#include "forms/plot_surface.h"
+#include "projection/draw_points.h"
+#include "projection/polygon.h"
+#include "projection/uniform_numbers.h"
+#include "session/session.h"
+#include "session/world.h"
+
+class QLabel;
+
+namespace pallomir {
+
+/// What the projection view takes from the main form whenever it draws or is clicked.
+struct ProjectionOptions {
+  bool Zoom = false;
+  bool DrawBoundaries = true;
+  bool AxesOff = false;
+  /// A longer piece of work is running: the mouse does nothing.
+  bool Busy = false;
+  /// Points between two looks at the user interface, at least 1.
+  size_t Batch = 1;
+  DrawSettings Drawing;
+};
+
+/// The loaded points as a scatter plot of two parameters, where boundaries are drawn and zoomed into.
+class Projections : public QWidget {
+  Q_OBJECT
+
+ public:
+  Projections(Session& session, World& world, std::function<ProjectionOptions()> options);
+
+  /// Clears and repaints the view with the session's present projection. Throws CommandError when no points are
+  /// loaded. A newer redraw, begun by whatever the user did meanwhile, ends an older one.
+  void Redraw();
+
+  /// Draws the loaded points one at a time, in their order, until any other redraw.
+  void StartSlowRedraw();
+  void StopSlowRedraw();
+  bool SlowRedrawRunning() const { return slow_.isActive(); }
+
+  /// Takes the picture away; the data stay.
+  void Clear();
+
+  /// Ends whatever redraw is running.
+  void Supersede();
+
+  /// Says something in the status line.
+  void Say(const QString& text);
+
+  /// The mouse mode has changed: the pointer shows it.
+  void ShowMode();
+
+  /// Another cluster was chosen: an open polygon of the earlier one is given up.
+  void ShowCluster();
+
+ signals:
+  /// A click began, extended or closed a polygon: the boundary table has changed.
+  void BoundariesChanged();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void Form_MouseDown(Qt::MouseButton button, Vertex at);
+  void Form_MouseMove(Vertex at);
+  void Form_MouseUp(Qt::MouseButton button, Vertex at);
+  void Draw(Vertex at, Qt::MouseButton button);
+  void Guarded(const std::function<void()>& work);
+  void BeginPicture();
+  void ShowPicture();
+  void ShowPolygon();
+  void ShowCount();
+  void SlowTick();
+
+  Session& session_;
+  World& world_;
+  std::function<ProjectionOptions()> options_;
+  PlotSurface* surface_;
+  QLabel* message_;
+  QLabel* pointer_;
+  QLabel* count_;
+  QTimer resized_;
+  QTimer slow_;
+
+  UniformNumbers random_;
+  std::optional<OpenPolygon> open_;
+  std::optional<Vertex> zoomAnchor_;
+  View view_;
+  QImage ground_;
+  Raster raster_;
+  bool axesOff_ = false;
+  bool drawn_ = false;
+  uint64_t generation_ = 0;
+  size_t slowPoint_ = 0;
+  size_t shown_ = 0;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "forms/controls.h"
+
+namespace pallomir {
+
+/// Which part of the recording is loaded: the file, an epoch, two records and the times that belong to them.
+class RangePanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit RangePanel(QWidget* parent);
+
+  QLineEdit* txtCurDir;
+  QLineEdit* txtParamFile;
+  QComboBox* cboEpochs;
+  QPushButton* cmdDefineEpochs;
+  QLineEdit* txtStartEvent;
+  QLineEdit* txtStartTime;
+  QLineEdit* txtEndEvent;
+  QLineEdit* txtEndTime;
+  QPushButton* cmdLoadPoints;
+  QProgressBar* ProgressBar1;
+};
+
+}  // namespace pallomir

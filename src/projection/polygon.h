@@ -1,0 +1,39 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "session/session.h"
+
+namespace pallomir {
+
+/// The polygon that is being drawn, from its first click to the closing one.
+struct OpenPolygon {
+  int16_t Cluster = 0;
+  int16_t Boundary = 0;
+};
+
+/// What came of a click.
+struct ClickOutcome {
+  /// The click was not taken: why, for the status line. Empty when it was.
+  std::string Refused;
+  bool Closed = false;
+};
+
+/// The boundary of an open polygon.
+const Boundary& BoundaryOf(const Session& session, const OpenPolygon& open);
+
+/// A left click while boundaries are drawn: takes the undo snapshot and begins a polygon of the current cluster in
+/// the present projection, in place of the boundary it has there; or adds a vertex to the one that is open.
+ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Vertex click);
+
+/// A right click: adds the last vertex, closes the polygon and classifies its cluster. Where the polygon has all the
+/// vertices that a boundary can hold, it is closed without this one, and Refused says so. Nothing happens when no
+/// polygon is open.
+ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click);
+
+/// Gives up a polygon whose cluster or projection is no longer the present one; it stays in the table as drawn so far.
+void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open);
+
+}  // namespace pallomir

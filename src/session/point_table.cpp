@@ -1,0 +1,42 @@
+#include "session/point_table.h"
+
+#include "files/error.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Distance in floats between the starts of columns: whole cache lines, an odd number of them, so that the same row of
+/// many columns does not fall into the same few cache sets.
+size_t ColumnStride(size_t values) {
+  return 16 * (((values + 15) / 16) | 1);
+}
+
+}  // namespace
+
+PointTable::PointTable(size_t rows) : rows_(rows), stride_(ColumnStride(rows + 1)), stamps_(rows + 1) {
+  // The unused slot has a column too: nothing but zeros, which costs no memory until it is written.
+  memory_ = AllocateLargeMemory(stride_ * kParameterSlots * sizeof(float));
+  columns_ = static_cast<float*>(memory_.get());
+}
+
+void PointTable::AddSlot() {
+  if (slots_.size() == kClusterSlots) throw CommandError("A point cannot be in more than 31 clusters.");
+  slots_.emplace_back(rows_ + 1);
+}
+
+int PointTable::Memberships(size_t i) const {
+  int count = 0;
+  while (count < SlotsInUse() && slots_[count][i] != 0) ++count;
+  return count;
+}
+
+PointRecord PointTable::Record(size_t i) const {
+  PointRecord record;
+  for (int p = 0; p < kParameterSlots; ++p) record.Parameters[p] = Column(p)[i];
+  for (int slot = 0; slot < SlotsInUse(); ++slot) record.Clusters[slot] = slots_[slot][i];
+  record.Stamp = stamps_[i];
+  return record;
+}
+
+}  // namespace pallomir

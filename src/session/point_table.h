@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "files/platform.h"
+#include "session/parameter_catalogue.h"
+
+namespace pallomir {
+
+/// Entries of tables by cluster number: 0 (no cluster) and the user's clusters 1..30.
+inline constexpr int kClusterSlots = 31;
+
+/// One loaded row as a record.
+struct PointRecord {
+  std::array<float, kParameterSlots> Parameters{};
+  std::array<int16_t, kClusterSlots> Clusters{};
+  uint64_t Stamp = 0;
+};
+
+/// The loaded rows as columns: record i of rows 0..M-1, and record M, which is all zero.
+///
+/// A point's membership list is packed from slot 0 in the order in which it joined clusters and ends with 0. A slot's
+/// column exists only once some point is in more clusters than there are columns before it.
+class PointTable {
+ public:
+  /// A table of `rows` rows, all zero. Throws std::bad_alloc when memory does not suffice.
+  explicit PointTable(size_t rows = 0);
+
+  size_t Rows() const { return rows_; }
+
+  /// Values of one parameter (0..134, the last all zero), M + 1 of them.
+  std::span<float> Column(int parameter) { return {columns_ + parameter * stride_, rows_ + 1}; }
+  std::span<const float> Column(int parameter) const { return {columns_ + parameter * stride_, rows_ + 1}; }
+
+  /// Stamps in microseconds, M + 1 of them.
+  std::span<uint64_t> Stamps() { return stamps_; }
+  std::span<const uint64_t> Stamps() const { return stamps_; }
+
+  int SlotsInUse() const { return static_cast<int>(slots_.size()); }
+  std::span<int16_t> Slot(int slot) { return slots_[slot]; }
+  std::span<const int16_t> Slot(int slot) const { return slots_[slot]; }
+
+  /// Adds the next slot's column, all zero. Throws CommandError for a 32nd.
+  void AddSlot();
+
+  /// How many clusters point i is in.
+  int Memberships(size_t i) const;
+
+  PointRecord Record(size_t i) const;
+
+ private:
+  size_t rows_ = 0;
+  size_t stride_ = 0;
+  LargeMemory memory_;
+  float* columns_ = nullptr;
+  std::vector<uint64_t> stamps_;
+  std::vector<std::vector<int16_t>> slots_;
+};
+
+}  // namespace pallomir

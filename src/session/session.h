@@ -1,0 +1,75 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "session/boundary_table.h"
+#include "session/parameter_catalogue.h"
+#include "session/point_table.h"
+
+namespace pallomir {
+
+/// A colour as 0xBBGGRR, red in the low byte.
+using Colour = uint32_t;
+
+template <class T>
+using ByParameter = std::array<T, kParameterSlots>;
+template <class T>
+using ByCluster = std::array<T, kClusterSlots>;
+
+/// The parameter file of the run.
+struct ParameterFile {
+  std::string Path;
+  long HeaderLength = 0;
+  int64_t RecordCount = 0;
+};
+
+/// All that the forms share: one instance, made in main() and passed by reference. Data only.
+struct Session {
+  ParameterFile File;
+  std::string DataDirectory;
+
+  PointTable Points;
+  /// Records that Points holds, bounds included; 0 and 0 while nothing has been loaded.
+  int32_t LoadStartRecord = 0;
+  int32_t LoadEndRecord = 0;
+  /// On from start-up until the first load has ended.
+  bool FirstLoad = true;
+
+  ByParameter<std::string> ParameterNames = ParameterCatalogue();
+  ByParameter<float> DataMinimum{};
+  ByParameter<float> DataMaximum{};
+  ByParameter<float> AxisMinimum{};
+  ByParameter<float> AxisMaximum{};
+
+  BoundaryTable Clusters{};
+  /// The cluster-defined mark, by cluster.
+  ByCluster<bool> ClusterDefined{};
+  int16_t DefinitionCounter = 0;
+  UndoSnapshot Undo;
+
+  /// The cluster that new boundaries are drawn for; 0 while none is chosen.
+  int16_t CurrentCluster = 0;
+  int16_t XParameter = 0;
+  int16_t YParameter = 1;
+
+  ByCluster<Colour> Colours{};
+  ByCluster<Colour> ReferenceColours{};
+  /// Whether points of a cluster are drawn, by cluster 0..30.
+  ByCluster<bool> Display{};
+  /// Clusters that are shown as unclustered points are.
+  ByCluster<bool> DisplayAsZero{};
+  bool AutomaticRedraw = true;
+  float PointSize = 0.5F;
+  bool RandomX = false;
+  bool RandomY = false;
+  bool WhiteBackground = false;
+};
+
+/// True once a range of points has been loaded.
+inline bool PointsLoaded(const Session& session) {
+  return session.LoadStartRecord != 0 || session.LoadEndRecord != 0;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string_view>
+
+namespace pallomir {
+
+/// The world outside the program's own logic. The main form is one; tests hand in a recording fake.
+class World {
+ public:
+  virtual ~World() = default;
+
+  /// A modal message box with an OK button, under the application's own title when `title` is empty.
+  virtual void ShowMessage(std::string_view text, std::string_view title = {}) = 0;
+
+  /// Appends one line to the session log.
+  virtual void AppendMessage(std::string_view line) = 0;
+
+  /// Shows the progress bar at `value`, 0..32767.
+  virtual void ShowProgress(int value) = 0;
+  virtual void HideProgress() = 0;
+
+  /// Lets the user interface process pending events. False when the user wants the running work to stop.
+  virtual bool PumpEvents() = 0;
+};
+
+}  // namespace pallomir

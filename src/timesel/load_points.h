@@ -1,0 +1,14 @@
+#pragma once
+
+#include <cstdint>
+
+#include "session/session.h"
+#include "session/world.h"
+
+namespace pallomir {
+
+/// Loads records start..end (inclusive) and classifies clusters 1..30 in order. Throws CommandError when the range is
+/// turned round or both ends are 0, and whatever ReadPoints throws; the session is then as it was.
+void LoadPoints(Session& session, World& world, int32_t start, int32_t end);
+
+}  // namespace pallomir
