@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <string>
 
 #include "clusters/inside_test.h"
@@ -100,7 +101,7 @@ void ClassifyCluster(Session& session, int c) {
       const Boundary& boundary = cluster.Boundaries[b];
       KeepInside(boundary, points.Column(boundary.XParameter).data() + begin,
                  points.Column(boundary.YParameter).data() + begin, count, inside.data());
-      if (std::find(inside.begin(), inside.begin() + count, 1) == inside.begin() + count) break;
+      if (!std::memchr(inside.data(), 1, count)) break;
     }
     Enter(points, begin, count, inside, static_cast<int16_t>(c));
   }

@@ -37,6 +37,9 @@ void FlushFolder(const std::filesystem::path& folder);
 /// Opens a file with C's fopen() under a path of the operating system.
 std::FILE* OpenFile(const std::filesystem::path& path, const char* mode);
 
+/// The most memory that the program has had in use, in bytes; 0 where the system does not tell.
+uint64_t PeakMemory();
+
 /// Zeroed memory for tables of hundreds of megabytes, in large pages where the system has them (first touching 0.5 GB
 /// takes 30 ms so, 130 ms in small pages). Throws std::bad_alloc when there is not enough.
 struct LargeMemoryDeleter {

@@ -44,10 +44,9 @@ DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(5);
-  column->addLayout(
-      Row({MakeHeading("Mouse"), optDrawClustBounds, optZoom, nullptr, MakeHeading("Points"), cmdPointDown, cmdPointUp,
-           nullptr, MakeHeading("Spread"), cmdRandomX, cmdRandomY, nullptr, cmdClear, cmdRedraw},
-          5));
+  column->addLayout(Row({optDrawClustBounds, optZoom, nullptr, MakeLabel("Points"), cmdPointDown, cmdPointUp, nullptr,
+                         MakeLabel("Spread"), cmdRandomX, cmdRandomY, nullptr, cmdClear, cmdRedraw},
+                        5));
   column->addLayout(Row({chkDrawClustBounds, chkWhiteBackground, chkAxesOff, nullptr, chkDownsample,
                          txtDownsampleFraction, nullptr, speed, txtDelay},
                         5));

@@ -80,7 +80,7 @@ void Main_Form::LayOut() {
 
 void Main_Form::PlaceWindows() {
   // Side by side on the screen, with room for the frames that the desktop adds.
-  constexpr int kFrame = 4, kTitle = 36;
+  constexpr int kFrame = 6, kTitle = 30;
   const QRect screen = this->screen()->availableGeometry().adjusted(kFrame, kTitle, -kFrame, -kFrame);
   const int height = std::clamp(screen.height(), minimumSizeHint().height(), 900);
   const int width = std::max(minimumSizeHint().width(), 560);

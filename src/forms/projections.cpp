@@ -29,15 +29,16 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   message_->setObjectName("message");
   pointer_ = new QLabel;
   count_ = new QLabel;
-  for (QLabel* label : {message_, pointer_, count_}) label->setProperty("quiet", true);
+  for (QLabel* label : {pointer_, count_}) label->setProperty("quiet", true);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 
-  auto* status = new QHBoxLayout;
+  auto* status = new QGridLayout;
   status->setContentsMargins(8, 2, 8, 3);
-  status->setSpacing(16);
-  status->addWidget(message_, 1);
-  status->addWidget(pointer_);
-  status->addWidget(count_);
+  status->setVerticalSpacing(1);
+  status->addWidget(message_, 0, 0, 1, 2);
+  status->addWidget(pointer_, 1, 0);
+  status->addWidget(count_, 1, 1, Qt::AlignRight);
+  status->setColumnStretch(0, 1);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);

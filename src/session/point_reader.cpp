@@ -90,44 +90,53 @@ class Pacer {
 
 /// What was met while reading.
 struct Findings {
-  ByParameter<float> Minimum{};
-  ByParameter<float> Maximum{};
+  ColumnRanges Ranges;
   int64_t OddRows = 0;
   int64_t FirstOddRow = -1;
   size_t MissingBytes = 0;
 };
 
+/// Rows that are read at a time: 261 kB, which are still in the second-level cache when they are spread.
+constexpr size_t kBlockRows = 30 * kTileRows;
+
+/// Reads `count` rows from row `row` on into the buffer, zeros behind them. Only the file's last row may be there in
+/// part; its missing bytes are counted.
+void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool last, std::vector<unsigned char>& buffer,
+               Findings& findings) {
+  const size_t wanted = count * kRowBytes;
+  const size_t got = file.ReadUpTo(header + row * kRowBytes, buffer.data(), wanted);
+  if (got < wanted && (!last || wanted - got >= kRowBytes))
+    throw CommandError(file.Name() + " ended early, at record " + std::to_string(row + got / kRowBytes) + ".");
+  findings.MissingBytes = wanted - got;
+  std::fill(buffer.begin() + got, buffer.end(), 0);
+}
+
+/// Spreads the buffer's rows over the columns from record k on. Whole tiles: the columns are padded to take them, and
+/// the buffer's rows behind `count` are zero.
+void SpreadBlock(const std::vector<unsigned char>& buffer, size_t count, size_t k, PointTable& points,
+                 Findings& findings) {
+  ColumnPointers columns;
+  for (size_t tile = 0; tile < count; tile += kTileRows) {
+    const unsigned char* rows = buffer.data() + tile * kRowBytes;
+    for (int p = 0; p < kParameters; ++p) columns[p] = points.Column(p).data() + k + tile;
+    const bool odd = TransposeTile(rows, columns, findings.Ranges);
+    for (size_t r = 0; r < std::min(kTileRows, count - tile); ++r) {
+      points.Stamps()[k + tile + r] = LoadLittleEndian<uint64_t>(rows + r * kRowBytes);
+      if (odd && HasOddValue(rows + r * kRowBytes) && findings.OddRows++ == 0)
+        findings.FirstOddRow = static_cast<int64_t>(k + tile + r);
+    }
+  }
+}
+
 Findings ReadRows(FileReader& file, long header, int64_t first, PointTable& points, Pacer& pacer) {
   Findings findings;
   const size_t rows = points.Rows();
-  std::vector<unsigned char> buffer(kTransposeRows * 8 * kRowBytes);
-  std::array<unsigned char, kTransposeRows> odd{};
-  ColumnPointers columns{};
-  for (size_t k = 0; k < rows;) {
-    const size_t count = std::min(rows - k, buffer.size() / kRowBytes);
-    const size_t wanted = count * kRowBytes;
-    const size_t got = file.ReadUpTo(header + (first + k) * kRowBytes, buffer.data(), wanted);
-    if (got < wanted) {
-      // Only the file's last row may be there in part.
-      if (k + count != rows || wanted - got >= kRowBytes)
-        throw CommandError(file.Name() + " ended early, at record " + std::to_string(first + k + got / kRowBytes) +
-                           ".");
-      std::fill(buffer.begin() + got, buffer.begin() + wanted, 0);
-      findings.MissingBytes = wanted - got;
-    }
-    for (size_t tile = 0; tile < count; tile += kTransposeRows) {
-      const size_t tileRows = std::min(kTransposeRows, count - tile);
-      const unsigned char* source = buffer.data() + tile * kRowBytes;
-      for (int p = 0; p < kParameters; ++p) columns[p] = points.Column(p).data() + k + tile;
-      TransposeRows(source, tileRows, columns, points.Stamps().data() + k + tile, odd);
-      WidenRanges(columns, tileRows, findings.Minimum, findings.Maximum);
-      for (size_t r = 0; r < tileRows; ++r) {
-        if (!odd[r]) continue;
-        if (findings.OddRows++ == 0) findings.FirstOddRow = first + k + tile + r;
-      }
-    }
-    k += count;
-    pacer.Reached(first + k);
+  std::vector<unsigned char> buffer(kBlockRows * kRowBytes);
+  for (size_t k = 0; k < rows; k += kBlockRows) {
+    const size_t count = std::min(kBlockRows, rows - k);
+    ReadBlock(file, header, first + k, count, k + count == rows, buffer, findings);
+    SpreadBlock(buffer, count, k, points, findings);
+    pacer.Reached(first + k + count);
   }
   return findings;
 }
@@ -135,18 +144,17 @@ Findings ReadRows(FileReader& file, long header, int64_t first, PointTable& poin
 /// The first load of a run gives every parameter its data range, which always holds 0, and its axis.
 void TakeRanges(Session& session, const Findings& findings) {
   for (int p = 0; p < kParameters; ++p) {
-    if (findings.Maximum[p] > session.DataMaximum[p])
-      session.DataMaximum[p] = session.AxisMaximum[p] = findings.Maximum[p];
-    if (findings.Minimum[p] < session.DataMinimum[p])
-      session.DataMinimum[p] = session.AxisMinimum[p] = findings.Minimum[p];
+    const float low = findings.Ranges.Minimum(p), high = findings.Ranges.Maximum(p);
+    if (high > session.DataMaximum[p]) session.DataMaximum[p] = session.AxisMaximum[p] = high;
+    if (low < session.DataMinimum[p]) session.DataMinimum[p] = session.AxisMinimum[p] = low;
   }
 }
 
-void Report(World& world, const Findings& findings, int32_t last) {
+void Report(World& world, const Findings& findings, int32_t first, int32_t last) {
   if (findings.OddRows > 0)
-    world.AppendMessage(Grouped(findings.OddRows) +
-                        " of the loaded records hold values that are not numbers (the first is record " +
-                        std::to_string(findings.FirstOddRow) + "). They are kept, but not drawn on those parameters.");
+    world.AppendMessage(
+        Grouped(findings.OddRows) + " of the loaded records hold values that are not numbers (the first is record " +
+        std::to_string(first + findings.FirstOddRow) + "). They are kept, but not drawn on those parameters.");
   if (findings.MissingBytes > 0)
     world.AppendMessage("Record " + std::to_string(last) + " is incomplete: the file lacks its last " +
                         std::to_string(findings.MissingBytes) + " bytes, which count as 0.");
@@ -177,7 +185,7 @@ void ReadPoints(Session& session, World& world, int32_t first, int32_t last) {
       session.LoadStartRecord = first;
       session.LoadEndRecord = last;
       if (session.FirstLoad) TakeRanges(session, findings);
-      Report(world, findings, last);
+      Report(world, findings, first, last);
     } catch (const std::bad_alloc&) {
       throw CommandError("There is not enough memory for records " + std::to_string(first) + " to " +
                          std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +

@@ -32,7 +32,7 @@ class PointTable {
 
   size_t Rows() const { return rows_; }
 
-  /// Values of one parameter (0..134, the last all zero), M + 1 of them.
+  /// Values of one parameter (0..134, the last all zero), M + 1 of them; memory is padded to a multiple of 16.
   std::span<float> Column(int parameter) { return {columns_ + parameter * stride_, rows_ + 1}; }
   std::span<const float> Column(int parameter) const { return {columns_ + parameter * stride_, rows_ + 1}; }
 

@@ -1,0 +1,90 @@
+// Which points lie inside a cluster's boundaries.
+
+#include <memory>
+#include <vector>
+
+#include "clusters/classify.h"
+#include "clusters/inside_test.h"
+#include "session/point_reader.h"
+#include "support.h"
+
+namespace pallomir::bench {
+
+namespace {
+
+void SetOnlyBoundary(Session& session, const Boundary& boundary) {
+  session.Clusters = {};
+  ClassifyAllClusters(session);
+  session.Clusters[1].BoundaryCount = 1;
+  session.Clusters[1].Boundaries[0] = boundary;
+}
+
+void ClassifyOurs(benchmark::State& state) {
+  Session& session = LoadedSession();
+  SetOnlyBoundary(session, Polygon(5));
+  for (auto _ : state) ClassifyCluster(session, 1);
+  ReportPerPoint(state);
+}
+BENCHMARK(ClassifyOurs)->Name("classify, 5 corners/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// One record after the other, one edge after the other, over records as they stand in the file.
+void ClassifyNaive(benchmark::State& state) {
+  const Session& session = LoadedSession();
+  std::vector<PointRecord> records(static_cast<size_t>(Spikes()));
+  for (size_t i = 0; i < records.size(); ++i) records[i] = session.Points.Record(i);
+  const Boundary boundary = Polygon(5);
+  for (auto _ : state) {
+    for (PointRecord& record : records) {
+      const bool inside = PointInBoundary(record.Parameters[boundary.XParameter],
+                                          record.Parameters[boundary.YParameter], boundary) == 1;
+      record.Clusters[0] = inside ? 1 : 0;
+    }
+    benchmark::ClobberMemory();
+  }
+  ReportPerPoint(state);
+}
+BENCHMARK(ClassifyNaive)->Name("classify, 5 corners/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// A sweep over the two columns.
+void ClassifyFloor(benchmark::State& state) {
+  const Session& session = LoadedSession();
+  const auto x = session.Points.Column(0), y = session.Points.Column(1);
+  for (auto _ : state) {
+    float sums[16] = {};
+    for (size_t i = 0; i + 16 <= x.size(); i += 16)
+      for (size_t lane = 0; lane < 16; ++lane) sums[lane] += x[i + lane] * y[i + lane];
+    benchmark::DoNotOptimize(sums);
+  }
+  ReportPerPoint(state);
+}
+BENCHMARK(ClassifyFloor)->Name("classify, 5 corners/floor")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void ClassifyStar(benchmark::State& state) {
+  Session& session = LoadedSession();
+  SetOnlyBoundary(session, Polygon(51, true));
+  for (auto _ : state) ClassifyCluster(session, 1);
+  ReportPerPoint(state);
+}
+BENCHMARK(ClassifyStar)->Name("classify, star of 51/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void ClassifyMany(benchmark::State& state) {
+  Session session = OpenSession();
+  QuietWorld world;
+  ReadPoints(session, world, 0, static_cast<int32_t>(Spikes() - 1));
+  for (int c = 1; c <= kClusters; ++c) {
+    Cluster& cluster = session.Clusters[c];
+    cluster.BoundaryCount = 3;
+    for (int b = 0; b < 3; ++b) {
+      cluster.Boundaries[b] = Polygon(5);
+      cluster.Boundaries[b].YParameter = static_cast<int16_t>(b + 1);
+      for (Vertex& vertex : cluster.Boundaries[b].Vertices) vertex.X += static_cast<float>(c);
+    }
+  }
+  for (auto _ : state) ClassifyAllClusters(session);
+  ReportPerPoint(state);
+}
+BENCHMARK(ClassifyMany)->Name("classify, 30 clusters of 3/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+}  // namespace
+
+}  // namespace pallomir::bench

@@ -1,0 +1,103 @@
+// What the user waits for, on the real forms.
+
+#include <QtWidgets>
+
+#include "clusters/classify.h"
+#include "forms/dialogs.h"
+#include "forms/main_form.h"
+#include "forms/theme.h"
+#include "support.h"
+
+namespace pallomir::bench {
+
+namespace {
+
+class ChoosingDialogs : public Dialogs {
+ public:
+  void ShowMessage(QWidget*, const QString& text, const QString&) override { qFatal("%s", qPrintable(text)); }
+  QString OpenFile(QWidget*, const FileDialogOptions&) override {
+    return QString::fromStdString(RecordingFolder()) + "/TT1.Ntt.parms";
+  }
+};
+
+/// The program on the benchmark recording.
+struct Program {
+  Session Shared;
+  ChoosingDialogs Answers;
+  Main_Form Form{Shared, Answers};
+
+  Program() {
+    Form.Form_Load();
+    Form.show();
+    Surface()->window()->resize(900, 940);
+    QApplication::processEvents();
+  }
+  QWidget* Surface() {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == "Projections" && window->isVisible()) return window->findChild<QWidget*>("surface");
+    return nullptr;
+  }
+  void Load() {
+    Form.findChild<QPushButton*>("cmdLoadPoints")->click();
+    QApplication::processEvents();
+  }
+  void Mouse(QEvent::Type type, Qt::MouseButton button, QPointF at) {
+    QWidget* surface = Surface();
+    QMouseEvent event(type, at, surface->mapToGlobal(at), button, button, Qt::NoModifier);
+    QApplication::sendEvent(surface, &event);
+  }
+};
+
+void PressLoad(benchmark::State& state) {
+  Program program;
+  for (auto _ : state) program.Load();
+  ReportPerPoint(state);
+}
+BENCHMARK(PressLoad)
+    ->Name("press Load Points to picture/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+void ClosePolygonOnForm(benchmark::State& state, int corners, bool star) {
+  Program program;
+  program.Load();
+  program.Form.findChild<QAbstractButton*>("lblNewCluster(1)")->click();
+  const QPointF middle(450, 450);
+  for (auto _ : state) {
+    state.PauseTiming();
+    for (int k = 0; k < corners; ++k) {
+      const double angle = 2 * M_PI * k / corners, radius = star && k % 2 ? 100 : 250;
+      const QPointF at = middle + radius * QPointF(std::cos(angle), std::sin(angle));
+      if (k + 1 == corners) state.ResumeTiming();
+      program.Mouse(QEvent::MouseButtonPress, k + 1 == corners ? Qt::RightButton : Qt::LeftButton, at);
+    }
+    QApplication::processEvents();
+  }
+  ReportPerPoint(state);
+}
+
+void CloseConvex(benchmark::State& state) {
+  ClosePolygonOnForm(state, 6, false);
+}
+BENCHMARK(CloseConvex)
+    ->Name("close a polygon of 6 to picture/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+void CloseStar(benchmark::State& state) {
+  ClosePolygonOnForm(state, 51, true);
+}
+BENCHMARK(CloseStar)
+    ->Name("close a star of 51 to picture/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+}  // namespace
+
+}  // namespace pallomir::bench

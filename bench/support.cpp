@@ -1,0 +1,120 @@
+#include "support.h"
+
+#include <array>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <numbers>
+#include <random>
+
+#include "files/bytes.h"
+#include "files/parameter_header.h"
+#include "files/platform.h"
+#include "files/save_file.h"
+#include "projection/colours.h"
+#include "session/point_reader.h"
+#include "session/start_up.h"
+
+namespace pallomir::bench {
+
+namespace {
+
+constexpr float kCentres[4][4] = {{120, 60, 40, 80}, {60, 140, 90, 30}, {40, 50, 150, 120}, {40, 40, 40, 40}};
+
+void WriteRows(const std::string& path) {
+  std::mt19937 generator(1);
+  std::normal_distribution<float> normal;
+  SaveFile file(path);
+  std::array<unsigned char, kRowBytes> row{};
+  for (int64_t r = 0; r < Spikes(); ++r) {
+    const auto& centre = kCentres[generator() % 4];
+    const auto set = [&](int p, float value) { StoreLittleEndian(row.data() + 8 + 4 * p, value); };
+    StoreLittleEndian<uint64_t>(row.data(), 1'000'000'000U + 1000U * static_cast<uint64_t>(r));
+    for (int c = 0; c < 4; ++c) {
+      const float peak = centre[c] * (1 + 0.1F * normal(generator)) + 8 * normal(generator);
+      set(kMPeak + c, peak);
+      set(kPreVal + c, -20 + 5 * normal(generator));
+      set(kEnergy + c, peak * 0.4F);
+      set(kValley + c, peak * -0.6F);
+    }
+    set(kRecordSlot, static_cast<float>(r));
+    set(kSpikeID, static_cast<float>(r));
+    file.Write(row.data(), row.size());
+  }
+  file.Commit();
+}
+
+/// Removed when the program ends.
+struct Folder {
+  std::filesystem::path Path =
+      std::filesystem::temp_directory_path() / ("pallomir-bench-" + std::to_string(std::random_device{}()));
+  Folder() { std::filesystem::create_directories(Path / "TT1"); }
+  ~Folder() {
+    std::error_code error;
+    std::filesystem::remove_all(Path, error);
+  }
+};
+
+}  // namespace
+
+int64_t Spikes() {
+  const char* wanted = std::getenv("PALLOMIR_BENCH_SPIKES");
+  static const int64_t spikes = wanted ? std::atoll(wanted) : 1'000'000;
+  return spikes;
+}
+
+const std::string& RecordingFolder() {
+  static const Folder folder;
+  static const std::string data = [] {
+    const std::string path = PathText(folder.Path / "TT1");
+    WriteRows(path + "\\TT1.Ntt.parms");
+    SaveFile rate(path + "\\..\\VideoSampling");
+    rate.Write("30\r\n");
+    rate.Commit();
+    return path;
+  }();
+  return data;
+}
+
+std::string ParameterFilePath() {
+  return RecordingFolder() + "\\TT1.Ntt.parms";
+}
+
+Session OpenSession() {
+  Session session;
+  session.DataDirectory = RecordingFolder();
+  OpenParameterFile(session, ParameterFilePath());
+  InitialiseSession(session);
+  BuildColourTable(session);
+  return session;
+}
+
+Session& LoadedSession() {
+  static Session session = [] {
+    Session loaded = OpenSession();
+    QuietWorld world;
+    ReadPoints(loaded, world, 0, static_cast<int32_t>(Spikes() - 1));
+    return loaded;
+  }();
+  return session;
+}
+
+Boundary Polygon(int vertices, bool star) {
+  Boundary boundary;
+  boundary.XParameter = 0;
+  boundary.YParameter = 1;
+  boundary.VertexCount = static_cast<int16_t>(vertices);
+  for (int k = 0; k < vertices; ++k) {
+    const double angle = 2 * std::numbers::pi * k / vertices;
+    const double radius = star && k % 2 ? 15 : 30;
+    boundary.Vertices[k] = {static_cast<float>(120 + radius * std::cos(angle)),
+                            static_cast<float>(60 + radius * std::sin(angle))};
+  }
+  return boundary;
+}
+
+void ReportPerPoint(benchmark::State& state) {
+  state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * Spikes());
+}
+
+}  // namespace pallomir::bench

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <string>
+
+#include "session/session.h"
+#include "session/world.h"
+
+namespace pallomir::bench {
+
+/// Spikes in the benchmark recording: a million, or what PALLOMIR_BENCH_SPIKES says.
+int64_t Spikes();
+
+/// A folder with a recording of Spikes() rows (four Gaussian clouds on four channels), made on first use and removed
+/// when the program ends. Ends in ".../TT1".
+const std::string& RecordingFolder();
+
+/// The parameter file in it.
+std::string ParameterFilePath();
+
+/// A session with the whole recording loaded, shared by the benchmarks.
+Session& LoadedSession();
+
+/// A session that has the recording open but nothing loaded.
+Session OpenSession();
+
+/// A polygon of `vertices` corners about the middle of the first cloud, on MPeak-1 and MPeak-2; a star when `star`.
+Boundary Polygon(int vertices, bool star = false);
+
+/// What one row costs in nanoseconds, as a counter of the benchmark.
+void ReportPerPoint(benchmark::State& state);
+
+class QuietWorld : public World {
+ public:
+  void ShowMessage(std::string_view, std::string_view) override {}
+  void AppendMessage(std::string_view) override {}
+  void ShowProgress(int) override {}
+  void HideProgress() override {}
+  bool PumpEvents() override { return true; }
+};
+
+}  // namespace pallomir::bench
