@@ -60,7 +60,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   slow_.setObjectName("tmrDelayTimer");
   slow_.setInterval(kSlowTick);
   connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
-  Say("Load points, choose a cluster, then click its corners here.");
+  Say("Load points to see them here.");
 }
 
 void Projections::Guarded(const std::function<void()>& work) {
@@ -97,6 +97,7 @@ void Projections::Redraw() {
   }
   ShowPicture();
   ShowCount();
+  if (session_.CurrentCluster == 0) Say("Choose a cluster on the left, then click its corners here.");
 }
 
 void Projections::BeginPicture() {

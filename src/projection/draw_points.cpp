@@ -25,7 +25,12 @@ void CodesOfPoints(const PointTable& points, const ByCluster<uint8_t>& display, 
     return;
   }
   const int16_t* first = points.Slot(0).data() + begin;
-  for (size_t i = 0; i < count; ++i) codes[i] = display[first[i]];
+  if (std::find(display.begin(), display.end(), 0) == display.end()) {
+    // All are displayed: arithmetic instead of a table, in vectors.
+    for (size_t i = 0; i < count; ++i) codes[i] = static_cast<uint8_t>(ColourCode(first[i]));
+  } else {
+    for (size_t i = 0; i < count; ++i) codes[i] = display[first[i]];
+  }
   if (points.SlotsInUse() == 1) return;
   const int16_t* second = points.Slot(1).data() + begin;
   for (size_t i = 0; i < count; ++i) {

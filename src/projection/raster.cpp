@@ -22,11 +22,13 @@ struct Mapping {
   int32_t Stride, Nowhere;
 };
 
-/// Positions are rounded to the nearest pixel centre. Both tests also turn away what is not a number.
+/// Positions are rounded to the nearest pixel centre. The tests also turn away what is not a number. Returns how many
+/// points have a place.
 PALLOMIR_HOT_LOOP
-void MapBlock(const Mapping& mapping, const float* x, const float* y, const uint8_t* codes, size_t count,
-              int32_t* places) {
+int32_t MapBlock(const Mapping& mapping, const float* x, const float* y, const uint8_t* codes, size_t count,
+                 int32_t* places) {
   const Mapping m = mapping;
+  int32_t placed = 0;
   for (size_t i = 0; i < count; ++i) {
     const float px = (x[i] - m.Left) * m.ScaleX + m.Margin;
     const float py = (y[i] - m.Top) * m.ScaleY + m.Margin;
@@ -35,22 +37,21 @@ void MapBlock(const Mapping& mapping, const float* x, const float* y, const uint
     const float row = on ? py : 0;
     const int32_t place = static_cast<int32_t>(row) * m.Stride + static_cast<int32_t>(column);
     places[i] = on ? place : m.Nowhere;
+    placed += static_cast<int32_t>(on);
   }
+  return placed;
 }
 
 /// Writes `length` equal bytes; short runs as two stores that may overlap, without a call.
-inline void FillRun(uint8_t* to, uint8_t code, size_t length) {
-  const uint64_t eight = 0x0101010101010101U * code;
-  if (length > 16) {
-    std::memset(to, code, length);
-  } else if (length >= 8) {
-    std::memcpy(to, &eight, 8);
-    std::memcpy(to + length - 8, &eight, 8);
-  } else if (length >= 4) {
-    std::memcpy(to, &eight, 4);
-    std::memcpy(to + length - 4, &eight, 4);
+inline void FillRun(uint8_t* to, uint32_t code, uint32_t length) {
+  const uint32_t four = 0x01010101U * code;
+  if (length >= 4 && length <= 8) {
+    std::memcpy(to, &four, 4);
+    std::memcpy(to + length - 4, &four, 4);
+  } else if (length < 4) {
+    to[0] = to[length >> 1U] = to[length - 1] = static_cast<uint8_t>(code);
   } else {
-    to[0] = to[length / 2] = to[length - 1] = code;
+    std::memset(to, static_cast<int>(code), length);
   }
 }
 
@@ -70,12 +71,12 @@ void Raster::MakeShape(double radius, int pixel) {
   if (radius <= 0) {
     const int before = (pixel - 1) / 2;
     for (int row = 0; row < pixel; ++row)
-      shape_.push_back({std::ptrdiff_t{row - before} * stride_ - before, static_cast<size_t>(pixel)});
+      shape_.push_back({std::ptrdiff_t{row - before} * stride_ - before, static_cast<uint32_t>(pixel)});
     return;
   }
   for (int row = -reach_; row <= reach_; ++row) {
     const int half = static_cast<int>(std::sqrt(radius * radius - row * row));
-    shape_.push_back({std::ptrdiff_t{row} * stride_ - half, static_cast<size_t>(2 * half + 1)});
+    shape_.push_back({std::ptrdiff_t{row} * stride_ - half, static_cast<uint32_t>(2 * half + 1)});
   }
 }
 
@@ -93,28 +94,22 @@ size_t Raster::Draw(const View& view, const float* x, const float* y, const uint
   m.Stride = stride_;
   m.Nowhere = stride_ * (height_ + 2 * margin_);
   uint8_t* origin = bytes_.data() + stride_ * reach_ + reach_;
-  size_t hidden = 0;
+  size_t drawn = 0;
   std::array<int32_t, kBlock> places;
   for (size_t begin = 0; begin < count; begin += kBlock) {
     const size_t n = std::min(kBlock, count - begin);
-    MapBlock(m, x + begin, y + begin, codes + begin, n, places.data());
+    drawn += MapBlock(m, x + begin, y + begin, codes + begin, n, places.data());
     if (shape_.size() == 1) {
-      for (size_t i = 0; i < n; ++i) {
-        origin[places[i]] = codes[begin + i];
-        hidden += places[i] == m.Nowhere;
-      }
+      for (size_t i = 0; i < n; ++i) origin[places[i]] = codes[begin + i];
       continue;
     }
     for (size_t i = 0; i < n; ++i) {
-      if (places[i] == m.Nowhere) {
-        ++hidden;
-        continue;
-      }
       uint8_t* centre = origin + places[i];
-      for (const Run& run : shape_) FillRun(centre + run.Offset, codes[begin + i], run.Length);
+      const uint32_t code = codes[begin + i];
+      for (const Run& run : shape_) FillRun(centre + run.Offset, code, run.Length);
     }
   }
-  return count - hidden;
+  return drawn;
 }
 
 std::span<const uint8_t> Raster::Row(int row) const {

@@ -35,7 +35,7 @@ class Raster {
   /// One row of the shape that stands for a point: `Length` bytes from `Offset` on, counted from the centre.
   struct Run {
     std::ptrdiff_t Offset;
-    size_t Length;
+    uint32_t Length;
   };
   void MakeShape(double radius, int pixel);
 

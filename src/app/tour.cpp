@@ -1,0 +1,164 @@
+// Does the program's main job on the real forms, as a user would with the mouse, and takes pictures of them:
+//   pallomir-tour DATA_FOLDER PICTURE_FOLDER
+// It is made for the sample recording, where the spike file tells which cell each spike came from.
+
+#include <QtWidgets>
+#include <cstdio>
+
+#include "clusters/classify.h"
+#include "files/bytes.h"
+#include "files/file_reader.h"
+#include "files/platform.h"
+#include "forms/dialogs.h"
+#include "forms/main_form.h"
+#include "forms/theme.h"
+#include "projection/view.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Chooses the parameter file of a folder, and prints what a message box would say.
+class TourDialogs : public Dialogs {
+ public:
+  explicit TourDialogs(const QString& folder) : folder_(folder) {}
+  void ShowMessage(QWidget*, const QString& text, const QString& title) override {
+    std::printf("[%s] %s\n", qPrintable(title), qPrintable(text));
+  }
+  QString OpenFile(QWidget*, const FileDialogOptions&) override {
+    const QStringList files = QDir(folder_).entryList({"*.Ntt.parms"}, QDir::Files);
+    return files.isEmpty() ? QString() : folder_ + "/" + files.first();
+  }
+
+ private:
+  QString folder_;
+};
+
+class Tour {
+ public:
+  Tour(const QString& dataFolder, const QString& pictureFolder) : dialogs_(dataFolder), pictures_(pictureFolder) {
+    QDir().mkpath(pictures_);
+  }
+
+  bool Run() {
+    if (!form_.Form_Load()) return false;
+    form_.show();
+    // An offscreen display is smaller than a desk.
+    form_.resize(574, 764);
+    projections()->resize(700, 764);
+    Press<QPushButton>("cmdLoadPoints");
+    if (!PointsLoaded(session_)) return false;
+    TakePictures("1-loaded");
+    Press<QAbstractButton>("lblNewCluster(1)");
+    // Round the interneuron of the sample, by its peaks on the first two wires ...
+    DrawPolygon({{2500, 4100}, {3400, 4000}, {4500, 5300}, {4600, 6900}, {3300, 6900}, {2300, 5300}});
+    TakePictures("2-first-boundary");
+    Report();
+    // ... and on the other two, where its neighbours there are far away.
+    ShowParameters(2, 3);
+    DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 11500}, {4100, 11500}, {2700, 8600}});
+    TakePictures("3-second-boundary");
+    Report();
+    ShowParameters(0, 1);
+    TakePictures("4-cut");
+    return PointsInCluster(session_, 1) > 0;
+  }
+
+ private:
+  template <class Control>
+  void Press(const QString& name) {
+    form_.findChild<Control*>(name)->click();
+    QApplication::processEvents();
+  }
+
+  void ShowParameters(int x, int y) {
+    form_.findChild<QListWidget*>("lstX_Axis")->setCurrentRow(x);
+    auto* list = form_.findChild<QListWidget*>("lstY_Axis");
+    const QPointF at = list->visualItemRect(list->item(y)).center();
+    Mouse(list->viewport(), QEvent::MouseButtonPress, Qt::LeftButton, at);
+    Mouse(list->viewport(), QEvent::MouseButtonRelease, Qt::LeftButton, at);
+    QApplication::processEvents();
+  }
+
+  void DrawPolygon(std::initializer_list<Vertex> corners) {
+    QWidget* surface = projections()->findChild<QWidget*>("surface");
+    const View view = ViewOf(session_, surface->width(), surface->height());
+    size_t left = corners.size();
+    for (const Vertex& corner : corners) {
+      const QPointF at(view.PixelX(corner.X), view.PixelY(corner.Y));
+      Mouse(surface, QEvent::MouseMove, Qt::NoButton, at);
+      Mouse(surface, QEvent::MouseButtonPress, --left ? Qt::LeftButton : Qt::RightButton, at);
+    }
+    QApplication::processEvents();
+  }
+
+  static void Mouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, QPointF at) {
+    QMouseEvent event(type, at, widget->mapToGlobal(at), button, button, Qt::NoModifier);
+    QApplication::sendEvent(widget, &event);
+  }
+
+  void TakePictures(const QString& step) {
+    QApplication::processEvents();
+    for (QWidget* window : {static_cast<QWidget*>(&form_), projections()}) {
+      const QString path = pictures_ + "/" + step + "-" + window->objectName() + ".png";
+      if (window->grab().save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
+    }
+  }
+
+  QWidget* projections() const {
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == "Projections") return window;
+    return nullptr;
+  }
+
+  /// How well cluster 1 holds the spikes of the cell that most of it came from, as the spike file tells.
+  void Report() {
+    const std::vector<uint32_t> cells = CellsOfSpikes();
+    std::map<uint32_t, int64_t> inCluster, inAll;
+    const PointTable& points = session_.Points;
+    for (size_t i = 0; i < points.Rows() && i < cells.size(); ++i) {
+      ++inAll[cells[i]];
+      if (points.Memberships(i) > 0) ++inCluster[cells[i]];
+    }
+    const auto most = std::max_element(inCluster.begin(), inCluster.end(),
+                                       [](const auto& a, const auto& b) { return a.second < b.second; });
+    if (most == inCluster.end()) return;
+    const double found = 100.0 * static_cast<double>(most->second) / static_cast<double>(inAll[most->first]);
+    const auto size = static_cast<double>(PointsInCluster(session_, 1));
+    std::printf("Cluster 1: %.0f spikes; %.1f %% of the spikes of cell %u, and %.1f %% of it from elsewhere.\n", size,
+                found, most->first, 100 * (size - static_cast<double>(most->second)) / size);
+  }
+
+  /// The cell number of every record of the spike file beside the parameter file: u32 at byte 12 of its 304.
+  std::vector<uint32_t> CellsOfSpikes() {
+    std::string path = session_.File.Path;
+    path.resize(path.size() - std::string_view(".parms").size());
+    FileReader file(path);
+    std::vector<uint32_t> cells;
+    std::array<unsigned char, 304> record;
+    for (uint64_t at = 16384; file.ReadUpTo(at, record.data(), record.size()) == record.size(); at += record.size())
+      cells.push_back(LoadLittleEndian<uint32_t>(record.data() + 12));
+    return cells;
+  }
+
+  Session session_;
+  TourDialogs dialogs_;
+  Main_Form form_{session_, dialogs_};
+  QString pictures_;
+};
+
+}  // namespace
+
+}  // namespace pallomir
+
+int main(int argumentCount, char** arguments) {
+  QApplication application(argumentCount, arguments);
+  QApplication::setApplicationDisplayName("Pallomir");
+  pallomir::ApplyTheme(application);
+  if (argumentCount != 3) {
+    std::fprintf(stderr, "usage: pallomir-tour DATA_FOLDER PICTURE_FOLDER\n");
+    return 2;
+  }
+  pallomir::Tour tour(QString::fromLocal8Bit(arguments[1]), QString::fromLocal8Bit(arguments[2]));
+  return tour.Run() ? 0 : 1;
+}

@@ -1,0 +1,215 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "files/error.h"
+#include "files/file_reader.h"
+#include "raw_files.h"
+#include "session/parameter_catalogue.h"
+#include "tools/import/import_recording.h"
+
+namespace pallomir {
+namespace {
+
+using namespace pallomir::testing;
+
+struct Import : ::testing::Test {
+  TempFolder folder;
+  std::ostringstream said;
+  Progress progress{said, false};
+
+  ImportReport Run(ImportRequest request) {
+    if (request.Out.empty()) request.Out = folder / "out";
+    request.Date = "2026-01-01 00:00:00";
+    return ImportRecording(request, progress);
+  }
+
+  std::string Failure(const ImportRequest& request) {
+    try {
+      Run(request);
+    } catch (const CommandError& error) {
+      return error.what();
+    }
+    return "no error";
+  }
+};
+
+TEST_F(Import, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
+  // More records than one block of reading or writing holds, in runs and one by one, many with the same stamp.
+  constexpr uint64_t count = 9000;
+  std::string raw = Header();
+  std::vector<std::pair<uint64_t, int16_t>> expected;
+  for (uint64_t n = 0; n < count; ++n) {
+    const uint64_t stamp = 1'700'000'000'000'000 + (n < 6000 ? n * 7919 % 6000 / 3 : n);
+    expected.push_back({stamp, static_cast<int16_t>(n)});
+    raw += Spike(stamp, static_cast<int16_t>(n));
+  }
+  std::stable_sort(expected.begin(), expected.end(), [](auto& a, auto& b) { return a.first < b.first; });
+  raw += std::string(303, 'x');
+  const ImportReport report = Run({.Spikes = folder.Put("TT1.Ntt", raw)});
+
+  EXPECT_EQ(report.Spikes.Count, count);
+  EXPECT_GT(report.Spikes.Disordered, 0);
+  EXPECT_EQ(report.SpikesTrailing, 303);
+  EXPECT_EQ(Bytes(folder / "out/TT1/TT1.Ntt"), raw);
+  const ParameterRows rows(folder / "out/TT1/TT1.Ntt.parms");
+  const std::string waveforms = Bytes(folder / "out/TT1/TT1.waveforms");
+  ASSERT_EQ(rows.Count(), count);
+  ASSERT_EQ(waveforms.size(), 2048 * count);
+  for (size_t r = 0; r < count; ++r) {
+    const auto [stamp, height] = expected[r];
+    ASSERT_EQ(rows.Stamp(r), stamp) << r;
+    ASSERT_EQ(rows.Value(r, kRecordSlot), r);
+    // As i16, heights of up to 9000 times 4 wrap round on the fourth wire; the first one tells the spikes apart.
+    ASSERT_EQ(rows.Value(r, kMPeak), height) << r;
+    ASSERT_EQ(At<int16_t>(waveforms, 2048 * r + 2 * 8), height) << r;
+    ASSERT_EQ(At<int16_t>(waveforms, 2048 * r + 2 * (32 + 8)), static_cast<int16_t>(height * 2)) << r;
+  }
+  EXPECT_TRUE(std::all_of(waveforms.begin() + 4 * 64, waveforms.begin() + 2048, [](char c) { return c == 0; }));
+}
+
+TEST_F(Import, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
+  std::string foreign = Header({{"AcqEntName", "Sc\xFC\xDF\xFF"}, {"WaveformLength", "40"}});
+  struct Case {
+    const char* Name;
+    std::string Bytes;
+    size_t Rows;
+  };
+  const Case cases[] = {{"a.Ntt", Header(), 0},
+                        {"b.Ntt", "", 0},
+                        {"c.NTT", Spike(0x100, 5) + Spike(0x200, 6), 2},
+                        {"d.ntt", foreign + Spike(1, 5), 1},
+                        {"e.Ntt", "####", 0},
+                        {"f.Ntt", Spike(uint64_t{1} << 63, 5) + Spike(0, 6), 2}};
+  for (const Case& c : cases) {
+    Run({.Spikes = folder.Put(c.Name, c.Bytes)});
+    const std::string stem(1, c.Name[0]);
+    const std::string parameters = folder / ("out/" + stem + "/" + stem + ".Ntt.parms");
+    EXPECT_EQ(ParameterRows(parameters).Count(), c.Rows) << c.Name;
+    EXPECT_EQ(std::filesystem::file_size(folder / ("out/" + stem + "/" + stem + ".waveforms")), 2048 * c.Rows)
+        << c.Name;
+    EXPECT_EQ(Bytes(folder / ("out/" + stem + "/" + stem + ".Ntt")), c.Bytes) << c.Name;
+    FileReader file(parameters);
+    if (c.Rows == 0) {
+      EXPECT_EQ(ParameterHeaderLength(file), static_cast<long>(file.Length())) << c.Name;
+    }
+  }
+  EXPECT_EQ(Bytes(folder / "out/VideoSampling"), "30");
+  const std::string positions = Bytes(folder / "out/Pos.p");
+  EXPECT_EQ(TextHeaderLength(positions), static_cast<long>(positions.size()));
+}
+
+TEST_F(Import, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
+  const std::string raw = Header({{"RecordSize", "112"}}) + Spike(70, 900, kSingleElectrodeLayout);
+  Run({.Spikes = folder.Put("SE3.nse", raw)});
+  const ParameterRows rows(folder / "out/SE3/SE3.Ntt.parms");
+  EXPECT_EQ(rows.Value(0, kMPeak), 900);
+  EXPECT_EQ(rows.Value(0, kMPeak + 1), 0);
+  EXPECT_EQ(rows.Value(0, kMaxWidth), 12);
+  EXPECT_EQ(Bytes(folder / "out/SE3/SE3.nse"), raw);
+  EXPECT_EQ(At<int16_t>(Bytes(folder / "out/SE3/SE3.waveforms"), 16), 900);
+}
+
+TEST_F(Import, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
+  constexpr uint64_t base = 1'600'000'000'000'000;
+  // Out of order; lost from 100 to 132 ms, blind from 200 ms to 450 ms (just usable) and to 700.001 ms (too long).
+  const std::string video = Header() + VideoFrame(base, 100, 200, 0) + VideoFrame(base + 66'000, 120, 210, 359) +
+                            VideoFrame(base + 33'000, 110, 200, 450) + VideoFrame(base + 100'000, 0, 0) +
+                            VideoFrame(base + 132'000, 0, 0) + VideoFrame(base + 166'000, 140, 0, 10) +
+                            VideoFrame(base + 200'000, 150, 250, -1) + VideoFrame(base + 450'000, 250, 350, 20) +
+                            VideoFrame(base + 700'001, 400, 400, 30) + std::string(7, 'v');
+  struct Case {
+    uint64_t Time;
+    float X, Y;
+  };
+  const Case cases[] = {{0, 100, 200},       {16'500, 105, 200},  {33'000, 110, 200}, {116'000, 130, 105},
+                        {325'000, 200, 300}, {450'000, 250, 350}, {450'001, 0, 0},    {700'000, 0, 0},
+                        {700'001, 400, 400}, {700'002, 0, 0}};
+  std::string spikes = Header() + Spike(base - 1, 1);
+  for (const Case& c : cases) spikes += Spike(base + c.Time, 1);
+  const ImportReport report = Run({.Spikes = folder.Put("TT1.Ntt", spikes),
+                                   .Video = folder.Put("VT1.nvt", video),
+                                   .Events = folder.Put("Events.Nev", Header() + Event(2, "b") + Event(1, "a")),
+                                   .PixelsPerCm = 2.5});
+  const ParameterRows rows(folder / "out/TT1/TT1.Ntt.parms");
+  EXPECT_EQ(rows.Value(0, kPosX), 0);
+  for (size_t r = 0; r < std::size(cases); ++r) {
+    EXPECT_FLOAT_EQ(rows.Value(r + 1, kPosX), cases[r].X) << cases[r].Time;
+    EXPECT_FLOAT_EQ(rows.Value(r + 1, kPosY), cases[r].Y) << cases[r].Time;
+  }
+  const std::string positions = Bytes(folder / "out/Pos.p");
+  EXPECT_EQ(positions.substr(static_cast<size_t>(TextHeaderLength(positions))),
+            "PixelsPerCm,2.5\r\n"
+            "1600000000000000,100,200,0\r\n1600000000033000,110,200,-1\r\n1600000000066000,120,210,359\r\n"
+            "1600000000100000,0,0,-1\r\n1600000000132000,0,0,-1\r\n1600000000166000,140,0,10\r\n"
+            "1600000000200000,150,250,-1\r\n1600000000450000,250,350,20\r\n1600000000700001,400,400,30\r\n");
+  EXPECT_EQ(Bytes(folder / "out/TT1/Events.Nev"), Bytes(folder / "Events.Nev"));
+  EXPECT_EQ(
+      report.Lines(),
+      (std::vector<std::string>{
+          "TT1.Ntt: 11 spikes.",
+          "Video: 9 frames; 1 were earlier than the one before, so all were sorted by time; a piece of 7 bytes at "
+          "the end was dropped.",
+          "Tracking: 29.41 frames a second; 2 frames lost, in 1 runs; 1 gaps of more than 0.250 s, the longest "
+          "0.250 s.",
+          "Places: 7 of 11 spikes lie in tracked time.",
+          "Events: 2 events; 1 were earlier than the one before, copied as they are."}));
+}
+
+TEST_F(Import, VideoSamplingIsTheNearerRateByTheMedianInterval) {
+  struct Case {
+    std::vector<uint64_t> Stamps;
+    const char* Rate;
+  };
+  const Case cases[] = {{{5}, "30"},
+                        {{5, 5, 5}, "30"},
+                        {{0, 26'000, 65'000, 98'000, 9'000'000}, "30"},
+                        {{0, 16'683, 33'366, 5'000'000, 5'016'683}, "60"},
+                        {{0, 22'223}, "30"},
+                        {{0, 22'222}, "60"}};
+  for (const Case& c : cases) {
+    std::string video = Header();
+    for (const uint64_t stamp : c.Stamps) video += VideoFrame(stamp, 1, 1);
+    Run({.Spikes = folder.Put("TT1.Ntt", Header()), .Video = folder.Put("VT1.Nvt", video)});
+    EXPECT_EQ(Bytes(folder / "out/VideoSampling"), c.Rate) << c.Stamps.back();
+  }
+}
+
+TEST_F(Import, AVideoWhoseAnglesAreAllZeroHasNoDirection) {
+  Run({.Spikes = folder.Put("TT1.Ntt", Header()),
+       .Video = folder.Put("VT1.Nvt", VideoFrame(1, 3, 4, 0) + VideoFrame(2, 5, 6, 0))});
+  EXPECT_TRUE(Bytes(folder / "out/Pos.p").ends_with("# End of header\r\n1,3,4,-1\r\n2,5,6,-1\r\n"));
+}
+
+TEST_F(Import, ASpikeFileThatIsAlreadyInItsPlaceStays) {
+  const std::string raw = Header() + Spike(9, 8);
+  const std::string path = folder.Put("out/TT1/TT1.Ntt", raw);
+  Run({.Spikes = path});
+  EXPECT_EQ(Bytes(path), raw);
+  EXPECT_EQ(ParameterRows(folder / "out/TT1/TT1.Ntt.parms").Count(), 1);
+}
+
+TEST_F(Import, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
+  const std::string spikes = folder.Put("TT1.Ntt", Header() + Spike(1, 1));
+  const std::string video = folder.Put("VT1.Nvt", Header() + VideoFrame(1, 1, 1));
+  const std::string missing = folder / "none.Ntt";
+  EXPECT_EQ(Failure({.Spikes = missing}), missing + " does not exist.");
+  EXPECT_EQ(Failure({.Spikes = video}), video + " is not a spike file (.Ntt or .Nse), by its extension.");
+  EXPECT_EQ(Failure({.Spikes = spikes, .Video = spikes}), spikes + " is not a video file (.Nvt), by its extension.");
+  EXPECT_EQ(Failure({.Spikes = folder.Put("TT2.Ntt", Header({{"RecordSize", "560"}}) + std::string(560, 'x'))}),
+            "TT2.Ntt holds records of 560 bytes, its header says; the tetrode spikes of a .Ntt file have 304.");
+  EXPECT_EQ(Failure({.Spikes = spikes, .PixelsPerCm = -1}), "Pixels per cm must be a number above 0, not -1.");
+  EXPECT_FALSE(std::filesystem::exists(folder / "out"));
+
+  const std::string blocked = folder.Put("file", "not a folder");
+  EXPECT_EQ(Failure({.Spikes = spikes, .Out = blocked}).find("The folder " + blocked), 0);
+  // A folder stands where the parameter file belongs: what can be made is whole, and nothing is left beside it.
+  std::filesystem::create_directories(folder / "out/TT1/TT1.Ntt.parms");
+  EXPECT_EQ(Failure({.Spikes = spikes}), folder / "out/TT1/TT1.Ntt.parms" + " is a folder; nothing was written.");
+  for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "out"))
+    EXPECT_NE(entry.path().extension(), ".saving~") << entry.path();
+}
+
+}  // namespace
+}  // namespace pallomir

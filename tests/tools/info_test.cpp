@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <sstream>
+
+#include "files/error.h"
+#include "raw_files.h"
+#include "session/parameter_catalogue.h"
+#include "tools/info/describe_file.h"
+
+namespace pallomir {
+namespace {
+
+using namespace pallomir::testing;
+
+std::string Describe(const std::string& path) {
+  std::ostringstream said;
+  Progress progress(said, false);
+  return DescribeFile(path, progress);
+}
+
+std::string Row(uint64_t stamp, int parameter = 0, float value = 0) {
+  std::string row(kRowBytes, '\0');
+  Set(row, 0, stamp);
+  Set(row, kStampBytes + sizeof(float) * parameter, value);
+  return row;
+}
+
+TEST(Info, TellsWhatAFileIsAndWhatIsOddAboutIt) {
+  struct Case {
+    const char* Name;
+    std::string Bytes;
+    std::vector<const char*> Lines;
+  };
+  const std::string positions = TextHeader("PosFile");
+  const float nan = std::numeric_limits<float>::quiet_NaN();
+  const Case cases[] = {
+      {"TT1.NTT",
+       Header({{"SamplingFrequency", "32000"}, {"ADBitVolts", "1e-8 \xB5"}}) + Spike(5'000'000, 1) +
+           Spike(1'000'000, 2) + "tail",
+       {"TT1.NTT: tetrode spikes\n", "records     2 of 304 bytes\n", "SamplingFrequency 32000\n", "ADBitVolts 1e-8 ?\n",
+        "time        1000000 to 5000000 microseconds (4.000 s)\n", "rate        0.25 spikes a second\n",
+        "odd         1 spikes are earlier than the one before them (the first is number 1)\n",
+        "odd         the last 4 bytes are not a whole record\n", "cell 0      2 spikes\n"}},
+      {"short.nse", "#### cut", {"single-electrode spikes", "odd         the file ends within its header\n"}},
+      {"raw",
+       Header({{"RecordSize", "184"}}) + Event(1, "Epoch\x01 1") + Event(2, "Epoch 1"),
+       {"raw: events\n", "event       2 x \"Epoch 1\"\n"}},
+      {"v.nvt",
+       VideoFrame(0, 1, 1) + VideoFrame(33'000, 0, 0) + VideoFrame(66'000, 1, 1) + VideoFrame(2'066'000, 1, 1),
+       {"video frames", "header      none\n", "30.30 frames a second by the median interval\n",
+        "odd         1 frames lost the animal, in 1 runs\n",
+        "odd         1 gaps between frames exceed 0.250 s, the longest is 2.000 s\n"}},
+      {"a.Ntt.parms",
+       TextHeader("Parameters", "now") + Row(7, kEnergy + 2, 4) + Row(8, kRecordSlot, 1) + Row(9, kMPeak, nan) + "xx",
+       {"rows        3 of 544 bytes\n", "channels    3\n", "slot 8      does not hold the record number\n",
+        "odd         1 rows hold values that are not numbers (the first is row 2)\n",
+        "odd         the last 2 bytes are not a whole row\n"}},
+      {"parameters",
+       TextHeader("Parameters", "now") + Row(7) + Row(8, kRecordSlot, 1),
+       {"rows        2 of 544 bytes\n", "channels    none holds anything\n", "slot 8      holds the record number\n"}},
+      {"a.waveforms",
+       std::string(2048, '\0') + std::string(64, '\1') + std::string(2048, '\0'),
+       {"records     2 of 2048 bytes\n", "channels    1\n", "odd         the last 64 bytes are not a whole record\n"}},
+      {"Pos.p",
+       positions +
+           "PixelsPerCm,4\r\n1600000000000000,10,20,90\r\n1600000002000000,0,0,-1\r\n1600000001000000,5,0,-1\r\n" +
+           "junk\r\n1,2,3\r\n1,2,3,4,5\r\n" + std::string(70'000, '1') + "\r\n\r\n",
+       {"samples     3\n", "scale       4 pixels a cm\n", "(2.000 s)\n", "odd         1 samples lost the animal",
+        "odd         2 samples have no direction\n", "odd         4 lines are not samples\n",
+        "1 samples are earlier than the one before them (the first is number 2)\n"}},
+      {"videosampling", "\"25\"", {"rate        25 frames a second\n", "odd         only 30 and 60 can be used\n"}},
+      {"cbfile.m1",
+       TextHeader("CBFile", "2026-11-21 14:03:22") + "1\r\n2\r\n",
+       {"a text file of kind CBFile\n", "written     2026-11-21 14:03:22\n", "lines       2 after the header\n"}},
+  };
+  const TempFolder folder;
+  for (const Case& c : cases) {
+    const std::string text = Describe(folder.Put(c.Name, c.Bytes));
+    for (const char* line : c.Lines) EXPECT_NE(text.find(line), std::string::npos) << line << "is not in\n" << text;
+  }
+}
+
+TEST(Info, RefusesWhatItDoesNotKnow) {
+  const TempFolder folder;
+  const auto failure = [](const std::string& path) {
+    try {
+      return Describe(path);
+    } catch (const CommandError& error) {
+      return std::string(error.what());
+    }
+  };
+  const std::string picture = folder.Put("picture.png", "\x89PNG");
+  EXPECT_EQ(failure(picture), picture + " is not a file of a kind that is known here.");
+  EXPECT_EQ(failure(folder.Put("x.parms", std::string(2000, '\xFF'))),
+            "x.parms is not a parameter file: its rows cannot be found.");
+  EXPECT_EQ(failure(folder / "none"), folder / "none" + " does not exist.");
+}
+
+}  // namespace
+}  // namespace pallomir

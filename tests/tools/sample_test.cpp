@@ -1,0 +1,177 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <sstream>
+
+#include "raw_files.h"
+#include "session/parameter_catalogue.h"
+#include "tools/sample/curves.h"
+#include "tools/sample/make_sample.h"
+#include "tools/sample/sample_files.h"
+
+namespace pallomir {
+namespace {
+
+using namespace pallomir::testing;
+
+ImportReport Make(const TempFolder& folder, const std::string& name, uint64_t spikes, uint64_t seed = 1) {
+  std::ostringstream said;
+  Progress progress(said, false);
+  return MakeSample({folder / name, spikes, seed}, progress);
+}
+
+/// The recording that most tests look at, made once.
+struct Sample : ::testing::Test {
+  static void SetUpTestSuite() {
+    folder = std::make_unique<TempFolder>();
+    report = Make(*folder, "recording", 80'000);
+    raw = Bytes(*folder / "recording/TT1/TT1.Ntt").substr(kRawHeaderBytes);
+    rows = std::make_unique<ParameterRows>(*folder / "recording/TT1/TT1.Ntt.parms");
+  }
+  static void TearDownTestSuite() { folder.reset(); }
+
+  static uint32_t Cell(size_t row) { return At<uint32_t>(raw, 304 * row + kSpikeCell); }
+
+  static inline std::unique_ptr<TempFolder> folder;
+  static inline std::unique_ptr<ParameterRows> rows;
+  static inline std::string raw;
+  static inline ImportReport report;
+};
+
+/// FNV-1a.
+uint64_t Hash(const std::string& bytes) {
+  uint64_t hash = 0xCBF29CE484222325;
+  for (const char c : bytes) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3;
+  return hash;
+}
+
+TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
+  const TempFolder folder;
+  EXPECT_EQ(Make(folder, "a", 3000, 7).Spikes.Count, 3000);
+  EXPECT_EQ(Make(folder, "b", 3, 8).Spikes.Count, 3);
+  // These bytes were made once; another machine, compiler or build that makes others is at fault.
+  EXPECT_EQ(Hash(Bytes(folder / "a/raw/TT1.Ntt")), 3596238341574363010);
+  EXPECT_EQ(Hash(Bytes(folder / "a/raw/VT1.Nvt")), 1500009595253614420);
+  EXPECT_EQ(Hash(Bytes(folder / "a/raw/Events.Nev")), 14776872789547491407u);
+  EXPECT_NE(Bytes(folder / "a/raw/VT1.Nvt"), Bytes(folder / "b/raw/VT1.Nvt"));
+  EXPECT_TRUE(Bytes(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
+}
+
+TEST_F(Sample, RecordingHasTheOddsAndEndsOfARealOne) {
+  EXPECT_EQ(rows->Count(), 80'000);
+  EXPECT_EQ(report.Spikes.Disordered, 0);
+  EXPECT_GE(report.Spikes.Lowest, kSampleStart);
+  EXPECT_LE(report.Spikes.Highest, kSampleStart + 1'200'000'000);
+  EXPECT_NEAR(report.Video.FrameRate, 29.97, 0.3);
+  EXPECT_EQ(report.Video.Gaps, 2);
+  EXPECT_GT(report.Video.LongestGap, 3'000'000);
+  EXPECT_GT(report.Video.LostRuns, 10);
+  EXPECT_GT(report.SpikesPlaced, 75'000);
+  EXPECT_EQ(Bytes(*folder / "recording/VideoSampling"), "30");
+  const std::string events = Bytes(*folder / "recording/TT1/Events.Nev");
+  for (const char* text : {"Starting Recording", "Epoch 1 start", "Epoch 2 end", "Epoch 3 end", "Stopping Recording"})
+    EXPECT_NE(events.find(text), std::string::npos) << text;
+  std::array<std::array<bool, 20>, 20> visited{};
+  size_t places = 0;
+  for (const Frame& frame : report.Video.Good) {
+    const auto x = static_cast<size_t>(frame.X - 120) / 20;
+    const auto y = static_cast<size_t>(frame.Y - 40) / 20;
+    ASSERT_TRUE(x < 20 && y < 20) << frame.X << " " << frame.Y;
+    places += !std::exchange(visited[x][y], true);
+  }
+  EXPECT_GT(places, 380);
+}
+
+TEST_F(Sample, EveryCellIsRefractoryAndHasItsShape) {
+  std::array<uint64_t, 7> last{};
+  std::array<double, 7> width{};
+  std::array<int, 7> count{};
+  for (size_t r = 0; r < rows->Count(); ++r) {
+    const uint32_t cell = Cell(r);
+    ASSERT_LE(cell, 6);
+    if (cell > 0 && count[cell] > 0) {
+      ASSERT_GE(rows->Stamp(r) - last[cell], kRefractory) << r;
+    }
+    last[cell] = rows->Stamp(r);
+    width[cell] += rows->Value(r, kMaxWidth);
+    ++count[cell];
+  }
+  for (int cell = 1; cell <= 6; ++cell) EXPECT_GT(count[cell], 1000) << cell;
+  for (int cell = 1; cell <= 5; ++cell) EXPECT_NEAR(width[cell] / count[cell], 13, 1) << cell;
+  EXPECT_NEAR(width[6] / count[6], 6.5, 1);
+}
+
+TEST_F(Sample, PlaceCellsFireInTheirFields) {
+  for (const uint32_t cell : {1, 2}) {
+    int inside = 0;
+    int outside = 0;
+    for (size_t r = 0; r < rows->Count(); ++r) {
+      if (Cell(r) != cell || rows->Value(r, kPosX) == 0) continue;
+      const double x = (rows->Value(r, kPosX) - 120) / kSamplePixelsPerCm - kCells[cell - 1].FieldX;
+      const double y = (rows->Value(r, kPosY) - 40) / kSamplePixelsPerCm - kCells[cell - 1].FieldY;
+      ++(std::hypot(x, y) < kCells[cell - 1].FieldSize + 1 ? inside : outside);
+    }
+    EXPECT_GT(inside, 12 * outside) << cell;
+  }
+}
+
+/// Share of a cell's spikes within the axis-aligned ellipse-like box along its own spread, and share of those spikes
+/// that are the cell's, in the projection of two MPeak parameters.
+struct Separation {
+  double Recall, Precision;
+};
+
+/// Cuts with a box that is turned along the line from the origin through the cell's middle, as a user would draw it.
+Separation CutOut(const ParameterRows& rows, const std::vector<uint32_t>& cells, uint32_t cell, int xWire, int yWire) {
+  double meanX = 0, meanY = 0, n = 0;
+  for (size_t r = 0; r < cells.size(); ++r)
+    if (cells[r] == cell) meanX += rows.Value(r, kMPeak + xWire), meanY += rows.Value(r, kMPeak + yWire), ++n;
+  const double length = std::hypot(meanX, meanY);
+  const double cosine = meanX / length, sine = meanY / length;
+  meanX /= n, meanY /= n;
+  const auto along = [&](size_t r) {
+    const double dx = rows.Value(r, kMPeak + xWire) - meanX, dy = rows.Value(r, kMPeak + yWire) - meanY;
+    return std::pair{dx * cosine + dy * sine, dy * cosine - dx * sine};
+  };
+  double varianceAlong = 0, varianceAcross = 0;
+  for (size_t r = 0; r < cells.size(); ++r)
+    if (cells[r] == cell) {
+      const auto [u, v] = along(r);
+      varianceAlong += u * u / n, varianceAcross += v * v / n;
+    }
+  double own = 0, all = 0;
+  for (size_t r = 0; r < cells.size(); ++r) {
+    const auto [u, v] = along(r);
+    if (u * u > 9 * varianceAlong || v * v > 9 * varianceAcross) continue;
+    ++all;
+    own += cells[r] == cell;
+  }
+  return {own / n, own / all};
+}
+
+TEST_F(Sample, EveryCellCanBeCutOutOfSomeProjectionButNoneShowsAll) {
+  std::vector<uint32_t> cells(rows->Count());
+  for (size_t r = 0; r < cells.size(); ++r) cells[r] = Cell(r);
+  std::array<int, 7> projectionsOfCell{};
+  for (int x = 0; x < 4; ++x)
+    for (int y = x + 1; y < 4; ++y) {
+      int apart = 0;
+      for (uint32_t cell = 1; cell <= 6; ++cell) {
+        const auto [recall, precision] = CutOut(*rows, cells, cell, x, y);
+        if (recall < 0.97 || precision < 0.97) continue;
+        ++apart;
+        ++projectionsOfCell[cell];
+      }
+      EXPECT_LT(apart, 6) << x << " " << y;
+    }
+  for (int cell = 1; cell <= 6; ++cell) EXPECT_GE(projectionsOfCell[cell], 1) << cell;
+}
+
+TEST(SampleCurves, CosineIsRightToNineDigits) {
+  for (int k = -4000; k <= 4000; ++k)
+    ASSERT_NEAR(CosTurns(k / 997.0), std::cos(2 * 3.14159265358979323846 * k / 997.0), 1e-9) << k;
+}
+
+}  // namespace
+}  // namespace pallomir

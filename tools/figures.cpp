@@ -1,0 +1,25 @@
+#include "tools/figures.h"
+
+#include <charconv>
+
+#include "files/number_text.h"
+
+namespace pallomir {
+
+std::string CountText(uint64_t count) {
+  return Grouped(static_cast<int64_t>(count));
+}
+
+std::string RoundedText(double value, int decimals) {
+  char buffer[400];  // the largest double has 309 digits
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
+  return std::string(buffer, end);
+}
+
+std::string DurationText(uint64_t microseconds) {
+  const uint64_t minutes = microseconds / 60'000'000;
+  const std::string seconds = RoundedText(static_cast<double>(microseconds % 60'000'000) * 1e-6, 3) + " s";
+  return minutes == 0 ? seconds : CountText(minutes) + " min " + seconds;
+}
+
+}  // namespace pallomir

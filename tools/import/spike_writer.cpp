@@ -1,0 +1,72 @@
+#include "tools/import/spike_writer.h"
+
+#include <array>
+
+#include "files/bytes.h"
+#include "files/parameter_header.h"
+#include "files/platform.h"
+#include "files/save_file.h"
+#include "files/text_header.h"
+#include "tools/import/spike_features.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr size_t kBlockRecords = 1024;
+
+std::array<Waveform, 4> WaveformsOf(const unsigned char* record, int channels) {
+  std::array<Waveform, 4> waveforms;
+  const unsigned char* samples = record + kSpikeSamples;
+  for (int s = 0; s < kWaveformSamples; ++s)
+    for (int c = 0; c < channels; ++c) waveforms[c][s] = LoadLittleEndian<int16_t>(samples + 2 * (s * channels + c));
+  return waveforms;
+}
+
+void StoreWaveforms(std::span<const Waveform> channels, unsigned char* record) {
+  for (const Waveform& waveform : channels) {
+    for (int s = 0; s < kWaveformSamples; ++s) StoreLittleEndian(record + 2 * s, waveform[s]);
+    record += kWaveformBlockBytes;
+  }
+}
+
+}  // namespace
+
+uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const Tracking& tracking, const SpikeOutputs& outputs,
+                     std::string_view date, Progress& progress) {
+  SaveFile parameters(PathText(outputs.Parameters));
+  SaveFile waveforms(PathText(outputs.Waveforms));
+  parameters.Write(TextHeader("Parameters", date));
+
+  // What the channels of this file do not fill stays zero in every block.
+  std::vector<unsigned char> raw(kBlockRecords * spikes.Layout().RecordBytes);
+  std::vector<unsigned char> rows(kBlockRecords * kRowBytes);
+  std::vector<unsigned char> records(kBlockRecords * kWaveformRecordBytes);
+  const int channels = spikes.Layout().Channels;
+  uint64_t placed = 0;
+  progress.Begin("spikes", spikes.RecordCount());
+  for (uint64_t first = 0; first < spikes.RecordCount(); first += kBlockRecords) {
+    const size_t count = static_cast<size_t>(std::min<uint64_t>(kBlockRecords, spikes.RecordCount() - first));
+    order.Read(spikes, first, count, raw.data());
+    for (size_t r = 0; r < count; ++r) {
+      const unsigned char* record = raw.data() + r * spikes.Layout().RecordBytes;
+      const auto samples = WaveformsOf(record, channels);
+      const std::span<const Waveform> recorded(samples.data(), static_cast<size_t>(channels));
+      const uint64_t stamp = spikes.StampOf(record);
+      const auto place = PlaceAt(tracking, stamp);
+      placed += place.has_value();
+      const auto [x, y] = place.value_or(TrackedPlace{0, 0});
+      StoreParameterRow(recorded, {stamp, first + r, x, y}, rows.data() + r * kRowBytes);
+      StoreWaveforms(recorded, records.data() + r * kWaveformRecordBytes);
+    }
+    parameters.Write(rows.data(), count * kRowBytes);
+    waveforms.Write(records.data(), count * kWaveformRecordBytes);
+    progress.Reached(first + count);
+  }
+  parameters.Commit();
+  waveforms.Commit();
+  progress.End("Wrote");
+  return placed;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,87 @@
+#include "tools/info/describe_file.h"
+
+#include "files/error.h"
+#include "files/file_reader.h"
+#include "files/file_utility.h"
+#include "files/number_text.h"
+#include "files/text_header.h"
+#include "files/text_items.h"
+#include "tools/figures.h"
+#include "tools/info/facts.h"
+#include "tools/info/text_lines.h"
+#include "tools/raw/raw_file.h"
+#include "tools/raw/raw_header.h"
+#include "tools/raw/text_case.h"
+
+namespace pallomir {
+
+namespace {
+
+/// The value of "# Key: value" in a text header; empty when there is none.
+std::string_view HeaderLine(std::string_view header, std::string_view key) {
+  const std::string begin = "# " + std::string(key) + ": ";
+  const size_t place = header.find(begin);
+  if (place == std::string_view::npos) return {};
+  header.remove_prefix(place + begin.size());
+  return header.substr(0, header.find_first_of("\r\n"));
+}
+
+std::string DescribeVideoSampling(std::string_view path) {
+  const std::string text = ReadText(path, 256);
+  Facts facts("VideoSampling: the frame rate of the video");
+  TextItems items(text, "VideoSampling");
+  const auto rate = NumberFromText(items.AtEnd() ? std::string() : items.Text());
+  if (rate)
+    facts.Add("rate", DoubleText(*rate) + " frames a second");
+  else
+    facts.Odd("it does not begin with a number");
+  if (rate && *rate != 30 && *rate != 60) facts.Odd("only 30 and 60 can be used");
+  return facts.Text();
+}
+
+std::string DescribeOwnText(std::string_view path, std::string_view header) {
+  FileReader file(path);
+  Facts facts(file.Name() + ": a text file of kind " + std::string(HeaderLine(header, "Kind")));
+  facts.Add("written", HeaderLine(header, "Date"));
+  uint64_t lines = 0;
+  ForEachLine(file, header.size(), [&](std::string_view, bool) { ++lines; });
+  facts.Add("lines", CountText(lines) + " after the header");
+  return facts.Text();
+}
+
+bool IsVideoSampling(std::string_view path) {
+  return SameButForCase(path.substr(path.find_last_of("/\\") + 1), "VideoSampling");
+}
+
+/// The layout whose record size the header names; nullptr when it names none of them.
+const RawLayout* LayoutByHeader(std::string_view header) {
+  const std::vector<double> size = HeaderNumbers(header, "RecordSize");
+  for (const RawLayout& layout : kRawLayouts)
+    if (!size.empty() && size[0] == static_cast<double>(layout.RecordBytes)) return &layout;
+  return nullptr;
+}
+
+}  // namespace
+
+std::string DescribeFile(std::string_view path, Progress& progress) {
+  const std::string extension = FileUtility::GetExtension(path);
+  if (const RawLayout* layout = LayoutByExtension(path)) return DescribeRaw(path, *layout, progress);
+  if (SameButForCase(extension, "parms")) return DescribeParameters(path, progress);
+  if (SameButForCase(extension, "waveforms")) return DescribeWaveforms(path, progress);
+  if (SameButForCase(extension, "p")) return DescribePositions(path);
+  if (IsVideoSampling(path)) return DescribeVideoSampling(path);
+
+  const std::string beginning = ReadText(path, kTextHeaderLimit);
+  if (const long length = TextHeaderLength(beginning); beginning.starts_with('#') && length > 0) {
+    const std::string_view header = std::string_view(beginning).substr(0, static_cast<size_t>(length));
+    if (HeaderLine(header, "Kind") == "Parameters") return DescribeParameters(path, progress);
+    if (HeaderLine(header, "Kind") == "PosFile") return DescribePositions(path);
+    if (!HeaderLine(header, "Kind").empty()) return DescribeOwnText(path, header);
+  }
+  if (beginning.starts_with('#'))
+    if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderBytes)))
+      return DescribeRaw(path, *layout, progress);
+  throw CommandError(std::string(path) + " is not a file of a kind that is known here.");
+}
+
+}  // namespace pallomir

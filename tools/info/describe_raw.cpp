@@ -1,0 +1,95 @@
+#include <map>
+
+#include "files/number_text.h"
+#include "tools/figures.h"
+#include "tools/import/tracking.h"
+#include "tools/info/describe_file.h"
+#include "tools/info/facts.h"
+#include "tools/raw/raw_file.h"
+#include "tools/raw/raw_header.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr size_t kTextsListed = 20;
+
+void AddRecords(Facts& facts, const RawFile& file) {
+  const std::string size = std::to_string(file.Layout().RecordBytes);
+  facts.Add("records", CountText(file.RecordCount()) + " of " + size + " bytes");
+  facts.Add("header", file.Header().empty() ? "none" : std::to_string(file.Header().size()) + " bytes");
+  if (!file.Header().empty() && file.Header().size() < kRawHeaderBytes) facts.Odd("the file ends within its header");
+  if (file.TrailingBytes() > 0)
+    facts.Odd("the last " + std::to_string(file.TrailingBytes()) + " bytes are not a whole record");
+}
+
+/// Lines of the header as they stand there, those that are present.
+void AddHeaderLines(Facts& facts, const RawFile& file) {
+  for (const std::string_view key : {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt", "ADBitVolts",
+                                     "InputInverted", "Resolution"})
+    if (const std::string text = HeaderText(file.Header(), key); !text.empty())
+      facts.Add("header", std::string(key) + " " + text.substr(0, 80));
+}
+
+void AddSpikes(Facts& facts, RawFile& file, Progress& progress) {
+  StampSeries stamps;
+  std::map<uint32_t, uint64_t> cells;
+  file.ForEachRecord(progress, [&](const unsigned char* record, uint64_t) {
+    stamps.Add(file.StampOf(record));
+    const auto cell = LoadLittleEndian<uint32_t>(record + kSpikeCell);
+    if (cells.size() < kTextsListed || cells.contains(cell)) ++cells[cell];
+  });
+  facts.AddStamps(stamps, "spikes");
+  for (const auto& [cell, count] : cells) facts.Add("cell " + std::to_string(cell), CountText(count) + " spikes");
+}
+
+std::string PrintableText(const unsigned char* bytes, size_t size) {
+  std::string text;
+  for (size_t b = 0; b < size && bytes[b] != 0; ++b)
+    if (bytes[b] >= 32 && bytes[b] <= 126) text.push_back(static_cast<char>(bytes[b]));
+  return text;
+}
+
+void AddEvents(Facts& facts, RawFile& file, Progress& progress) {
+  StampSeries stamps;
+  std::map<std::string, uint64_t> texts;
+  uint64_t others = 0;
+  file.ForEachRecord(progress, [&](const unsigned char* record, uint64_t) {
+    stamps.Add(file.StampOf(record));
+    const std::string text = PrintableText(record + kEventText, kEventTextBytes);
+    if (texts.size() < kTextsListed || texts.contains(text))
+      ++texts[text];
+    else
+      ++others;
+  });
+  facts.AddStamps(stamps, "events");
+  for (const auto& [text, count] : texts) facts.Add("event", CountText(count) + " x \"" + text + "\"");
+  if (others > 0) facts.Add("event", CountText(others) + " with other texts");
+}
+
+void AddFrames(Facts& facts, RawFile& file, Progress& progress) {
+  const Tracking tracking = ReadTracking(file, progress);
+  facts.AddStamps(tracking.Stamps, "frames");
+  if (tracking.FrameRate > 0)
+    facts.Add("sampling", RoundedText(tracking.FrameRate, 2) + " frames a second by the median interval");
+  if (const size_t lost = tracking.Frames.size() - tracking.Good.size(); lost > 0)
+    facts.Odd(CountText(lost) + " frames lost the animal, in " + CountText(tracking.LostRuns) + " runs");
+  if (tracking.Gaps > 0)
+    facts.Odd(CountText(tracking.Gaps) + " gaps between frames exceed " + DurationText(kLongestFrameGap) +
+              ", the longest is " + DurationText(tracking.LongestGap));
+}
+
+}  // namespace
+
+std::string DescribeRaw(std::string_view path, const RawLayout& layout, Progress& progress) {
+  RawFile file(path, layout);
+  Facts facts(file.Name() + ": " + std::string(layout.Records));
+  AddRecords(facts, file);
+  AddHeaderLines(facts, file);
+  if (layout.Channels > 0) AddSpikes(facts, file, progress);
+  if (layout.Kind == RawKind::Events) AddEvents(facts, file, progress);
+  if (layout.Kind == RawKind::Video) AddFrames(facts, file, progress);
+  return facts.Text();
+}
+
+}  // namespace pallomir

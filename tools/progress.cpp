@@ -1,0 +1,58 @@
+#include "tools/progress.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "tools/figures.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
+constexpr uint64_t kBarWidth = 40;
+
+}  // namespace
+
+void Progress::Begin(std::string_view units, uint64_t total) {
+  units_ = units;
+  total_ = total;
+  begin_ = drawn_ = Clock::now();
+}
+
+void Progress::Reached(uint64_t count) {
+  if (!isTerminal_) return;
+  const auto now = Clock::now();
+  if (now - drawn_ < kRedrawInterval) return;
+  drawn_ = now;
+  const uint64_t filled = total_ == 0 ? kBarWidth : std::min(count, total_) * kBarWidth / total_;
+  out_ << "\r[" << std::string(filled, '#') << std::string(kBarWidth - filled, '.') << "] " << CountText(count)
+       << " of " << CountText(total_) << " " << units_ << Rate(count) << "\033[K" << std::flush;
+  barShown_ = true;
+}
+
+void Progress::End(std::string_view done) {
+  EraseBar();
+  const double seconds = std::chrono::duration<double>(Clock::now() - begin_).count();
+  out_ << done << " " << CountText(total_) << " " << units_ << " in " << RoundedText(seconds, 2) << " s" << Rate(total_)
+       << "\n"
+       << std::flush;
+}
+
+std::string Progress::Rate(uint64_t count) const {
+  const double seconds = std::chrono::duration<double>(Clock::now() - begin_).count();
+  if (count == 0 || seconds <= 0) return {};
+  return " (" + RoundedText(static_cast<double>(count) / seconds, 0) + " a second)";
+}
+
+void Progress::EraseBar() {
+  if (barShown_) out_ << "\r\033[K" << std::flush;
+  barShown_ = false;
+}
+
+bool StandardErrorIsTerminal() {
+  std::error_code error;
+  return std::filesystem::is_character_file("/dev/stderr", error);
+}
+
+}  // namespace pallomir

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+namespace pallomir {
+
+/// Tells on a stream how long pieces of work go: a bar with the rate, redrawn ten times a second, where the stream is a
+/// terminal, and a line at the end of a piece of work that asks for it.
+class Progress {
+ public:
+  Progress(std::ostream& out, bool isTerminal) : out_(out), isTerminal_(isTerminal) {}
+  ~Progress() { EraseBar(); }
+  Progress(const Progress&) = delete;
+  Progress& operator=(const Progress&) = delete;
+
+  /// `units` is what is counted ("spikes"), `total` how many there are. Takes over from the work before.
+  void Begin(std::string_view units, uint64_t total);
+  void Reached(uint64_t count);
+  /// Says how much was `done` ("Wrote") and how fast.
+  void End(std::string_view done);
+
+ private:
+  using Clock = std::chrono::steady_clock;
+  std::string Rate(uint64_t count) const;
+  void EraseBar();
+
+  std::ostream& out_;
+  bool isTerminal_;
+  std::string units_;
+  uint64_t total_ = 0;
+  Clock::time_point begin_;
+  Clock::time_point drawn_;
+  bool barShown_ = false;
+};
+
+/// True when standard error is a terminal (or another device), so that a bar may be drawn on it.
+bool StandardErrorIsTerminal();
+
+}  // namespace pallomir

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "tools/raw/raw_layout.h"
+#include "tools/sample/draws.h"
+
+namespace pallomir {
+
+inline constexpr double kSamplingFrequency = 32'000;          ///< Hz
+inline constexpr int kPeakSample = 8;                         ///< counted from 0
+inline constexpr double kVoltsPerCount = 1.0 / 32768 / 1000;  ///< full scale is 1 mV
+inline constexpr float kCountsPerMicrovolt = 32.768F;
+
+/// What a spike looks like before noise is added.
+struct SpikeShape {
+  std::array<float, 4> Heights;  ///< of the peak on each wire, microvolts
+  float Narrowness;              ///< 0 like a principal cell's, 1 like a fast interneuron's
+};
+
+/// 32 samples on each of four wires, raw counts.
+using TetrodeSamples = std::array<std::array<int16_t, 4>, kWaveformSamples>;
+
+/// Makes waveforms at 32 kHz: the peak within half a sample of sample 8, and 9 microvolts of noise that the wires
+/// partly share.
+class WaveformMaker {
+ public:
+  WaveformMaker();
+  TetrodeSamples Make(const SpikeShape& shape, Draws& draws) const;
+
+ private:
+  static constexpr int kPhases = 8;
+  using Template = std::array<float, kWaveformSamples>;
+  std::array<Template, kPhases> wide_;
+  std::array<Template, kPhases> narrow_;
+};
+
+}  // namespace pallomir
