@@ -29,6 +29,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   message_->setObjectName("message");
   pointer_ = new QLabel;
   count_ = new QLabel;
+  count_->setObjectName("count");
   for (QLabel* label : {pointer_, count_}) label->setProperty("quiet", true);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 
