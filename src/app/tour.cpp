@@ -48,19 +48,19 @@ class Tour {
     projections()->resize(700, 764);
     Press<QPushButton>("cmdLoadPoints");
     if (!PointsLoaded(session_)) return false;
-    TakePictures("1-loaded");
+    TakePicture("1-loaded");
     Press<QAbstractButton>("lblNewCluster(1)");
     // Round the interneuron of the sample, by its peaks on the first two wires ...
     DrawPolygon({{2500, 4100}, {3400, 4000}, {4500, 5300}, {4600, 6900}, {3300, 6900}, {2300, 5300}});
-    TakePictures("2-first-boundary");
+    TakePicture("2-first-boundary");
     Report();
     // ... and on the other two, where its neighbours there are far away.
     ShowParameters(2, 3);
     DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 11500}, {4100, 11500}, {2700, 8600}});
-    TakePictures("3-second-boundary");
+    TakePicture("3-second-boundary");
     Report();
     ShowParameters(0, 1);
-    TakePictures("4-cut");
+    TakePicture("4-cut");
     return PointsInCluster(session_, 1) > 0;
   }
 
@@ -97,12 +97,20 @@ class Tour {
     QApplication::sendEvent(widget, &event);
   }
 
-  void TakePictures(const QString& step) {
+  /// Both windows as they stand beside each other.
+  void TakePicture(const QString& step) {
     QApplication::processEvents();
-    for (QWidget* window : {static_cast<QWidget*>(&form_), projections()}) {
-      const QString path = pictures_ + "/" + step + "-" + window->objectName() + ".png";
-      if (window->grab().save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
-    }
+    const QPixmap controls = form_.grab(), view = projections()->grab();
+    constexpr int kGap = 6;
+    QImage picture(controls.width() + kGap + view.width(), std::max(controls.height(), view.height()),
+                   QImage::Format_RGB32);
+    picture.fill(QColor(150, 158, 170));
+    QPainter painter(&picture);
+    painter.drawPixmap(0, 0, controls);
+    painter.drawPixmap(controls.width() + kGap, 0, view);
+    painter.end();
+    const QString path = pictures_ + "/" + step + ".png";
+    if (picture.save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
   }
 
   QWidget* projections() const {

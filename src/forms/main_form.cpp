@@ -69,7 +69,7 @@ bool Main_Form::ChooseParameterFile() {
     if (!chosen.isEmpty()) QDir::setCurrent(QFileInfo(chosen).absolutePath());
     session_.DataDirectory = QDir::toNativeSeparators(QDir::currentPath()).toStdString();
     range_->txtCurDir->setText(QString::fromStdString(session_.DataDirectory));
-    range_->txtCurDir->setToolTip(range_->txtCurDir->text());
+    range_->txtCurDir->setCursorPosition(0);
     try {
       OpenParameterFile(session_, QDir::toNativeSeparators(chosen).toStdString());
       return true;

@@ -45,7 +45,7 @@ void Main_Form::LayOut() {
   analyses_ = new AnalysesPanel(this);
   auto* tabs = Named(new QTabWidget, "tabs", "Commands", "");
   tabs->addTab(edit_, "Ed&it cut");
-  tabs->addTab(files_, "Fi&les");
+  tabs->addTab(files_, "&Files");
   tabs->addTab(analyses_, "&Analyse");
   tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   txtMessages_ = Named(new QPlainTextEdit, "txtMessages", "Messages", "What was done, newest last");

@@ -25,7 +25,7 @@ void DrawBoundary(QPainter& painter, const View& view, const Boundary& boundary)
 void DrawReadableText(QPainter& painter, QPointF place, const QString& text, QColor ink, QColor rim) {
   QPainterPath path;
   path.addText(place, painter.font(), text);
-  painter.strokePath(path, QPen(rim, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.strokePath(path, QPen(rim, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.fillPath(path, ink);
 }
 

@@ -204,6 +204,10 @@ void Projections::ShowCluster() {
 void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
   const ProjectionOptions options = options_();
   if (options.Busy) return;
+  if (!PointsLoaded(session_)) {
+    Say("Load points first; then this is the place to cut them.");
+    return;
+  }
   if (!options.Zoom) {
     Draw(at, button);
     return;

@@ -23,7 +23,7 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
   cboEpochs = Named(new QComboBox, "cboEpochs", "Epoch", "Choose an epoch to fill in its records and times.");
   cboEpochs->setPlaceholderText("no epochs defined");
   cmdDefineEpochs =
-      MakeButton("cmdDefineEpochs", "De&fine Epochs", "Name parts of the recording and find their records.");
+      MakeButton("cmdDefineEpochs", "Define Ep&ochs", "Name parts of the recording and find their records.");
   txtStartEvent =
       MakeTextBox("txtStartEvent", "Start record", kLookUpRecord + QString(" \"Start\" stands for record 0."), 8);
   txtStartTime = MakeTextBox("txtStartTime", "Start time in microseconds", kSnapTime, 13);
