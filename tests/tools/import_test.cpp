@@ -14,7 +14,7 @@ namespace {
 
 using namespace pallomir::testing;
 
-struct Import : ::testing::Test {
+struct RawImport : ::testing::Test {
   TempFolder folder;
   std::ostringstream said;
   Progress progress{said, false};
@@ -35,7 +35,7 @@ struct Import : ::testing::Test {
   }
 };
 
-TEST_F(Import, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
+TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
   // More records than one block of reading or writing holds, in runs and one by one, many with the same stamp.
   constexpr uint64_t count = 9000;
   std::string raw = Header();
@@ -69,7 +69,7 @@ TEST_F(Import, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
   EXPECT_TRUE(std::all_of(waveforms.begin() + 4 * 64, waveforms.begin() + 2048, [](char c) { return c == 0; }));
 }
 
-TEST_F(Import, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
+TEST_F(RawImport, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
   std::string foreign = Header({{"AcqEntName", "Sc\xFC\xDF\xFF"}, {"WaveformLength", "40"}});
   struct Case {
     const char* Name;
@@ -100,7 +100,7 @@ TEST_F(Import, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
   EXPECT_EQ(TextHeaderLength(positions), static_cast<long>(positions.size()));
 }
 
-TEST_F(Import, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
+TEST_F(RawImport, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
   const std::string raw = Header({{"RecordSize", "112"}}) + Spike(70, 900, kSingleElectrodeLayout);
   Run({.Spikes = folder.Put("SE3.nse", raw)});
   const ParameterRows rows(folder / "out/SE3/SE3.Ntt.parms");
@@ -111,7 +111,7 @@ TEST_F(Import, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
   EXPECT_EQ(At<int16_t>(Bytes(folder / "out/SE3/SE3.waveforms"), 16), 900);
 }
 
-TEST_F(Import, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
+TEST_F(RawImport, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
   constexpr uint64_t base = 1'600'000'000'000'000;
   // Out of order; lost from 100 to 132 ms, blind from 200 ms to 450 ms (just usable) and to 700.001 ms (too long).
   const std::string video = Header() + VideoFrame(base, 100, 200, 0) + VideoFrame(base + 66'000, 120, 210, 359) +
@@ -149,15 +149,15 @@ TEST_F(Import, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
       report.Lines(),
       (std::vector<std::string>{
           "TT1.Ntt: 11 spikes.",
-          "Video: 9 frames; 1 were earlier than the one before, so all were sorted by time; a piece of 7 bytes at "
-          "the end was dropped.",
-          "Tracking: 29.41 frames a second; 2 frames lost, in 1 runs; 1 gaps of more than 0.250 s, the longest "
+          "Video: 9 frames; earlier than the one before: 1, so all were sorted by time; dropped at the end, as no "
+          "whole record: 7 bytes.",
+          "Tracking: 29.41 frames a second; frames lost: 2, in runs: 1; gaps of more than 0.250 s: 1, the longest "
           "0.250 s.",
           "Places: 7 of 11 spikes lie in tracked time.",
-          "Events: 2 events; 1 were earlier than the one before, copied as they are."}));
+          "Events: 2 events; earlier than the one before: 1, copied as they are."}));
 }
 
-TEST_F(Import, VideoSamplingIsTheNearerRateByTheMedianInterval) {
+TEST_F(RawImport, VideoSamplingIsTheNearerRateByTheMedianInterval) {
   struct Case {
     std::vector<uint64_t> Stamps;
     const char* Rate;
@@ -176,13 +176,13 @@ TEST_F(Import, VideoSamplingIsTheNearerRateByTheMedianInterval) {
   }
 }
 
-TEST_F(Import, AVideoWhoseAnglesAreAllZeroHasNoDirection) {
+TEST_F(RawImport, AVideoWhoseAnglesAreAllZeroHasNoDirection) {
   Run({.Spikes = folder.Put("TT1.Ntt", Header()),
        .Video = folder.Put("VT1.Nvt", VideoFrame(1, 3, 4, 0) + VideoFrame(2, 5, 6, 0))});
   EXPECT_TRUE(Bytes(folder / "out/Pos.p").ends_with("# End of header\r\n1,3,4,-1\r\n2,5,6,-1\r\n"));
 }
 
-TEST_F(Import, ASpikeFileThatIsAlreadyInItsPlaceStays) {
+TEST_F(RawImport, ASpikeFileThatIsAlreadyInItsPlaceStays) {
   const std::string raw = Header() + Spike(9, 8);
   const std::string path = folder.Put("out/TT1/TT1.Ntt", raw);
   Run({.Spikes = path});
@@ -190,7 +190,7 @@ TEST_F(Import, ASpikeFileThatIsAlreadyInItsPlaceStays) {
   EXPECT_EQ(ParameterRows(folder / "out/TT1/TT1.Ntt.parms").Count(), 1);
 }
 
-TEST_F(Import, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
+TEST_F(RawImport, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
   const std::string spikes = folder.Put("TT1.Ntt", Header() + Spike(1, 1));
   const std::string video = folder.Put("VT1.Nvt", Header() + VideoFrame(1, 1, 1));
   const std::string missing = folder / "none.Ntt";

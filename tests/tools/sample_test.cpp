@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <memory>
 #include <sstream>
 
 #include "raw_files.h"
@@ -22,7 +23,7 @@ ImportReport Make(const TempFolder& folder, const std::string& name, uint64_t sp
 }
 
 /// The recording that most tests look at, made once.
-struct Sample : ::testing::Test {
+struct SampleRecording : ::testing::Test {
   static void SetUpTestSuite() {
     folder = std::make_unique<TempFolder>();
     report = Make(*folder, "recording", 80'000);
@@ -58,7 +59,7 @@ TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
   EXPECT_TRUE(Bytes(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
 }
 
-TEST_F(Sample, RecordingHasTheOddsAndEndsOfARealOne) {
+TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
   EXPECT_EQ(rows->Count(), 80'000);
   EXPECT_EQ(report.Spikes.Disordered, 0);
   EXPECT_GE(report.Spikes.Lowest, kSampleStart);
@@ -83,7 +84,7 @@ TEST_F(Sample, RecordingHasTheOddsAndEndsOfARealOne) {
   EXPECT_GT(places, 380);
 }
 
-TEST_F(Sample, EveryCellIsRefractoryAndHasItsShape) {
+TEST_F(SampleRecording, EveryCellIsRefractoryAndHasItsShape) {
   std::array<uint64_t, 7> last{};
   std::array<double, 7> width{};
   std::array<int, 7> count{};
@@ -102,7 +103,7 @@ TEST_F(Sample, EveryCellIsRefractoryAndHasItsShape) {
   EXPECT_NEAR(width[6] / count[6], 6.5, 1);
 }
 
-TEST_F(Sample, PlaceCellsFireInTheirFields) {
+TEST_F(SampleRecording, PlaceCellsFireInTheirFields) {
   for (const uint32_t cell : {1, 2}) {
     int inside = 0;
     int outside = 0;
@@ -116,13 +117,14 @@ TEST_F(Sample, PlaceCellsFireInTheirFields) {
   }
 }
 
-/// Share of a cell's spikes within the axis-aligned ellipse-like box along its own spread, and share of those spikes
-/// that are the cell's, in the projection of two MPeak parameters.
+/// How well a cut finds a cell: the share of the cell's spikes that are in it, and the share of its spikes that are the
+/// cell's.
 struct Separation {
   double Recall, Precision;
 };
 
-/// Cuts with a box that is turned along the line from the origin through the cell's middle, as a user would draw it.
+/// Cuts a cell out of the projection of two MPeak parameters, with a box along the line from the origin through the
+/// cell's middle, as a user would draw it.
 Separation CutOut(const ParameterRows& rows, const std::vector<uint32_t>& cells, uint32_t cell, int xWire, int yWire) {
   double meanX = 0, meanY = 0, n = 0;
   for (size_t r = 0; r < cells.size(); ++r)
@@ -150,7 +152,7 @@ Separation CutOut(const ParameterRows& rows, const std::vector<uint32_t>& cells,
   return {own / n, own / all};
 }
 
-TEST_F(Sample, EveryCellCanBeCutOutOfSomeProjectionButNoneShowsAll) {
+TEST_F(SampleRecording, EveryCellCanBeCutOutOfSomeProjectionButNoneShowsAll) {
   std::vector<uint32_t> cells(rows->Count());
   for (size_t r = 0; r < cells.size(); ++r) cells[r] = Cell(r);
   std::array<int, 7> projectionsOfCell{};

@@ -29,9 +29,7 @@ RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, s
 void MakeFolder(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (!std::filesystem::is_directory(folder))
-    throw CommandError("The folder " + PathText(folder) + " cannot be made" +
-                       (error ? " (" + error.message() + ")." : "."));
+  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be made (" + error.message() + ").");
 }
 
 /// A copy byte by byte, also of what is not a whole record. A file that is there already is left alone.
@@ -61,10 +59,44 @@ std::filesystem::path NameOf(const std::string& path) {
   return PlatformPath(path).filename();
 }
 
-/// Only the header of the spike file can tell that its records are to be understood differently.
+/// As the header has it, 0 when it does not say.
 int WaveformLengthOf(const RawFile& spikes) {
   const std::vector<double> length = HeaderNumbers(spikes.Header(), "WaveformLength");
   return length.empty() || !(std::abs(length[0]) < 1e6) ? 0 : static_cast<int>(length[0]);
+}
+
+/// The raw files, all of them opened before anything is written.
+struct RawRecording {
+  explicit RawRecording(const ImportRequest& request)
+      : Spikes(OpenRaw(request.Spikes, {RawKind::Tetrode, RawKind::SingleElectrode}, "a spike file (.Ntt or .Nse)")) {
+    if (!request.Video.empty()) Video = OpenRaw(request.Video, {RawKind::Video}, "a video file (.Nvt)");
+    if (!request.Events.empty()) Events = OpenRaw(request.Events, {RawKind::Events}, "an events file (.Nev)");
+  }
+
+  RawFile Spikes;
+  std::optional<RawFile> Video;
+  std::optional<RawFile> Events;
+};
+
+/// Reads all but the waveforms.
+ImportReport LookThrough(RawRecording& raw, const RecordOrder& order, Progress& progress) {
+  ImportReport report;
+  report.SpikesName = raw.Spikes.Name();
+  report.Spikes = order.Stamps();
+  report.SpikesTrailing = raw.Spikes.TrailingBytes();
+  report.WaveformLength = WaveformLengthOf(raw.Spikes);
+  if (raw.Video) {
+    report.HasVideo = true;
+    report.Video = ReadTracking(*raw.Video, progress);
+    report.VideoTrailing = raw.Video->TrailingBytes();
+  }
+  if (raw.Events) {
+    report.HasEvents = true;
+    raw.Events->ForEachRecord(
+        progress, [&](const unsigned char* record, uint64_t) { report.Events.Add(raw.Events->StampOf(record)); });
+    report.EventsTrailing = raw.Events->TrailingBytes();
+  }
+  return report;
 }
 
 }  // namespace
@@ -72,42 +104,23 @@ int WaveformLengthOf(const RawFile& spikes) {
 ImportReport ImportRecording(const ImportRequest& request, Progress& progress) {
   if (!(request.PixelsPerCm >= 0) || !std::isfinite(request.PixelsPerCm))
     throw CommandError("Pixels per cm must be a number above 0, not " + DoubleText(request.PixelsPerCm) + ".");
-  RawFile spikes = OpenRaw(request.Spikes, {RawKind::Tetrode, RawKind::SingleElectrode}, "a spike file (.Ntt or .Nse)");
-  std::optional<RawFile> video;
-  std::optional<RawFile> events;
-  if (!request.Video.empty()) video = OpenRaw(request.Video, {RawKind::Video}, "a video file (.Nvt)");
-  if (!request.Events.empty()) events = OpenRaw(request.Events, {RawKind::Events}, "an events file (.Nev)");
-
-  ImportReport report;
-  const RecordOrder order(spikes, progress);
-  report.SpikesName = spikes.Name();
-  report.Spikes = order.Stamps();
-  report.SpikesTrailing = spikes.TrailingBytes();
-  report.WaveformLength = WaveformLengthOf(spikes);
-  if (video) {
-    report.HasVideo = true;
-    report.Video = ReadTracking(*video, progress);
-    report.VideoTrailing = video->TrailingBytes();
-  }
-  if (events) {
-    report.HasEvents = true;
-    events->ForEachRecord(progress,
-                          [&](const unsigned char* record, uint64_t) { report.Events.Add(events->StampOf(record)); });
-    report.EventsTrailing = events->TrailingBytes();
-  }
+  RawRecording raw(request);
+  const RecordOrder order(raw.Spikes, progress);
+  ImportReport report = LookThrough(raw, order, progress);
 
   const std::filesystem::path out = PlatformPath(request.Out);
-  const std::string stem = PathText(NameOf(request.Spikes).stem());
+  const std::filesystem::path spikesName = NameOf(request.Spikes);
+  const std::string stem = PathText(spikesName.stem());
   const std::filesystem::path folder = out / PlatformPath(stem);
   MakeFolder(folder);
   // The analysis report finds a tetrode's spike file by leaving ".parms" off the parameter file's name.
-  const bool isTetrode = spikes.Layout().Kind == RawKind::Tetrode;
-  CopyFile(request.Spikes, folder / (isTetrode ? PlatformPath(stem + ".Ntt") : NameOf(request.Spikes)), progress);
-  if (events) CopyFile(request.Events, folder / NameOf(request.Events), progress);
+  const bool isTetrode = raw.Spikes.Layout().Kind == RawKind::Tetrode;
+  CopyFile(request.Spikes, folder / (isTetrode ? PlatformPath(stem + ".Ntt") : spikesName), progress);
+  if (raw.Events) CopyFile(request.Events, folder / NameOf(request.Events), progress);
   WriteVideoSampling(out / "VideoSampling", report.Video.FrameRate);
   WritePositionFile(out / "Pos.p", report.Video, request.PixelsPerCm, request.Date);
   const SpikeOutputs outputs{folder / PlatformPath(stem + ".Ntt.parms"), folder / PlatformPath(stem + ".waveforms")};
-  report.SpikesPlaced = WriteSpikes(spikes, order, report.Video, outputs, request.Date, progress);
+  report.SpikesPlaced = WriteSpikes(raw.Spikes, order, report.Video, outputs, request.Date, progress);
   return report;
 }
 

@@ -10,17 +10,17 @@ std::string RecordsLine(const std::string& name, const std::string& records, con
                         bool isSorted) {
   std::string line = name + ": " + CountText(stamps.Count) + " " + records;
   if (stamps.Disordered > 0)
-    line += "; " + CountText(stamps.Disordered) + " were earlier than the one before" +
+    line += "; earlier than the one before: " + CountText(stamps.Disordered) +
             (isSorted ? ", so all were sorted by time" : ", copied as they are");
-  if (trailing > 0) line += "; a piece of " + std::to_string(trailing) + " bytes at the end was dropped";
+  if (trailing > 0) line += "; dropped at the end, as no whole record: " + std::to_string(trailing) + " bytes";
   return line + ".";
 }
 
 std::string TrackingLine(const Tracking& video) {
   std::string line = "Tracking: " + RoundedText(video.FrameRate, 2) + " frames a second";
-  line += "; " + CountText(video.Frames.size() - video.Good.size()) + " frames lost, in " + CountText(video.LostRuns) +
-          " runs";
-  line += "; " + CountText(video.Gaps) + " gaps of more than " + DurationText(kLongestFrameGap);
+  line += "; frames lost: " + CountText(video.Frames.size() - video.Good.size()) +
+          ", in runs: " + CountText(video.LostRuns);
+  line += "; gaps of more than " + DurationText(kLongestFrameGap) + ": " + CountText(video.Gaps);
   if (video.Gaps > 0) line += ", the longest " + DurationText(video.LongestGap);
   return line + ".";
 }

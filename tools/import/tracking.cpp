@@ -1,6 +1,7 @@
 #include "tools/import/tracking.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "files/bytes.h"
 

@@ -85,9 +85,9 @@ std::string DescribeParameters(std::string_view path, Progress& progress) {
     facts.Add("slot 8", rows.NumberedInSlot8 ? "holds the record number" : "does not hold the record number");
   }
   if (rows.OddRows > 0)
-    facts.Odd(CountText(rows.OddRows) + " rows hold values that are not numbers (the first is row " +
-              std::to_string(rows.FirstOddRow) + ")");
-  if (left > 0) facts.Odd("the last " + std::to_string(left) + " bytes are not a whole row");
+    facts.Odd("rows with values that are not finite: " + CountText(rows.OddRows) + ", the first is row " +
+              std::to_string(rows.FirstOddRow));
+  if (left > 0) facts.Odd("bytes at the end that are no whole row: " + std::to_string(left));
   return facts.Text();
 }
 
@@ -105,7 +105,7 @@ std::string DescribeWaveforms(std::string_view path, Progress& progress) {
   Facts facts(file.Name() + ": waveforms of spikes");
   facts.Add("records", CountText(records) + " of " + std::to_string(kWaveformRecordBytes) + " bytes");
   if (records > 0) facts.Add("channels", ChannelsText(recorded));
-  if (left > 0) facts.Odd("the last " + std::to_string(left) + " bytes are not a whole record");
+  if (left > 0) facts.Odd("bytes at the end that are no whole record: " + std::to_string(left));
   return facts.Text();
 }
 

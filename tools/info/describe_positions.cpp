@@ -66,9 +66,9 @@ std::string DescribePositions(std::string_view path) {
   facts.Add("header", header < 0 ? "none" : std::to_string(header) + " bytes");
   if (!scale.empty()) facts.Add("scale", scale + " pixels a cm");
   facts.AddStamps(stamps, "samples");
-  if (lost > 0) facts.Odd(CountText(lost) + " samples lost the animal (x = y = 0)");
-  if (undirected > lost) facts.Odd(CountText(undirected) + " samples have no direction");
-  if (unreadable > 0) facts.Odd(CountText(unreadable) + " lines are not samples");
+  if (lost > 0) facts.Odd("samples that lost the animal (x = y = 0): " + CountText(lost));
+  if (undirected > lost) facts.Odd("samples without direction: " + CountText(undirected));
+  if (unreadable > 0) facts.Odd("lines that are no samples: " + CountText(unreadable));
   return facts.Text();
 }
 

@@ -20,15 +20,23 @@ void AddRecords(Facts& facts, const RawFile& file) {
   facts.Add("header", file.Header().empty() ? "none" : std::to_string(file.Header().size()) + " bytes");
   if (!file.Header().empty() && file.Header().size() < kRawHeaderBytes) facts.Odd("the file ends within its header");
   if (file.TrailingBytes() > 0)
-    facts.Odd("the last " + std::to_string(file.TrailingBytes()) + " bytes are not a whole record");
+    facts.Odd("bytes at the end that are no whole record: " + std::to_string(file.TrailingBytes()));
 }
 
 /// Lines of the header as they stand there, those that are present.
 void AddHeaderLines(Facts& facts, const RawFile& file) {
-  for (const std::string_view key : {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt", "ADBitVolts",
-                                     "InputInverted", "Resolution"})
+  for (const std::string_view key :
+       {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt", "InputInverted", "Resolution"})
     if (const std::string text = HeaderText(file.Header(), key); !text.empty())
       facts.Add("header", std::string(key) + " " + text.substr(0, 80));
+}
+
+/// One scale for all channels, or one each.
+void AddScale(Facts& facts, const RawFile& file) {
+  std::string scales;
+  for (const double volts : HeaderNumbers(file.Header(), "ADBitVolts"))
+    scales += (scales.empty() ? "" : ", ") + SingleText(static_cast<float>(volts * 1e6));
+  if (!scales.empty()) facts.Add("scale", scales + " microvolts a count");
 }
 
 void AddSpikes(Facts& facts, RawFile& file, Progress& progress) {
@@ -73,10 +81,10 @@ void AddFrames(Facts& facts, RawFile& file, Progress& progress) {
   if (tracking.FrameRate > 0)
     facts.Add("sampling", RoundedText(tracking.FrameRate, 2) + " frames a second by the median interval");
   if (const size_t lost = tracking.Frames.size() - tracking.Good.size(); lost > 0)
-    facts.Odd(CountText(lost) + " frames lost the animal, in " + CountText(tracking.LostRuns) + " runs");
+    facts.Odd("frames that lost the animal: " + CountText(lost) + ", in runs: " + CountText(tracking.LostRuns));
   if (tracking.Gaps > 0)
-    facts.Odd(CountText(tracking.Gaps) + " gaps between frames exceed " + DurationText(kLongestFrameGap) +
-              ", the longest is " + DurationText(tracking.LongestGap));
+    facts.Odd("gaps between frames of more than " + DurationText(kLongestFrameGap) + ": " + CountText(tracking.Gaps) +
+              ", the longest " + DurationText(tracking.LongestGap));
 }
 
 }  // namespace
@@ -86,6 +94,7 @@ std::string DescribeRaw(std::string_view path, const RawLayout& layout, Progress
   Facts facts(file.Name() + ": " + std::string(layout.Records));
   AddRecords(facts, file);
   AddHeaderLines(facts, file);
+  AddScale(facts, file);
   if (layout.Channels > 0) AddSpikes(facts, file, progress);
   if (layout.Kind == RawKind::Events) AddEvents(facts, file, progress);
   if (layout.Kind == RawKind::Video) AddFrames(facts, file, progress);

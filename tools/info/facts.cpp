@@ -25,8 +25,8 @@ void Facts::AddStamps(const StampSeries& stamps, std::string_view units) {
     Add("rate", RoundedText(static_cast<double>(stamps.Count - 1) / (static_cast<double>(span) * 1e-6), 2) + " " +
                     std::string(units) + " a second");
   if (stamps.Disordered > 0)
-    Odd(CountText(stamps.Disordered) + " " + std::string(units) +
-        " are earlier than the one before them (the first is number " + std::to_string(stamps.FirstDisordered) + ")");
+    Odd(std::string(units) + " earlier than the one before: " + CountText(stamps.Disordered) +
+        ", the first is number " + std::to_string(stamps.FirstDisordered));
 }
 
 }  // namespace pallomir

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <cstring>
 
 #include "files/bytes.h"
 #include "files/save_file.h"
@@ -16,7 +15,7 @@ constexpr uint64_t kMillisecond = 1'000;
 constexpr float kHeightSpread = 0.05F;  // of a cell's spikes, as a share
 
 std::string SpikesHeader() {
-  const std::string volts = "0.000000030517578125";
+  const std::string volts = "0.000000030517578125";  // 1e-6 / kCountsPerMicrovolt
   return MakeRawHeader("Pallomir sample recording: tetrode spikes",
                        {{"FileType", "Spike"},
                         {"RecordSize", "304"},

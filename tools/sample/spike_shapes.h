@@ -8,10 +8,8 @@
 
 namespace pallomir {
 
-inline constexpr double kSamplingFrequency = 32'000;          ///< Hz
-inline constexpr int kPeakSample = 8;                         ///< counted from 0
-inline constexpr double kVoltsPerCount = 1.0 / 32768 / 1000;  ///< full scale is 1 mV
-inline constexpr float kCountsPerMicrovolt = 32.768F;
+inline constexpr int kPeakSample = 8;                  ///< counted from 0
+inline constexpr float kCountsPerMicrovolt = 32.768F;  ///< full scale is 1 mV
 
 /// What a spike looks like before noise is added.
 struct SpikeShape {
