@@ -18,6 +18,8 @@ class ChoosingDialogs : public Dialogs {
   QString OpenFile(QWidget*, const FileDialogOptions&) override {
     return QString::fromStdString(RecordingFolder()) + "/TT1.Ntt.parms";
   }
+  QString SaveFile(QWidget*, const FileDialogOptions&) override { return {}; }
+  bool Confirm(QWidget*, const QString&) override { return true; }
 };
 
 /// The program on the benchmark recording.

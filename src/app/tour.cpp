@@ -29,6 +29,8 @@ class TourDialogs : public Dialogs {
     const QStringList files = QDir(folder_).entryList({"*.Ntt.parms"}, QDir::Files);
     return files.isEmpty() ? QString() : folder_ + "/" + files.first();
   }
+  QString SaveFile(QWidget*, const FileDialogOptions& options) override { return folder_ + "/" + options.FileName; }
+  bool Confirm(QWidget*, const QString&) override { return true; }
 
  private:
   QString folder_;

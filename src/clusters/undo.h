@@ -8,4 +8,8 @@ namespace pallomir {
 /// every change that can be undone.
 void SaveUndoSnapshot(Session& session);
 
+/// Exchanges the present boundaries and counter with the snapshot, marks and classifies the clusters that then have
+/// boundaries. Done twice it leads back.
+void UndoLastChange(Session& session);
+
 }  // namespace pallomir

@@ -4,6 +4,7 @@
 #include "files/file_reader.h"
 #include "files/parameter_header.h"
 #include "files/platform.h"
+#include "files/save_file.h"
 #include "files/text_header.h"
 
 namespace pallomir::FileUtility {
@@ -31,6 +32,16 @@ long GetHeaderLength(std::string_view path) {
   } catch (const CommandError&) {
     return -1;
   }
+}
+
+void SafeguardFile(std::string_view path) {
+  const std::string content = ReadText(path);
+  const std::string copy = std::string(path) + ".bak";
+  const bool headerOnly = TextHeaderLength(content) == static_cast<long>(content.size());
+  if (headerOnly && FileExists(copy)) return;
+  SaveFile file(copy);
+  file.Write(content);
+  file.Commit();
 }
 
 }  // namespace pallomir::FileUtility

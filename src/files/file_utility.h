@@ -20,4 +20,9 @@ uint64_t FileLength(std::string_view path);
 /// file cannot be used.
 long GetHeaderLength(std::string_view path);
 
+/// Keeps a copy of an existing file beside it, under its name + ".bak", all or nothing; the file itself is untouched. A
+/// file that holds nothing but a header does not displace an earlier copy. Throws CommandError when no copy can be
+/// made.
+void SafeguardFile(std::string_view path);
+
 }  // namespace pallomir::FileUtility

@@ -35,6 +35,12 @@ std::string TextItems::Text() {
   return std::string(item);
 }
 
+void TextItems::SkipLine() {
+  const size_t end = text_.find('\n', place_);
+  place_ = end == std::string_view::npos ? text_.size() : end + 1;
+  ++nextLine_;
+}
+
 double TextItems::Number() {
   const std::string item = Text();
   const auto number = NumberFromText(item);

@@ -9,8 +9,9 @@ namespace pallomir {
 /// item skipped. Messages name the file and the line.
 class TextItems {
  public:
-  /// `text` must outlive the reader; `name` is what messages call the file.
-  TextItems(std::string_view text, std::string_view name) : text_(text), name_(name) {}
+  /// `text` must outlive the reader; `name` is what messages call the file, `firstLine` the line that `text` begins on.
+  TextItems(std::string_view text, std::string_view name, int firstLine = 1)
+      : text_(text), name_(name), line_(firstLine), nextLine_(firstLine) {}
 
   /// True when only blanks and line ends are left.
   bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
@@ -21,6 +22,9 @@ class TextItems {
   /// The next item as a number. Throws CommandError at the end of the file, or when it is not one.
   double Number();
 
+  /// Throws the rest of the present line away.
+  void SkipLine();
+
   /// The 1-based line on which the last item began.
   int Line() const { return line_; }
 
@@ -30,8 +34,8 @@ class TextItems {
   std::string_view text_;
   std::string_view name_;
   size_t place_ = 0;
-  int line_ = 1;
-  int nextLine_ = 1;
+  int line_;
+  int nextLine_;
 };
 
 }  // namespace pallomir

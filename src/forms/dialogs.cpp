@@ -39,4 +39,17 @@ QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& optio
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
+QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& options) {
+  QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(options.DefaultExtension);
+  dialog.selectFile(options.FileName);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool DesktopDialogs::Confirm(QWidget* parent, const QString& question) {
+  return QMessageBox::warning(parent, QApplication::applicationDisplayName(), question,
+                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+}
+
 }  // namespace pallomir

@@ -21,6 +21,9 @@ class Dialogs {
   virtual void ShowMessage(QWidget* parent, const QString& text, const QString& title) = 0;
   /// The chosen file, or an empty text when the user cancelled.
   virtual QString OpenFile(QWidget* parent, const FileDialogOptions& options) = 0;
+  virtual QString SaveFile(QWidget* parent, const FileDialogOptions& options) = 0;
+  /// True when the user agrees.
+  virtual bool Confirm(QWidget* parent, const QString& question) = 0;
 };
 
 /// The desktop's own dialogs.
@@ -28,6 +31,8 @@ class DesktopDialogs : public Dialogs {
  public:
   void ShowMessage(QWidget* parent, const QString& text, const QString& title) override;
   QString OpenFile(QWidget* parent, const FileDialogOptions& options) override;
+  QString SaveFile(QWidget* parent, const FileDialogOptions& options) override;
+  bool Confirm(QWidget* parent, const QString& question) override;
 };
 
 }  // namespace pallomir

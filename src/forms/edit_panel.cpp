@@ -12,6 +12,7 @@ EditPanel::EditPanel(QWidget* parent) : QWidget(parent) {
                               "Copy Cluster To:", "Duplicate a cluster by copying all boundaries to a new cluster");
   txtCopyCluster = MakeTextBox("txtCopyCluster", "Cluster to copy to", "Number of the cluster to copy to, 1 to 30", 2);
   cmdHideCL0 = MakeButton("cmdHideCL0", "Hide CL 0", "Do not draw points that are in no cluster");
+  cmdHideCL0->setCheckable(true);
   cmdClusterInfo =
       MakeButton("cmdClusterInfo", "Cluster Info", "Show projections on which the selected cluster was defined");
   cmdShowOverlap = MakeButton("cmdShowOverlap", "Show Overlap", "Show overlapping cluster points");

@@ -31,7 +31,9 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), di
   ConnectAxes();
   ConnectDisplay();
   ConnectClusters();
-  OnClick(files_->cmdExit, &Main_Form::cmdExit_Click);
+  ConnectEdit();
+  ConnectFiles();
+  ConnectKeys();
   DisableUnfinished();
 }
 
@@ -39,6 +41,7 @@ Main_Form::~Main_Form() = default;
 
 bool Main_Form::Form_Load() {
   if (!ChooseParameterFile()) return false;
+  ReadDefaultsFiles();
   range_->txtStartEvent->setText("0");
   range_->txtEndEvent->setText(QString::number(session_.File.RecordCount - 1));
   if (session_.File.RecordCount > 0) {
@@ -55,6 +58,7 @@ bool Main_Form::Form_Load() {
   axes_->lstX_Axis->setCurrentRow(session_.XParameter);
   axes_->lstY_Axis->setCurrentRow(session_.YParameter);
   RefreshClusters();
+  StartAutosave();
   range_->cmdLoadPoints->setFocus();
   return true;
 }
@@ -91,6 +95,7 @@ void Main_Form::Run(const std::function<void()>& handler) {
     handler();
   } catch (const ProgramEnd& end) {
     ShowMessage(end.what(), end.Title());
+    SaveBeforeTheEnd();
     EndProgram();
   } catch (const CommandError& error) {
     ShowMessage(error.what(), error.Title());
@@ -129,8 +134,11 @@ void Main_Form::EndProgram() {
   close();
 }
 
-void Main_Form::cmdExit_Click() {
-  close();
+void Main_Form::Escape() {
+  if (loading_)
+    stopLoading_ = true;
+  else if (projections_->PolygonOpen())
+    Run([this] { cmdUndo_Click(); });
 }
 
 void Main_Form::closeEvent(QCloseEvent* event) {
@@ -141,6 +149,13 @@ void Main_Form::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  // The window's own close box does what Exit does.
+  if (!closing_ && !SaveOnExit()) {
+    event->ignore();
+    return;
+  }
+  closing_ = true;
+  Timer1_->stop();
   projections_->Supersede();
   projections_->StopSlowRedraw();
   projections_->hide();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <functional>
 #include <map>
@@ -8,6 +9,7 @@
 #include "clusters/axis_scaling.h"
 #include "forms/dialogs.h"
 #include "forms/projections.h"
+#include "session/defaults_file.h"
 #include "session/session.h"
 #include "session/world.h"
 
@@ -16,11 +18,13 @@ class QAbstractButton;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QTimer;
 
 namespace pallomir {
 
 class AnalysesPanel;
 class AxesPanel;
+class ChooseClusterForm;
 class ClusterPanel;
 class DisplayPanel;
 class EditPanel;
@@ -59,6 +63,9 @@ class Main_Form : public QMainWindow, public World {
   void ConnectAxes();
   void ConnectDisplay();
   void ConnectClusters();
+  void ConnectEdit();
+  void ConnectFiles();
+  void ConnectKeys();
   void DisableUnfinished();
 
   // Events
@@ -87,6 +94,22 @@ class Main_Form : public QMainWindow, public World {
   void chkDisplayClusterAsZero_Click(int c);
   void chkDisplayOtherClustersAsZero_Click(int c);
   void cmdToggleClusters_Click();
+  void cmdUndo_Click();
+  void cmdCopyCluster_Click();
+  void cmdDeleteCluster_Click();
+  void cmdDeleteAllClusters_Click();
+  void cmdDeleteClusterBounds_Click();
+  void cmdHideCL0_Click();
+  void cmdClusterInfo_Click();
+  void cmdShowOverlap_Click();
+  void cmdWriteCBFile_Click();
+  void cmdReadCBFile_Click();
+  void mnuReadSelectedClusters_Click();
+  void cmdGo_Click();
+  void cmdSaveDefaults_Click();
+  void mnuWriteAxesScaleFile_Click();
+  void mnuRestoreAxesScaleFromFile_Click();
+  void Timer1_Timer();
   void cmdExit_Click();
 
   // Shared by the handlers
@@ -101,6 +124,23 @@ class Main_Form : public QMainWindow, public World {
   void LookUpTime(QLineEdit* record, QLineEdit* time);
   void RefreshClusters();
   void ShowPendingAxis();
+  void ShowAxes(int x, int y);
+  void TypeClusterDigit(int digit);
+  /// Stops a load; else takes an open polygon back.
+  void Escape();
+  bool ClusterChosen();
+  /// After the boundaries were changed by a command: the rows, the picture, no open polygon.
+  void AfterEdit();
+  void ShowOverlapEnded();
+  std::string ReadPath() const;
+  void ShowRead(const std::function<bool()>& read);
+  Defaults PresentDefaults() const;
+  void ReadDefaultsFiles();
+  void StartAutosave();
+  /// The exit sequence's saving. False when it failed and the user wants to stay.
+  bool SaveOnExit();
+  /// A program that has to end keeps the cut as the autosave does.
+  void SaveBeforeTheEnd();
   void EndProgram();
 
   Session& session_;
@@ -112,6 +152,14 @@ class Main_Form : public QMainWindow, public World {
   EditPanel* edit_;
   FilesPanel* files_;
   AnalysesPanel* analyses_;
+  ChooseClusterForm* chooseClusters_ = nullptr;
+  QTimer* Timer1_;
+  QTimer* tmrDelayTimer_;
+  float lastAutosave_ = 0;
+  bool autosaveFailed_ = false;
+  /// Digits typed for a cluster number, and when the first one was.
+  int typedCluster_ = 0;
+  QElapsedTimer typedAt_;
   QMenu* mnuscaleXaxis_;
   QMenu* mnuscaleYAxis_;
   QPlainTextEdit* txtMessages_;

@@ -92,12 +92,27 @@ void Main_Form::PlaceWindows() {
 void Main_Form::MakeMenus() {
   mnuscaleXaxis_ = PopupMenu(this, "mnuscaleXaxis", "Scale X axis");
   mnuscaleYAxis_ = PopupMenu(this, "mnuscaleYAxis", "Scale Y axis");
-  QAction* applyX = MenuEntry(mnuscaleXaxis_, "mnuApplyXscaleToAllParameters", "Apply to All Parameters");
-  QAction* applyY = MenuEntry(mnuscaleYAxis_, "mnuApplyYscaleToAllParameters", "Apply to All Parameters");
-  connect(applyX, &QAction::triggered, this, [this] { Run([this] { mnuApplyXscaleToAllParameters_Click(); }); });
-  connect(applyY, &QAction::triggered, this, [this] { Run([this] { mnuApplyYscaleToAllParameters_Click(); }); });
-  // Both buttons open the X menu; the Y entry acts alike.
-  popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_}, {axes_->cmdscaleYaxis, mnuscaleXaxis_}};
+  const auto entry = [this](QMenu* menu, const QString& name, const QString& caption, void (Main_Form::*handler)()) {
+    connect(MenuEntry(menu, name, caption), &QAction::triggered, this,
+            [this, handler] { Run([this, handler] { (this->*handler)(); }); });
+  };
+  QMenu* readCBFile = PopupMenu(this, "mnuReadCBFile", "ReadCBFile");
+  entry(readCBFile, "mnuReadEntireCBFile", "Read Entire CBFile", &Main_Form::cmdReadCBFile_Click);
+  entry(readCBFile, "mnuReadSelectedClusters", "Read Selected Clusters", &Main_Form::mnuReadSelectedClusters_Click);
+  QMenu* axesScaleFile = PopupMenu(this, "mnuAxesScaleFile", "AxesScaleFile");
+  entry(axesScaleFile, "mnuWriteAxesScaleFile", "Write Current Axes Scales to File",
+        &Main_Form::mnuWriteAxesScaleFile_Click);
+  entry(axesScaleFile, "mnuRestoreAxesScaleFromFile", "Restore Axes Scale from File",
+        &Main_Form::mnuRestoreAxesScaleFromFile_Click);
+  entry(mnuscaleXaxis_, "mnuApplyXscaleToAllParameters", "Apply to All Parameters",
+        &Main_Form::mnuApplyXscaleToAllParameters_Click);
+  entry(mnuscaleYAxis_, "mnuApplyYscaleToAllParameters", "Apply to All Parameters",
+        &Main_Form::mnuApplyYscaleToAllParameters_Click);
+  // Both scale buttons open the X menu; the Y entry acts alike.
+  popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_},
+             {axes_->cmdscaleYaxis, mnuscaleXaxis_},
+             {axes_->cmdRestoreAxes, axesScaleFile},
+             {files_->cmdReadCBFile, readCBFile}};
   for (const auto& [button, menu] : popups_) button->installEventFilter(this);
 }
 
@@ -112,8 +127,6 @@ void Main_Form::ConnectRange() {
                    {range_->txtStartEvent, &Main_Form::txtStartEvent_DblClick},
                    {range_->txtEndEvent, &Main_Form::txtEndEvent_DblClick}};
   for (const auto& [box, handler] : doubleClicks_) box->installEventFilter(this);
-  for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(projections_.get())})
-    connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, [this] { stopLoading_ = loading_; });
 }
 
 void Main_Form::ConnectAxes() {
@@ -160,11 +173,24 @@ void Main_Form::ConnectClusters() {
   }
 }
 
+void Main_Form::ConnectKeys() {
+  for (QWidget* window : {static_cast<QWidget*>(this), static_cast<QWidget*>(projections_.get())}) {
+    const auto onKey = [this, window](const QKeySequence& key, const std::function<void()>& handler) {
+      connect(new QShortcut(key, window), &QShortcut::activated, this, [this, handler] { Run(handler); });
+    };
+    connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, &Main_Form::Escape);
+    onKey(QKeySequence::Undo, [this] { cmdUndo_Click(); });
+    onKey(Qt::Key_Plus, [this] { cmdScaleUp_Click(); });
+    onKey(Qt::Key_Minus, [this] { cmdScaleDown_Click(); });
+    for (int digit = 0; digit <= 9; ++digit) onKey(Qt::Key_0 + digit, [this, digit] { TypeClusterDigit(digit); });
+  }
+  connect(projections_.get(), &Projections::StepAxes, this,
+          [this](int x, int y) { Run([=, this] { ShowAxes(session_.XParameter + x, session_.YParameter + y); }); });
+}
+
 void Main_Form::DisableUnfinished() {
-  for (QWidget* control : std::initializer_list<QWidget*>{
-           range_->cboEpochs, range_->cmdDefineEpochs, axes_->cmdRestoreAxes, edit_, files_->cmdReadCBFile,
-           files_->txtCBFileRead, files_->cmdWriteCBFile, files_->txtCBFileWrite, files_->cmdWriteClustFile,
-           files_->txtClustFile, files_->cmdSaveDefaults, analyses_})
+  for (QWidget* control : std::initializer_list<QWidget*>{range_->cboEpochs, range_->cmdDefineEpochs,
+                                                          files_->cmdWriteClustFile, files_->txtClustFile, analyses_})
     control->setEnabled(false);
 }
 

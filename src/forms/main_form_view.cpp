@@ -48,7 +48,15 @@ void Main_Form::lstY_Axis_Up() {
   session_.XParameter = static_cast<int16_t>(axes_->lstX_Axis->currentRow());
   session_.YParameter = static_cast<int16_t>(axes_->lstY_Axis->currentRow());
   ShowPendingAxis();
+  const bool overlap = projections_->OverlapRunning();
   Redraw();
+  if (overlap) cmdShowOverlap_Click();
+}
+
+void Main_Form::ShowAxes(int x, int y) {
+  axes_->lstX_Axis->setCurrentRow(std::clamp(x, 0, kParameters - 1));
+  axes_->lstY_Axis->setCurrentRow(std::clamp(y, 0, kParameters - 1));
+  lstY_Axis_Up();
 }
 
 void Main_Form::ShowPendingAxis() {
@@ -136,6 +144,17 @@ void Main_Form::lblChooseCluster_Click(int c) {
   session_.CurrentCluster = static_cast<int16_t>(c);
   clusters_->Paint(session_.ReferenceColours, c);
   projections_->ShowCluster();
+}
+
+void Main_Form::TypeClusterDigit(int digit) {
+  constexpr qint64 kTogether = 800;  // milliseconds in which two digits make one number
+  const bool second = typedAt_.isValid() && typedAt_.elapsed() < kTogether;
+  typedCluster_ = second && typedCluster_ * 10 + digit <= kClusters ? typedCluster_ * 10 + digit : digit;
+  typedAt_.start();
+  if (typedCluster_ == 0) return;
+  const bool onShownPage = (typedCluster_ <= 15) == !clusters_->fraCL1to15->isHidden();
+  if (!onShownPage) cmdToggleClusters_Click();
+  lblChooseCluster_Click(typedCluster_);
 }
 
 void Main_Form::chkDisableClusterDisplay_Click(int c) {

@@ -65,6 +65,16 @@ QImage WithPoints(const QImage& ground, const Raster& raster, const Session& ses
   return picture;
 }
 
+QImage PointsAlone(const Raster& raster, QColor colour) {
+  QImage picture(raster.Width(), raster.Height(), QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < raster.Height(); ++y) {
+    auto* pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    const auto codes = raster.Row(y);
+    for (int x = 0; x < raster.Width(); ++x) pixels[x] = codes[x] ? colour.rgba() : 0;
+  }
+  return picture;
+}
+
 void DrawAxes(QImage& picture, const Session& session, const View& view) {
   if (!view.Drawable()) return;
   const double ratio = picture.devicePixelRatio();

@@ -14,6 +14,9 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, b
 /// The ground with the raster's points over it, in the session's colours.
 QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session);
 
+/// The raster's points in one colour, clear elsewhere.
+QImage PointsAlone(const Raster& raster, QColor colour);
+
 /// Draws ticks, numbers and the parameters' names along the left and lower edge.
 void DrawAxes(QImage& picture, const Session& session, const View& view);
 

@@ -35,6 +35,11 @@ void PlotSurface::SetZoomAnchor(std::optional<Vertex> anchor) {
   update();
 }
 
+void PlotSurface::SetBlink(QImage image) {
+  blink_ = std::move(image);
+  update();
+}
+
 Vertex PlotSurface::ValueAt(QPointF position) const {
   const double ratio = devicePixelRatioF();
   return {static_cast<float>(view_.ValueX(position.x() * ratio)),
@@ -52,7 +57,9 @@ void PlotSurface::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), Qt::black);
     return;
   }
-  painter.drawImage(QRectF(QPointF(), QSizeF(picture_.size()) / picture_.devicePixelRatio()), picture_);
+  const QRectF whole(QPointF(), QSizeF(picture_.size()) / picture_.devicePixelRatio());
+  painter.drawImage(whole, picture_);
+  if (!blink_.isNull()) painter.drawImage(whole, blink_);
   painter.setRenderHint(QPainter::Antialiasing);
   PaintPolygon(painter);
   PaintZoomRectangle(painter);

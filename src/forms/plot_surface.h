@@ -26,6 +26,9 @@ class PlotSurface : public QWidget {
   /// The polygon that is being drawn and its colour; empty for none. A line leads from its last vertex to the pointer.
   void SetPolygon(std::vector<Vertex> vertices, QColor colour);
 
+  /// What blinks over the picture, in device pixels; a null image for nothing.
+  void SetBlink(QImage image);
+
   /// The zoom rectangle, by its anchor; nothing hides it.
   void SetZoomAnchor(std::optional<Vertex> anchor);
 
@@ -52,6 +55,7 @@ class PlotSurface : public QWidget {
   void PaintZoomRectangle(QPainter& painter) const;
 
   QImage picture_;
+  QImage blink_;
   View view_;
   std::vector<Vertex> polygon_;
   QColor polygonColour_;

@@ -58,7 +58,6 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   connect(&resized_, &QTimer::timeout, this, [this] {
     if (PointsLoaded(session_) && drawn_) Guarded([this] { Redraw(); });
   });
-  slow_.setObjectName("tmrDelayTimer");
   slow_.setInterval(kSlowTick);
   connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
   Say("Load points to see them here.");
@@ -77,6 +76,7 @@ void Projections::Guarded(const std::function<void()>& work) {
 void Projections::Redraw() {
   if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
   StopSlowRedraw();
+  StopOverlap();
   AbandonIfElsewhere(session_, open_);
   if (!isVisible()) show();
   BeginPicture();
@@ -146,6 +146,7 @@ void Projections::ShowCount() {
 void Projections::StartSlowRedraw() {
   if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
   if (!isVisible()) show();
+  StopOverlap();
   BeginPicture();
   slowPoint_ = 0;
   slow_.start();
@@ -169,8 +170,37 @@ void Projections::SlowTick() {
   ShowCount();
 }
 
+void Projections::StartOverlap(const OverlapPoints& points) {
+  const QSize size = surface_->DeviceSize();
+  const double radius = static_cast<double>(size.width()) * session_.PointSize / 1000;
+  overlap_ = Overlap{Raster(size.width(), size.height(), radius, 1)};
+  const std::vector<uint8_t> codes(points.X.size(), 1);
+  overlap_->Points.Draw(view_, points.X.data(), points.Y.data(), codes.data(), codes.size());
+  Blink();
+}
+
+void Projections::StopOverlap() {
+  if (!overlap_) return;
+  overlap_.reset();
+  surface_->SetBlink({});
+  emit OverlapEnded();
+}
+
+void Projections::Blink() {
+  if (!overlap_) return;
+  overlap_->White = !overlap_->White;
+  surface_->SetBlink(PointsAlone(overlap_->Points, overlap_->White ? Qt::white : Qt::black));
+}
+
+void Projections::GiveUpPolygon() {
+  open_.reset();
+  StopOverlap();
+  ShowPolygon();
+}
+
 void Projections::Clear() {
   Supersede();
+  StopOverlap();
   StopSlowRedraw();
   ground_ = QImage(surface_->DeviceSize(), QImage::Format_RGB32);
   ground_.setDevicePixelRatio(surface_->devicePixelRatioF());
@@ -256,6 +286,25 @@ void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   }
   Say("Scale Down or Defaults leads back out.");
   Redraw();
+}
+
+void Projections::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+      emit StepAxes(-1, 0);
+      break;
+    case Qt::Key_Right:
+      emit StepAxes(1, 0);
+      break;
+    case Qt::Key_Up:
+      emit StepAxes(0, -1);
+      break;
+    case Qt::Key_Down:
+      emit StepAxes(0, 1);
+      break;
+    default:
+      QWidget::keyPressEvent(event);
+  }
 }
 
 void Projections::closeEvent(QCloseEvent* event) {

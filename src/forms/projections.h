@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 
+#include "clusters/overlap.h"
 #include "forms/plot_surface.h"
 #include "projection/draw_points.h"
 #include "projection/polygon.h"
@@ -44,6 +45,17 @@ class Projections : public QWidget {
   void StopSlowRedraw();
   bool SlowRedrawRunning() const { return slow_.isActive(); }
 
+  /// Blinks points over the picture, white and black in turn at each Blink(), until StopOverlap() or any redraw.
+  void StartOverlap(const OverlapPoints& points);
+  void StopOverlap();
+  void Blink();
+  bool OverlapRunning() const { return overlap_.has_value(); }
+
+  bool PolygonOpen() const { return open_.has_value(); }
+
+  /// An open polygon is given up; it stays in the table as drawn so far.
+  void GiveUpPolygon();
+
   /// Takes the picture away; the data stay.
   void Clear();
 
@@ -62,10 +74,14 @@ class Projections : public QWidget {
  signals:
   /// A click began, extended or closed a polygon: the boundary table has changed.
   void BoundariesChanged();
+  void OverlapEnded();
+  /// A key that steps to a neighbouring parameter of an axis.
+  void StepAxes(int x, int y);
 
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Form_MouseDown(Qt::MouseButton button, Vertex at);
@@ -95,6 +111,12 @@ class Projections : public QWidget {
   View view_;
   QImage ground_;
   Raster raster_;
+  /// The overlap display: the points' shapes, and whether they are white now.
+  struct Overlap {
+    Raster Points;
+    bool White = false;
+  };
+  std::optional<Overlap> overlap_;
   bool axesOff_ = false;
   bool drawn_ = false;
   uint64_t generation_ = 0;

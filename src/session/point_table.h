@@ -47,6 +47,9 @@ class PointTable {
   /// Adds the next slot's column, all zero. Throws CommandError for a 32nd.
   void AddSlot();
 
+  /// Empties every membership list.
+  void ClearMemberships() { slots_.clear(); }
+
   /// How many clusters point i is in.
   int Memberships(size_t i) const;
 

@@ -18,6 +18,11 @@ using ByParameter = std::array<T, kParameterSlots>;
 template <class T>
 using ByCluster = std::array<T, kClusterSlots>;
 
+/// Rows of the epoch table.
+inline constexpr size_t kEpochs = 30;
+template <class T>
+using ByEpoch = std::array<T, kEpochs>;
+
 /// The parameter file of the run.
 struct ParameterFile {
   std::string Path;
@@ -42,6 +47,12 @@ struct Session {
   ByParameter<float> DataMaximum{};
   ByParameter<float> AxisMinimum{};
   ByParameter<float> AxisMaximum{};
+
+  /// First and last spike of each epoch, as the search found them: stamps in microseconds and record numbers.
+  ByEpoch<double> EpochStartTimestamp{};
+  ByEpoch<int32_t> EpochStartRecord{};
+  ByEpoch<double> EpochEndTimestamp{};
+  ByEpoch<int32_t> EpochEndRecord{};
 
   BoundaryTable Clusters{};
   /// The cluster-defined mark, by cluster.

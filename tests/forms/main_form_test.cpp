@@ -308,7 +308,8 @@ class MainFormTest : public QObject {
   void EveryControlCanBeReachedAndSaysWhatItIs() {
     Program program;
     program.Load();
-    for (QWidget* control : program.Form.findChildren<QWidget*>(QRegularExpression("^(cmd|txt|chk|opt|lst|cbo|lblC)"))) {
+    for (QWidget* control :
+         program.Form.findChildren<QWidget*>(QRegularExpression("^(cmd|txt|chk|opt|lst|cbo|lblC)"))) {
       const QByteArray name = control->objectName().toUtf8();
       QVERIFY2(!control->accessibleName().isEmpty(), name);
       QVERIFY2(!control->toolTip().isEmpty(), name);
@@ -323,9 +324,10 @@ class MainFormTest : public QObject {
       const PointRecord record = program.Shared.Points.Record(i);
       count += std::all_of(boundaries.begin(), boundaries.end(), [&](const Boundary& boundary) {
         QPolygonF polygon;
-        for (int k = 0; k < boundary.VertexCount; ++k) polygon << QPointF(boundary.Vertices[k].X, boundary.Vertices[k].Y);
-        return polygon.containsPoint(
-            {record.Parameters[boundary.XParameter], record.Parameters[boundary.YParameter]}, Qt::OddEvenFill);
+        for (int k = 0; k < boundary.VertexCount; ++k)
+          polygon << QPointF(boundary.Vertices[k].X, boundary.Vertices[k].Y);
+        return polygon.containsPoint({record.Parameters[boundary.XParameter], record.Parameters[boundary.YParameter]},
+                                     Qt::OddEvenFill);
       });
     }
     return count;

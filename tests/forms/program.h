@@ -21,7 +21,18 @@ class ScriptedDialogs : public Dialogs {
     return FilesToOpen.isEmpty() ? QString() : FilesToOpen.takeFirst();
   }
 
+  QString SaveFile(QWidget*, const FileDialogOptions& options) override {
+    Asked = options;
+    return FilesToOpen.isEmpty() ? QString() : FilesToOpen.takeFirst();
+  }
+  bool Confirm(QWidget*, const QString& question) override {
+    Questions << question;
+    return Agree;
+  }
+
   QStringList Messages;
+  QStringList Questions;
+  bool Agree = true;
   QStringList FilesToOpen;
   FileDialogOptions Asked;
 };

@@ -1,0 +1,188 @@
+#include "clusters/boundaries_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+
+#include "clusters/classify.h"
+#include "clusters/editing.h"
+#include "clusters/undo.h"
+#include "files/error.h"
+#include "files/file_reader.h"
+#include "files/file_utility.h"
+#include "files/number_text.h"
+#include "files/platform.h"
+#include "files/save_file.h"
+#include "files/text_header.h"
+#include "files/text_items.h"
+
+namespace pallomir {
+
+namespace {
+
+std::string RecordText(const Session& session, int c, const Boundary& boundary) {
+  const auto line = [](const std::string& text) { return text + "\r\n"; };
+  std::string text =
+      line(std::to_string(c)) + line(std::to_string(boundary.XParameter)) + line(std::to_string(boundary.YParameter)) +
+      line('"' + session.ParameterNames[boundary.XParameter] + '"') +
+      line('"' + session.ParameterNames[boundary.YParameter] + '"') + line(std::to_string(boundary.VertexCount));
+  for (int k = 0; k < boundary.VertexCount; ++k)
+    text += line(SingleText(boundary.Vertices[k].X) + "," + SingleText(boundary.Vertices[k].Y));
+  return text + "\r\n";
+}
+
+/// Reads the records of one file into the boundary table.
+class RecordReader {
+ public:
+  RecordReader(Session& session, std::string_view body, std::string_view name, int firstLine)
+      : session_(session), items_(body, name, firstLine), name_(name) {}
+
+  bool AtEnd() const { return items_.AtEnd(); }
+
+  int ClusterNumber() { return WholeWithin("cluster", 0, kClusters); }
+
+  /// Starts cluster c over with one boundary, and marks it.
+  int StartCluster(int c) {
+    ++session_.DefinitionCounter;
+    session_.Clusters[c] = {};
+    session_.Clusters[c].BoundaryCount = 1;
+    if (c > 0) session_.ClusterDefined[c] = true;
+    return 0;
+  }
+
+  int NextBoundary(int c) {
+    Cluster& cluster = session_.Clusters[c];
+    if (cluster.BoundaryCount == kBoundariesPerCluster) Fault("cluster " + std::to_string(c) + " has a 22nd boundary");
+    return cluster.BoundaryCount++;
+  }
+
+  /// The record behind its cluster number. The boundary holds at any time what was read of it.
+  void ReadBoundary(Boundary& boundary) {
+    boundary = {};
+    boundary.XParameter = static_cast<int16_t>(WholeWithin("parameter", 0, kParameters));
+    boundary.YParameter = static_cast<int16_t>(WholeWithin("parameter", 0, kParameters));
+    session_.ParameterNames[boundary.XParameter] = items_.Text();
+    session_.ParameterNames[boundary.YParameter] = items_.Text();
+    const int count = WholeWithin("vertex count", 0, kVerticesPerBoundary);
+    for (int k = 0; k < count; ++k) {
+      const auto x = static_cast<float>(items_.Number());
+      boundary.Vertices[k] = {x, static_cast<float>(items_.Number())};
+      ++boundary.VertexCount;
+    }
+    items_.SkipLine();
+  }
+
+  /// Passes over a record whose cluster is not wanted.
+  void SkipBoundary() {
+    for (int item = 0; item < 4; ++item) items_.Text();
+    const int64_t count = std::llrint(std::clamp(items_.Number(), 0.0, 1e15));
+    for (int64_t k = 0; k < 2 * count; ++k) items_.Text();
+    items_.SkipLine();
+  }
+
+ private:
+  int WholeWithin(const char* what, int low, int high) {
+    const double number = std::nearbyint(items_.Number());
+    if (!(number >= low && number <= high))
+      Fault(std::string(what) + " " + DoubleText(number) + " is not within " + std::to_string(low) + " to " +
+            std::to_string(high));
+    return static_cast<int>(number);
+  }
+
+  [[noreturn]] void Fault(const std::string& what) const {
+    throw CommandError(std::string(name_) + ", line " + std::to_string(items_.Line()) + ": " + what + ".");
+  }
+
+  Session& session_;
+  TextItems items_;
+  std::string_view name_;
+};
+
+/// What stands behind the header of a file, and the line that it begins on; nothing when there is no header.
+struct Body {
+  std::string Text;
+  std::string Name;
+  size_t Begin = 0;
+  int FirstLine = 1;
+};
+std::optional<Body> BodyOf(std::string_view path) {
+  Body body{ReadText(path), PathText(PlatformPath(path).filename())};
+  const long header = TextHeaderLength(body.Text);
+  if (header < 0) return {};
+  body.Begin = static_cast<size_t>(header);
+  body.FirstLine += static_cast<int>(std::count(body.Text.begin(), body.Text.begin() + header, '\n'));
+  return body;
+}
+
+/// Reads with `read`, then classifies. When the reading fails, what was read stays, and Undo leads to the cut before.
+template <class Read>
+bool ReadThenClassify(Session& session, std::string_view path, Read read) {
+  const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
+  try {
+    if (!read(BodyOf(path))) return false;
+  } catch (const CommandError& error) {
+    session.Undo = before;
+    throw CommandError(std::string(error.what()) +
+                           "\n\nWhat was read until there is kept but not applied to the points; Undo brings the "
+                           "earlier cut back.",
+                       "ERROR");
+  }
+  for (int c = 1; c <= kClusters; ++c)
+    if (session.ClusterDefined[c]) ClassifyCluster(session, c);
+  return true;
+}
+
+}  // namespace
+
+std::string BoundariesFilePath(const Session& session, std::string_view name) {
+  return session.DataDirectory + "\\" + std::string(name) + ".txt";
+}
+
+void WriteCBFile(const Session& session, World& world, std::string_view path) {
+  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path);
+  SaveFile file(path);
+  file.Write(TextHeader("CBFile"));
+  for (int c = 1; c <= kClusters; ++c) {
+    if (!session.ClusterDefined[c]) continue;
+    const Cluster& cluster = session.Clusters[c];
+    for (int b = 0; b < cluster.BoundaryCount; ++b) file.Write(RecordText(session, c, cluster.Boundaries[b]));
+  }
+  file.Commit();
+  world.AppendMessage("Wrote CBFile " + std::string(path));
+}
+
+bool ReadCBFile(Session& session, std::string_view path) {
+  return ReadThenClassify(session, path, [&](const std::optional<Body>& body) {
+    DeleteAllClusters(session);
+    if (!body) return false;
+    RecordReader reader(session, std::string_view(body->Text).substr(body->Begin), body->Name, body->FirstLine);
+    for (int previous = 0; !reader.AtEnd();) {
+      const int c = reader.ClusterNumber();
+      const int b = c != previous ? reader.StartCluster(c) : reader.NextBoundary(c);
+      previous = c;
+      reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
+    }
+    return true;
+  });
+}
+
+bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected) {
+  return ReadThenClassify(session, path, [&](const std::optional<Body>& body) {
+    for (int c = 1; c <= kClusters; ++c)
+      if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);
+    if (!body) return false;
+    RecordReader reader(session, std::string_view(body->Text).substr(body->Begin), body->Name, body->FirstLine);
+    while (!reader.AtEnd()) {
+      const int c = reader.ClusterNumber();
+      if (!selected[c]) {
+        reader.SkipBoundary();
+        continue;
+      }
+      const int b = session.ClusterDefined[c] ? reader.NextBoundary(c) : reader.StartCluster(c);
+      reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
+    }
+    return true;
+  });
+}
+
+}  // namespace pallomir

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/session.h"
+#include "session/world.h"
+
+namespace pallomir {
+
+/// The boundaries file of a name as typed: in the data directory, with ".txt" behind it whatever it ends in.
+std::string BoundariesFilePath(const Session& session, std::string_view name);
+
+/// Writes the boundaries of every cluster that carries the defined mark, and says so in the log. An existing file is
+/// safeguarded, then replaced, all or nothing. Throws CommandError when it cannot be written.
+void WriteCBFile(const Session& session, World& world, std::string_view path);
+
+/// Replaces all clusters by those of the file and classifies them. False when the file lacks a header: the clusters are
+/// deleted all the same. Records of one cluster that are not contiguous start it over.
+///
+/// Throws CommandError naming the line where a number is out of its bounds, is none, or the file ends inside a record:
+/// the clusters read until then keep what was read, unclassified; Undo leads back to the cut before.
+bool ReadCBFile(Session& session, std::string_view path);
+
+/// Replaces only the chosen clusters, and keeps all their records even where they are not contiguous. Otherwise as
+/// ReadCBFile.
+bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected);
+
+}  // namespace pallomir

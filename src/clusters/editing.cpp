@@ -1,0 +1,66 @@
+#include "clusters/editing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "clusters/classify.h"
+#include "clusters/undo.h"
+
+namespace pallomir {
+
+void DeleteCluster(Session& session, int c) {
+  ClearCluster(session, c);
+  session.ClusterDefined[c] = false;
+}
+
+void DeleteAllClusters(Session& session) {
+  // Nothing but these clusters' numbers stands in the lists.
+  session.Points.ClearMemberships();
+  for (int c = 1; c <= kClusters; ++c) DeleteCluster(session, c);
+}
+
+bool CopyCluster(Session& session, std::optional<double> number) {
+  if (!number || !(*number > 0 && *number <= kClusters)) return false;
+  const int target = static_cast<int>(std::nearbyint(*number));
+  if (target == 0) return false;
+  SaveUndoSnapshot(session);
+  if (session.Clusters[target].BoundaryCount > 0) DeleteCluster(session, target);
+  const Cluster& source = session.Clusters[session.CurrentCluster];
+  if (source.BoundaryCount == 0) return false;
+  session.Clusters[target] = source;
+  session.ClusterDefined[target] = true;
+  ++session.DefinitionCounter;
+  ClassifyCluster(session, target);
+  return true;
+}
+
+void DeleteCurrentCluster(Session& session) {
+  SaveUndoSnapshot(session);
+  DeleteCluster(session, session.CurrentCluster);
+}
+
+void DeleteEveryCluster(Session& session) {
+  SaveUndoSnapshot(session);
+  DeleteAllClusters(session);
+}
+
+void DeleteClusterBounds(Session& session) {
+  SaveUndoSnapshot(session);
+  const int c = session.CurrentCluster;
+  Cluster& cluster = session.Clusters[c];
+  const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
+  const auto found = std::find_if(cluster.Boundaries.begin(), end, [&](const Boundary& boundary) {
+    return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
+  });
+  if (found != end) {
+    std::move(found + 1, end, found);
+    *(end - 1) = {};
+    if (--cluster.BoundaryCount == 0) {
+      --session.DefinitionCounter;
+      session.ClusterDefined[c] = false;
+    }
+  }
+  ClassifyCluster(session, c);
+}
+
+}  // namespace pallomir

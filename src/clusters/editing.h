@@ -1,0 +1,27 @@
+#pragma once
+
+#include <optional>
+
+#include "session/session.h"
+
+namespace pallomir {
+
+/// Takes cluster c's boundaries, its defined mark and its points away.
+void DeleteCluster(Session& session, int c);
+
+/// DeleteCluster for 1..30, and every membership list emptied at once.
+void DeleteAllClusters(Session& session);
+
+/// What `cmdCopyCluster` does: the current cluster's boundaries replace those of cluster `number`, rounded. Nothing
+/// happens unless 0 < number <= 30 (nor where it rounds to 0); copied onto itself, or from an empty cluster, the target
+/// ends up empty. True when the projection is to be redrawn.
+bool CopyCluster(Session& session, std::optional<double> number);
+
+/// `cmdDeleteCluster` and `cmdDeleteAllClusters`: the undo snapshot, then the deletion.
+void DeleteCurrentCluster(Session& session);
+void DeleteEveryCluster(Session& session);
+
+/// Takes the current cluster's first boundary on the present projection away and classifies the cluster.
+void DeleteClusterBounds(Session& session);
+
+}  // namespace pallomir

@@ -1,0 +1,103 @@
+// Commands that change clusters and boundaries.
+
+#include <QtWidgets>
+
+#include "clusters/editing.h"
+#include "clusters/overlap.h"
+#include "clusters/undo.h"
+#include "files/number_text.h"
+#include "forms/cluster_panel.h"
+#include "forms/display_panel.h"
+#include "forms/edit_panel.h"
+#include "forms/main_form.h"
+
+namespace pallomir {
+
+void Main_Form::ConnectEdit() {
+  OnClick(edit_->cmdUndo, &Main_Form::cmdUndo_Click);
+  OnClick(edit_->cmdCopyCluster, &Main_Form::cmdCopyCluster_Click);
+  OnClick(edit_->cmdDeleteCluster, &Main_Form::cmdDeleteCluster_Click);
+  OnClick(edit_->cmdDeleteAllClusters, &Main_Form::cmdDeleteAllClusters_Click);
+  OnClick(edit_->cmdDeleteClusterBounds, &Main_Form::cmdDeleteClusterBounds_Click);
+  OnClick(edit_->cmdHideCL0, &Main_Form::cmdHideCL0_Click);
+  OnClick(edit_->cmdClusterInfo, &Main_Form::cmdClusterInfo_Click);
+  OnClick(edit_->cmdShowOverlap, &Main_Form::cmdShowOverlap_Click);
+  connect(edit_->txtCopyCluster, &QLineEdit::returnPressed, edit_->cmdCopyCluster, &QPushButton::click);
+  tmrDelayTimer_ = new QTimer(this);
+  tmrDelayTimer_->setObjectName("tmrDelayTimer");
+  tmrDelayTimer_->setInterval(500);
+  connect(tmrDelayTimer_, &QTimer::timeout, projections_.get(), &Projections::Blink);
+  connect(projections_.get(), &Projections::OverlapEnded, this, &Main_Form::ShowOverlapEnded);
+}
+
+bool Main_Form::ClusterChosen() {
+  if (session_.CurrentCluster != 0) return true;
+  status_->setText("Choose a cluster first.");
+  return false;
+}
+
+void Main_Form::AfterEdit() {
+  projections_->GiveUpPolygon();
+  RefreshClusters();
+  Redraw();
+}
+
+void Main_Form::cmdUndo_Click() {
+  UndoLastChange(session_);
+  AfterEdit();
+}
+
+void Main_Form::cmdCopyCluster_Click() {
+  const bool copied = CopyCluster(session_, NumberFromText(edit_->txtCopyCluster->text().toStdString()));
+  projections_->GiveUpPolygon();
+  RefreshClusters();
+  if (copied) Redraw();
+}
+
+void Main_Form::cmdDeleteCluster_Click() {
+  if (!ClusterChosen()) return;
+  DeleteCurrentCluster(session_);
+  AfterEdit();
+}
+
+void Main_Form::cmdDeleteAllClusters_Click() {
+  DeleteEveryCluster(session_);
+  AfterEdit();
+  status_->setText("All clusters were deleted. Undo brings them back.");
+}
+
+void Main_Form::cmdDeleteClusterBounds_Click() {
+  if (!ClusterChosen()) return;
+  DeleteClusterBounds(session_);
+  AfterEdit();
+}
+
+void Main_Form::cmdHideCL0_Click() {
+  session_.Display[0] = !session_.Display[0];
+  edit_->cmdHideCL0->setChecked(!session_.Display[0]);
+  edit_->cmdHideCL0->setText(session_.Display[0] ? "Hide CL 0" : "Show CL 0");
+  Redraw();
+}
+
+void Main_Form::cmdClusterInfo_Click() {
+  if (!ClusterChosen()) return;
+  for (const std::string& line : ClusterInfo(session_)) AppendMessage(line);
+}
+
+void Main_Form::cmdShowOverlap_Click() {
+  if (projections_->OverlapRunning()) {
+    projections_->StopOverlap();
+    Redraw();
+    return;
+  }
+  projections_->StartOverlap(PointsInSeveralClusters(session_));
+  edit_->cmdShowOverlap->setText("Stop Overlap");
+  tmrDelayTimer_->start();
+}
+
+void Main_Form::ShowOverlapEnded() {
+  tmrDelayTimer_->stop();
+  edit_->cmdShowOverlap->setText("Show Overlap");
+}
+
+}  // namespace pallomir

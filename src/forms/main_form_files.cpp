@@ -1,0 +1,178 @@
+// The boundaries file, the defaults, the axis scales, autosave and leaving the program.
+
+#include <QtWidgets>
+
+#include "clusters/autosave.h"
+#include "clusters/boundaries_file.h"
+#include "clusters/undo.h"
+#include "files/error.h"
+#include "files/file_utility.h"
+#include "forms/analyses_panel.h"
+#include "forms/axes_panel.h"
+#include "forms/choose_cluster_form.h"
+#include "forms/files_panel.h"
+#include "forms/main_form.h"
+#include "forms/range_panel.h"
+#include "session/axis_scale_file.h"
+#include "session/defaults_file.h"
+
+namespace pallomir {
+
+namespace {
+
+/// The longest interval that the timer was made for.
+constexpr int kAutosaveCheck = 65535;
+
+float SecondsSinceMidnight() {
+  return static_cast<float>(QTime(0, 0).msecsTo(QTime::currentTime())) / 1000.0F;
+}
+
+}  // namespace
+
+void Main_Form::ConnectFiles() {
+  OnClick(files_->cmdReadCBFile, &Main_Form::cmdReadCBFile_Click);
+  OnClick(files_->cmdWriteCBFile, &Main_Form::cmdWriteCBFile_Click);
+  OnClick(files_->cmdSaveDefaults, &Main_Form::cmdSaveDefaults_Click);
+  OnClick(files_->cmdExit, &Main_Form::cmdExit_Click);
+  OnClick(axes_->cmdRestoreAxes, &Main_Form::mnuRestoreAxesScaleFromFile_Click);
+  connect(files_->txtCBFileRead, &QLineEdit::returnPressed, files_->cmdReadCBFile, &QPushButton::click);
+  connect(files_->txtCBFileWrite, &QLineEdit::returnPressed, files_->cmdWriteCBFile, &QPushButton::click);
+  Timer1_ = new QTimer(this);
+  Timer1_->setObjectName("Timer1");
+  connect(Timer1_, &QTimer::timeout, this, &Main_Form::Timer1_Timer);
+}
+
+std::string Main_Form::ReadPath() const {
+  return BoundariesFilePath(session_, files_->txtCBFileRead->text().toStdString());
+}
+
+void Main_Form::cmdWriteCBFile_Click() {
+  WriteCBFile(session_, *this, BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString()));
+}
+
+void Main_Form::cmdReadCBFile_Click() {
+  const std::string path = ReadPath();
+  if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
+  if (session_.FirstLoad) throw CommandError("Need to Load Points first");
+  if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
+  ShowRead([&] { return ReadCBFile(session_, path); });
+}
+
+void Main_Form::mnuReadSelectedClusters_Click() {
+  if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
+  if (!FileUtility::FileExists(ReadPath())) throw CommandError("CBFile does not exist", "ERROR");
+  if (!chooseClusters_) {
+    chooseClusters_ = new ChooseClusterForm(this);
+    connect(chooseClusters_, &ChooseClusterForm::Go, this, [this] { Run([this] { cmdGo_Click(); }); });
+  }
+  chooseClusters_->show();
+  chooseClusters_->raise();
+}
+
+void Main_Form::cmdGo_Click() {
+  chooseClusters_->hide();
+  ShowRead([this] { return ReadSelectedClusters(session_, ReadPath(), chooseClusters_->Chosen()); });
+}
+
+void Main_Form::ShowRead(const std::function<bool()>& read) {
+  const QScopeGuard shown = qScopeGuard([this] {
+    projections_->GiveUpPolygon();
+    RefreshClusters();
+  });
+  if (read()) {
+    Redraw();
+    return;
+  }
+  status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
+}
+
+void Main_Form::Timer1_Timer() {
+  const float now = SecondsSinceMidnight();
+  if (loading_ || !AutosaveDue(now, lastAutosave_)) return;
+  lastAutosave_ = now;
+  try {
+    WriteCBFile(session_, *this, AutosavePath(session_));
+    AppendMessage("Autosaved CBFile");
+    autosaveFailed_ = false;
+  } catch (const CommandError& error) {
+    if (!autosaveFailed_) AppendMessage(std::string("Autosave failed: ") + error.what());
+    autosaveFailed_ = true;
+  }
+}
+
+Defaults Main_Form::PresentDefaults() const {
+  Defaults defaults;
+  defaults.CBFileWrite = files_->txtCBFileWrite->text().toStdString();
+  defaults.CBFileRead = files_->txtCBFileRead->text().toStdString();
+  defaults.ClustFile = files_->txtClustFile->text().toStdString();
+  defaults.ParamFile = range_->txtParamFile->text().toStdString();
+  defaults.PosFile = analyses_->txtPosFile->text().toStdString();
+  for (int i = 0; i < range_->cboEpochs->count(); ++i)
+    defaults.Epochs.push_back(range_->cboEpochs->itemText(i).toStdString());
+  return defaults;
+}
+
+void Main_Form::ReadDefaultsFiles() {
+  Defaults defaults = PresentDefaults();
+  for (const char* place : {"\\..\\Defaults", "\\Defaults"})
+    Run([&] { ReadDefaults(session_, defaults, session_.DataDirectory + place); });
+  files_->txtCBFileWrite->setText(QString::fromStdString(defaults.CBFileWrite));
+  files_->txtCBFileRead->setText(QString::fromStdString(defaults.CBFileRead));
+  files_->txtClustFile->setText(QString::fromStdString(defaults.ClustFile));
+  range_->txtParamFile->setText(QString::fromStdString(defaults.ParamFile));
+  analyses_->txtPosFile->setText(QString::fromStdString(defaults.PosFile));
+  range_->cboEpochs->clear();
+  for (const std::string& epoch : defaults.Epochs) range_->cboEpochs->addItem(QString::fromStdString(epoch));
+  range_->cboEpochs->setCurrentIndex(-1);
+}
+
+void Main_Form::cmdSaveDefaults_Click() {
+  const QString path = dialogs_.SaveFile(
+      this, {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}});
+  if (path.isEmpty()) return;
+  WriteDefaults(session_, PresentDefaults(), QDir::toNativeSeparators(path).toStdString());
+}
+
+void Main_Form::mnuWriteAxesScaleFile_Click() {
+  WriteAxesScaleFile(session_);
+}
+
+void Main_Form::mnuRestoreAxesScaleFromFile_Click() {
+  ReadAxesScaleFile(session_);
+  Redraw();
+}
+
+void Main_Form::StartAutosave() {
+  lastAutosave_ = SecondsSinceMidnight();
+  Timer1_->start(kAutosaveCheck);
+  if (const auto time = UnclaimedAutosave(session_))
+    AppendMessage("A cut autosaved at " + *time +
+                  " can be read back: load points, then Read CBFile with the name cbfile.tmp");
+}
+
+void Main_Form::SaveBeforeTheEnd() {
+  if (session_.DefinitionCounter == 0) return;
+  try {
+    WriteCBFile(session_, *this, AutosavePath(session_));
+  } catch (const CommandError& error) {
+    ShowMessage(error.what(), "ERROR");
+  }
+}
+
+void Main_Form::cmdExit_Click() {
+  if (SaveOnExit()) EndProgram();
+}
+
+bool Main_Form::SaveOnExit() {
+  files_->txtCBFileWrite->setText("cbfile.exit");
+  try {
+    cmdWriteCBFile_Click();
+    mnuWriteAxesScaleFile_Click();
+  } catch (const CommandError& error) {
+    // Nothing is lost without the user's word.
+    return dialogs_.Confirm(this, QString::fromUtf8(error.what()) + "\n\nLeave all the same?");
+  }
+  return true;
+}
+
+}  // namespace pallomir
