@@ -23,7 +23,6 @@ void ClassifyOurs(benchmark::State& state) {
   Session& session = LoadedSession();
   SetOnlyBoundary(session, Polygon(5));
   for (auto _ : state) ClassifyCluster(session, 1);
-  ReportPerPoint(state);
 }
 BENCHMARK(ClassifyOurs)->Name("classify, 5 corners/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
@@ -41,7 +40,6 @@ void ClassifyNaive(benchmark::State& state) {
     }
     benchmark::ClobberMemory();
   }
-  ReportPerPoint(state);
 }
 BENCHMARK(ClassifyNaive)->Name("classify, 5 corners/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
@@ -55,7 +53,6 @@ void ClassifyFloor(benchmark::State& state) {
       for (size_t lane = 0; lane < 16; ++lane) sums[lane] += x[i + lane] * y[i + lane];
     benchmark::DoNotOptimize(sums);
   }
-  ReportPerPoint(state);
 }
 BENCHMARK(ClassifyFloor)->Name("classify, 5 corners/floor")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
@@ -63,7 +60,6 @@ void ClassifyStar(benchmark::State& state) {
   Session& session = LoadedSession();
   SetOnlyBoundary(session, Polygon(51, true));
   for (auto _ : state) ClassifyCluster(session, 1);
-  ReportPerPoint(state);
 }
 BENCHMARK(ClassifyStar)->Name("classify, star of 51/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
@@ -81,7 +77,6 @@ void ClassifyMany(benchmark::State& state) {
     }
   }
   for (auto _ : state) ClassifyAllClusters(session);
-  ReportPerPoint(state);
 }
 BENCHMARK(ClassifyMany)->Name("classify, 30 clusters of 3/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 

@@ -35,7 +35,6 @@ void DrawOurs(benchmark::State& state, const Session& session, float pointSize) 
     drawn = DrawPoints(session, view, {}, 0, session.Points.Rows(), random, raster);
   }
   benchmark::DoNotOptimize(drawn);
-  ReportPerPoint(state);
 }
 
 void DrawPixels(benchmark::State& state) {
@@ -78,7 +77,6 @@ void DrawNaive(benchmark::State& state, bool discs) {
       }
     }
   }
-  ReportPerPoint(state);
 }
 
 void DrawNaivePixels(benchmark::State& state) {

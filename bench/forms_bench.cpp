@@ -53,7 +53,6 @@ struct Program {
 void PressLoad(benchmark::State& state) {
   Program program;
   for (auto _ : state) program.Load();
-  ReportPerPoint(state);
 }
 BENCHMARK(PressLoad)
     ->Name("press Load Points to picture/ours")
@@ -77,7 +76,6 @@ void ClosePolygonOnForm(benchmark::State& state, int corners, bool star) {
     }
     QApplication::processEvents();
   }
-  ReportPerPoint(state);
 }
 
 void CloseConvex(benchmark::State& state) {

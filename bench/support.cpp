@@ -21,14 +21,16 @@ namespace {
 
 constexpr float kCentres[4][4] = {{120, 60, 40, 80}, {60, 140, 90, 30}, {40, 50, 150, 120}, {40, 40, 40, 40}};
 
-void WriteRows(const std::string& path) {
+void WriteRows(const std::string& path, Channels channels) {
   std::mt19937 generator(1);
   std::normal_distribution<float> normal;
   SaveFile file(path);
   std::array<unsigned char, kRowBytes> row{};
+  const auto set = [&](int p, float value) { StoreLittleEndian(row.data() + 8 + 4 * p, value); };
+  if (channels == Channels::All)
+    for (int p = 0; p < kParameters; ++p) set(p, static_cast<float>(p + 1));
   for (int64_t r = 0; r < Spikes(); ++r) {
     const auto& centre = kCentres[generator() % 4];
-    const auto set = [&](int p, float value) { StoreLittleEndian(row.data() + 8 + 4 * p, value); };
     StoreLittleEndian<uint64_t>(row.data(), 1'000'000'000U + 1000U * static_cast<uint64_t>(r));
     for (int c = 0; c < 4; ++c) {
       const float peak = centre[c] * (1 + 0.1F * normal(generator)) + 8 * normal(generator);
@@ -37,8 +39,8 @@ void WriteRows(const std::string& path) {
       set(kEnergy + c, peak * 0.4F);
       set(kValley + c, peak * -0.6F);
     }
-    set(kRecordSlot, static_cast<float>(r));
-    set(kSpikeID, static_cast<float>(r));
+    for (const int p : {kRecordSlot, kSpikeID, kTimestamp}) set(p, static_cast<float>(r));
+    for (const int p : {kMaxHeight, kMaxWidth, kPosX, kPosY}) set(p, 100 + normal(generator));
     file.Write(row.data(), row.size());
   }
   file.Commit();
@@ -63,27 +65,29 @@ int64_t Spikes() {
   return spikes;
 }
 
-const std::string& RecordingFolder() {
-  static const Folder folder;
-  static const std::string data = [] {
-    const std::string path = PathText(folder.Path / "TT1");
-    WriteRows(path + "\\TT1.Ntt.parms");
+const std::string& RecordingFolder(Channels channels) {
+  static const Folder folders[2];
+  static std::string data[2];
+  const auto which = static_cast<size_t>(channels);
+  if (data[which].empty()) {
+    const std::string path = PathText(folders[which].Path / "TT1");
+    WriteRows(path + "\\TT1.Ntt.parms", channels);
     SaveFile rate(path + "\\..\\VideoSampling");
     rate.Write("30\r\n");
     rate.Commit();
-    return path;
-  }();
-  return data;
+    data[which] = path;
+  }
+  return data[which];
 }
 
-std::string ParameterFilePath() {
-  return RecordingFolder() + "\\TT1.Ntt.parms";
+std::string ParameterFilePath(Channels channels) {
+  return RecordingFolder(channels) + "\\TT1.Ntt.parms";
 }
 
-Session OpenSession() {
+Session OpenSession(Channels channels) {
   Session session;
-  session.DataDirectory = RecordingFolder();
-  OpenParameterFile(session, ParameterFilePath());
+  session.DataDirectory = RecordingFolder(channels);
+  OpenParameterFile(session, ParameterFilePath(channels));
   InitialiseSession(session);
   BuildColourTable(session);
   return session;
@@ -111,10 +115,6 @@ Boundary Polygon(int vertices, bool star) {
                             static_cast<float>(60 + radius * std::sin(angle))};
   }
   return boundary;
-}
-
-void ReportPerPoint(benchmark::State& state) {
-  state.SetItemsProcessed(static_cast<int64_t>(state.iterations()) * Spikes());
 }
 
 }  // namespace pallomir::bench

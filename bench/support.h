@@ -13,24 +13,25 @@ namespace pallomir::bench {
 /// Spikes in the benchmark recording: a million, or what PALLOMIR_BENCH_SPIKES says.
 int64_t Spikes();
 
+/// Whether the recording's rows have values in every column, as of 32 channels; else four channels' (a tetrode's), the
+/// others zero.
+enum class Channels { Tetrode, All };
+
 /// A folder with a recording of Spikes() rows (four Gaussian clouds on four channels), made on first use and removed
 /// when the program ends. Ends in ".../TT1".
-const std::string& RecordingFolder();
+const std::string& RecordingFolder(Channels channels = Channels::Tetrode);
 
 /// The parameter file in it.
-std::string ParameterFilePath();
+std::string ParameterFilePath(Channels channels = Channels::Tetrode);
 
 /// A session with the whole recording loaded, shared by the benchmarks.
 Session& LoadedSession();
 
 /// A session that has the recording open but nothing loaded.
-Session OpenSession();
+Session OpenSession(Channels channels = Channels::Tetrode);
 
 /// A polygon of `vertices` corners about the middle of the first cloud, on MPeak-1 and MPeak-2; a star when `star`.
 Boundary Polygon(int vertices, bool star = false);
-
-/// What one row costs in nanoseconds, as a counter of the benchmark.
-void ReportPerPoint(benchmark::State& state);
 
 class QuietWorld : public World {
  public:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "files/bytes.h"
@@ -22,8 +23,15 @@ PALLOMIR_HOT_LOOP
 bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, ColumnRanges& ranges) {
   constexpr size_t kLanes = ColumnRanges::kLanes;
   constexpr float kLargest = std::numeric_limits<float>::max();
+  // Most channels of most recordings were not recorded: their columns are zero as they are, and never touched.
+  std::array<uint32_t, kParameters> bits{};
+  for (size_t r = 0; r < kTileRows; ++r) {
+    const unsigned char* values = rows + r * kRowBytes + kStampBytes;
+    for (int p = 0; p < kParameters; ++p) bits[p] |= LoadLittleEndian<uint32_t>(values + p * sizeof(float));
+  }
   std::array<int, kLanes> odd{};
   for (int p = 0; p < kParameters; ++p) {
+    if (bits[p] == 0) continue;
     const unsigned char* source = rows + kStampBytes + p * sizeof(float);
     std::array<float, kTileRows> values;
     for (size_t r = 0; r < kTileRows; ++r) values[r] = LoadLittleEndian<float>(source + r * kRowBytes);

@@ -24,8 +24,8 @@ struct ColumnRanges {
   float Maximum(int parameter) const;
 };
 
-/// Spreads kTileRows parameter-file rows (544 bytes each) over the columns and widens the ranges by their finite
-/// values. True when some value is not finite. 65 ms for a million rows, as much as copying them takes.
+/// Spreads kTileRows parameter-file rows (544 bytes each) over columns that are all zero so far, and widens the ranges
+/// by their finite values. True when some value is not finite. 65 ms for a million rows, as much as copying them takes.
 bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, ColumnRanges& ranges);
 
 /// True when row `row` of a tile holds a value that is not finite.
