@@ -212,11 +212,7 @@ class MainFormTest : public QObject {
     program.Load();
     program.Click("chkAxesOff");
     program.Click("chkDrawClustBounds");
-    for (const int c : {1, 2}) {
-      program.Click(QString("lblNewCluster(%1)").arg(c));
-      const double left = c * 200;
-      program.DrawPolygon({{left, 10}, {left + 150, 10}, {left + 150, 90}, {left, 90}});
-    }
+    CutTwo(program);
     const QColor red(255, 0, 0), green(0, 255, 0), white(255, 255, 255);
     const int reds = program.Pixels(red), greens = program.Pixels(green), whites = program.Pixels(white);
     QVERIFY(reds > 0 && greens > 0);
@@ -305,6 +301,177 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Shared.AxisMaximum[134], 100.0F);
   }
 
+  void EditsUndoesAndTellsAboutClusters() {
+    Program program;
+    program.Load();
+    program.Click("cmdDeleteCluster");  // none is chosen: nothing happens
+    CutTwo(program);
+    const BoundaryTable cut = program.Shared.Clusters;
+    auto* label = program.Get("lblChooseCluster(1)");
+    QTest::keyClick(program.View(), Qt::Key_1);
+    QCOMPARE(program.Shared.CurrentCluster, int16_t{1});
+    program.Click("cmdClusterInfo");
+    QVERIFY(program.Messages().contains("Cluster 1: MPeak-1 against MPeak-2, 4 vertices\nCluster 1: "));
+    program.Click("cmdDeleteAllClusters");
+    QVERIFY(!label->isVisible());
+    QCOMPARE(program.Pixels(QColor(255, 0, 0)), 0);
+    QTest::keyClick(program.View(), Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(program.Shared.Clusters == cut);
+    QVERIFY(label->isVisible());
+    program.Type("txtCopyCluster", "17");
+    program.Click("cmdCopyCluster");
+    QVERIFY(program.Shared.Clusters[17] == cut[1]);
+    program.Click("cmdDeleteClusterBounds");
+    QVERIFY(!label->isVisible());
+    program.Click("cmdHideCL0");
+    QCOMPARE(program.Get<QPushButton>("cmdHideCL0")->text(), "Show CL 0");
+    QVERIFY(!program.Shared.Display[0]);
+    // Escape takes an open polygon back.
+    program.Click("lblNewCluster(5)");
+    QTest::mousePress(program.Surface(), Qt::LeftButton, {}, QPoint(30, 30));
+    QCOMPARE(program.Shared.Clusters[5].BoundaryCount, 1);
+    QTest::keyClick(program.View(), Qt::Key_Escape);
+    QCOMPARE(program.Shared.Clusters[5].BoundaryCount, 0);
+    QVERIFY(!program.Shared.ClusterDefined[5]);
+  }
+
+  void PagesOfClustersChange() {
+    Program program;
+    program.Load();
+    auto* button = program.Get<QPushButton>("cmdToggleClusters");
+    QCOMPARE(button->text(), "CL 16-30");
+    button->click();
+    QCOMPARE(button->text(), "CL 1- 15");
+    QVERIFY(program.Get("fraCL16to30")->isVisible() && !program.Get("fraCL1to15")->isVisible());
+    button->click();
+    QCOMPARE(button->text(), "CL16-30");
+    // Two digits typed together are one number, and lead to its page.
+    QTest::keyClicks(program.View(), "23");
+    QCOMPARE(program.Shared.CurrentCluster, int16_t{23});
+    QVERIFY(program.Get("fraCL16to30")->isVisible());
+  }
+
+  void OverlapBlinksUntilSomethingChanges() {
+    Program program;
+    program.Load();
+    program.Click("chkAxesOff");
+    program.Click("cmdShowOverlap");
+    QCOMPARE(program.Answers.Messages, QStringList{"|There are no overlapping clusters"});
+    CutTwo(program);
+    program.Type("txtCopyCluster", "9");
+    program.Click("cmdCopyCluster");
+    auto* button = program.Get<QPushButton>("cmdShowOverlap");
+    auto* timer = program.Get<QTimer>("tmrDelayTimer");
+    const QColor white(255, 255, 255);
+    const int before = program.Pixels(white);
+    button->click();
+    QCOMPARE(button->text(), "Stop Overlap");
+    QVERIFY(timer->isActive() && timer->interval() == 500);
+    const int lit = program.Pixels(white);
+    QVERIFY(lit > before);
+    QTRY_VERIFY(program.Pixels(white) < lit);  // black half a second later
+    program.Show(1, 0);                        // another projection: it starts anew there
+    QCOMPARE(button->text(), "Stop Overlap");
+    button->click();
+    QCOMPARE(button->text(), "Show Overlap");
+    QVERIFY(!timer->isActive());
+    button->click();
+    program.Click("cmdDeleteCluster");
+    QCOMPARE(button->text(), "Show Overlap");
+  }
+
+  void KeepsACutInFiles() {
+    Program program;
+    program.Start();
+    program.Click("cmdReadCBFile");
+    QCOMPARE(program.Answers.Messages.takeLast(), "|Need to Load Points first");
+    program.Click("cmdLoadPoints");
+    program.Click("cmdReadCBFile");
+    QCOMPARE(program.Answers.Messages.takeLast(), "ERROR|CBFile does not exist");
+    CutTwo(program);
+    const int64_t first = PointsInCluster(program.Shared, 1), second = PointsInCluster(program.Shared, 2);
+    QTest::keyClick(program.Get("txtCBFileWrite"), Qt::Key_Return);
+    QVERIFY(QFile::exists(program.Path("TT1/cbfile.m1.txt")));
+    QVERIFY(program.Messages().endsWith("cbfile.m1.txt"));
+    program.Click("cmdDeleteAllClusters");
+    QTest::keyClick(program.Get("txtCBFileRead"), Qt::Key_Return);
+    QCOMPARE(PointsInCluster(program.Shared, 1), first);
+    program.Click("cmdDeleteAllClusters");
+    program.Form.findChild<QAction*>("mnuReadSelectedClusters")->trigger();
+    auto* choose = program.Get<QDialog>("ChooseClusterForm");
+    QVERIFY(choose->isVisible());
+    choose->findChild<QCheckBox*>("chkCluster(2)")->click();
+    choose->findChild<QPushButton*>("cmdGo")->click();
+    QVERIFY(!choose->isVisible());
+    QCOMPARE(PointsInCluster(program.Shared, 1), int64_t{0});
+    QCOMPARE(PointsInCluster(program.Shared, 2), second);
+    // A broken file is told, with the line; Undo brings the cut back.
+    QFile good(program.Path("TT1/cbfile.m1.txt"));
+    QVERIFY(good.open(QIODevice::ReadOnly));
+    program.Write("TT1/broken.txt", good.readAll().chopped(30) + "x");
+    program.Type("txtCBFileRead", "broken");
+    program.Click("cmdReadCBFile");
+    QVERIFY(program.Answers.Messages.takeLast().startsWith("ERROR|broken.txt, line "));
+    program.Click("cmdUndo");
+    QCOMPARE(PointsInCluster(program.Shared, 2), second);
+  }
+
+  void LeavingWritesTheExitCopyAndTheScales() {
+    Program program;
+    program.Load();
+    CutTwo(program);
+    // Where it cannot be written the user is asked, and may stay.
+    QDir(program.Path("TT1")).mkdir("cbfile.exit.txt");
+    program.Answers.Agree = false;
+    QVERIFY(!program.Form.close());
+    QVERIFY(program.Form.isVisible());
+    QVERIFY(program.Answers.Questions.takeLast().contains("cbfile.exit.txt is a folder"));
+    QDir(program.Path("TT1")).rmdir("cbfile.exit.txt");
+    QVERIFY(program.Form.close());
+    QVERIFY(program.Answers.Questions.isEmpty());
+    QVERIFY(QFile::exists(program.Path("TT1/cbfile.exit.txt")));
+    QVERIFY(QFile::exists(program.Path("TT1/AxesScaleFile")));
+
+    program.Answers.FilesToOpen = {program.Path("TT1/TT1.Ntt.parms")};
+    Session session;
+    Main_Form again(session, program.Answers);
+    QVERIFY(again.Form_Load());
+    again.findChild<QPushButton*>("cmdLoadPoints")->click();
+    again.findChild<QLineEdit*>("txtCBFileRead")->setText("cbfile.exit");
+    again.findChild<QPushButton*>("cmdReadCBFile")->click();
+    QCOMPARE(PointsInCluster(session, 2), PointsInCluster(program.Shared, 2));
+  }
+
+  void DefaultsComeBackAtTheNextStart() {
+    Program program;
+    program.Start();
+    program.Click("cmdSaveDefaults");  // cancelled
+    QCOMPARE(program.Answers.Asked.Title, "Save Defaults File");
+    QVERIFY(!QFile::exists(program.Path("TT1/Defaults")));
+    program.Type("txtPosFile", "Pos2.p");
+    program.Type("txtCBFileRead", "cbfile.m7");
+    program.Answers.FilesToOpen = {program.Path("TT1/Defaults")};
+    program.Click("cmdSaveDefaults");
+    program.Answers.FilesToOpen = {program.Path("TT1/TT1.Ntt.parms")};
+    Session session;
+    Main_Form again(session, program.Answers);
+    QVERIFY(again.Form_Load());
+    QCOMPARE(again.findChild<QLineEdit*>("txtPosFile")->text(), "Pos2.p");
+    QCOMPARE(again.findChild<QLineEdit*>("txtCBFileRead")->text(), "cbfile.m7");
+    QCOMPARE(again.findChild<QLineEdit*>("txtCBFileWrite")->text(), "cbfile.m1");
+  }
+
+  void AxisScalesAreRestored() {
+    Program program;
+    program.Load();
+    program.Click("cmdRestoreAxes");
+    QVERIFY(program.Answers.Messages.takeLast().endsWith("\\AxesScaleFile is not present"));
+    program.Form.findChild<QAction*>("mnuWriteAxesScaleFile")->trigger();
+    program.Click("cmdScaleUp");
+    program.Click("cmdRestoreAxes");
+    QCOMPARE(program.Shared.AxisMaximum[0], 999.0F);
+  }
+
   void EveryControlCanBeReachedAndSaysWhatItIs() {
     Program program;
     program.Load();
@@ -318,6 +485,15 @@ class MainFormTest : public QObject {
   }
 
  private:
+  /// Cuts clusters 1 and 2 out of the first projection, side by side.
+  static void CutTwo(const Program& program) {
+    for (const int c : {1, 2}) {
+      program.Click(QString("lblNewCluster(%1)").arg(c));
+      const double left = c * 200;
+      program.DrawPolygon({{left, 10}, {left + 150, 10}, {left + 150, 90}, {left, 90}});
+    }
+  }
+
   static int64_t CountInside(const Program& program, std::initializer_list<Boundary> boundaries) {
     int64_t count = 0;
     for (size_t i = 0; i < program.Shared.Points.Rows(); ++i) {

@@ -96,6 +96,8 @@ class Program {
   void Type(const QString& name, const QString& text) const { Get<QLineEdit>(name)->setText(text); }
   void DoubleClick(const QString& name) const { QTest::mouseDClick(Get(name), Qt::LeftButton); }
 
+  QString Messages() const { return Get<QPlainTextEdit>("txtMessages")->toPlainText(); }
+
   /// Chooses both parameters in the lists; the click on the Y list shows them.
   void Show(int x, int y) const {
     Get<QListWidget>("lstX_Axis")->setCurrentRow(x);

@@ -1,0 +1,232 @@
+// The boundaries file: what is written is read back, and whatever is in a file leaves a session that goes on.
+
+#include "clusters/boundaries_file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <random>
+
+#include "clusters/autosave.h"
+#include "clusters/classify.h"
+#include "clusters/undo.h"
+#include "files/file_reader.h"
+#include "files/text_header.h"
+#include "support/recording_world.h"
+#include "support/refusal.h"
+#include "support/sessions.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+namespace {
+
+/// A session in a folder of its own, with points on a grid.
+struct Desk {
+  TemporaryFolder Folder;
+  RecordingWorld World;
+  Session Shared;
+
+  Desk() : Shared(SessionWith(Grid())) { Shared.DataDirectory = Folder / "."; }
+
+  static std::vector<Vertex> Grid() {
+    std::vector<Vertex> points;
+    for (float x = 0; x <= 100; x += 5)
+      for (float y = 0; y <= 100; y += 5) points.push_back({x, y});
+    return points;
+  }
+  void Define(int c, const Boundary& boundary) {
+    AddBoundary(Shared, c, boundary);
+    Shared.ClusterDefined[c] = true;
+    ++Shared.DefinitionCounter;
+    ClassifyCluster(Shared, c);
+  }
+  std::string Path(std::string_view name) const { return BoundariesFilePath(Shared, name); }
+  void PutRecords(std::string_view name, std::string_view records) {
+    Folder.Put(std::string(name) + ".txt", TextHeader("CBFile") + std::string(records));
+  }
+};
+
+std::string BodyOf(const std::string& path) {
+  const std::string text = ReadText(path);
+  return text.substr(static_cast<size_t>(TextHeaderLength(text)));
+}
+
+std::string Triangle(int c, int x = 0) {
+  return std::to_string(c) + "\r\n" + std::to_string(x) + "\r\n1\r\n\"A\"\r\n\"B\"\r\n3\r\n0,0\r\n50,0\r\n0,50\r\n\r\n";
+}
+
+TEST(BoundariesFile, IsWrittenLineByLine) {
+  Desk desk;
+  desk.Define(3, PolygonOf({{12.5, -3}, {1.5e7, 0.1F}, {0, 1.0F / 3}}, 0, kEnergy + 1));
+  desk.Define(2, PolygonOf({}, 5, 6));
+  desk.Shared.ClusterDefined[9] = true;                  // marked, but without a boundary
+  AddBoundary(desk.Shared, 8, RectangleOf(0, 0, 1, 1));  // not marked
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cbfile.m1"));
+  EXPECT_EQ(BodyOf(desk.Folder / "cbfile.m1.txt"),
+            "2\r\n5\r\n6\r\n\"MPeak-6\"\r\n\"MPeak-7\"\r\n0\r\n\r\n"
+            "3\r\n0\r\n66\r\n\"MPeak-1\"\r\n\"Energy-2\"\r\n3\r\n12.5,-3\r\n1.5E+07,0.1\r\n0,0.3333333\r\n\r\n");
+  EXPECT_EQ(desk.World.Log, std::vector<std::string>{"Wrote CBFile " + desk.Path("cbfile.m1")});
+}
+
+TEST(BoundariesFile, BringsAWholeCutBack) {
+  Desk desk;
+  std::mt19937 generator(7);
+  const auto number = [&] { return static_cast<float>(generator() % 100000) / 997.0F; };
+  for (int c = 1; c <= kClusters; ++c) {
+    for (int b = 0; b < 1 + c % 21; ++b) {
+      std::vector<Vertex> vertices;
+      for (size_t k = generator() % 52; k > 0; --k) vertices.push_back({number(), number()});
+      desk.Define(c, PolygonOf(vertices, 0, 1));
+    }
+  }
+  ClassifyAllClusters(desk.Shared);
+  WriteCBFile(desk.Shared, desk.World, desk.Path("all"));
+  Desk other;
+  ASSERT_TRUE(ReadCBFile(other.Shared, desk.Path("all")));
+  for (int c = 1; c <= kClusters; ++c) {
+    const Cluster &written = desk.Shared.Clusters[c], &read = other.Shared.Clusters[c];
+    ASSERT_EQ(read.BoundaryCount, written.BoundaryCount);
+    for (int b = 0; b < read.BoundaryCount; ++b) {
+      ASSERT_EQ(read.Boundaries[b].VertexCount, written.Boundaries[b].VertexCount);
+      for (int k = 0; k < read.Boundaries[b].VertexCount; ++k)
+        EXPECT_NEAR(read.Boundaries[b].Vertices[k].X, written.Boundaries[b].Vertices[k].X,
+                    5.1e-7F * std::max(1.0F, written.Boundaries[b].Vertices[k].X));
+    }
+  }
+  EXPECT_TRUE(other.Shared.ClusterDefined[30]);
+  for (size_t i = 0; i < other.Shared.Points.Rows(); ++i)
+    ASSERT_EQ(ListOf(other.Shared, i), ListOf(desk.Shared, i)) << "point " << i;
+}
+
+TEST(BoundariesFile, ReadersTreatScatteredRecordsEachInItsWay) {
+  Desk desk;
+  desk.PutRecords("mixed", Triangle(1) + Triangle(2) + Triangle(1, 7));
+  ASSERT_TRUE(ReadCBFile(desk.Shared, desk.Path("mixed")));
+  EXPECT_EQ(desk.Shared.Clusters[1].BoundaryCount, 1);
+  EXPECT_EQ(desk.Shared.Clusters[1].Boundaries[0].XParameter, 7);
+  EXPECT_EQ(desk.Shared.DefinitionCounter, 3);
+
+  Desk selected;
+  selected.Define(2, RectangleOf(0, 0, 10, 10));
+  const Cluster kept = selected.Shared.Clusters[2];
+  ByCluster<bool> first{};
+  first[1] = true;
+  ASSERT_TRUE(ReadSelectedClusters(selected.Shared, desk.Path("mixed"), first));
+  EXPECT_EQ(selected.Shared.Clusters[1].BoundaryCount, 2);
+  EXPECT_EQ(selected.Shared.Clusters[2], kept);
+  EXPECT_EQ(selected.Shared.DefinitionCounter, 2);
+}
+
+TEST(BoundariesFile, NamesInItReplaceTheCatalogues) {
+  Desk desk;
+  desk.PutRecords("named", Triangle(1, 7));
+  ASSERT_TRUE(ReadCBFile(desk.Shared, desk.Path("named")));
+  EXPECT_EQ(desk.Shared.ParameterNames[7], "A");
+  WriteCBFile(desk.Shared, desk.World, desk.Path("again"));
+  EXPECT_EQ(BodyOf(desk.Folder / "again.txt"), Triangle(1, 7));
+}
+
+TEST(BoundariesFile, WithoutRecordsOrHeaderDeletesTheClusters) {
+  Desk desk;
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  desk.PutRecords("empty", "");
+  EXPECT_TRUE(ReadCBFile(desk.Shared, desk.Path("empty")));
+  EXPECT_FALSE(desk.Shared.ClusterDefined[4]);
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  desk.Define(5, RectangleOf(0, 0, 10, 10));
+  desk.Folder.Put("foreign.txt", "1,2,3\r\n");
+  ByCluster<bool> fourth{};
+  fourth[4] = true;
+  EXPECT_FALSE(ReadSelectedClusters(desk.Shared, desk.Path("foreign"), fourth));
+  EXPECT_FALSE(desk.Shared.ClusterDefined[4]);
+  EXPECT_TRUE(desk.Shared.ClusterDefined[5]);
+  EXPECT_FALSE(ReadCBFile(desk.Shared, desk.Path("foreign")));
+  EXPECT_EQ(PointsInCluster(desk.Shared, 0), 441);
+}
+
+TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
+  std::string manyBoundaries;
+  for (int b = 0; b < 22; ++b) manyBoundaries += Triangle(6);
+  const std::string undo =
+      "\n\nWhat was read until there is kept but not applied to the points; Undo brings the earlier cut back.";
+  const struct {
+    std::string Records, Fault;
+    int Kept;  ///< boundaries of cluster 6 that stay
+  } cases[] = {
+      {Triangle(6) + Triangle(31), "line 16: cluster 31 is not within 0 to 30.", 1},
+      {Triangle(-1), "line 6: cluster -1 is not within 0 to 30.", 0},
+      {manyBoundaries, "line 216: cluster 6 has a 22nd boundary.", 21},
+      {Triangle(6, 135), "line 7: parameter 135 is not within 0 to 134.", 1},
+      {"6\r\n0\r\n1\r\n\"A\"\r\n\"B\"\r\n1000000000\r\n0,0\r\n",
+       "line 11: vertex count 1000000000 is not within 0 to 51.", 1},
+      {Triangle(6) + "six\r\n", "line 16: \"six\" is not a number.", 1},
+      {Triangle(6) + "6\r\n0\r\n1\r\n\"A\"\r\n\"B\"\r\n3\r\n0,0\r\n5,", " ended early, at line 23.", 2},
+  };
+  for (const auto& bad : cases) {
+    Desk desk;
+    desk.Define(4, RectangleOf(0, 0, 10, 10));
+    desk.PutRecords("bad", bad.Records);
+    const std::string refusal = Refusal([&] { ReadCBFile(desk.Shared, desk.Path("bad")); });
+    EXPECT_NE(refusal.find(bad.Fault + undo), std::string::npos) << refusal;
+    EXPECT_EQ(refusal.find("ERROR: bad.txt"), size_t{0}) << refusal;
+    EXPECT_EQ(desk.Shared.Clusters[6].BoundaryCount, bad.Kept);
+    UndoLastChange(desk.Shared);
+    EXPECT_EQ(PointsInCluster(desk.Shared, 4), 9);
+    EXPECT_EQ(desk.Shared.Clusters[6].BoundaryCount, 0);
+  }
+}
+
+TEST(BoundariesFile, WritesThatFailLeaveTheEarlierFile) {
+  Desk desk;
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+  const std::string first = ReadText(desk.Folder / "cut.txt");
+  // Nothing can be made beside it: a folder stands where the new file would be written.
+  std::filesystem::create_directory(desk.Folder / "cut.txt.saving~");
+  EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("cut")); }), "");
+  EXPECT_EQ(ReadText(desk.Folder / "cut.txt"), first);
+  // A name that is a folder, or in one that is not there.
+  std::filesystem::create_directory(desk.Folder / "folder.txt");
+  EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("folder")); }), "");
+  EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("no/where")); }), "");
+  EXPECT_EQ(desk.World.Log.size(), size_t{1});
+}
+
+TEST(BoundariesFile, AnEarlierCutSurvivesBesideTheNewOne) {
+  Desk desk;
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+  const std::string full = ReadText(desk.Folder / "cut.txt");
+  // Twice nothing over it, as when the program is opened and left: the copy still holds the cut.
+  const Session empty;
+  WriteCBFile(empty, desk.World, desk.Path("cut"));
+  WriteCBFile(empty, desk.World, desk.Path("cut"));
+  EXPECT_EQ(ReadText(desk.Folder / "cut.txt.bak"), full);
+}
+
+TEST(Autosave, IsDueAfterFiveMinutesAndAfterMidnight) {
+  EXPECT_FALSE(AutosaveDue(1300, 1000));
+  EXPECT_TRUE(AutosaveDue(1300.5F, 1000));
+  EXPECT_TRUE(AutosaveDue(300, 86390));
+  EXPECT_FALSE(AutosaveDue(300.5F, 290));
+}
+
+TEST(Autosave, IsOfferedWhenItIsTheNewestCut) {
+  using namespace std::chrono_literals;
+  Desk desk;
+  EXPECT_FALSE(UnclaimedAutosave(desk.Shared));
+  WriteCBFile(desk.Shared, desk.World, AutosavePath(desk.Shared));
+  EXPECT_FALSE(UnclaimedAutosave(desk.Shared)) << "it holds nothing";
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  WriteCBFile(desk.Shared, desk.World, AutosavePath(desk.Shared));
+  desk.Folder.Put("newer notes.txt", "not a boundaries file");
+  EXPECT_TRUE(UnclaimedAutosave(desk.Shared));
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cbfile.m1"));
+  const auto now = std::filesystem::last_write_time(desk.Folder / "cbfile.m1.txt");
+  std::filesystem::last_write_time(desk.Folder / "cbfile.tmp.txt", now - 10s);
+  EXPECT_FALSE(UnclaimedAutosave(desk.Shared));
+}
+
+}  // namespace
+}  // namespace pallomir
