@@ -3,6 +3,7 @@
 #include <memory>
 #include <vector>
 
+#include "clusters/boundaries_file.h"
 #include "clusters/classify.h"
 #include "clusters/inside_test.h"
 #include "session/point_reader.h"
@@ -79,6 +80,31 @@ void ClassifyMany(benchmark::State& state) {
   for (auto _ : state) ClassifyAllClusters(session);
 }
 BENCHMARK(ClassifyMany)->Name("classify, 30 clusters of 3/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// All that a boundaries file can hold: 30 clusters of 21 boundaries of 51 corners, on points of four channels.
+void ReadFullFile(benchmark::State& state) {
+  Session session = OpenSession();
+  QuietWorld world;
+  ReadPoints(session, world, 0, static_cast<int32_t>(Spikes() - 1));
+  for (int c = 1; c <= kClusters; ++c) {
+    Cluster& cluster = session.Clusters[c];
+    session.ClusterDefined[c] = true;
+    cluster.BoundaryCount = kBoundariesPerCluster;
+    for (int b = 0; b < kBoundariesPerCluster; ++b) {
+      cluster.Boundaries[b] = Polygon(51);
+      cluster.Boundaries[b].XParameter = static_cast<int16_t>(b % 4);
+      cluster.Boundaries[b].YParameter = static_cast<int16_t>((b + 1) % 4);
+      for (Vertex& vertex : cluster.Boundaries[b].Vertices) vertex.X -= 3 * static_cast<float>(c);
+    }
+  }
+  const std::string path = RecordingFolder() + "\\full.txt";
+  WriteCBFile(session, world, path);
+  for (auto _ : state) ReadCBFile(session, path);
+}
+BENCHMARK(ReadFullFile)
+    ->Name("read a full boundaries file and classify/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.3);
 
 }  // namespace
 

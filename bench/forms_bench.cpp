@@ -98,6 +98,48 @@ BENCHMARK(CloseStar)
     ->Iterations(1)
     ->Repetitions(5);
 
+/// `clusters` clusters of one boundary, then Undo and Undo again.
+void UndoOnForm(benchmark::State& state, int clusters) {
+  Program program;
+  program.Load();
+  for (int c = 1; c <= clusters; ++c) {
+    Cluster& cluster = program.Shared.Clusters[c];
+    cluster.BoundaryCount = 1;
+    cluster.Boundaries[0] = Polygon(6);
+    for (Vertex& vertex : cluster.Boundaries[0].Vertices) vertex.X -= 4 * static_cast<float>(c);
+    program.Shared.ClusterDefined[c] = true;
+  }
+  program.Form.findChild<QPushButton*>("cmdDeleteAllClusters")->click();
+  for (auto _ : state) {
+    program.Form.findChild<QPushButton*>("cmdUndo")->click();
+    QApplication::processEvents();
+    state.PauseTiming();
+    program.Form.findChild<QPushButton*>("cmdUndo")->click();
+    QApplication::processEvents();
+    state.ResumeTiming();
+  }
+}
+
+void UndoOne(benchmark::State& state) {
+  UndoOnForm(state, 1);
+}
+BENCHMARK(UndoOne)
+    ->Name("undo, 1 cluster, to picture/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+void UndoThirty(benchmark::State& state) {
+  UndoOnForm(state, 30);
+}
+BENCHMARK(UndoThirty)
+    ->Name("undo, 30 clusters, to picture/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
 }  // namespace
 
 }  // namespace pallomir::bench

@@ -39,9 +39,13 @@ std::string LocalTime(fs::file_time_type time) {
 
 }  // namespace
 
-std::string AutosavePath(const Session& session) { return BoundariesFilePath(session, "cbfile.tmp"); }
+std::string AutosavePath(const Session& session) {
+  return BoundariesFilePath(session, "cbfile.tmp");
+}
 
-bool AutosaveDue(float now, float last) { return now <= kInterval || now > last + kInterval; }
+bool AutosaveDue(float now, float last) {
+  return now <= kInterval || now > last + kInterval;
+}
 
 std::optional<std::string> UnclaimedAutosave(const Session& session) {
   std::error_code error;
@@ -50,7 +54,8 @@ std::optional<std::string> UnclaimedAutosave(const Session& session) {
   if (error || !IsBoundariesFile(autosave)) return {};
   const std::string text = ReadText(PathText(autosave));
   if (TextHeaderLength(text) == static_cast<long>(text.size())) return {};
-  for (fs::directory_iterator entry(autosave.parent_path(), error), end; !error && entry != end; entry.increment(error)) {
+  for (fs::directory_iterator entry(autosave.parent_path(), error), end; !error && entry != end;
+       entry.increment(error)) {
     if (entry->path() == autosave || entry->path().extension() != ".txt" || !IsBoundariesFile(entry->path())) continue;
     const auto written = entry->last_write_time(error);
     if (!error && written >= saved) return {};

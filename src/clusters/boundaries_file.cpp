@@ -65,8 +65,8 @@ class RecordReader {
     session_.ParameterNames[boundary.YParameter] = items_.Text();
     const int count = WholeWithin("vertex count", 0, kVerticesPerBoundary);
     for (int k = 0; k < count; ++k) {
-      const auto x = static_cast<float>(items_.Number());
-      boundary.Vertices[k] = {x, static_cast<float>(items_.Number())};
+      const float x = items_.Single();
+      boundary.Vertices[k] = {x, items_.Single()};
       ++boundary.VertexCount;
     }
     items_.SkipLine();

@@ -56,6 +56,12 @@ void EnterFirstSlot(int16_t* first, const uint8_t* inside, size_t count, int16_t
   }
 }
 
+/// Marks the points whose slot holds c.
+PALLOMIR_HOT_LOOP
+void MarkMembers(const int16_t* slot, size_t count, int16_t c, uint8_t* member) {
+  for (size_t i = 0; i < count; ++i) member[i] = static_cast<uint8_t>(member[i] | static_cast<int>(slot[i] == c));
+}
+
 /// Enters the flags of points begin..begin+count-1 into their lists.
 void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, int16_t c) {
   if (points.SlotsInUse() == 0) points.AddSlot();
@@ -64,7 +70,12 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
     EnterFirstSlot(first, inside.data(), count, c);
     return;
   }
+  // Only the lists of points that come in or leave are gone through.
+  Flags member{};
+  for (int slot = 0; slot < points.SlotsInUse(); ++slot)
+    MarkMembers(points.Slot(slot).data() + begin, count, c, member.data());
   for (size_t i = 0; i < count; ++i) {
+    if (inside[i] == member[i]) continue;
     if (inside[i])
       Join(points, begin + i, c);
     else

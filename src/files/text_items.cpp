@@ -1,6 +1,8 @@
 #include "files/text_items.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "files/error.h"
 #include "files/number_text.h"
@@ -48,6 +50,14 @@ double TextItems::Number() {
     throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": \"" + item.substr(0, 40) +
                        "\" is not a number.");
   return *number;
+}
+
+float TextItems::Single() {
+  const double number = Number();
+  if (std::abs(number) > std::numeric_limits<float>::max())
+    throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": " + DoubleText(number) +
+                       " is too large for single precision.");
+  return static_cast<float>(number);
 }
 
 }  // namespace pallomir

@@ -22,6 +22,9 @@ class TextItems {
   /// The next item as a number. Throws CommandError at the end of the file, or when it is not one.
   double Number();
 
+  /// The next item as a single-precision number; one beyond its range is refused as well.
+  float Single();
+
   /// Throws the rest of the present line away.
   void SkipLine();
 

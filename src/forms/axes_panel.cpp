@@ -22,7 +22,7 @@ AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
   cmdScaleUp = MakeButton("cmdScaleUp", "Scale &Up", "Zoom in: both axes shrink to three fifths about their centres.");
   cmdScaleDown =
       MakeButton("cmdScaleDown", "Scale &Down", "Zoom out: both axes grow to seven fifths about their centres.");
-  cmdScaleDefaults = MakeButton("cmdScaleDefaults", "Defaults", "Both axes to the range of the first loaded data.");
+  cmdScaleDefaults = MakeButton("cmdScaleDefaults", "Defaul&ts", "Both axes to the range of the first loaded data.");
   cmdRestoreAxes = MakeButton("cmdRestoreAxes", "Axis Scale",
                               "Restores axis scales for ALL parameters from File.  Right click to save Current Axes.");
   txtLower = MakeTextBox("txtLower", "Lower end of an axis", "Lower end for Set X and Set Y.", 5);
@@ -43,6 +43,7 @@ AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
   auto* yHeading = MakeHeading("&Y axis");
   xHeading->setBuddy(lstX_Axis);
   yHeading->setBuddy(lstY_Axis);
+  grid->setRowMinimumHeight(0, 25);  // as high as the button beside it
   grid->addWidget(xHeading, 0, 0);
   grid->addWidget(yHeading, 0, 1);
   grid->addWidget(lstX_Axis, 1, 0);

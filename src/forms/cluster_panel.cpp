@@ -12,7 +12,7 @@ QLabel { color: #b9c1ce; }
 QCheckBox::indicator { width: 12px; height: 12px; border: 1px solid #8d97a8; border-radius: 3px; background: #20242c; }
 QCheckBox::indicator:hover, QCheckBox:focus { border-color: #ffffff; }
 QCheckBox::indicator:focus { border: 2px solid #ffffff; }
-QCheckBox::indicator:checked { background: #f0f3f8; border: 3px solid #5b83d8; }
+QCheckBox::indicator:checked { background: #82aaff; border-color: #ffffff; }
 )";
 
 QLabel* ColumnHeading(const QString& text, const QString& toolTip) {
@@ -53,6 +53,7 @@ QFrame* ClusterPanel::MakePage(const QString& name, int firstCluster) {
   grid->addWidget(ColumnHeading("Others", "Draw all other clusters as unclustered points are drawn"), 0, 3);
   for (int line = 1; line <= 15; ++line) {
     MakeRow(grid, line, firstCluster + line - 1);
+    grid->setRowMinimumHeight(line, 18);
     grid->setRowStretch(line, 1);
   }
   grid->setColumnStretch(0, 1);

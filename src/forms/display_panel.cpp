@@ -20,16 +20,16 @@ DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
   cmdRedraw =
       MakeButton("cmdRedraw", "&Redraw", "Draw the points afresh. Right click to watch them appear one at a time.");
   cmdClear = MakeButton("cmdClear", "&Clear", "Clear the picture");
-  chkDownsample = MakeCheckBox("chkDownsample", "Downsample", "Draw only a random part of the points");
+  chkDownsample = MakeCheckBox("chkDownsample", "Downsa&mple", "Draw only a random part of the points");
   txtDownsampleFraction = MakeTextBox("txtDownsampleFraction", "Part of the points to draw",
                                       "Part of the points to draw, 0 to 1", 4, "0.5");
   txtDelay = MakeTextBox("txtDelay", "Draw Speed",
                          "Change the rate at which the display is drawn.  A higher number indicates a faster speed.", 6,
                          "250000");
-  chkWhiteBackground = MakeCheckBox("chkWhiteBackground", "White", "White background, for print");
+  chkWhiteBackground = MakeCheckBox("chkWhiteBackground", "&White", "White background, for print");
   chkAxesOff = MakeCheckBox("chkAxesOff", "Axes off", "Draw no axes");
   chkDrawClustBounds =
-      MakeCheckBox("chkDrawClustBounds", "Show bounds", "Draw the boundaries that were made in this projection");
+      MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries that were made in this projection");
   chkDrawClustBounds->setChecked(true);
 
   auto* mouse = new QButtonGroup(this);
@@ -38,7 +38,7 @@ DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
   for (QPushButton* narrow : {cmdPointDown, cmdPointUp, cmdRandomX, cmdRandomY}) narrow->setFixedWidth(28);
   txtDelay->setMaximumWidth(txtDelay->minimumWidth());
   txtDownsampleFraction->setMaximumWidth(txtDownsampleFraction->minimumWidth());
-  auto* speed = MakeLabel("Draw Speed", txtDelay);
+  auto* speed = MakeLabel("Draw S&peed", txtDelay);
   speed->setToolTip(txtDelay->toolTip());
 
   auto* column = new QVBoxLayout(this);

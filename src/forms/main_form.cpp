@@ -12,6 +12,7 @@
 #include "forms/files_panel.h"
 #include "forms/range_panel.h"
 #include "projection/colours.h"
+#include "session/point_reader.h"
 #include "session/start_up.h"
 
 namespace pallomir {
@@ -48,7 +49,13 @@ bool Main_Form::Form_Load() {
     Run([this] { txtStartEvent_DblClick(); });
     Run([this] { txtEndEvent_DblClick(); });
   } else {
-    status_->setText("This recording holds no spikes.");
+    AppendMessage("This recording holds no spikes.");
+  }
+  try {
+    CheckVideoSampling(session_);
+  } catch (const ProgramEnd& end) {
+    AppendMessage(std::string("Loading will fail: ") + end.what() + " (" + session_.DataDirectory +
+                  "\\..\\VideoSampling must hold 30 or 60)");
   }
   PlaceWindows();
   projections_->show();
@@ -91,6 +98,7 @@ void Main_Form::Run(const std::function<void()>& handler) {
     status_->setText("Points are being loaded; Esc stops it.");
     return;
   }
+  status_->clear();
   try {
     handler();
   } catch (const ProgramEnd& end) {
@@ -137,6 +145,8 @@ void Main_Form::EndProgram() {
 void Main_Form::Escape() {
   if (loading_)
     stopLoading_ = true;
+  else if (projections_->SlowRedrawRunning())
+    projections_->StopSlowRedraw();
   else if (projections_->PolygonOpen())
     Run([this] { cmdUndo_Click(); });
 }
@@ -183,7 +193,10 @@ bool Main_Form::eventFilter(QObject* watched, QEvent* event) {
         menu && menu->reason() == QContextMenuEvent::Keyboard)
       popup->second->popup(menu->globalPos());
   }
-  if ((watched == axes_->lstY_Axis && type == QEvent::KeyRelease) ||
+  // A key that was pressed elsewhere, in a message box that has gone since, is none of the list's.
+  const bool listKey = watched == axes_->lstY_Axis && (type == QEvent::KeyPress || type == QEvent::KeyRelease);
+  const bool keyWasDown = std::exchange(listKeyDown_, listKey ? type == QEvent::KeyPress : listKeyDown_);
+  if ((listKey && type == QEvent::KeyRelease && keyWasDown) ||
       (watched == axes_->lstY_Axis->viewport() && type == QEvent::MouseButtonRelease)) {
     // After the list itself has taken the event.
     QTimer::singleShot(0, this, [this] { Run([this] { lstY_Axis_Up(); }); });

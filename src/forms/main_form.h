@@ -121,6 +121,8 @@ class Main_Form : public QMainWindow, public World {
   /// For what takes effect at the next redraw: none is asked for while nothing is loaded.
   void RedrawIfLoaded();
   TypedRange Typed() const;
+  void SetTypedAxis(int parameter);
+  void ResetDisplay(int c);
   void LookUpTime(QLineEdit* record, QLineEdit* time);
   void RefreshClusters();
   void ShowPendingAxis();
@@ -169,6 +171,7 @@ class Main_Form : public QMainWindow, public World {
   std::map<QWidget*, void (Main_Form::*)()> doubleClicks_;
   /// The menu that a right click on a button opens.
   std::map<QWidget*, QMenu*> popups_;
+  bool listKeyDown_ = false;
   bool loading_ = false;
   bool stopLoading_ = false;
   bool closing_ = false;

@@ -45,13 +45,22 @@ void Main_Form::AfterEdit() {
 void Main_Form::cmdUndo_Click() {
   UndoLastChange(session_);
   AfterEdit();
+  status_->setText("Undone; Undo again leads back.");
 }
 
 void Main_Form::cmdCopyCluster_Click() {
-  const bool copied = CopyCluster(session_, NumberFromText(edit_->txtCopyCluster->text().toStdString()));
+  if (!ClusterChosen()) return;
+  const QString target = edit_->txtCopyCluster->text();
+  const bool copied = CopyCluster(session_, NumberFromText(target.toStdString()));
   projections_->GiveUpPolygon();
   RefreshClusters();
-  if (copied) Redraw();
+  if (copied) {
+    Redraw();
+    status_->setText(QString("Cluster %1 was copied to %2.").arg(session_.CurrentCluster).arg(target));
+  } else {
+    RedrawIfLoaded();
+    status_->setText("Nothing was copied: that takes a number from 1 to 30, and a cluster with boundaries.");
+  }
 }
 
 void Main_Form::cmdDeleteCluster_Click() {
@@ -76,7 +85,7 @@ void Main_Form::cmdHideCL0_Click() {
   session_.Display[0] = !session_.Display[0];
   edit_->cmdHideCL0->setChecked(!session_.Display[0]);
   edit_->cmdHideCL0->setText(session_.Display[0] ? "Hide CL 0" : "Show CL 0");
-  Redraw();
+  RedrawIfLoaded();
 }
 
 void Main_Form::cmdClusterInfo_Click() {

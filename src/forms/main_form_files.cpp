@@ -47,6 +47,8 @@ std::string Main_Form::ReadPath() const {
 }
 
 void Main_Form::cmdWriteCBFile_Click() {
+  if (files_->txtCBFileWrite->text().trimmed().isEmpty())
+    throw CommandError("Type a name for the boundaries file first.");
   WriteCBFile(session_, *this, BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString()));
 }
 
@@ -81,6 +83,8 @@ void Main_Form::ShowRead(const std::function<bool()>& read) {
   });
   if (read()) {
     Redraw();
+    const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);
+    status_->setText(QString("Read; %1 clusters have boundaries now.").arg(clusters));
     return;
   }
   status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
@@ -131,10 +135,12 @@ void Main_Form::cmdSaveDefaults_Click() {
       this, {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}});
   if (path.isEmpty()) return;
   WriteDefaults(session_, PresentDefaults(), QDir::toNativeSeparators(path).toStdString());
+  status_->setText("The defaults were saved.");
 }
 
 void Main_Form::mnuWriteAxesScaleFile_Click() {
   WriteAxesScaleFile(session_);
+  status_->setText("The axis scales were written.");
 }
 
 void Main_Form::mnuRestoreAxesScaleFromFile_Click() {

@@ -73,6 +73,8 @@ void Main_Form::LayOut() {
   setCentralWidget(central);
   status_ = new QLabel;
   status_->setProperty("quiet", true);
+  status_->setContentsMargins(8, 0, 0, 0);
+  setAttribute(Qt::WA_AlwaysShowToolTips);
   statusBar()->addWidget(status_, 1);
   statusBar()->setSizeGripEnabled(false);
   MakeMenus();
@@ -155,6 +157,8 @@ void Main_Form::ConnectDisplay() {
 }
 
 void Main_Form::ConnectClusters() {
+  connect(projections_.get(), &Projections::Hidden, this,
+          [this] { status_->setText("Redraw shows the projection again."); });
   OnClick(clusters_->cmdToggleClusters, &Main_Form::cmdToggleClusters_Click);
   connect(projections_.get(), &Projections::BoundariesChanged, this, &Main_Form::RefreshClusters);
   const auto onItem = [this](QAbstractButton* item, int c, void (Main_Form::*handler)(int)) {
@@ -179,6 +183,7 @@ void Main_Form::ConnectKeys() {
       connect(new QShortcut(key, window), &QShortcut::activated, this, [this, handler] { Run(handler); });
     };
     connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, &Main_Form::Escape);
+    onKey(QKeySequence::Quit, [this] { cmdExit_Click(); });
     onKey(QKeySequence::Undo, [this] { cmdUndo_Click(); });
     onKey(Qt::Key_Plus, [this] { cmdScaleUp_Click(); });
     onKey(Qt::Key_Minus, [this] { cmdScaleDown_Click(); });

@@ -43,6 +43,9 @@ void Main_Form::cmdLoadPoints_Click() {
     LoadPoints(session_, *this, start, end);
   }
   if (closing_) return;
+  // A box without a number shows what was loaded in its stead.
+  if (!NumberIn(range_->txtStartEvent)) range_->txtStartEvent->setText(QString::number(start));
+  if (!NumberIn(range_->txtEndEvent)) range_->txtEndEvent->setText(QString::number(end));
   Redraw();
   RefreshClusters();
   status_->setText(QString("%1 points loaded in %2 s.")

@@ -87,11 +87,18 @@ TypedRange Main_Form::Typed() const {
 }
 
 void Main_Form::cmdscaleXaxis_Click() {
-  SetAxis(session_, session_.XParameter, Typed());
+  SetTypedAxis(session_.XParameter);
 }
 
 void Main_Form::cmdscaleYaxis_Click() {
-  SetAxis(session_, session_.YParameter, Typed());
+  SetTypedAxis(session_.YParameter);
+}
+
+void Main_Form::SetTypedAxis(int parameter) {
+  const TypedRange range = Typed();
+  SetAxis(session_, parameter, range);
+  status_->setText(range.Lower || range.Upper ? "The new range shows at the next redraw."
+                                              : "Type the lower or the upper end first.");
 }
 
 void Main_Form::mnuApplyXscaleToAllParameters_Click() {
@@ -184,8 +191,23 @@ void Main_Form::cmdToggleClusters_Click() {
   clusters_->TogglePages();
 }
 
+void Main_Form::ResetDisplay(int c) {
+  session_.AutomaticRedraw = false;
+  clusters_->chkDisableClusterDisplay[c]->setChecked(false);
+  clusters_->chkDisplayClusterAsZero[c]->setChecked(false);
+  if (clusters_->chkDisplayOtherClustersAsZero[c]->isChecked()) {
+    clusters_->chkDisplayOtherClustersAsZero[c]->setChecked(false);
+    for (int other = 1; other <= kClusters; ++other) clusters_->chkDisplayClusterAsZero[other]->setChecked(false);
+  }
+  session_.AutomaticRedraw = true;
+}
+
 void Main_Form::RefreshClusters() {
-  for (int c = 1; c <= kClusters; ++c) clusters_->ShowRow(c, session_.ClusterDefined[c]);
+  for (int c = 1; c <= kClusters; ++c) {
+    // A cluster that has gone takes its display choices along.
+    if (!session_.ClusterDefined[c] && clusters_->lblChooseCluster[c]->property("Tag") == "1") ResetDisplay(c);
+    clusters_->ShowRow(c, session_.ClusterDefined[c]);
+  }
   clusters_->Paint(session_.ReferenceColours, session_.CurrentCluster);
 }
 

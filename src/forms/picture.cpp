@@ -40,12 +40,15 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, b
     for (int c = 1; c <= kClusters; ++c) {
       const Colour colour = session.Colours[c];
       if (!session.Display[c] || (session.WhiteBackground && colour == kWhite)) continue;
-      painter.setPen(QPen(ScreenColour(colour), 1.3 * pixelRatio));
       const Cluster& cluster = session.Clusters[c];
       for (int b = 0; b < cluster.BoundaryCount; ++b) {
         const Boundary& boundary = cluster.Boundaries[b];
-        if (boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter)
-          DrawBoundary(painter, view, boundary);
+        if (boundary.XParameter != session.XParameter || boundary.YParameter != session.YParameter) continue;
+        // On white a dark rim keeps light colours visible.
+        painter.setPen(QPen(QColor(90, 98, 110), 2.6 * pixelRatio));
+        if (session.WhiteBackground) DrawBoundary(painter, view, boundary);
+        painter.setPen(QPen(ScreenColour(colour), 1.3 * pixelRatio));
+        DrawBoundary(painter, view, boundary);
       }
     }
   }

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <random>
 
+#include "clusters/classify.h"
 #include "files/error.h"
 #include "files/number_text.h"
 #include "forms/cluster_panel.h"
@@ -22,6 +23,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
     : session_(session), world_(world), options_(std::move(options)), random_(std::random_device{}()) {
   setObjectName("Projections");
   setWindowTitle("Projections");
+  setAttribute(Qt::WA_AlwaysShowToolTips);
   surface_ = new PlotSurface(this);
   surface_->setObjectName("surface");
   surface_->setAccessibleName("Projection of the loaded points");
@@ -60,7 +62,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   });
   slow_.setInterval(kSlowTick);
   connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
-  Say("Load points to see them here.");
+  ShowHint();
 }
 
 void Projections::Guarded(const std::function<void()>& work) {
@@ -77,7 +79,9 @@ void Projections::Redraw() {
   if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
   StopSlowRedraw();
   StopOverlap();
+  const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
+  const bool givenUp = open && !open_;
   if (!isVisible()) show();
   BeginPicture();
   const uint64_t generation = generation_;
@@ -98,11 +102,13 @@ void Projections::Redraw() {
   }
   ShowPicture();
   ShowCount();
-  if (session_.CurrentCluster == 0) Say("Choose a cluster on the left, then click its corners here.");
+  ShowHint();
+  if (givenUp) Say("The open polygon was given up as drawn so far. Undo takes it back.");
 }
 
 void Projections::BeginPicture() {
   ++generation_;
+  pointer_->clear();
   const ProjectionOptions options = options_();
   const QSize size = surface_->DeviceSize();
   const double ratio = surface_->devicePixelRatioF();
@@ -132,11 +138,6 @@ void Projections::ShowPolygon() {
 }
 
 void Projections::ShowCount() {
-  if (!view_.Drawable()) {
-    Say("An axis has no extent: give it two different ends, or press Defaults.");
-    count_->clear();
-    return;
-  }
   const auto loaded = static_cast<int64_t>(session_.Points.Rows());
   count_->setText(
       QString("%1 of %2 points drawn")
@@ -150,13 +151,13 @@ void Projections::StartSlowRedraw() {
   BeginPicture();
   slowPoint_ = 0;
   slow_.start();
-  Say("Drawing one point at a time; right-click Redraw again to stop.");
+  ShowHint();
 }
 
 void Projections::StopSlowRedraw() {
   if (!slow_.isActive()) return;
   slow_.stop();
-  Say({});
+  ShowHint();
 }
 
 void Projections::SlowTick() {
@@ -196,6 +197,7 @@ void Projections::GiveUpPolygon() {
   open_.reset();
   StopOverlap();
   ShowPolygon();
+  ShowHint();
 }
 
 void Projections::Clear() {
@@ -219,23 +221,52 @@ void Projections::Say(const QString& text) {
   message_->setToolTip(text);
 }
 
+QString Projections::Hint() const {
+  const int c = session_.CurrentCluster;
+  const Cluster& cluster = session_.Clusters[c];
+  if (!PointsLoaded(session_)) return "Load points to see them here.";
+  if (drawn_ && !view_.Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
+  if (slow_.isActive()) return "Drawing one point at a time; Esc, or another right click on Redraw, stops it.";
+  if (options_().Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+  if (open_)
+    return QString("Cluster %1: left click for the next corner, right click for the last one. Esc takes it back.")
+        .arg(c);
+  if (c == 0) return "Choose a cluster on the left, then click its corners here.";
+  if (cluster.BoundaryCount == 0)
+    return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
+  const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
+  const bool here = std::any_of(cluster.Boundaries.begin(), end, [this](const Boundary& boundary) {
+    return boundary.XParameter == session_.XParameter && boundary.YParameter == session_.YParameter;
+  });
+  return QString(
+             here ? "Cluster %1 holds %2 points. A polygon drawn here replaces its boundary; elsewhere it narrows it."
+                  : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
+      .arg(c)
+      .arg(QString::fromStdString(Grouped(PointsInCluster(session_, c))));
+}
+
+void Projections::ShowHint() {
+  Say(Hint());
+}
+
 void Projections::ShowMode() {
   surface_->setCursor(options_().Zoom ? Qt::SizeAllCursor : Qt::CrossCursor);
+  ShowHint();
 }
 
 void Projections::ShowCluster() {
+  const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
   ShowPolygon();
-  if (!open_ && !options_().Zoom)
-    Say(QString("Cluster %1: click its corners here, the last one with the right button.")
-            .arg(session_.CurrentCluster));
+  ShowHint();
+  if (open && !open_) Say("The open polygon was given up as drawn so far. Undo takes it back.");
 }
 
 void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
   const ProjectionOptions options = options_();
   if (options.Busy) return;
-  if (!PointsLoaded(session_)) {
-    Say("Load points first; then this is the place to cut them.");
+  if (!PointsLoaded(session_) || (drawn_ && !view_.Drawable())) {
+    ShowHint();
     return;
   }
   if (!options.Zoom) {
@@ -255,13 +286,8 @@ void Projections::Draw(Vertex at, Qt::MouseButton button) {
   ShowPolygon();
   emit BoundariesChanged();
   if (outcome.Closed) Redraw();
-  if (!outcome.Refused.empty())
-    Say(QString::fromStdString(outcome.Refused));
-  else if (outcome.Closed)
-    Say(QString("Cluster %1 has a boundary here. Draw another one in another projection to narrow it.")
-            .arg(session_.CurrentCluster));
-  else if (open_)
-    Say(QString("Cluster %1: left click for the next corner, right click for the last one.").arg(open_->Cluster));
+  ShowHint();
+  if (!outcome.Refused.empty()) Say(QString::fromStdString(outcome.Refused));
 }
 
 void Projections::Form_MouseMove(Vertex at) {
@@ -275,16 +301,19 @@ void Projections::Form_MouseMove(Vertex at) {
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   if (!zoomAnchor_ || button != Qt::LeftButton) return;
   const Vertex anchor = *zoomAnchor_;
+  // What is seen of the rectangle is what is taken.
+  at.X = static_cast<float>(std::clamp<double>(at.X, view_.Left, view_.Right));
+  at.Y = static_cast<float>(
+      std::clamp<double>(at.Y, std::min(view_.Top, view_.Bottom), std::max(view_.Top, view_.Bottom)));
   zoomAnchor_.reset();
   surface_->SetZoomAnchor({});
   if (options_().Busy) return;
   const bool dragged = std::abs(view_.PixelX(at.X) - view_.PixelX(anchor.X)) >= 1 &&
                        std::abs(view_.PixelY(at.Y) - view_.PixelY(anchor.Y)) >= 1;
   if (!dragged || !ZoomTo(session_, anchor, at)) {
-    Say("Drag a rectangle to zoom into it.");
+    ShowHint();
     return;
   }
-  Say("Scale Down or Defaults leads back out.");
   Redraw();
 }
 
@@ -311,6 +340,7 @@ void Projections::closeEvent(QCloseEvent* event) {
   // The view is hidden, not ended; the next redraw shows it again.
   event->ignore();
   hide();
+  emit Hidden();
 }
 
 void Projections::changeEvent(QEvent* event) {

@@ -62,8 +62,8 @@ class Projections : public QWidget {
   /// Ends whatever redraw is running.
   void Supersede();
 
-  /// Says something in the status line.
-  void Say(const QString& text);
+  /// Says in the status line what the mouse would do now.
+  void ShowHint();
 
   /// The mouse mode has changed: the pointer shows it.
   void ShowMode();
@@ -72,6 +72,8 @@ class Projections : public QWidget {
   void ShowCluster();
 
  signals:
+  /// The user has closed the window.
+  void Hidden();
   /// A click began, extended or closed a polygon: the boundary table has changed.
   void BoundariesChanged();
   void OverlapEnded();
@@ -92,6 +94,8 @@ class Projections : public QWidget {
   void BeginPicture();
   void ShowPicture();
   void ShowPolygon();
+  QString Hint() const;
+  void Say(const QString& text);
   void ShowCount();
   void SlowTick();
 

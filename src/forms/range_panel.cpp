@@ -64,6 +64,8 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
   grid->setColumnStretch(1, 2);
   grid->setColumnStretch(3, 1);
   grid->setColumnStretch(5, 3);
+  setTabOrder(txtStartTime, txtEndEvent);
+  setTabOrder(txtEndTime, cmdLoadPoints);
   cmdLoadPoints->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
 }
 

@@ -64,7 +64,7 @@ QLabel[heading="true"] { font-weight: 600; }
 QLabel[quiet="true"] { color: %6; }
 QTabWidget::pane { border: 1px solid %1; border-radius: 4px; top: -1px; }
 QTabBar::tab { padding: 4px 14px; border: 1px solid transparent; border-bottom: 2px solid transparent; }
-QTabBar::tab:selected { border-bottom: 2px solid %4; font-weight: 600; }
+QTabBar::tab:selected { border-bottom: 2px solid %4; color: %4; }
 QTabBar::tab:focus { color: %4; }
 QProgressBar { border: 0; background: %1; border-radius: 2px; max-height: 4px; min-height: 4px; }
 QProgressBar::chunk { background: %4; border-radius: 2px; }

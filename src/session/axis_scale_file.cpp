@@ -29,8 +29,8 @@ void ReadAxesScaleFile(Session& session) {
   TextItems items(text, "AxesScaleFile");
   auto maximum = session.AxisMaximum, minimum = session.AxisMinimum;
   for (int p = 0; p < kParameters; ++p) {
-    maximum[p] = static_cast<float>(items.Number());
-    minimum[p] = static_cast<float>(items.Number());
+    maximum[p] = items.Single();
+    minimum[p] = items.Single();
   }
   session.AxisMaximum = maximum;
   session.AxisMinimum = minimum;
