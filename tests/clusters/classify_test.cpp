@@ -1,0 +1,107 @@
+#include "clusters/classify.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "clusters/inside_test.h"
+#include "support/sessions.h"
+
+namespace pallomir {
+namespace {
+
+using List = std::vector<int>;
+const Boundary kAll = RectangleOf(-1e6F, -1e6F, 1e6F, 1e6F);
+const Boundary kNothing = RectangleOf(-2e6F, -2e6F, -1e6F, -1e6F);
+
+/// Gives cluster c these boundaries and no others, and classifies it.
+void Cut(Session& session, int c, const std::vector<Boundary>& boundaries) {
+  session.Clusters[c] = {};
+  for (const Boundary& boundary : boundaries) AddBoundary(session, c, boundary);
+  ClassifyCluster(session, c);
+}
+
+TEST(ClassifyCluster, ListsClustersInTheOrderOfEntering) {
+  Session session = SessionWith({{1, 1}});
+  AddBoundary(session, 5, kAll);
+  AddBoundary(session, 3, kAll);
+  ClassifyAllClusters(session);
+  EXPECT_EQ(ListOf(session, 0), (List{3, 5}));
+  Cut(session, 3, {kAll});
+  EXPECT_EQ(ListOf(session, 0), (List{3, 5})) << "staying keeps the place";
+  Cut(session, 3, {kNothing});
+  EXPECT_EQ(ListOf(session, 0), (List{5}));
+  Cut(session, 3, {kAll});
+  EXPECT_EQ(ListOf(session, 0), (List{5, 3})) << "coming back joins the end";
+  Cut(session, 9, {kAll});
+  Cut(session, 3, {kNothing});
+  EXPECT_EQ(ListOf(session, 0), (List{5, 9})) << "the gap closes";
+}
+
+TEST(ClassifyCluster, TakesThePointsInsideEveryBoundaryEachInItsOwnProjection) {
+  Session session = SessionWith({{1, 1}, {5, 5}, {9, 1}, {5, 5}});
+  session.Points.Column(133)[1] = 50;
+  Cut(session, 7, {RectangleOf(0, 0, 6, 6), RectangleOf(40, 4, 60, 10, 133, 1)});
+  for (const size_t i : {0, 2, 3}) EXPECT_EQ(ListOf(session, i), List{});
+  EXPECT_EQ(ListOf(session, 1), List{7});
+  Cut(session, 7, {RectangleOf(0, 0, 2, 2)});
+  EXPECT_EQ(ListOf(session, 0), List{7});
+  EXPECT_EQ(ListOf(session, 1), List{}) << "leaves while no point is in two clusters";
+}
+
+TEST(ClearCluster, TakesBoundariesAndMembersAwayWhereThereAreAny) {
+  Session session = SessionWith({{1, 1}});
+  Cut(session, 6, {kAll, kAll});
+  Cut(session, 8, {kAll});
+  ClearCluster(session, 6);
+  EXPECT_EQ(session.Clusters[6], Cluster{});
+  EXPECT_EQ(ListOf(session, 0), List{8});
+  session.Clusters[8].BoundaryCount = 0;
+  ClearCluster(session, 8);
+  EXPECT_EQ(ListOf(session, 0), List{8}) << "without boundaries the lists are not touched";
+}
+
+TEST(ClassifyCluster, AgreesWithPlainListsOverManyChanges) {
+  // More points than two blocks hold; whole numbers, so that many lie on boundaries.
+  std::mt19937 random(3);
+  const auto draw = [&](int from, int to) {
+    return static_cast<float>(from + static_cast<int>(random() % (to - from)));
+  };
+  std::vector<Vertex> points(5000);
+  for (Vertex& point : points) point = {draw(0, 40), draw(0, 40)};
+  Session session = SessionWith(points);
+  std::vector<List> lists(points.size());
+  for (int change = 0; change < 150; ++change) {
+    // Few clusters at first: the first change that needs a second slot comes after several that do not.
+    const int c = 1 + static_cast<int>(random() % (change < 10 ? 2 : 30));
+    const float left = draw(0, 38), low = draw(0, 38), right = left + draw(1, 25), high = low + draw(1, 25);
+    const size_t kind = random() % 8;
+    const bool clear = kind < 2;
+    const Boundary boundary = RectangleOf(left, low, right, high);
+    if (kind == 0)
+      ClearCluster(session, c);
+    else
+      Cut(session, c, clear ? std::vector<Boundary>{} : std::vector{boundary});
+    for (size_t i = 0; i < points.size(); ++i) {
+      const bool inside = !clear && PointInBoundary(points[i].X, points[i].Y, boundary);
+      List& list = lists[i];
+      const auto found = std::find(list.begin(), list.end(), c);
+      if (inside && found == list.end()) list.push_back(c);
+      if (!inside && found != list.end()) list.erase(found);
+    }
+    if (change % 10 != 9) continue;
+    int wrong = 0, members = 0, none = 0;
+    for (size_t i = 0; i < points.size(); ++i) {
+      wrong += ListOf(session, i) != lists[i] || session.Points.Memberships(i) != static_cast<int>(lists[i].size());
+      members += std::find(lists[i].begin(), lists[i].end(), c) != lists[i].end();
+      none += lists[i].empty();
+    }
+    ASSERT_EQ(wrong, 0) << "after change " << change;
+    EXPECT_EQ(PointsInCluster(session, c), members);
+    EXPECT_EQ(PointsInCluster(session, 0), none);
+  }
+}
+
+}  // namespace
+}  // namespace pallomir

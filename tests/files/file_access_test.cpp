@@ -1,0 +1,97 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "files/file_reader.h"
+#include "files/file_utility.h"
+#include "files/save_file.h"
+#include "support/refusal.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FileReader, SaysWhatIsWrongAndWhere) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Put("ten", "0123456789");
+  EXPECT_EQ(Refusal([&] { FileReader(folder / "none"); }), folder / "none" + " does not exist.");
+  EXPECT_EQ(Refusal([&] { FileReader(folder / ""); }), folder / "" + " is a folder, not a file.");
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(Refusal([&] { FileReader(folder / "pipe"); }), folder / "pipe" + " is not a plain file.");
+  FileReader file(path);
+  char bytes[12] = {};
+  EXPECT_EQ(file.ReadUpTo(7, bytes, 12), 3);
+  EXPECT_EQ(std::string(bytes), "789");
+  EXPECT_EQ(file.ReadUpTo(UINT64_MAX, bytes, 12), 0);
+  EXPECT_EQ(Refusal([&] { file.Read(7, bytes, 4); }), "ten ended early, at byte 10.");
+  file.Read(0, bytes, 10);
+  EXPECT_EQ(std::string(bytes), "0123456789");
+}
+
+TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
+  const TemporaryFolder folder;
+  folder.Put("Defaults", "above");
+  folder.Put("TT1 ä/Defaults", "here");
+  EXPECT_EQ(ReadText(folder / "TT1 ä" + "\\..\\Defaults"), "above");
+  EXPECT_EQ(ReadText(folder / "TT1 ä" + "\\Defaults", 2), "he");
+  EXPECT_TRUE(FileUtility::FileExists(folder / "TT1 ä" + "\\..\\Defaults"));
+  EXPECT_FALSE(FileUtility::FileExists(folder / "TT1 ä"));
+}
+
+struct SavedFile : ::testing::Test {
+  const TemporaryFolder folder;
+  const std::string path = folder.Put("cbfile.txt", "old");
+
+  void Save(const std::string& to, const std::string& text) {
+    SaveFile file(to);
+    file.Write(text);
+    file.Commit();
+  }
+  /// True when nothing but the file itself is left in the folder.
+  bool Tidy() const { return std::distance(fs::directory_iterator(fs::path(path).parent_path()), {}) == 1; }
+};
+
+TEST_F(SavedFile, TakesTheOldOnesPlaceOnlyWhenItIsWhole) {
+  {
+    SaveFile abandoned(path);
+    abandoned.Write("half of the n");
+    EXPECT_EQ(ReadText(path), "old");
+  }
+  EXPECT_EQ(ReadText(path), "old");
+  EXPECT_TRUE(Tidy());
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  Save(path, "new");
+  EXPECT_EQ(ReadText(path), "new");
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_TRUE(Tidy());
+}
+
+TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
+  // What is written beside the file goes to a device that is always full.
+  const std::string sentence =
+      path + " could not be written to the end (No space left on device); what stood there before is untouched.";
+  for (const size_t count : {5, 1'000'000}) {  // found out at the end, or on the way
+    fs::create_symlink("/dev/full", path + ".saving~");
+    EXPECT_EQ(Refusal([&] { Save(path, std::string(count, 'x')); }), sentence);
+  }
+  EXPECT_EQ(ReadText(path), "old");
+  EXPECT_TRUE(Tidy());
+}
+
+TEST_F(SavedFile, IsRefusedWhereNoFileCanStand) {
+  EXPECT_EQ(Refusal([&] { Save(folder / "no/x", "new"); }),
+            folder / "no/x" + " cannot be written (No such file or directory); what stood there before is untouched.");
+  EXPECT_EQ(Refusal([&] { Save(folder / "", "new"); }), folder / "" + " is a folder; nothing was written.");
+}
+
+TEST_F(SavedFile, GoesWhereALinkPoints) {
+  fs::create_directory(folder / "links");
+  fs::create_symlink("../cbfile.txt", folder / "links/to");
+  Save(folder / "links/to", "new");
+  EXPECT_TRUE(fs::is_symlink(folder / "links/to"));
+  EXPECT_EQ(ReadText(path), "new");
+}
+
+}  // namespace
+}  // namespace pallomir

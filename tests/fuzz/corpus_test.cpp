@@ -1,0 +1,46 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "files/file_reader.h"
+#include "fuzz/fuzz_target.h"
+
+namespace pallomir {
+
+FUZZ_TARGET(FuzzBoundariesFile);
+FUZZ_TARGET(FuzzParameterFile);
+FUZZ_TARGET(FuzzSettings);
+FUZZ_TARGET(FuzzTextItems);
+
+namespace {
+
+/// Every file that fuzzing has found worth keeping goes through its target; a target that is not content ends the
+/// program.
+void RunCorpus(const char* name, int (*target)(const uint8_t*, size_t)) {
+  int files = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(std::string(PALLOMIR_CORPUS "/") + name)) {
+    const std::string bytes = ReadText(entry.path().string());
+    target(reinterpret_cast<const uint8_t*>(bytes.data()), bytes.size());
+    ++files;
+  }
+  EXPECT_GT(files, 0);
+}
+
+TEST(Corpus, BoundariesFiles) {
+  RunCorpus("boundaries_file", FuzzBoundariesFile);
+}
+
+TEST(Corpus, Settings) {
+  RunCorpus("settings", FuzzSettings);
+}
+
+TEST(Corpus, ParameterFiles) {
+  RunCorpus("parameter_file", FuzzParameterFile);
+}
+
+TEST(Corpus, TextItems) {
+  RunCorpus("text_items", FuzzTextItems);
+}
+
+}  // namespace
+}  // namespace pallomir

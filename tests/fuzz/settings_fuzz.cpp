@@ -1,0 +1,31 @@
+#include <string_view>
+
+#include "fuzz/fuzz_target.h"
+#include "session/axis_scale_file.h"
+#include "session/defaults_file.h"
+#include "support/refusal.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+
+/// A Defaults file and an axis-scale file of the same bytes: what is read can be written and read back.
+FUZZ_TARGET(FuzzSettings) {
+  static const TemporaryFolder folder;
+  const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+  folder.Put("Defaults", bytes);
+  folder.Put("AxesScaleFile", bytes);
+  Session session, again;
+  session.DataDirectory = folder / ".";
+  Defaults read, copy;
+  if (Refusal([&] { ReadDefaults(session, read, folder / "Defaults"); }).empty() &&
+      Refusal([&] { WriteDefaults(session, read, folder / "copy"); }).empty()) {
+    REQUIRE(Refusal([&] { ReadDefaults(again, copy, folder / "copy"); }).empty());
+    REQUIRE(copy.Epochs == read.Epochs && copy.PosFile == read.PosFile && copy.ParamFile.empty());
+  }
+  const auto before = session.AxisMaximum;
+  const bool restored = Refusal([&] { ReadAxesScaleFile(session); }).empty();
+  REQUIRE(restored || session.AxisMaximum == before);
+  return 0;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,47 @@
+#include <algorithm>
+#include <cmath>
+#include <string_view>
+
+#include "files/number_text.h"
+#include "files/text_header.h"
+#include "files/text_items.h"
+#include "fuzz/fuzz_target.h"
+#include "session/point_reader.h"
+#include "support/refusal.h"
+#include "support/sessions.h"
+
+namespace pallomir {
+
+/// A text of items, which is also tried as the VideoSampling file.
+FUZZ_TARGET(FuzzTextItems) {
+  const std::string_view text(reinterpret_cast<const char*>(data), size);
+  const auto lines = 1 + std::count(text.begin(), text.end(), '\n');
+  TextItems items(text, "file");
+  int line = 1;
+  std::string first;
+  for (size_t count = 0; !items.AtEnd(); ++count) {
+    REQUIRE(count <= size);  // every item takes at least one byte
+    const std::string item = items.Text();
+    if (count == 0) first = item;
+    REQUIRE(items.Line() >= line && items.Line() <= lines);
+    line = items.Line();
+    if (const auto number = NumberFromText(item)) {
+      REQUIRE(std::isfinite(*number));
+      // A number's own text is that number again, to the digits that it has.
+      REQUIRE(std::abs(*NumberFromText(DoubleText(*number)) - *number) <= std::abs(*number) * 1e-14);
+      REQUIRE(NumberFromText(PlainDecimal(*number)) == *number);
+    }
+  }
+  REQUIRE(!Refusal([&] { items.Text(); }).empty());
+
+  static const TemporaryFolder folder;
+  static const Session session = SessionOn(folder, TextHeader("ParameterFile"));
+  folder.Put("VideoSampling", text);
+  const std::string refusal = Refusal([&] { CheckVideoSampling(session); });
+  REQUIRE(refusal.empty() || refusal.starts_with("END Invalid Video Sampling Rate"));
+  const double rate = std::nearbyint(NumberFromText(first).value_or(0));
+  if (size <= 256) REQUIRE(refusal.empty() == (rate == 30 || rate == 60));
+  return 0;
+}
+
+}  // namespace pallomir

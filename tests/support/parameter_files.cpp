@@ -1,0 +1,34 @@
+#include "support/parameter_files.h"
+
+#include "files/bytes.h"
+#include "files/parameter_header.h"
+
+namespace pallomir {
+
+std::vector<FileRow> NumberedRows(int count) {
+  std::vector<FileRow> rows(static_cast<size_t>(count));
+  for (int r = 0; r < count; ++r) {
+    rows[r].Stamp = 1'000'000 + 1000 * static_cast<uint64_t>(r);
+    for (int p = 0; p < kParameters; ++p) rows[r].Values[p] = static_cast<float>(1000 * r + p);
+  }
+  return rows;
+}
+
+std::string BytesOf(const std::vector<FileRow>& rows) {
+  std::string bytes(rows.size() * kRowBytes, '\0');
+  auto* place = reinterpret_cast<unsigned char*>(bytes.data());
+  for (const FileRow& row : rows) {
+    StoreLittleEndian(place, row.Stamp);
+    for (int p = 0; p < kParameters; ++p) StoreLittleEndian(place + kStampBytes + 4 * p, row.Values[p]);
+    place += kRowBytes;
+  }
+  return bytes;
+}
+
+std::string AcquisitionHeader() {
+  std::string header = "######## Data File Header\r\n## Time Opened 10:20:30\r\n-ADBitVolts 0.000001\r\n";
+  header.resize(16384, '\0');
+  return header;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "session/parameter_catalogue.h"
+
+namespace pallomir {
+
+/// A row of a parameter file.
+struct FileRow {
+  uint64_t Stamp = 0;
+  std::array<float, kParameters> Values{};
+};
+
+/// `count` rows that tell themselves apart: row r has the stamp 1000000 + 1000 r, and parameter p the value 1000 r + p.
+std::vector<FileRow> NumberedRows(int count);
+
+/// The rows as they stand in a file.
+std::string BytesOf(const std::vector<FileRow>& rows);
+
+/// The 16384 bytes that the acquisition system puts before its records: text, then zeros.
+std::string AcquisitionHeader();
+
+}  // namespace pallomir

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <thread>
+#include <vector>
+
+#include "session/world.h"
+
+namespace pallomir {
+
+/// A world that writes down what it is asked to show.
+class RecordingWorld : public World {
+ public:
+  /// Message boxes, as "TITLE: text" or "text".
+  std::vector<std::string> Boxes;
+  std::vector<std::string> Log;
+  std::vector<int> Progress;
+  bool ProgressVisible = false;
+  int Pumps = 0;
+
+  /// The pump, counted from 1, at which the user asks for the work to stop; 0 for never.
+  int InterruptAt = 0;
+  /// Work that asks for events only every so often finds that it is time after each step of its progress.
+  bool Slow = false;
+
+  void ShowMessage(std::string_view text, std::string_view title) override {
+    Boxes.push_back((title.empty() ? "" : std::string(title) + ": ") + std::string(text));
+  }
+  void AppendMessage(std::string_view line) override { Log.emplace_back(line); }
+  void ShowProgress(int value) override {
+    Progress.push_back(value);
+    ProgressVisible = true;
+    if (Slow) std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  }
+  void HideProgress() override { ProgressVisible = false; }
+  bool PumpEvents() override { return ++Pumps != InterruptAt; }
+};
+
+}  // namespace pallomir

@@ -1,0 +1,42 @@
+#include "timesel/load_points.h"
+
+#include <gtest/gtest.h>
+
+#include "support/parameter_files.h"
+#include "support/recording_world.h"
+#include "support/refusal.h"
+#include "support/sessions.h"
+
+namespace pallomir {
+namespace {
+
+TEST(LoadPoints, ClassifiesClustersInIncreasingOrder) {
+  const TemporaryFolder folder;
+  Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
+  RecordingWorld world;
+  // Numbered rows lie on the line (1000 r, 1000 r + 1).
+  AddBoundary(session, 30, RectangleOf(-1, -1, 1e6F, 1e6F));
+  AddBoundary(session, 5, RectangleOf(9'500, 0, 20'500, 1e6F));
+  AddBoundary(session, 3, RectangleOf(19'500, 0, 1e6F, 1e6F));
+  LoadPoints(session, world, 10, 29);
+  EXPECT_EQ(ListOf(session, 0), (std::vector{5, 30}));
+  EXPECT_EQ(ListOf(session, 10), (std::vector{3, 5, 30}));
+  EXPECT_EQ(ListOf(session, 19), (std::vector{3, 30}));
+  EXPECT_EQ(ListOf(session, 20), (std::vector<int>{}));  // the record behind the last point
+}
+
+TEST(LoadPoints, RefusesARangeThatIsTurnedRoundOrNotDefined) {
+  const TemporaryFolder folder;
+  Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
+  RecordingWorld world;
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 5, 4); }), "ERROR: Start time must be <= to Stop time");
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 30, 0); }), "ERROR: Start time must be <= to Stop time");
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 0, 0); }),
+            "ERROR: Must Define Event IDs Using Define Epochs Command");
+  EXPECT_FALSE(PointsLoaded(session));
+  EXPECT_TRUE(session.FirstLoad);
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 0, 9); }), "");
+}
+
+}  // namespace
+}  // namespace pallomir
