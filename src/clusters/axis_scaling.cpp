@@ -1,5 +1,8 @@
 #include "clusters/axis_scaling.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace pallomir {
 
 namespace {
@@ -9,8 +12,7 @@ double Fifth(const Session& session, int parameter) {
 }
 
 void Narrow(Session& session, int parameter, double d) {
-  session.AxisMaximum[parameter] = static_cast<float>(session.AxisMaximum[parameter] - d);
-  session.AxisMinimum[parameter] = static_cast<float>(session.AxisMinimum[parameter] + d);
+  SetAxis(session, parameter, {session.AxisMinimum[parameter] + d, session.AxisMaximum[parameter] - d});
 }
 
 /// Narrows both axes by `sign` fifths, taken from the ranges before the change.
@@ -39,8 +41,9 @@ void ScaleDefaults(Session& session) {
 }
 
 void SetAxis(Session& session, int parameter, const TypedRange& range) {
-  if (range.Lower) session.AxisMinimum[parameter] = static_cast<float>(*range.Lower);
-  if (range.Upper) session.AxisMaximum[parameter] = static_cast<float>(*range.Upper);
+  constexpr double kLargest = std::numeric_limits<float>::max();
+  if (range.Lower) session.AxisMinimum[parameter] = static_cast<float>(std::clamp(*range.Lower, -kLargest, kLargest));
+  if (range.Upper) session.AxisMaximum[parameter] = static_cast<float>(std::clamp(*range.Upper, -kLargest, kLargest));
 }
 
 void SetAllAxes(Session& session, const TypedRange& range) {

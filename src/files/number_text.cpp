@@ -1,5 +1,6 @@
 #include "files/number_text.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -11,8 +12,8 @@ namespace pallomir {
 namespace {
 
 /// The shortest text of `value` with at most `digits` significant digits, its exponent with a sign and at least two
-/// digits. Exponents appear where the number would need more than `digits` digits before the point, or more than four
-/// zeros behind it.
+/// digits. Exponents appear where the number would need more than `digits` digits before the point, or has four zeros
+/// behind it.
 std::string ShortestText(double value, int digits) {
   if (value == 0) return "0";
   char buffer[64];
@@ -20,6 +21,21 @@ std::string ShortestText(double value, int digits) {
   std::string text(buffer, end);
   if (const size_t e = text.find('e'); e != std::string::npos) text[e] = 'E';
   return text;
+}
+
+/// The power of ten of a number's first digit that is not 0, roughly: enough to tell a huge number from a tiny one.
+double PowerOfTen(std::string_view number) {
+  const size_t e = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, e);
+  const size_t point = std::min(digits.find('.'), digits.size());
+  const size_t leading = std::min(digits.find_first_of("123456789"), digits.size());
+  double exponent = 0;
+  bool negative = false;
+  for (const char c : number.substr(e)) {
+    if (c == '-') negative = true;
+    if (c >= '0' && c <= '9') exponent = exponent * 10 + (c - '0');
+  }
+  return static_cast<double>(point) - static_cast<double>(leading) + (negative ? -exponent : exponent);
 }
 
 }  // namespace
@@ -33,17 +49,16 @@ std::string_view Trimmed(std::string_view text) {
 
 std::optional<double> NumberFromText(std::string_view text) {
   text = Trimmed(text);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  const size_t first = text.starts_with('-') ? 1 : 0;
+  const bool plus = text.starts_with('+');
+  if (plus) text.remove_prefix(1);
+  const size_t first = !plus && text.starts_with('-') ? 1 : 0;
   if (first >= text.size() || !(text[first] == '.' || (text[first] >= '0' && text[first] <= '9'))) return {};
   double value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
   if (end != text.data() + text.size()) return {};
   if (error == std::errc::result_out_of_range) {
-    const size_t e = text.find_first_of("eE");
-    const bool tiny = e != std::string_view::npos && text[e + 1] == '-';
-    value = tiny ? 0 : std::numeric_limits<double>::max();
-    return first ? -value : value;
+    const double largest = std::numeric_limits<double>::max();
+    return PowerOfTen(text) < 0 ? 0 : first ? -largest : largest;
   }
   if (error != std::errc()) return {};
   return value;

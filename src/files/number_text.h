@@ -15,7 +15,7 @@ std::string_view Trimmed(std::string_view text);
 std::optional<double> NumberFromText(std::string_view text);
 
 /// `value` as a whole number, halves to the even neighbour. Throws CommandError with `what` in its sentence when the
-/// result does not fit ("Start record 1e99 is too large.").
+/// result does not fit ("Start record 1E+99 is too large.").
 int32_t WholeNumber(double value, std::string_view what);
 
 /// A single-precision number in its shortest form of at most 7 significant digits: 12.5, -3, 1.5E+07.

@@ -18,9 +18,9 @@ constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
 constexpr long kAcquisitionHeader = 16384;
 
 bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLength) {
-  if (fileLength < header + kRowBytes) return false;
+  const int64_t rows = RowCount(fileLength, static_cast<long>(header));
   bool allZero = true;
-  for (size_t row = 0; row < kRowsLookedAt; ++row) {
+  for (size_t row = 0; row < kRowsLookedAt && static_cast<int64_t>(row) < rows; ++row) {
     const size_t place = header + row * kRowBytes;
     if (place + kStampBytes > beginning.size()) break;
     const auto stamp = LoadLittleEndian<uint64_t>(reinterpret_cast<const unsigned char*>(beginning.data()) + place);
@@ -47,9 +47,8 @@ long ParameterHeaderLength(FileReader& file) {
   if (const long own = TextHeaderLength(beginning); own >= 0 && (isAll(own) || fits(own))) return own;
   if (beginning.starts_with('#') && (isAll(kAcquisitionHeader) || fits(kAcquisitionHeader))) return kAcquisitionHeader;
   const std::string_view printable(beginning.data(), std::min(PrintableLength(beginning), kTextHeaderLimit));
-  for (size_t end = printable.rfind('\n'); end != std::string_view::npos && end > 0;
-       end = printable.rfind('\n', end - 1))
-    if (fits(end + 1)) return static_cast<long>(end + 1);
+  for (size_t length = printable.size(); length > 0; --length)
+    if (printable[length - 1] == '\n' && fits(length)) return static_cast<long>(length);
   return fits(0) ? 0 : -1;
 }
 

@@ -13,8 +13,8 @@ SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(pa
   if (std::filesystem::is_directory(target_, error)) throw CommandError(path_ + " is a folder; nothing was written.");
   // A link stays a link: what it points to is replaced.
   if (std::filesystem::is_symlink(target_, error)) {
-    const auto real = std::filesystem::weakly_canonical(target_, error);
-    if (!error) target_ = real;
+    const auto real = std::filesystem::read_symlink(target_, error);
+    if (!error) target_ = target_.parent_path() / real;
   }
   beside_ = target_;
   beside_ += ".saving~";

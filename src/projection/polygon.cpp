@@ -35,8 +35,10 @@ ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   return {};
 }
 
-/// False when the boundary is full.
+/// False when the boundary is full. A corner that is the last one again, as of a double click, is there already: an
+/// edge of no length would take the comparison of its neighbours away.
 bool Append(Boundary& boundary, Vertex vertex) {
+  if (boundary.Vertices[boundary.VertexCount - 1] == vertex) return true;
   if (boundary.VertexCount == kVerticesPerBoundary) return false;
   boundary.Vertices[boundary.VertexCount++] = vertex;
   return true;

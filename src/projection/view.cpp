@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "files/number_text.h"
 
 namespace pallomir {
 
 bool View::Drawable() const {
-  return std::isfinite(Right - Left) && std::isfinite(Bottom - Top) && Right != Left && Bottom != Top && Width > 1 &&
-         Height > 1;
+  // The pixels are reckoned in single precision, which must hold the extents.
+  const auto held = [](double extent) {
+    return std::abs(extent) > 1e-37 && std::abs(extent) < std::numeric_limits<float>::max();
+  };
+  return held(Right - Left) && held(Bottom - Top) && Width > 1 && Height > 1;
 }
 
 View ViewOf(const Session& session, int width, int height) {
@@ -18,6 +22,12 @@ View ViewOf(const Session& session, int width, int height) {
       session.AxisMinimum[x], session.AxisMaximum[x], session.AxisMaximum[y], session.AxisMinimum[y], width, height};
   if (y == kPosY) std::swap(view.Top, view.Bottom);
   return view;
+}
+
+/// As many digits as tell a tick from its neighbours.
+static std::string TickText(double value, double step) {
+  const bool fine = std::abs(value) > 1e6 * step;
+  return fine ? DoubleText(std::round(value / step) * step) : SingleText(static_cast<float>(value));
 }
 
 std::vector<Tick> AxisTicks(double from, double to, int count) {
@@ -32,7 +42,7 @@ std::vector<Tick> AxisTicks(double from, double to, int count) {
   // Where the range is too narrow for its own precision, steps no longer change the value.
   if (first * step + step == first * step) return ticks;
   for (double k = first; k * step <= to && ticks.size() < 100; ++k)
-    ticks.push_back({k * step, SingleText(static_cast<float>(k * step))});
+    ticks.push_back({k * step, TickText(k * step, step)});
   return ticks;
 }
 

@@ -37,11 +37,13 @@ std::optional<double> VideoRate(const std::string& path) {
 void CheckRange(const Session& session, int32_t first, int32_t last) {
   const int64_t rows = int64_t{last} - first + 1;
   const std::string range = "Records " + std::to_string(first) + " to " + std::to_string(last);
+  if (session.File.RecordCount <= 0) throw CommandError(range + " cannot be loaded: the file holds none.", "ERROR");
   if (first < 0 || last >= session.File.RecordCount)
     throw CommandError(
         range + " cannot be loaded: the file holds records 0 to " + std::to_string(session.File.RecordCount - 1) + ".",
         "ERROR");
-  if (std::nearbyint(static_cast<double>(rows) / 10) == 0)
+  // The tenth of the range, to which progress is told, would be 0.
+  if (rows < 6)
     throw CommandError(range + " cannot be loaded: a range holds at least 6 records, this one " +
                            std::to_string(std::max<int64_t>(rows, 0)) + ".",
                        "ERROR");

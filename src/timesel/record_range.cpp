@@ -41,10 +41,10 @@ double StampAt(FileReader& file, const Session& session, const Geometry& geometr
   const double position =
       std::nearbyint(record * static_cast<double>(geometry.RecordBytes) + static_cast<double>(geometry.Header));
   unsigned char stamp[kStampBytes];
-  // A place before the file, or beyond what a file can be long, is not one that can be read.
-  const bool readable = position >= 0 && position < 9e18;
+  // Before record 0 lies the header; and no file is longer than 9e18 bytes.
+  const bool readable = std::nearbyint(record) >= 0 && position < 9e18;
   if (!readable || file.ReadUpTo(static_cast<uint64_t>(position), stamp, sizeof stamp) < sizeof stamp)
-    throw CommandError("Record " + PlainDecimal(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
+    throw CommandError("Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
                        "ERROR");
   return TimestampFromBytes(stamp);
 }
