@@ -106,7 +106,9 @@ void UndoOnForm(benchmark::State& state, int clusters) {
     Cluster& cluster = program.Shared.Clusters[c];
     cluster.BoundaryCount = 1;
     cluster.Boundaries[0] = Polygon(6);
-    for (Vertex& vertex : cluster.Boundaries[0].Vertices) vertex.X -= 4 * static_cast<float>(c);
+    // Six by five over the clouds; neighbours overlap.
+    for (Vertex& vertex : cluster.Boundaries[0].Vertices)
+      vertex = {vertex.X - 120 + 30 * static_cast<float>(c % 6), vertex.Y - 60 + 30 * static_cast<float>(c / 6)};
     program.Shared.ClusterDefined[c] = true;
   }
   program.Form.findChild<QPushButton*>("cmdDeleteAllClusters")->click();

@@ -72,7 +72,7 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
   }
   // Only the lists of points that come in or leave are gone through.
   Flags member{};
-  for (int slot = 0; slot < points.SlotsInUse(); ++slot)
+  for (int slot = 0; slot < points.SlotsInUse() && points.Entered(c); ++slot)
     MarkMembers(points.Slot(slot).data() + begin, count, c, member.data());
   for (size_t i = 0; i < count; ++i) {
     if (inside[i] == member[i]) continue;
@@ -88,10 +88,11 @@ void CheckCluster(int c) {
 }
 
 void RemoveFromLists(PointTable& points, int c) {
-  if (points.SlotsInUse() == 0) return;
+  if (!points.Entered(c)) return;
   const Flags none{};
   for (size_t begin = 0; begin < points.Rows(); begin += kBlock)
     Enter(points, begin, std::min(kBlock, points.Rows() - begin), none, static_cast<int16_t>(c));
+  points.SetEntered(c, false);
 }
 
 }  // namespace
@@ -116,6 +117,7 @@ void ClassifyCluster(Session& session, int c) {
     }
     Enter(points, begin, count, inside, static_cast<int16_t>(c));
   }
+  points.SetEntered(c, true);
 }
 
 void ClassifyAllClusters(Session& session) {

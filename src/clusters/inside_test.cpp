@@ -46,7 +46,7 @@ struct Block {
 };
 
 template <size_t kEdges>
-inline void Pass(const Edge* first, Block& block) {
+PALLOMIR_HOT_PART void Pass(const Edge* first, Block& block) {
   std::array<Edge, kEdges> edges;
   std::copy_n(first, kEdges, edges.begin());
   for (size_t i = 0; i < block.Count; ++i) {
@@ -64,7 +64,7 @@ inline void Pass(const Edge* first, Block& block) {
 }
 
 /// Marks the points that are rejected so far, and moves the others together.
-inline void Sieve(Block& block, uint8_t* inside) {
+PALLOMIR_HOT_PART void Sieve(Block& block, uint8_t* inside) {
   size_t kept = 0;
   for (size_t i = 0; i < block.Count; ++i) {
     const bool rejected = block.Smallest[i] < 0;

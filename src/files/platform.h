@@ -19,6 +19,13 @@
 #define PALLOMIR_HOT_LOOP
 #endif
 
+// A part of such a loop has to become part of it, or it is compiled for the older machine alone.
+#if defined(__GNUC__)
+#define PALLOMIR_HOT_PART __attribute__((always_inline)) inline
+#else
+#define PALLOMIR_HOT_PART inline
+#endif
+
 namespace pallomir {
 
 /// The path that the operating system understands for a path in the system's own notation: UTF-8, with "\" between

@@ -13,6 +13,7 @@ ClusterLabel::ClusterLabel(int cluster, bool quiet, QWidget* parent) : QAbstract
 }
 
 void ClusterLabel::SetColours(const QColor& back, const QColor& text) {
+  if (back == back_ && text == text_) return;
   back_ = back;
   text_ = text;
   update();

@@ -81,7 +81,8 @@ void ClusterPanel::MakeRow(QGridLayout* grid, int line, int c) {
 }
 
 void ClusterPanel::ShowRow(int c, bool shown) {
-  if (c == 0) return;
+  const QString tag = shown ? "1" : "0";
+  if (c == 0 || lblChooseCluster[c]->property("Tag") == tag) return;
   // Focus goes along with the label that the user chose the cluster by.
   const bool focused = lblNewCluster[c]->hasFocus() || lblChooseCluster[c]->hasFocus();
   for (QWidget* control :
@@ -89,7 +90,7 @@ void ClusterPanel::ShowRow(int c, bool shown) {
         static_cast<QWidget*>(chkDisplayOtherClustersAsZero[c]), static_cast<QWidget*>(lblChooseCluster[c])})
     control->setVisible(shown);
   lblNewCluster[c]->setVisible(!shown);
-  lblChooseCluster[c]->setProperty("Tag", shown ? "1" : "0");
+  lblChooseCluster[c]->setProperty("Tag", tag);
   if (focused) (shown ? lblChooseCluster[c] : lblNewCluster[c])->setFocus();
 }
 

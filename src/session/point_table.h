@@ -48,7 +48,14 @@ class PointTable {
   void AddSlot();
 
   /// Empties every membership list.
-  void ClearMemberships() { slots_.clear(); }
+  void ClearMemberships() {
+    slots_.clear();
+    entered_.fill(false);
+  }
+
+  /// Whether any list may hold cluster c. Who enters points sets it; it spares looking through lists that cannot.
+  bool Entered(int c) const { return entered_[c]; }
+  void SetEntered(int c, bool entered) { entered_[c] = entered; }
 
   /// How many clusters point i is in.
   int Memberships(size_t i) const;
@@ -62,6 +69,7 @@ class PointTable {
   float* columns_ = nullptr;
   std::vector<uint64_t> stamps_;
   std::vector<std::vector<int16_t>> slots_;
+  std::array<bool, kClusterSlots> entered_{};
 };
 
 }  // namespace pallomir
