@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstring>
+#include <numeric>
 #include <string>
 
 #include "clusters/inside_test.h"
@@ -83,6 +83,40 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
   }
 }
 
+/// The points of a block that lie inside all boundaries so far. Only they are tested against the next one, gathered
+/// from its columns.
+class Survivors {
+ public:
+  /// Tests against one more boundary; `count` is that of the block where it is the second one, else 0. False when no
+  /// point is left to test.
+  bool KeepInside(const Boundary& boundary, const float* x, const float* y, size_t count, Flags& inside) {
+    if (count > 0) {
+      std::iota(places_.begin(), places_.begin() + count, uint16_t{0});
+      left_ = count;
+    }
+    size_t kept = 0;
+    for (size_t k = 0; k < left_; ++k) {
+      const uint16_t place = places_[k];
+      places_[kept] = place;
+      kept += inside[place];
+    }
+    left_ = kept;
+    if (left_ == 0) return false;
+    for (size_t k = 0; k < left_; ++k) x_[k] = x[places_[k]];
+    for (size_t k = 0; k < left_; ++k) y_[k] = y[places_[k]];
+    std::fill_n(flags_.begin(), left_, uint8_t{1});
+    pallomir::KeepInside(boundary, x_.data(), y_.data(), left_, flags_.data());
+    for (size_t k = 0; k < left_; ++k) inside[places_[k]] = flags_[k];
+    return true;
+  }
+
+ private:
+  size_t left_ = 0;
+  std::array<uint16_t, kBlock> places_;
+  std::array<float, kBlock> x_, y_;
+  Flags flags_;
+};
+
 void CheckCluster(int c) {
   if (c < 0 || c > kClusters) throw CommandError("Cluster " + std::to_string(c) + " does not exist.");
 }
@@ -106,14 +140,18 @@ void ClassifyCluster(Session& session, int c) {
     return;
   }
   Flags inside;
+  Survivors survivors;
   for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
     const size_t count = std::min(kBlock, points.Rows() - begin);
     inside.fill(1);
     for (int b = 0; b < cluster.BoundaryCount; ++b) {
       const Boundary& boundary = cluster.Boundaries[b];
-      KeepInside(boundary, points.Column(boundary.XParameter).data() + begin,
-                 points.Column(boundary.YParameter).data() + begin, count, inside.data());
-      if (!std::memchr(inside.data(), 1, count)) break;
+      const float* x = points.Column(boundary.XParameter).data() + begin;
+      const float* y = points.Column(boundary.YParameter).data() + begin;
+      if (b == 0)
+        KeepInside(boundary, x, y, count, inside.data());
+      else if (!survivors.KeepInside(boundary, x, y, b == 1 ? count : 0, inside))
+        break;
     }
     Enter(points, begin, count, inside, static_cast<int16_t>(c));
   }

@@ -28,6 +28,7 @@ void DesktopDialogs::ShowMessage(QWidget* parent, const QString& text, const QSt
 
 QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& options) {
   QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
+  dialog.setObjectName("CommonDialog1");
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(options.DefaultExtension);
   // Where there is only one file to choose, it is chosen already.

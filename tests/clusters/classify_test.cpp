@@ -75,16 +75,21 @@ TEST(ClassifyCluster, AgreesWithPlainListsOverManyChanges) {
   for (int change = 0; change < 150; ++change) {
     // Few clusters at first: the first change that needs a second slot comes after several that do not.
     const int c = 1 + static_cast<int>(random() % (change < 10 ? 2 : 30));
-    const float left = draw(0, 38), low = draw(0, 38), right = left + draw(1, 25), high = low + draw(1, 25);
     const size_t kind = random() % 8;
-    const bool clear = kind < 2;
-    const Boundary boundary = RectangleOf(left, low, right, high);
+    std::vector<Boundary> boundaries;
+    for (size_t wanted = kind < 2 ? 0 : 1 + random() % 4; wanted > 0; --wanted) {
+      const float left = draw(0, 25), low = draw(0, 25);
+      boundaries.push_back(RectangleOf(left, low, left + draw(1, 40), low + draw(1, 40)));
+    }
     if (kind == 0)
       ClearCluster(session, c);
     else
-      Cut(session, c, clear ? std::vector<Boundary>{} : std::vector{boundary});
+      Cut(session, c, boundaries);
     for (size_t i = 0; i < points.size(); ++i) {
-      const bool inside = !clear && PointInBoundary(points[i].X, points[i].Y, boundary);
+      const bool inside =
+          !boundaries.empty() && std::all_of(boundaries.begin(), boundaries.end(), [&](const Boundary& boundary) {
+            return PointInBoundary(points[i].X, points[i].Y, boundary) == 1;
+          });
       List& list = lists[i];
       const auto found = std::find(list.begin(), list.end(), c);
       if (inside && found == list.end()) list.push_back(c);
