@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <numeric>
 #include <string>
 
@@ -74,8 +75,13 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
   Flags member{};
   for (int slot = 0; slot < points.SlotsInUse() && points.Entered(c); ++slot)
     MarkMembers(points.Slot(slot).data() + begin, count, c, member.data());
-  for (size_t i = 0; i < count; ++i) {
-    if (inside[i] == member[i]) continue;
+  for (size_t i = 0; i < count; ++i) member[i] ^= inside[i];
+  const uint8_t* const changes = member.data();
+  const uint8_t* const end = changes + count;
+  for (const uint8_t* change = changes;; ++change) {
+    change = static_cast<const uint8_t*>(std::memchr(change, 1, static_cast<size_t>(end - change)));
+    if (!change) return;
+    const auto i = static_cast<size_t>(change - changes);
     if (inside[i])
       Join(points, begin + i, c);
     else
