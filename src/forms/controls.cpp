@@ -1,5 +1,7 @@
 #include "forms/controls.h"
 
+#include "files/number_text.h"
+
 namespace pallomir {
 
 QPushButton* MakeButton(const QString& name, const QString& caption, const QString& toolTip) {
@@ -22,6 +24,10 @@ QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const
   box->setMinimumWidth(box->fontMetrics().horizontalAdvance('0') * digits + 14);
   box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   return box;
+}
+
+std::optional<double> NumberIn(const QLineEdit* box) {
+  return NumberFromText(box->text().toStdString());
 }
 
 QLabel* MakeLabel(const QString& caption, QWidget* buddy) {

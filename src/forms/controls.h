@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtWidgets>
+#include <optional>
 
 namespace pallomir {
 
@@ -25,6 +26,9 @@ QRadioButton* MakeOption(const QString& name, const QString& caption, const QStr
 /// A text box that takes `digits` digits in its narrowest form.
 QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const QString& toolTip, int digits,
                        const QString& text = {});
+
+/// The number in a text box; nothing when its text is not one.
+std::optional<double> NumberIn(const QLineEdit* box);
 
 /// The label of `buddy`, which its mnemonic focuses.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy = nullptr);

@@ -51,7 +51,7 @@ void Main_Form::cmdUndo_Click() {
 void Main_Form::cmdCopyCluster_Click() {
   if (!ClusterChosen()) return;
   const QString target = edit_->txtCopyCluster->text();
-  const bool copied = CopyCluster(session_, NumberFromText(target.toStdString()));
+  const bool copied = CopyCluster(session_, NumberIn(edit_->txtCopyCluster));
   projections_->GiveUpPolygon();
   RefreshClusters();
   if (copied) {

@@ -4,6 +4,7 @@
 
 #include "files/error.h"
 #include "files/number_text.h"
+#include "forms/controls.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
 #include "timesel/load_points.h"
@@ -12,10 +13,6 @@
 namespace pallomir {
 
 namespace {
-
-std::optional<double> NumberIn(const QLineEdit* box) {
-  return NumberFromText(box->text().toStdString());
-}
 
 void SetNumber(QLineEdit* box, double value) {
   box->setText(QString::fromStdString(PlainDecimal(value)));

@@ -6,6 +6,7 @@
 #include "files/number_text.h"
 #include "forms/axes_panel.h"
 #include "forms/cluster_panel.h"
+#include "forms/controls.h"
 #include "forms/display_panel.h"
 #include "forms/main_form.h"
 #include "projection/colours.h"
@@ -15,10 +16,6 @@ namespace pallomir {
 namespace {
 
 constexpr double kUsualBatch = 250000;
-
-std::optional<double> NumberIn(const QLineEdit* box) {
-  return NumberFromText(box->text().toStdString());
-}
 
 }  // namespace
 
