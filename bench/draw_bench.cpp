@@ -25,14 +25,14 @@ Session& CutSession() {
   return session;
 }
 
-void DrawOurs(benchmark::State& state, const Session& session, float pointSize) {
+void DrawOurs(benchmark::State& state, const Session& session, float pointSize, const DrawSettings& settings = {}) {
   UniformNumbers random(1);
   const View view = ViewOf(session, kSide, kSide);
   Raster raster(kSide, kSide, PointRadius(pointSize, kSide), 1);
   size_t drawn = 0;
   for (auto _ : state) {
     raster.Clear();
-    drawn = DrawPoints(session, view, {}, 0, session.Points.Rows(), random, raster);
+    drawn = DrawPoints(session, view, settings, 0, session.Points.Rows(), random, raster);
   }
   benchmark::DoNotOptimize(drawn);
 }
@@ -41,6 +41,14 @@ void DrawPixels(benchmark::State& state) {
   DrawOurs(state, CutSession(), 0.5F);
 }
 BENCHMARK(DrawPixels)->Name("draw pixels/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// Ten ranges of records are looked at for every point, and leave all of them.
+void DrawTenEpochs(benchmark::State& state) {
+  DrawSettings settings;
+  settings.RecordRanges.emplace(10, std::pair(-1e9F, 1e9F));
+  DrawOurs(state, CutSession(), 0.5F, settings);
+}
+BENCHMARK(DrawTenEpochs)->Name("draw pixels, of ten epochs/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 void DrawSpread(benchmark::State& state) {
   Session& session = CutSession();

@@ -10,7 +10,9 @@
 #include "forms/cluster_panel.h"
 #include "forms/display_panel.h"
 #include "forms/files_panel.h"
+#include "forms/load_multiple_epochs_form.h"
 #include "forms/range_panel.h"
+#include "forms/run_command.h"
 #include "projection/colours.h"
 #include "session/point_reader.h"
 #include "session/start_up.h"
@@ -100,17 +102,13 @@ void Main_Form::Run(const std::function<void()>& handler) {
   }
   status_->clear();
   try {
-    handler();
+    RunCommand(*this, handler);
   } catch (const ProgramEnd& end) {
     ShowMessage(end.what(), end.Title());
     SaveBeforeTheEnd();
     EndProgram();
-  } catch (const CommandError& error) {
-    ShowMessage(error.what(), error.Title());
   } catch (const Interrupted&) {
     status_->setText("Stopped; everything is as it was before.");
-  } catch (const std::bad_alloc&) {
-    ShowMessage("There is not enough memory for this.", {});
   }
 }
 
@@ -185,6 +183,11 @@ bool Main_Form::eventFilter(QObject* watched, QEvent* event) {
       Run([&] { (this->*box->second)(); });
       return true;
     }
+  }
+  if (watched == multipleEpochs_ && type == QEvent::Close && loading_) {
+    stopLoading_ = true;
+    event->ignore();
+    return true;
   }
   if (const auto popup = popups_.find(widget); popup != popups_.end()) {
     if (type == QEvent::MouseButtonRelease && mouse->button() == Qt::RightButton)

@@ -2,9 +2,12 @@
 
 #include <QElapsedTimer>
 #include <QMainWindow>
+#include <QPointer>
 #include <functional>
 #include <map>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "clusters/axis_scaling.h"
 #include "forms/dialogs.h"
@@ -29,7 +32,9 @@ class ClusterPanel;
 class DisplayPanel;
 class EditPanel;
 class FilesPanel;
+class LoadMultipleEpochsForm;
 class RangePanel;
+class TimeEpochs;
 
 /// "Cluster cutting controls": the form that all commands are given on.
 class Main_Form : public QMainWindow, public World {
@@ -70,6 +75,11 @@ class Main_Form : public QMainWindow, public World {
 
   // Events
   void cmdLoadPoints_Click();
+  void cboEpochs_Click();
+  void cmdDefineEpochs_Click();
+  void mnuLoadMultipleEpochs_Click();
+  void cmdLoad_Click();
+  void frmLoadMultipleEpochs_Unload();
   void txtStartTime_DblClick();
   void txtEndTime_DblClick();
   void txtStartEvent_DblClick();
@@ -116,6 +126,9 @@ class Main_Form : public QMainWindow, public World {
   /// Runs an event handler: the one place where what ends a command is told to the user.
   void Run(const std::function<void()>& handler);
   bool ChooseParameterFile();
+  /// Loads, classifies and shows a range of records.
+  void LoadRange(int32_t start, int32_t end);
+  std::vector<std::string> EpochItems() const;
   ProjectionOptions Options() const;
   void Redraw();
   /// For what takes effect at the next redraw: none is asked for while nothing is loaded.
@@ -155,6 +168,8 @@ class Main_Form : public QMainWindow, public World {
   FilesPanel* files_;
   AnalysesPanel* analyses_;
   ChooseClusterForm* chooseClusters_ = nullptr;
+  QPointer<TimeEpochs> timeEpochs_;
+  QPointer<LoadMultipleEpochsForm> multipleEpochs_;
   QTimer* Timer1_;
   QTimer* tmrDelayTimer_;
   float lastAutosave_ = 0;

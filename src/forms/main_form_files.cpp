@@ -111,8 +111,7 @@ Defaults Main_Form::PresentDefaults() const {
   defaults.ClustFile = files_->txtClustFile->text().toStdString();
   defaults.ParamFile = range_->txtParamFile->text().toStdString();
   defaults.PosFile = analyses_->txtPosFile->text().toStdString();
-  for (int i = 0; i < range_->cboEpochs->count(); ++i)
-    defaults.Epochs.push_back(range_->cboEpochs->itemText(i).toStdString());
+  defaults.Epochs = EpochItems();
   return defaults;
 }
 

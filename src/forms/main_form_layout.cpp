@@ -52,7 +52,7 @@ void Main_Form::LayOut() {
   txtMessages_->setReadOnly(true);
   txtMessages_->setTabChangesFocus(true);
   txtMessages_->setPlaceholderText("Messages");
-  txtMessages_->setFixedHeight(4 * txtMessages_->fontMetrics().lineSpacing() + 10);
+  txtMessages_->setFixedHeight(3 * txtMessages_->fontMetrics().lineSpacing() + 10);
 
   auto* middle = new QHBoxLayout;
   middle->setSpacing(10);
@@ -110,11 +110,21 @@ void Main_Form::MakeMenus() {
         &Main_Form::mnuApplyXscaleToAllParameters_Click);
   entry(mnuscaleYAxis_, "mnuApplyYscaleToAllParameters", "Apply to All Parameters",
         &Main_Form::mnuApplyYscaleToAllParameters_Click);
+  QMenu* loadPoints = PopupMenu(this, "mnuLoadPoints", "LoadPoints");
+  entry(loadPoints, "mnuLoadMultipleEpochs", "Load Multiple Epochs", &Main_Form::mnuLoadMultipleEpochs_Click);
+  QMenu* range = menuBar()->addMenu("Ran&ge");
+  connect(range->addAction("Load Points"), &QAction::triggered, range_->cmdLoadPoints, &QPushButton::click);
+  connect(range->addAction("Define Epochs"), &QAction::triggered, range_->cmdDefineEpochs, &QPushButton::click);
+  range->addActions(loadPoints->actions());
+  QMenu* view = menuBar()->addMenu("&View");
+  view->addMenu(mnuscaleXaxis_)->setText("Scale of all axes");
+  view->addMenu(axesScaleFile)->setText("Axis scales in a file");
   // Both scale buttons open the X menu; the Y entry acts alike.
   popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_},
              {axes_->cmdscaleYaxis, mnuscaleXaxis_},
              {axes_->cmdRestoreAxes, axesScaleFile},
-             {files_->cmdReadCBFile, readCBFile}};
+             {files_->cmdReadCBFile, readCBFile},
+             {range_->cmdLoadPoints, loadPoints}};
   for (const auto& [button, menu] : popups_) button->installEventFilter(this);
 }
 
@@ -124,6 +134,8 @@ void Main_Form::OnClick(QAbstractButton* button, void (Main_Form::*handler)()) {
 
 void Main_Form::ConnectRange() {
   OnClick(range_->cmdLoadPoints, &Main_Form::cmdLoadPoints_Click);
+  OnClick(range_->cmdDefineEpochs, &Main_Form::cmdDefineEpochs_Click);
+  connect(range_->cboEpochs, &QComboBox::activated, this, [this] { Run([this] { cboEpochs_Click(); }); });
   doubleClicks_ = {{range_->txtStartTime, &Main_Form::txtStartTime_DblClick},
                    {range_->txtEndTime, &Main_Form::txtEndTime_DblClick},
                    {range_->txtStartEvent, &Main_Form::txtStartEvent_DblClick},
@@ -194,8 +206,7 @@ void Main_Form::ConnectKeys() {
 }
 
 void Main_Form::DisableUnfinished() {
-  for (QWidget* control : std::initializer_list<QWidget*>{range_->cboEpochs, range_->cmdDefineEpochs,
-                                                          files_->cmdWriteClustFile, files_->txtClustFile, analyses_})
+  for (QWidget* control : std::initializer_list<QWidget*>{files_->cmdWriteClustFile, files_->txtClustFile, analyses_})
     control->setEnabled(false);
 }
 

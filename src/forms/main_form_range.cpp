@@ -29,6 +29,14 @@ int32_t RecordIn(const QLineEdit* box, int32_t otherwise) {
 void Main_Form::cmdLoadPoints_Click() {
   const int32_t start = RecordIn(range_->txtStartEvent, session_.LoadStartRecord);
   const int32_t end = RecordIn(range_->txtEndEvent, session_.LoadEndRecord);
+  session_.MultipleEpochs = false;
+  LoadRange(start, end);
+  // A box without a number shows what was loaded in its stead.
+  if (!NumberIn(range_->txtStartEvent)) range_->txtStartEvent->setText(QString::number(start));
+  if (!NumberIn(range_->txtEndEvent)) range_->txtEndEvent->setText(QString::number(end));
+}
+
+void Main_Form::LoadRange(int32_t start, int32_t end) {
   QElapsedTimer clock;
   clock.start();
   {
@@ -40,9 +48,6 @@ void Main_Form::cmdLoadPoints_Click() {
     LoadPoints(session_, *this, start, end);
   }
   if (closing_) return;
-  // A box without a number shows what was loaded in its stead.
-  if (!NumberIn(range_->txtStartEvent)) range_->txtStartEvent->setText(QString::number(start));
-  if (!NumberIn(range_->txtEndEvent)) range_->txtEndEvent->setText(QString::number(end));
   Redraw();
   RefreshClusters();
   status_->setText(QString("%1 points loaded in %2 s.")

@@ -8,6 +8,7 @@
 #include "forms/cluster_panel.h"
 #include "forms/controls.h"
 #include "forms/display_panel.h"
+#include "forms/load_multiple_epochs_form.h"
 #include "forms/main_form.h"
 #include "projection/colours.h"
 
@@ -30,6 +31,7 @@ ProjectionOptions Main_Form::Options() const {
   if (display_->chkDownsample->isChecked())
     if (const auto fraction = NumberIn(display_->txtDownsampleFraction))
       options.Drawing.DownsampleFraction = static_cast<float>(*fraction);
+  if (session_.MultipleEpochs && multipleEpochs_) options.Drawing.RecordRanges = multipleEpochs_->RecordRanges();
   return options;
 }
 

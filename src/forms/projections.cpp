@@ -9,6 +9,7 @@
 #include "files/number_text.h"
 #include "forms/cluster_panel.h"
 #include "forms/picture.h"
+#include "forms/run_command.h"
 
 namespace pallomir {
 
@@ -49,30 +50,20 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   column->addLayout(status);
 
   connect(surface_, &PlotSurface::Pressed, this,
-          [this](Qt::MouseButton button, Vertex at) { Guarded([&] { Form_MouseDown(button, at); }); });
+          [this](Qt::MouseButton button, Vertex at) { RunCommand(world_, [&] { Form_MouseDown(button, at); }); });
   connect(surface_, &PlotSurface::Moved, this, &Projections::Form_MouseMove);
   connect(surface_, &PlotSurface::Released, this,
-          [this](Qt::MouseButton button, Vertex at) { Guarded([&] { Form_MouseUp(button, at); }); });
+          [this](Qt::MouseButton button, Vertex at) { RunCommand(world_, [&] { Form_MouseUp(button, at); }); });
   connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });
   connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
   resized_.setSingleShot(true);
   resized_.setInterval(0);
   connect(&resized_, &QTimer::timeout, this, [this] {
-    if (PointsLoaded(session_) && drawn_) Guarded([this] { Redraw(); });
+    if (PointsLoaded(session_) && drawn_) RunCommand(world_, [this] { Redraw(); });
   });
   slow_.setInterval(kSlowTick);
   connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
   ShowHint();
-}
-
-void Projections::Guarded(const std::function<void()>& work) {
-  try {
-    work();
-  } catch (const CommandError& error) {
-    world_.ShowMessage(error.what(), error.Title());
-  } catch (const std::bad_alloc&) {
-    world_.ShowMessage("There is not enough memory for this.", {});
-  }
 }
 
 void Projections::Redraw() {

@@ -90,7 +90,6 @@ class Projections : public QWidget {
   void Form_MouseMove(Vertex at);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
   void Draw(Vertex at, Qt::MouseButton button);
-  void Guarded(const std::function<void()>& work);
   void BeginPicture();
   void ShowPicture();
   void ShowPolygon();

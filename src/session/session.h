@@ -54,6 +54,9 @@ struct Session {
   ByEpoch<double> EpochEndTimestamp{};
   ByEpoch<int32_t> EpochEndRecord{};
 
+  /// On while the points of several epochs are loaded, of which only the ticked ones may be on view.
+  bool MultipleEpochs = false;
+
   BoundaryTable Clusters{};
   /// The cluster-defined mark, by cluster.
   ByCluster<bool> ClusterDefined{};

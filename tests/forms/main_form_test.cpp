@@ -1,6 +1,7 @@
 // The main loop of the program on the real forms: open, load, look, cut.
 
 #include "clusters/classify.h"
+#include "form_tests.h"
 #include "program.h"
 
 using namespace pallomir;
@@ -510,10 +511,6 @@ class MainFormTest : public QObject {
   }
 };
 
-int main(int argumentCount, char** arguments) {
-  QApplication application(argumentCount, arguments);
-  MainFormTest test;
-  return QTest::qExec(&test, argumentCount, arguments);
-}
+static const bool added = AddFormTest<MainFormTest>();
 
 #include "main_form_test.moc"

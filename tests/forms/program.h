@@ -51,6 +51,7 @@ class Program {
       const auto set = [&](int p, double value) { StoreLittleEndian(row + 8 + 4 * p, static_cast<float>(value)); };
       set(0, r);
       set(1, r % 100);
+      set(kRecordSlot, r);
       set(kPosX, 5);
       set(kPosY, 7);
     }

@@ -8,6 +8,7 @@
 namespace pallomir {
 
 FUZZ_TARGET(FuzzBoundariesFile);
+FUZZ_TARGET(FuzzEventsFile);
 FUZZ_TARGET(FuzzParameterFile);
 FUZZ_TARGET(FuzzSettings);
 FUZZ_TARGET(FuzzTextItems);
@@ -28,6 +29,10 @@ void RunCorpus(const char* name, int (*target)(const uint8_t*, size_t)) {
 
 TEST(Corpus, BoundariesFiles) {
   RunCorpus("boundaries_file", FuzzBoundariesFile);
+}
+
+TEST(Corpus, EventsFiles) {
+  RunCorpus("events_file", FuzzEventsFile);
 }
 
 TEST(Corpus, Settings) {

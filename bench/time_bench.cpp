@@ -1,0 +1,86 @@
+// Times and records: what goes through the stamps of the whole file.
+
+#include <fstream>
+
+#include "files/parameter_header.h"
+#include "files/platform.h"
+#include "support.h"
+#include "timesel/epochs.h"
+#include "timesel/record_range.h"
+#include "timesel/timestamp.h"
+
+namespace pallomir::bench {
+
+namespace {
+
+double LastStamp() {
+  const Session session = OpenSession();
+  return *TimeOfRecord(session, static_cast<double>(Spikes() - 1));
+}
+
+/// Thirty epochs of equal length, one after another.
+EpochTable Thirty() {
+  EpochTable table;
+  const double length = LastStamp() / kEpochs;
+  for (size_t row = 0; row < kEpochs; ++row)
+    table[row] = {"part", std::to_string(length * static_cast<double>(row)),
+                  std::to_string(length * static_cast<double>(row + 1))};
+  return table;
+}
+
+void FindOurs(benchmark::State& state) {
+  Session session = OpenSession();
+  QuietWorld world;
+  const EpochTable table = Thirty();
+  for (auto _ : state) FindEventIDs(session, world, table);
+}
+BENCHMARK(FindOurs)
+    ->Name("records of thirty epochs/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+/// Every row from record 0 on, each stamp read by itself and the texts turned into numbers beside it.
+void FindNaive(benchmark::State& state) {
+  const EpochTable table = Thirty();
+  const Session session = OpenSession();
+  for (auto _ : state) {
+    std::ifstream file(PlatformPath(session.File.Path), std::ios::binary);
+    for (const Epoch& epoch : table) {
+      bool started = false;
+      for (int64_t n = 0; n < session.File.RecordCount; ++n) {
+        unsigned char bytes[8];
+        file.seekg(session.File.HeaderLength + n * static_cast<int64_t>(kRowBytes));
+        file.read(reinterpret_cast<char*>(bytes), sizeof bytes);
+        const double time = TimestampFromBytes(bytes);
+        if (!started)
+          started = time >= std::stod(epoch.Start);
+        else if (time > std::stod(epoch.End))
+          break;
+      }
+    }
+  }
+}
+BENCHMARK(FindNaive)
+    ->Name("records of thirty epochs/naive")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1);
+
+void RangeBox(benchmark::State& state) {
+  const Session session = OpenSession();
+  QuietWorld world;
+  const double last = LastStamp();
+  for (auto _ : state) benchmark::DoNotOptimize(RecordAtEnd(session, world, last));
+}
+BENCHMARK(RangeBox)
+    ->Name("double-click of the end time, to the last spike/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+}  // namespace
+
+}  // namespace pallomir::bench

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+#include <string>
+#include <vector>
+
+#include "forms/dialogs.h"
+#include "forms/epoch_rows.h"
+#include "session/world.h"
+#include "timesel/epochs.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QTextCursor;
+
+namespace pallomir {
+
+/// "Time Epochs": names up to thirty parts of the recording, with the events file at hand to find their times, and
+/// finds their spike records. It holds nothing between openings: each one starts from the items of cboEpochs.
+class TimeEpochs : public QDialog, public World {
+  Q_OBJECT
+
+ public:
+  /// Throws CommandError for more than thirty items.
+  TimeEpochs(Session& session, Dialogs& dialogs, const std::vector<std::string>& items, QWidget* parent);
+
+  // World
+  void ShowMessage(std::string_view text, std::string_view title) override;
+  void AppendMessage(std::string_view line) override;
+  void ShowProgress(int value) override;
+  void HideProgress() override;
+  bool PumpEvents() override;
+
+ signals:
+  /// The user is done: the items that cboEpochs is to hold.
+  void Done(const QStringList& items);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  /// Esc and the close box: stops a search, else asks before changes are given up.
+  void reject() override;
+
+ private:
+  void LayOut();
+  void Connect();
+  void cmdLoadEventsFile_Click();
+  void TakeSelection(QLineEdit* box);
+  void cmdFindEventNumbers_Click();
+  void cmdSave_Click();
+  void cmdClear_Click();
+  void cmdCancel_Click();
+  /// Selects the stamp of the line that the cursor is on.
+  void SelectStamp(QTextCursor cursor);
+  EpochTable Typed() const;
+  void ShowRecords();
+  void ShowHint();
+  void ShowReport(bool shown);
+
+  Session& session_;
+  Dialogs& dialogs_;
+  const std::vector<std::string> before_;
+  EpochControls<QLineEdit> txtEpochLabel_, txtStart_, txtEnd_;
+  EpochControls<QLabel> lblRecords_;
+  EpochRows* rows_;
+  QLabel* lblEventsFile_;
+  QPlainTextEdit* txtEventsFile_;
+  QCheckBox* chkFilter_;
+  QWidget* commands_;
+  QWidget* report_;
+  QPlainTextEdit* txtEventIDProgress_;
+  QProgressBar* progress_;
+  QLabel* hint_;
+  bool busy_ = false;
+  bool stop_ = false;
+};
+
+}  // namespace pallomir

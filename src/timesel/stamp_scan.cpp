@@ -1,0 +1,46 @@
+#include "timesel/stamp_scan.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "files/error.h"
+#include "files/file_utility.h"
+#include "files/parameter_header.h"
+#include "timesel/timestamp.h"
+
+namespace pallomir {
+
+std::optional<RecordGeometry> GeometryOf(const std::string& path) {
+  const std::string extension = FileUtility::GetExtension(path);
+  if (extension == "Ntt") return RecordGeometry{304, 16384};
+  if (extension != "parms") return {};
+  const long header = FileUtility::GetHeaderLength(path);
+  if (header == -1) return {};
+  return RecordGeometry{kRowBytes, header};
+}
+
+void ScanStamps(FileReader& file, const Session& session, World& world, const RecordGeometry& geometry,
+                const std::function<bool(int64_t first, std::span<const double> stamps)>& visit) {
+  constexpr int64_t kBlock = 1024;
+  constexpr int64_t kPumpEvery = 256 * kBlock;
+  const int64_t count = session.File.RecordCount;
+  const auto held = static_cast<size_t>(std::clamp<int64_t>(count, 0, kBlock));
+  std::vector<unsigned char> bytes(held * geometry.RecordBytes);
+  std::vector<double> stamps(held);
+  for (int64_t first = 0; first < count; first += kBlock) {
+    const auto records = static_cast<size_t>(std::min(kBlock, count - first));
+    const size_t got =
+        file.ReadUpTo(geometry.Header + first * geometry.RecordBytes, bytes.data(), records * geometry.RecordBytes);
+    for (size_t r = 0; r < records; ++r) {
+      const size_t place = r * geometry.RecordBytes;
+      if (place + kStampBytes > got)
+        throw CommandError(file.Name() + " ended early, at record " + std::to_string(first + static_cast<int64_t>(r)) +
+                           ".");
+      stamps[r] = TimestampFromBytes(bytes.data() + place);
+    }
+    if (visit(first, {stamps.data(), records})) return;
+    if (first % kPumpEvery == 0 && !world.PumpEvents()) throw Interrupted();
+  }
+}
+
+}  // namespace pallomir
