@@ -22,6 +22,10 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
 
   cboEpochs = Named(new QComboBox, "cboEpochs", "Epoch", "Choose an epoch to fill in its records and times.");
   cboEpochs->setPlaceholderText("no epochs defined");
+  // As wide as the form has room for, whatever the epochs are called; the opened list shows them whole.
+  cboEpochs->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  cboEpochs->setMinimumContentsLength(12);
+  cboEpochs->view()->setMinimumWidth(cboEpochs->fontMetrics().horizontalAdvance('0') * 36);
   cmdDefineEpochs =
       MakeButton("cmdDefineEpochs", "Define Ep&ochs", "Name parts of the recording and find their records.");
   txtStartEvent =

@@ -170,6 +170,7 @@ void TimeEpochs::cmdLoadEventsFile_Click() {
   const QScopeGuard done = qScopeGuard([this] {
     busy_ = stop_ = false;
     commands_->setEnabled(true);
+    txtEventsFile_->setFocus();
   });
   busy_ = true;
   commands_->setEnabled(false);
@@ -200,6 +201,7 @@ void TimeEpochs::cmdFindEventNumbers_Click() {
   const QScopeGuard done = qScopeGuard([this] {
     busy_ = stop_ = false;
     commands_->setEnabled(true);
+    findChild<QPushButton*>("cmdFindEventNumbers")->setFocus();
     HideProgress();
     ShowRecords();
   });
@@ -209,6 +211,7 @@ void TimeEpochs::cmdFindEventNumbers_Click() {
   ShowReport(true);
   try {
     FindEventIDs(session_, *this, Typed());
+    txtEventIDProgress_->moveCursor(QTextCursor::Start);
     ShowMessage("Done Finding Event IDs", {});
     ShowReport(false);
   } catch (const Interrupted&) {
