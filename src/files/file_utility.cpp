@@ -20,6 +20,13 @@ std::string GetExtension(std::string_view path) {
   return dot == std::string_view::npos ? std::string() : std::string(path.substr(dot + 1));
 }
 
+std::string RemoveExtension(std::string_view path) {
+  const size_t separator = path.find_last_of("\\/");
+  const size_t name = separator == std::string_view::npos ? 0 : separator + 1;
+  const size_t dot = path.substr(name).rfind('.');
+  return std::string(dot == std::string_view::npos ? path : path.substr(0, name + dot));
+}
+
 uint64_t FileLength(std::string_view path) {
   return FileReader(path).Length();
 }
@@ -32,6 +39,22 @@ long GetHeaderLength(std::string_view path) {
   } catch (const CommandError&) {
     return -1;
   }
+}
+
+void DeleteFile(std::string_view path) {
+  std::error_code error;
+  const auto native = PlatformPath(path);
+  if (std::filesystem::is_directory(native, error))
+    throw CommandError(std::string(path) + " is a folder; it was not deleted.");
+  std::filesystem::remove(native, error);
+  if (error) throw CommandError(std::string(path) + " cannot be deleted (" + error.message() + ").");
+}
+
+void RenameFile(std::string_view from, std::string_view to) {
+  std::error_code error;
+  std::filesystem::rename(PlatformPath(from), PlatformPath(to), error);
+  if (error)
+    throw CommandError(std::string(from) + " cannot be renamed to " + std::string(to) + " (" + error.message() + ").");
 }
 
 void SafeguardFile(std::string_view path) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -23,6 +24,14 @@ std::string SingleText(float value);
 
 /// A double-precision number in its shortest form of at most 15 significant digits.
 std::string DoubleText(double value);
+
+/// Room for a number's text, in characters.
+inline constexpr size_t kNumberRoom = 32;
+
+/// The same texts where millions of them are written: at `to`, which has kNumberRoom characters (those behind the text
+/// are overwritten too). They return the text's end.
+char* PutSingle(char* to, float value);
+char* PutDouble(char* to, double value);
 
 /// A number without exponent and with as many digits as tell it from every other: 1234567890123456.
 std::string PlainDecimal(double value);

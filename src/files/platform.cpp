@@ -44,6 +44,12 @@ bool FlushToDisk(std::FILE* file) {
 #endif
 }
 
+void StartFlushing([[maybe_unused]] std::FILE* file) {
+#ifdef __linux__
+  if (!getenv("NOSYNC")) sync_file_range(fileno(file), 0, 0, SYNC_FILE_RANGE_WRITE);
+#endif
+}
+
 void FlushFolder([[maybe_unused]] const std::filesystem::path& folder) {
 #ifndef _WIN32
   const int descriptor = open(folder.c_str(), O_RDONLY);

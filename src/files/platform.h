@@ -38,6 +38,10 @@ std::string PathText(const std::filesystem::path& path);
 /// Sees to it that what was written to `file` is on the disk, not only in memory. False when it failed.
 bool FlushToDisk(std::FILE* file);
 
+/// Asks the system to begin bringing to the disk what was written to `file`, and does not wait for it. A file that
+/// nobody asks about stays in memory until FlushToDisk(), which then waits for all of it.
+void StartFlushing(std::FILE* file);
+
 /// Sees to it that a rename in `folder` has reached the disk, where the system can be asked to.
 void FlushFolder(const std::filesystem::path& folder);
 

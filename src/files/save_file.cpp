@@ -8,11 +8,13 @@
 
 namespace pallomir {
 
-SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(path)) {
+static constexpr size_t kFlushedAtOnce = 1 << 20;
+
+SaveFile::SaveFile(std::string_view path, Links links) : path_(path), target_(PlatformPath(path)) {
   std::error_code error;
   if (std::filesystem::is_directory(target_, error)) throw CommandError(path_ + " is a folder; nothing was written.");
   // A link stays a link: what it points to is replaced.
-  if (std::filesystem::is_symlink(target_, error)) {
+  if (links == Links::Follow && std::filesystem::is_symlink(target_, error)) {
     const auto real = std::filesystem::read_symlink(target_, error);
     if (!error) target_ = target_.parent_path() / real;
   }
@@ -28,13 +30,22 @@ SaveFile::~SaveFile() {
 
 void SaveFile::Write(const void* bytes, size_t count) {
   if (std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written to the end");
+  // The disk works while the next part is made.
+  waiting_ += count;
+  if (waiting_ < kFlushedAtOnce) return;
+  waiting_ = 0;
+  StartFlushing(file_);
 }
 
-void SaveFile::Commit() {
+void SaveFile::Finish() {
   if (!FlushToDisk(file_)) Fail("could not be written to the end");
   const bool closed = std::fclose(file_) == 0;
   file_ = nullptr;
   if (!closed) Fail("could not be written to the end");
+}
+
+void SaveFile::Commit() {
+  if (file_) Finish();
   std::error_code error;
   const auto before = std::filesystem::status(target_, error);
   if (!error && std::filesystem::exists(before)) std::filesystem::permissions(beside_, before.permissions(), error);

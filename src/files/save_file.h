@@ -11,8 +11,11 @@ namespace pallomir {
 /// then renamed over it. Without Commit() the earlier file, if any, stays as it was.
 class SaveFile {
  public:
+  /// Where `path` is a link: write to the file that it points to, or put a file of its own in the link's place.
+  enum class Links { Follow, Replace };
+
   /// Throws CommandError when no file can be made beside `path` (in the system's own notation).
-  explicit SaveFile(std::string_view path);
+  explicit SaveFile(std::string_view path, Links links = Links::Follow);
   ~SaveFile();
   SaveFile(const SaveFile&) = delete;
   SaveFile& operator=(const SaveFile&) = delete;
@@ -20,6 +23,10 @@ class SaveFile {
   /// Throws CommandError when the disk is full or fails.
   void Write(const void* bytes, size_t count);
   void Write(std::string_view text) { Write(text.data(), text.size()); }
+
+  /// Sees everything to the disk and ends the writing, so that Commit() has nothing left to do but rename. Throws
+  /// CommandError when the disk is full or fails.
+  void Finish();
 
   /// Puts the file in place. Throws CommandError when that fails; the earlier file is then as it was.
   void Commit();
@@ -32,6 +39,7 @@ class SaveFile {
   std::filesystem::path target_;
   std::filesystem::path beside_;
   std::FILE* file_ = nullptr;
+  size_t waiting_ = 0;
 };
 
 }  // namespace pallomir

@@ -1,5 +1,6 @@
 #include "files/text_header.h"
 
+#include <algorithm>
 #include <ctime>
 
 namespace pallomir {
@@ -15,13 +16,29 @@ std::string Now() {
   return text;
 }
 
+std::string OnOneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return (c >= 0 && c < ' ') || c == '\x7f'; }, '?');
+  return text;
+}
+
 }  // namespace
 
-std::string TextHeader(std::string_view kind, std::string_view date) {
+std::string TextHeader(std::string_view kind, std::string_view date, const std::vector<HeaderLine>& more) {
   std::string header = "# Pallomir " PALLOMIR_VERSION "\r\n# Kind: ";
   header.append(kind).append("\r\n# Version: 1\r\n# Date: ");
-  header.append(date.empty() ? Now() : std::string(date)).append("\r\n").append(kLastLine).append("\r\n");
-  return header;
+  header.append(date.empty() ? Now() : std::string(date)).append("\r\n");
+  for (const auto& [key, value] : more)
+    header.append("# ").append(OnOneLine(key)).append(": ").append(OnOneLine(value)).append("\r\n");
+  return header.append(kLastLine).append("\r\n");
+}
+
+std::optional<std::string> HeaderValue(std::string_view header, std::string_view key) {
+  const std::string start = "\n# " + std::string(key) + ": ";
+  const size_t place = header.find(start);
+  if (place == std::string_view::npos) return {};
+  const std::string_view rest = header.substr(place + start.size());
+  return std::string(rest.substr(0, rest.find_first_of("\r\n")));
 }
 
 long TextHeaderLength(std::string_view beginning) {

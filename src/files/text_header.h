@@ -1,9 +1,17 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace pallomir {
+
+/// A further line of a header, "# Key: value".
+struct HeaderLine {
+  std::string Key;
+  std::string Value;
+};
 
 /// The header that every file of ours begins with: a few printable lines, CR LF, the last one fixed.
 ///
@@ -13,8 +21,12 @@ namespace pallomir {
 ///     # Date: 2026-11-21 14:03:22
 ///     # End of header
 ///
-/// `date` is the present local time when it is empty.
-std::string TextHeader(std::string_view kind, std::string_view date = {});
+/// `date` is the present local time when it is empty. `more` stands before the last line; control characters in it
+/// become "?".
+std::string TextHeader(std::string_view kind, std::string_view date = {}, const std::vector<HeaderLine>& more = {});
+
+/// What follows "# key: " in a header, or nothing when it has no such line.
+std::optional<std::string> HeaderValue(std::string_view header, std::string_view key);
 
 /// The length in bytes of the text header at the start of `beginning` (the first 64 KiB of a file suffice), or -1.
 long TextHeaderLength(std::string_view beginning);

@@ -11,6 +11,9 @@ class AnalysesPanel : public QWidget {
  public:
   explicit AnalysesPanel(QWidget* parent);
 
+  /// Whether the button's tag says that the next click on the projection is the centre of the maze.
+  bool CenterArmed() const { return cmdWriteCenterFile->property("Tag").toDouble() == 1; }
+
   QPushButton* cmdRateMap;
   QPushButton* cmdOccMap;
   QPushButton* cmd2DAutoCorr;

@@ -4,8 +4,6 @@ namespace pallomir {
 
 namespace {
 
-constexpr Colour kUnchosenBack = 0x00000F;
-
 constexpr const char* kPageSheet = R"(
 QFrame#fraCL1to15, QFrame#fraCL16to30 { background: #0f0000; border-radius: 5px; }
 QLabel { color: #b9c1ce; }

@@ -8,6 +8,9 @@
 
 namespace pallomir {
 
+/// Behind the label of a cluster that is not chosen.
+inline constexpr Colour kUnchosenBack = 0x00000F;
+
 /// The thirty clusters on two pages: each with its label and three display boxes. A cluster without boundaries shows
 /// only a quiet number, by which it can be chosen.
 class ClusterPanel : public QWidget {

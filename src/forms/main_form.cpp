@@ -6,6 +6,7 @@
 #include "files/file_utility.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/cluster_panel.h"
 #include "forms/display_panel.h"
@@ -36,6 +37,7 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), di
   ConnectClusters();
   ConnectEdit();
   ConnectFiles();
+  ConnectAnalyses();
   ConnectKeys();
   DisableUnfinished();
 }
@@ -96,8 +98,8 @@ bool Main_Form::ChooseParameterFile() {
 }
 
 void Main_Form::Run(const std::function<void()>& handler) {
-  if (loading_) {
-    status_->setText("Points are being loaded; Esc stops it.");
+  if (working_) {
+    status_->setText("Pallomir is at work; Esc stops it.");
     return;
   }
   status_->clear();
@@ -112,8 +114,18 @@ void Main_Form::Run(const std::function<void()>& handler) {
   }
 }
 
+void Main_Form::Work(const std::function<void()>& work) {
+  const QScopeGuard done = qScopeGuard([this] {
+    working_ = stopWork_ = false;
+    if (closing_) QTimer::singleShot(0, this, &Main_Form::close);
+  });
+  working_ = true;
+  work();
+}
+
 void Main_Form::ShowMessage(std::string_view text, std::string_view title) {
-  dialogs_.ShowMessage(this, FromText(text), FromText(title));
+  QWidget* active = QApplication::activeWindow();
+  dialogs_.ShowMessage(active ? active : this, FromText(text), FromText(title));
 }
 
 void Main_Form::AppendMessage(std::string_view line) {
@@ -132,7 +144,7 @@ void Main_Form::HideProgress() {
 
 bool Main_Form::PumpEvents() {
   QCoreApplication::processEvents();
-  return !stopLoading_;
+  return !stopWork_;
 }
 
 void Main_Form::EndProgram() {
@@ -141,18 +153,20 @@ void Main_Form::EndProgram() {
 }
 
 void Main_Form::Escape() {
-  if (loading_)
-    stopLoading_ = true;
+  if (working_)
+    stopWork_ = true;
   else if (projections_->SlowRedrawRunning())
     projections_->StopSlowRedraw();
+  else if (analyses_->CenterArmed())
+    ArmCenter(false);
   else if (projections_->PolygonOpen())
     Run([this] { cmdUndo_Click(); });
 }
 
 void Main_Form::closeEvent(QCloseEvent* event) {
-  if (loading_) {
+  if (working_) {
     // The load ends first; then the program does.
-    stopLoading_ = true;
+    stopWork_ = true;
     closing_ = true;
     event->ignore();
     return;
@@ -184,8 +198,8 @@ bool Main_Form::eventFilter(QObject* watched, QEvent* event) {
       return true;
     }
   }
-  if (watched == multipleEpochs_ && type == QEvent::Close && loading_) {
-    stopLoading_ = true;
+  if (watched == multipleEpochs_ && type == QEvent::Close && working_) {
+    stopWork_ = true;
     event->ignore();
     return true;
   }

@@ -28,6 +28,7 @@ namespace pallomir {
 class AnalysesPanel;
 class AxesPanel;
 class ChooseClusterForm;
+class ClNoteForm;
 class ClusterPanel;
 class DisplayPanel;
 class EditPanel;
@@ -70,6 +71,7 @@ class Main_Form : public QMainWindow, public World {
   void ConnectClusters();
   void ConnectEdit();
   void ConnectFiles();
+  void ConnectAnalyses();
   void ConnectKeys();
   void DisableUnfinished();
 
@@ -116,6 +118,10 @@ class Main_Form : public QMainWindow, public World {
   void cmdReadCBFile_Click();
   void mnuReadSelectedClusters_Click();
   void cmdGo_Click();
+  void cmdWriteClustFile_Click();
+  void cmdClNote_Click();
+  void cmdWriteCenterFile_Click();
+  void Projections_CenterChosen(Vertex at);
   void cmdSaveDefaults_Click();
   void mnuWriteAxesScaleFile_Click();
   void mnuRestoreAxesScaleFromFile_Click();
@@ -125,6 +131,8 @@ class Main_Form : public QMainWindow, public World {
   // Shared by the handlers
   /// Runs an event handler: the one place where what ends a command is told to the user.
   void Run(const std::function<void()>& handler);
+  /// Runs what may take long: nothing else is let in meanwhile, Esc and closing the program stop it.
+  void Work(const std::function<void()>& work);
   bool ChooseParameterFile();
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
@@ -141,12 +149,14 @@ class Main_Form : public QMainWindow, public World {
   void ShowPendingAxis();
   void ShowAxes(int x, int y);
   void TypeClusterDigit(int digit);
-  /// Stops a load; else takes an open polygon back.
+  /// Stops work; else takes an open polygon back.
   void Escape();
   bool ClusterChosen();
   /// After the boundaries were changed by a command: the rows, the picture, no open polygon.
   void AfterEdit();
   void ShowOverlapEnded();
+  /// The next left click on the projection is the centre of the maze, or no longer is.
+  void ArmCenter(bool armed);
   std::string ReadPath() const;
   void ShowRead(const std::function<bool()>& read);
   Defaults PresentDefaults() const;
@@ -168,6 +178,7 @@ class Main_Form : public QMainWindow, public World {
   FilesPanel* files_;
   AnalysesPanel* analyses_;
   ChooseClusterForm* chooseClusters_ = nullptr;
+  QPointer<ClNoteForm> clNote_;
   QPointer<TimeEpochs> timeEpochs_;
   QPointer<LoadMultipleEpochsForm> multipleEpochs_;
   QTimer* Timer1_;
@@ -187,8 +198,8 @@ class Main_Form : public QMainWindow, public World {
   /// The menu that a right click on a button opens.
   std::map<QWidget*, QMenu*> popups_;
   bool listKeyDown_ = false;
-  bool loading_ = false;
-  bool stopLoading_ = false;
+  bool working_ = false;
+  bool stopWork_ = false;
   bool closing_ = false;
 };
 

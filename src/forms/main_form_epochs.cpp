@@ -49,9 +49,7 @@ void Main_Form::cmdDefineEpochs_Click() {
     timeEpochs_ = new TimeEpochs(session_, dialogs_, EpochItems(), this);
     connect(timeEpochs_, &QDialog::finished, this, [this] { timeEpochs_ = nullptr; });
     connect(timeEpochs_, &TimeEpochs::Done, this, [this](const QStringList& items) {
-      range_->cboEpochs->clear();
-      range_->cboEpochs->addItems(items);
-      range_->cboEpochs->setCurrentIndex(-1);
+      range_->SetEpochs(items);
       status_->setText("Choose an epoch. Save Defaults keeps the epochs for the next start.");
     });
   }
@@ -87,8 +85,9 @@ void Main_Form::cmdLoad_Click() {
     throw;
   }
   if (session_.Points.Column(kRecordSlot)[0] != static_cast<float>(session_.LoadStartRecord))
-    AppendMessage("This parameter file does not carry the spikes' record numbers: tick \"Display Points in between "
-                  "epochs\" and redraw to see points.");
+    AppendMessage(
+        "This parameter file does not carry the spikes' record numbers: tick \"Display Points in between "
+        "epochs\" and redraw to see points.");
 }
 
 void Main_Form::frmLoadMultipleEpochs_Unload() {

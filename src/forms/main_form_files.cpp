@@ -13,6 +13,7 @@
 #include "forms/files_panel.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
+#include "output/cluster_files.h"
 #include "session/axis_scale_file.h"
 #include "session/defaults_file.h"
 
@@ -33,6 +34,8 @@ void Main_Form::ConnectFiles() {
   OnClick(files_->cmdReadCBFile, &Main_Form::cmdReadCBFile_Click);
   OnClick(files_->cmdWriteCBFile, &Main_Form::cmdWriteCBFile_Click);
   OnClick(files_->cmdSaveDefaults, &Main_Form::cmdSaveDefaults_Click);
+  OnClick(files_->cmdWriteClustFile, &Main_Form::cmdWriteClustFile_Click);
+  connect(files_->txtClustFile, &QLineEdit::returnPressed, files_->cmdWriteClustFile, &QPushButton::click);
   OnClick(files_->cmdExit, &Main_Form::cmdExit_Click);
   OnClick(axes_->cmdRestoreAxes, &Main_Form::mnuRestoreAxesScaleFromFile_Click);
   connect(files_->txtCBFileRead, &QLineEdit::returnPressed, files_->cmdReadCBFile, &QPushButton::click);
@@ -90,9 +93,17 @@ void Main_Form::ShowRead(const std::function<bool()>& read) {
   status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
 }
 
+void Main_Form::cmdWriteClustFile_Click() {
+  const ClusterFileTexts texts = {files_->txtClustFile->text().toStdString(),
+                                  range_->txtStartTime->text().toStdString(), range_->txtEndTime->text().toStdString()};
+  Work([&] { WriteClusterFiles(session_, *this, texts); });
+  if (session_.TemporaryMode)
+    status_->setText("Only the files of the analyses were written: one ended early. Let one run to its end first.");
+}
+
 void Main_Form::Timer1_Timer() {
   const float now = SecondsSinceMidnight();
-  if (loading_ || !AutosaveDue(now, lastAutosave_)) return;
+  if (working_ || !AutosaveDue(now, lastAutosave_)) return;
   lastAutosave_ = now;
   try {
     WriteCBFile(session_, *this, AutosavePath(session_));
@@ -124,9 +135,9 @@ void Main_Form::ReadDefaultsFiles() {
   files_->txtClustFile->setText(QString::fromStdString(defaults.ClustFile));
   range_->txtParamFile->setText(QString::fromStdString(defaults.ParamFile));
   analyses_->txtPosFile->setText(QString::fromStdString(defaults.PosFile));
-  range_->cboEpochs->clear();
-  for (const std::string& epoch : defaults.Epochs) range_->cboEpochs->addItem(QString::fromStdString(epoch));
-  range_->cboEpochs->setCurrentIndex(-1);
+  QStringList epochs;
+  for (const std::string& epoch : defaults.Epochs) epochs << QString::fromStdString(epoch);
+  range_->SetEpochs(epochs);
 }
 
 void Main_Form::cmdSaveDefaults_Click() {

@@ -206,8 +206,7 @@ void Main_Form::ConnectKeys() {
 }
 
 void Main_Form::DisableUnfinished() {
-  for (QWidget* control : std::initializer_list<QWidget*>{files_->cmdWriteClustFile, files_->txtClustFile, analyses_})
-    control->setEnabled(false);
+  for (QWidget* control : std::initializer_list<QWidget*>{}) control->setEnabled(false);
 }
 
 }  // namespace pallomir

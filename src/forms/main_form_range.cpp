@@ -39,14 +39,7 @@ void Main_Form::cmdLoadPoints_Click() {
 void Main_Form::LoadRange(int32_t start, int32_t end) {
   QElapsedTimer clock;
   clock.start();
-  {
-    const QScopeGuard done = qScopeGuard([this] {
-      loading_ = stopLoading_ = false;
-      if (closing_) QTimer::singleShot(0, this, &Main_Form::close);
-    });
-    loading_ = true;
-    LoadPoints(session_, *this, start, end);
-  }
+  Work([&] { LoadPoints(session_, *this, start, end); });
   if (closing_) return;
   Redraw();
   RefreshClusters();

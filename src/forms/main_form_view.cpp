@@ -4,7 +4,9 @@
 #include <cmath>
 
 #include "files/number_text.h"
+#include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
+#include "forms/cl_note_form.h"
 #include "forms/cluster_panel.h"
 #include "forms/controls.h"
 #include "forms/display_panel.h"
@@ -25,7 +27,8 @@ ProjectionOptions Main_Form::Options() const {
   options.Zoom = display_->optZoom->isChecked();
   options.DrawBoundaries = display_->chkDrawClustBounds->isChecked();
   options.AxesOff = display_->chkAxesOff->isChecked();
-  options.Busy = loading_;
+  options.Busy = working_;
+  options.CenterArmed = analyses_->CenterArmed();
   const double batch = std::nearbyint(NumberIn(display_->txtDelay).value_or(kUsualBatch));
   options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
   if (display_->chkDownsample->isChecked())
@@ -150,6 +153,7 @@ void Main_Form::lblChooseCluster_Click(int c) {
   session_.CurrentCluster = static_cast<int16_t>(c);
   clusters_->Paint(session_.ReferenceColours, c);
   projections_->ShowCluster();
+  if (clNote_) clNote_->ShowCurrentCluster();
 }
 
 void Main_Form::TypeClusterDigit(int digit) {

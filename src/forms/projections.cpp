@@ -218,7 +218,11 @@ QString Projections::Hint() const {
   if (!PointsLoaded(session_)) return "Load points to see them here.";
   if (drawn_ && !view_.Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
   if (slow_.isActive()) return "Drawing one point at a time; Esc, or another right click on Redraw, stops it.";
-  if (options_().Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+  const ProjectionOptions options = options_();
+  if (options.CenterArmed)
+    return options.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
+                        : "Click the centre of the maze to write the center file; Esc gives that up.";
+  if (options.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
   if (open_)
     return QString("Cluster %1: left click for the next corner, right click for the last one. Esc takes it back.")
         .arg(c);
@@ -261,7 +265,10 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
     return;
   }
   if (!options.Zoom) {
-    Draw(at, button);
+    if (options.CenterArmed && button == Qt::LeftButton)
+      emit CenterChosen(at);
+    else
+      Draw(at, button);
     return;
   }
   if (button != Qt::LeftButton) return;

@@ -22,6 +22,8 @@ struct ProjectionOptions {
   bool Zoom = false;
   bool DrawBoundaries = true;
   bool AxesOff = false;
+  /// The next left click is the centre of the maze.
+  bool CenterArmed = false;
   /// A longer piece of work is running: the mouse does nothing.
   bool Busy = false;
   /// Points between two looks at the user interface, at least 1.
@@ -77,6 +79,8 @@ class Projections : public QWidget {
   /// A click began, extended or closed a polygon: the boundary table has changed.
   void BoundariesChanged();
   void OverlapEnded();
+  /// A left click while the centre of the maze was asked for.
+  void CenterChosen(Vertex at);
   /// A key that steps to a neighbouring parameter of an axis.
   void StepAxes(int x, int y);
 

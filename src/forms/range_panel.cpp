@@ -21,7 +21,7 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
   txtParamFile->hide();
 
   cboEpochs = Named(new QComboBox, "cboEpochs", "Epoch", "Choose an epoch to fill in its records and times.");
-  cboEpochs->setPlaceholderText("no epochs defined");
+  SetEpochs({});
   // As wide as the form has room for, whatever the epochs are called; the opened list shows them whole.
   cboEpochs->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   cboEpochs->setMinimumContentsLength(12);
@@ -71,6 +71,13 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
   setTabOrder(txtStartTime, txtEndEvent);
   setTabOrder(txtEndTime, cmdLoadPoints);
   cmdLoadPoints->setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Expanding);
+}
+
+void RangePanel::SetEpochs(const QStringList& items) {
+  cboEpochs->clear();
+  cboEpochs->addItems(items);
+  cboEpochs->setPlaceholderText(items.isEmpty() ? "no epochs defined" : "choose an epoch");
+  cboEpochs->setCurrentIndex(-1);
 }
 
 }  // namespace pallomir

@@ -11,6 +11,9 @@ class RangePanel : public QWidget {
  public:
   explicit RangePanel(QWidget* parent);
 
+  /// Makes these the list of epochs, none of them chosen.
+  void SetEpochs(const QStringList& items);
+
   QLineEdit* txtCurDir;
   QLineEdit* txtParamFile;
   QComboBox* cboEpochs;

@@ -30,6 +30,16 @@ struct ParameterFile {
   int64_t RecordCount = 0;
 };
 
+/// What the user thinks of a cluster.
+struct ClusterNote {
+  /// The cluster's own number once it has been graded; 0 before.
+  int16_t Number = 0;
+  /// One of the names of the scale, or empty.
+  std::string Rating;
+  std::string Remarks;
+  bool operator==(const ClusterNote&) const = default;
+};
+
 /// All that the forms share: one instance, made in main() and passed by reference. Data only.
 struct Session {
   ParameterFile File;
@@ -79,6 +89,13 @@ struct Session {
   bool RandomX = false;
   bool RandomY = false;
   bool WhiteBackground = false;
+
+  ByCluster<ClusterNote> Notes{};
+  /// The centre of the maze as last written, in pixels.
+  float CenterX = 0;
+  float CenterY = 0;
+  /// While on, the cluster file writer writes the current cluster alone, to the files that the analyses read.
+  bool TemporaryMode = false;
 };
 
 /// True once a range of points has been loaded.

@@ -2,10 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
+#include <charconv>
 #include <clocale>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <locale>
+#include <random>
 
 #include "support/refusal.h"
 
@@ -46,6 +50,34 @@ TEST(NumberText, IsShortestWithinItsDigits) {
   EXPECT_EQ(PlainDecimal(1234567890123456), "1234567890123456");
   EXPECT_EQ(PlainDecimal(1e15), "1000000000000000");
   EXPECT_EQ(Grouped(-123456) + " " + Grouped(1234567), "-123\u202f456 1\u202f234\u202f567");
+}
+
+TEST(NumberText, PutInBulkIsTheShortestTextToo) {
+  const auto put = [](auto value, int digits) {
+    char quick[kNumberRoom], slow[kNumberRoom];
+    if constexpr (std::is_same_v<decltype(value), float>)
+      *PutSingle(quick, value) = '\0';
+    else
+      *PutDouble(quick, value) = '\0';
+    *std::to_chars(slow, slow + kNumberRoom, value == 0 ? 0 : double{value}, std::chars_format::general, digits).ptr =
+        0;
+    if (char* e = std::strchr(slow, 'e')) *e = 'E';
+    ASSERT_STREQ(quick, slow);
+  };
+  // Where the number of digits changes, exact halves of the last digit, and numbers all over.
+  for (const float edge : {1e-4F, 1e-3F, 0.1F, 1.0F, 10.0F, 1e6F, 999999.5F, 1e7F, 1000000.5F, 1000001.5F, 8388607.5F})
+    for (float value = std::nextafter(edge, 0.0F), end = std::nextafter(std::nextafter(edge, 1e9F), 1e9F); value < end;
+         value = std::nextafter(value, 1e9F))
+      put(value, 7);
+  std::mt19937_64 generator(1);
+  for (int k = 0; k < 200'000; ++k) {
+    const uint64_t bits = generator();
+    put(std::bit_cast<float>(static_cast<uint32_t>(bits)), 7);
+    put(std::ldexp(static_cast<float>(bits % 0x1000000), static_cast<int>(bits >> 32) % 40 - 38), 7);
+    put(std::bit_cast<double>(bits), 15);
+    put(std::ldexp(static_cast<double>(bits), -static_cast<int>(bits % 64)), 15);
+    put(-static_cast<double>(bits >> bits % 64), 15);
+  }
 }
 
 TEST(NumberText, UsesAPointWhateverTheLocale) {

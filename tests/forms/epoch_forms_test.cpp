@@ -175,13 +175,6 @@ class EpochFormsTest : public QObject {
   }
 
  private:
-  template <class Control = QLineEdit>
-  static Control* Box(const QWidget* form, const QString& name) {
-    auto* control = form->findChild<Control*>(name);
-    if (!control) qFatal("no control %s", qPrintable(name));
-    return control;
-  }
-
   static const QWidget* Epochs(const Program& program) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     program.Click("cmdDefineEpochs");

@@ -37,6 +37,14 @@ class ScriptedDialogs : public Dialogs {
   FileDialogOptions Asked;
 };
 
+/// A control of a form, by name.
+template <class Control = QLineEdit>
+Control* Box(const QWidget* form, const QString& name) {
+  auto* control = form->findChild<Control*>(name);
+  if (!control) qFatal("no control %s", qPrintable(name));
+  return control;
+}
+
 /// A recording on disk and the program on it, the way main() sets it up.
 class Program {
  public:
@@ -81,9 +89,7 @@ class Program {
 
   template <class Control = QWidget>
   Control* Get(const QString& name) const {
-    auto* control = Form.findChild<Control*>(name);
-    if (!control) qFatal("no control %s", qPrintable(name));
-    return control;
+    return Box<Control>(&Form, name);
   }
   QWidget* View() const {
     for (QWidget* window : QApplication::topLevelWidgets())

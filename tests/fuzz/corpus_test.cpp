@@ -9,6 +9,7 @@ namespace pallomir {
 
 FUZZ_TARGET(FuzzBoundariesFile);
 FUZZ_TARGET(FuzzEventsFile);
+FUZZ_TARGET(FuzzNotesFile);
 FUZZ_TARGET(FuzzParameterFile);
 FUZZ_TARGET(FuzzSettings);
 FUZZ_TARGET(FuzzTextItems);
@@ -33,6 +34,10 @@ TEST(Corpus, BoundariesFiles) {
 
 TEST(Corpus, EventsFiles) {
   RunCorpus("events_file", FuzzEventsFile);
+}
+
+TEST(Corpus, NotesFiles) {
+  RunCorpus("notes_file", FuzzNotesFile);
 }
 
 TEST(Corpus, Settings) {

@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# Kills a program that keeps writing a boundaries file, 200 times at random moments; the file must be whole each time.
-#   kill_writer.sh KEEP_WRITING
+# Kills a program that keeps writing files, 200 times at random moments; each time all of them must be there and whole.
+#   kill_writer.sh KEEP_WRITING boundaries|clusters
 set -u
-writer=$1
+writer=("$1" "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 
-# The file exists before the first kill.
-"$writer" "$folder" >"$folder/writes" & process=$!
+# The files exist before the first kill.
+"${writer[@]}" "$folder" >"$folder/writes" & process=$!
 while [ ! -s "$folder/writes" ]; do sleep 0.01; done
 kill -9 $process; wait $process 2>/dev/null
 
 for round in $(seq 200); do
-  "$writer" "$folder" >/dev/null & process=$!
+  "${writer[@]}" "$folder" >/dev/null & process=$!
   sleep "0.0$((RANDOM % 40 + 10))"
   kill -9 $process; wait $process 2>/dev/null
-  "$writer" "$folder" check || { echo "round $round"; exit 1; }
+  "${writer[@]}" "$folder" check || { echo "round $round"; exit 1; }
 done
-echo "200 kills, a whole file each time"
+echo "200 kills, whole files each time"

@@ -1,0 +1,56 @@
+#include "output/assignment.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace pallomir {
+
+namespace {
+
+/// Uniform draws, each seeded from the clock. What was drawn from before goes into the seed too, so that a clock that
+/// stands still between two points does not make them draw alike. The mixing is splitmix64's (Steele, Lea and Flood
+/// 2014).
+class ClockDraws {
+ public:
+  /// One of 0..count-1.
+  int Below(int count) {
+    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+    state_ += 0x9E3779B97F4A7C15U + static_cast<uint64_t>(now);
+    uint64_t mixed = (state_ ^ (state_ >> 30)) * 0xBF58476D1CE4E5B9U;
+    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;
+    // Above 32 bits the scaled number stands whole, below them what is cut off.
+    return static_cast<int>((mixed >> 32) * static_cast<uint64_t>(count) >> 32);
+  }
+
+ private:
+  uint64_t state_ = 0;
+};
+
+}  // namespace
+
+Assignment AssignClusters(const PointTable& points) {
+  Assignment assignment;
+  assignment.Cluster.resize(points.Rows());
+  if (points.SlotsInUse() == 0) return assignment;
+  const auto first = points.Slot(0);
+  for (size_t i = 0; i < points.Rows(); ++i) assignment.Cluster[i] = static_cast<uint8_t>(first[i]);
+  if (points.SlotsInUse() == 1) return assignment;
+
+  ClockDraws draws;
+  const auto second = points.Slot(1);
+  for (size_t i = 0; i < points.Rows(); ++i) {
+    if (second[i] == 0) continue;
+    assignment.AnyOverlap = true;
+    const int count = points.Memberships(i);
+    // A list is in the order in which its clusters were made.
+    for (int b = 1; b < count; ++b)
+      for (int a = 0; a < b; ++a) {
+        const auto [low, high] = std::minmax(points.Slot(a)[i], points.Slot(b)[i]);
+        ++assignment.Overlaps[high][low];
+      }
+    assignment.Cluster[i] = static_cast<uint8_t>(points.Slot(draws.Below(count))[i]);
+  }
+  return assignment;
+}
+
+}  // namespace pallomir

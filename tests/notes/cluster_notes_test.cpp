@@ -1,0 +1,151 @@
+// The notes file: what was noted is there again, and a file that is not whole changes nothing.
+
+#include "notes/cluster_notes.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <map>
+
+#include "files/file_reader.h"
+#include "projection/colours.h"
+#include "support/refusal.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+namespace {
+
+struct Desk {
+  TemporaryFolder Folder;
+  Session Shared;
+
+  Desk() { Shared.DataDirectory = Folder / "."; }
+  std::string Saved() const { return ReadText(Folder / "ClNotes"); }
+  std::string Safeguard() const { return ReadText(Folder / "ClNotes.bak"); }
+};
+
+/// A notes file of `lines` lines in which nothing is noted but what the given lines (from 1) hold.
+std::string FileWith(const std::map<int, std::string>& given, int lines = kClusterSlots) {
+  std::string file;
+  for (int k = 1; k <= lines; ++k) file += (given.contains(k) ? given.at(k) : "0,\"\",\"\"") + "\r\n";
+  return file;
+}
+std::string FileWith(int line, const std::string& text) {
+  return FileWith({{line, text}});
+}
+
+TEST(ClusterNotes, AreWrittenLineByLineAndBroughtBack) {
+  Desk desk;
+  EXPECT_FALSE(ReadNotes(desk.Shared));
+  desk.Shared.Notes[0].Remarks = " ";                             // remarks without a cluster
+  desk.Shared.Notes[4] = {4, "Pretty Good", "ok, \xc3\xa9 'x'"};  // graded
+  desk.Shared.Notes[9].Remarks = "never graded";
+  desk.Shared.Notes[30] = {30, "", ""};  // cleared
+  WriteNotes(desk.Shared);
+  EXPECT_FALSE(std::filesystem::exists(desk.Folder / "ClNotes.bak"));
+  EXPECT_EQ(desk.Saved(), FileWith({{1, "0,\"\",\" \""},
+                                    {5, "4,\"Pretty Good\",\"ok, \xc3\xa9 'x'\""},
+                                    {10, "0,\"\",\"never graded\""},
+                                    {31, "30,\"\",\"\""}}));
+
+  Session other;
+  other.DataDirectory = desk.Shared.DataDirectory;
+  other.Notes[12] = {12, "Poor", "gone"};
+  ASSERT_TRUE(ReadNotes(other));
+  EXPECT_EQ(other.Notes, desk.Shared.Notes);
+}
+
+TEST(ClusterNotes, FromOtherHandsAreUnderstood) {
+  Desk desk;
+  const std::string lines[] = {"7 , \"Fair\" ,\t\"a, b\"  ", "7,Fair,\"a, b\"", "7.0,\"Fair\",\"a, b\""};
+  for (const std::string& line : lines) {
+    std::string file = FileWith(8, line);
+    std::erase(file, '\r');
+    for (const char* end : {"", "\n\n \n"}) {
+      desk.Shared.Notes = {};
+      desk.Folder.Put("ClNotes", file.substr(0, file.size() - 1) + end);
+      ASSERT_TRUE(ReadNotes(desk.Shared));
+      EXPECT_EQ(desk.Shared.Notes[7], (ClusterNote{7, "Fair", "a, b"}));
+    }
+  }
+  desk.Folder.Put("ClNotes", FileWith(8, "7,\"Splendid\",\"\""));
+  ASSERT_TRUE(ReadNotes(desk.Shared));
+  EXPECT_EQ(desk.Shared.Notes[7].Rating, "Splendid");
+}
+
+TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"", "line 1: the file ends, but the note of cluster 0 is due."},
+      {FileWith({}, 30), "line 31: the file ends, but the note of cluster 30 is due."},
+      {FileWith({}, 32), "line 32: there are more than 31 notes."},
+      {FileWith(3, ""), "line 3: \"\" is not a number."},
+      {FileWith(3, "two,\"Good\",\"\""), "line 3: \"two\" is not a number."},
+      {FileWith(3, "31,\"Good\",\"\""), "line 3: there is no cluster 31."},
+      {FileWith(3, "-1,\"Good\",\"\""), "line 3: there is no cluster -1."},
+      {FileWith(3, "1e99,\"Good\",\"\""), "line 3: there is no cluster 1E+99."},
+      {FileWith(3, "2"), "line 3: there is no field for the rating."},
+      {FileWith(3, "2,\"Good\""), "line 3: there is no field for the remarks."},
+      {FileWith(3, "2,\"Good\",\"a"), "line 3: the quotes round the remarks do not end."},
+      {FileWith(3, "2,\"Good\",\"he said \"no\" to it\""), "line 3: a double quote stands inside the remarks."},
+      {FileWith(3, "2,Go\"od,\"\""), "line 3: a double quote stands inside the rating."},
+      {FileWith(3, "2,\"Good\",\"a\",\"b\""), "line 3: there is more than a number, a rating and remarks."},
+  };
+  for (const auto& [file, fault] : cases) {
+    Desk desk;
+    desk.Shared.Notes[5] = {5, "Good", "mine"};
+    const auto before = desk.Shared.Notes;
+    desk.Folder.Put("ClNotes", file);
+    EXPECT_EQ(Refusal([&] { ReadNotes(desk.Shared); }), "ClNotes, " + fault);
+    EXPECT_EQ(desk.Shared.Notes, before);
+    WriteNotes(desk.Shared);
+    EXPECT_EQ(desk.Safeguard(), file);
+    EXPECT_TRUE(ReadNotes(desk.Shared));
+    EXPECT_EQ(desk.Shared.Notes, before);
+  }
+}
+
+TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {
+  for (const auto& [remarks, what] :
+       {std::pair("a \"b\"", "a double quote"), {"a\nb", "a line break"}, {"\r", "a line break"}}) {
+    Desk desk;
+    desk.Folder.Put("ClNotes", "as it was");
+    desk.Shared.Notes[12].Remarks = remarks;
+    EXPECT_EQ(Refusal([&] { WriteNotes(desk.Shared); }), "The remarks of cluster 12 hold " + std::string(what) +
+                                                             ", which the notes file cannot hold; nothing was saved.");
+    EXPECT_EQ(desk.Saved(), "as it was");
+    EXPECT_FALSE(std::filesystem::exists(desk.Folder / "ClNotes.bak"));
+  }
+}
+
+TEST(ClusterNotes, SurviveAFolderThatTakesNoFile) {
+  Desk desk;
+  desk.Folder.Put("ClNotes", FileWith(8, "7,\"Fair\",\"x\""));
+  const std::string before = desk.Saved();
+  std::filesystem::create_directory(desk.Folder / "ClNotes.bak");  // no safeguard copy can be made
+  ASSERT_TRUE(ReadNotes(desk.Shared));
+  EXPECT_EQ(desk.Shared.Notes[7].Remarks, "x");
+  desk.Shared.Notes = {};
+  EXPECT_NE(Refusal([&] { WriteNotes(desk.Shared); }), "");
+  EXPECT_EQ(desk.Saved(), before);
+  std::filesystem::remove(desk.Folder / "ClNotes.bak");
+  std::filesystem::create_symlink("/dev/full", desk.Folder / "ClNotes.saving~");
+  EXPECT_NE(Refusal([&] { WriteNotes(desk.Shared); }).find("No space left on device"), std::string::npos);
+  EXPECT_EQ(desk.Saved(), before);
+}
+
+TEST(ClusterNotes, LabelsTakeTheClustersOwnColours) {
+  // Red, green, blue, as the labels of the notes show them.
+  constexpr uint32_t labels[] = {0xFF0000, 0x00FF00, 0x8080FF, 0xFFFF00, 0x00FFFF, 0xFF00FF, 0xFF8000, 0xFF8080,
+                                 0xFFC0FF, 0xC0FFFF, 0xC0FFC0, 0xFFFFC0, 0xFFC0C0, 0xC000C0, 0xC0C0FF, 0xC86400,
+                                 0x00C864, 0xC8C800, 0xC80064, 0x00C8C8, 0xC89600, 0x00C896, 0x64C800, 0x0096C8,
+                                 0x00C864, 0xC800C8, 0x64C864, 0x64C8C8, 0x96C800, 0xC80096};
+  Session session;
+  BuildColourTable(session);
+  for (int c = 1; c <= kClusters; ++c) {
+    const Colour colour = session.ReferenceColours[c];
+    EXPECT_EQ((colour & 0xFF) << 16 | (colour & 0xFF00) | colour >> 16, labels[c - 1]) << "cluster " << c;
+  }
+}
+
+}  // namespace
+}  // namespace pallomir
