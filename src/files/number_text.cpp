@@ -101,9 +101,9 @@ int32_t WholeNumber(double value, std::string_view what) {
   return static_cast<int32_t>(whole);
 }
 
-// Seven digits in 6 ns rather than 45. A single-precision number between 0.0001 and 10^7 times the power of ten that
-// gives it seven digits before the point is exact in double precision (24 bits times at most 26), so that rounding it
-// once, halves to even, gives the digits that std::to_chars() gives.
+// Three times as fast as std::to_chars(), with its digits. A single-precision number between 0.0001 and 10^7 times the
+// power of ten that gives it seven digits before the point is exact in double precision (24 bits times at most 26), so
+// that rounding it once, halves to even, is all that is left to do.
 char* PutSingle(char* to, float value) {
   const double magnitude = std::abs(static_cast<double>(value));
   if (!(magnitude >= 1e-4 && magnitude < kSevenDigits)) return PutShortest(to, value, 7);

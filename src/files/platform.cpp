@@ -46,7 +46,7 @@ bool FlushToDisk(std::FILE* file) {
 
 void StartFlushing([[maybe_unused]] std::FILE* file) {
 #ifdef __linux__
-  if (!getenv("NOSYNC")) sync_file_range(fileno(file), 0, 0, SYNC_FILE_RANGE_WRITE);
+  sync_file_range(fileno(file), 0, 0, SYNC_FILE_RANGE_WRITE);
 #endif
 }
 

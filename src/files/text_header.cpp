@@ -24,7 +24,7 @@ std::string OnOneLine(std::string text) {
 
 }  // namespace
 
-std::string TextHeader(std::string_view kind, std::string_view date, const std::vector<HeaderLine>& more) {
+std::string TextHeader(std::string_view kind, std::string_view date, const std::vector<HeaderEntry>& more) {
   std::string header = "# Pallomir " PALLOMIR_VERSION "\r\n# Kind: ";
   header.append(kind).append("\r\n# Version: 1\r\n# Date: ");
   header.append(date.empty() ? Now() : std::string(date)).append("\r\n");

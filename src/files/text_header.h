@@ -8,7 +8,7 @@
 namespace pallomir {
 
 /// A further line of a header, "# Key: value".
-struct HeaderLine {
+struct HeaderEntry {
   std::string Key;
   std::string Value;
 };
@@ -23,7 +23,7 @@ struct HeaderLine {
 ///
 /// `date` is the present local time when it is empty. `more` stands before the last line; control characters in it
 /// become "?".
-std::string TextHeader(std::string_view kind, std::string_view date = {}, const std::vector<HeaderLine>& more = {});
+std::string TextHeader(std::string_view kind, std::string_view date = {}, const std::vector<HeaderEntry>& more = {});
 
 /// What follows "# key: " in a header, or nothing when it has no such line.
 std::optional<std::string> HeaderValue(std::string_view header, std::string_view key);

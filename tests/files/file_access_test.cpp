@@ -39,6 +39,20 @@ TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
   EXPECT_FALSE(FileUtility::FileExists(folder / "TT1 ä"));
 }
 
+TEST(FileUtilities, RemoveExtensionKeepsFolders) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"W\\tmp.rmap", "W\\tmp"},
+      {"W\\a.b.c", "W\\a.b"},
+      {"W\\..\\Pos.p", "W\\..\\Pos"},
+      {"W.x\\ttmp", "W.x\\ttmp"},
+      {"/a.b/c", "/a.b/c"},
+      {"W.x/y\\t.rmap", "W.x/y\\t"},
+      {"x", "x"},
+      {"", ""},
+  };
+  for (const auto& [path, without] : cases) EXPECT_EQ(FileUtility::RemoveExtension(path), without);
+}
+
 struct SavedFile : ::testing::Test {
   const TemporaryFolder folder;
   const std::string path = folder.Put("cbfile.txt", "old");

@@ -75,6 +75,15 @@ TEST(TextHeaders, EndWithTheirLastLineWithin64KiB) {
     EXPECT_EQ(length(none), -1) << none;
 }
 
+TEST(TextHeaders, HoldFurtherLines) {
+  const std::string header = TextHeader("RateMap", "now", {{"Spikes", "12"}, {"Note", "two\r\n# End of header"}});
+  EXPECT_EQ(TextHeaderLength(header + "1\r\n"), static_cast<long>(header.size()));
+  EXPECT_EQ(HeaderValue(header, "Kind"), "RateMap");
+  EXPECT_EQ(HeaderValue(header, "Spikes"), "12");
+  EXPECT_EQ(HeaderValue(header, "Note"), "two??# End of header");
+  EXPECT_EQ(HeaderValue(header, "Spike"), std::nullopt);
+}
+
 TEST(ParameterFile, RowCountRoundsAPartialRowToNearestAndAHalfToEven) {
   const TemporaryFolder folder;
   const std::string header = TextHeader("ParameterFile");

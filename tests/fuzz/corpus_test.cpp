@@ -11,8 +11,12 @@ FUZZ_TARGET(FuzzBoundariesFile);
 FUZZ_TARGET(FuzzEventsFile);
 FUZZ_TARGET(FuzzNotesFile);
 FUZZ_TARGET(FuzzParameterFile);
+FUZZ_TARGET(FuzzPositionFile);
+FUZZ_TARGET(FuzzResultFile);
 FUZZ_TARGET(FuzzSettings);
+FUZZ_TARGET(FuzzSpikeFile);
 FUZZ_TARGET(FuzzTextItems);
+FUZZ_TARGET(FuzzWaveformFile);
 
 namespace {
 
@@ -46,6 +50,22 @@ TEST(Corpus, Settings) {
 
 TEST(Corpus, ParameterFiles) {
   RunCorpus("parameter_file", FuzzParameterFile);
+}
+
+TEST(Corpus, PositionFiles) {
+  RunCorpus("position_file", FuzzPositionFile);
+}
+
+TEST(Corpus, ResultFiles) {
+  RunCorpus("result_file", FuzzResultFile);
+}
+
+TEST(Corpus, SpikeFiles) {
+  RunCorpus("spike_file", FuzzSpikeFile);
+}
+
+TEST(Corpus, WaveformFiles) {
+  RunCorpus("waveform_file", FuzzWaveformFile);
 }
 
 TEST(Corpus, TextItems) {

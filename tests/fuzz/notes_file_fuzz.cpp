@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include "files/file_reader.h"
+#include "files/text_header.h"
 #include "fuzz/fuzz_target.h"
 #include "notes/cluster_notes.h"
 #include "support/refusal.h"
@@ -20,7 +21,10 @@ FUZZ_TARGET(FuzzNotesFile) {
   session.Notes[3] = {3, "Fair", "before"};
   const auto before = session.Notes;
   const std::string refusal = Refusal([&] { ReadNotes(session); });
-  REQUIRE(ReadText(folder / "ClNotes") == text && ReadText(folder / "ClNotes.bak") == text);
+  // A file of ours that is nothing but a header is not worth a safeguard copy.
+  const bool headerOnly = TextHeaderLength(text) == static_cast<long>(size);
+  REQUIRE(ReadText(folder / "ClNotes") == text);
+  REQUIRE(headerOnly || ReadText(folder / "ClNotes.bak") == text);
   if (!refusal.empty()) {
     REQUIRE(refusal.starts_with("ClNotes, line "));
     REQUIRE(session.Notes == before);

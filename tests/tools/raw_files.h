@@ -10,9 +10,9 @@
 
 #include "files/bytes.h"
 #include "files/parameter_header.h"
+#include "files/raw_header.h"
+#include "files/raw_layout.h"
 #include "files/text_header.h"
-#include "tools/raw/raw_header.h"
-#include "tools/raw/raw_layout.h"
 
 // Raw files built byte by byte, and a folder to put them in.
 namespace pallomir::testing {

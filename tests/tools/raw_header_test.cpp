@@ -1,8 +1,8 @@
-#include "tools/raw/raw_header.h"
+#include "files/raw_header.h"
 
 #include <gtest/gtest.h>
 
-#include "tools/raw/raw_layout.h"
+#include "files/raw_layout.h"
 
 namespace pallomir {
 namespace {

@@ -6,10 +6,10 @@
 #include "files/error.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "files/raw_header.h"
 #include "files/save_file.h"
 #include "tools/import/position_file.h"
 #include "tools/import/spike_writer.h"
-#include "tools/raw/raw_header.h"
 #include "tools/raw/record_order.h"
 
 namespace pallomir {

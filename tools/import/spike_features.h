@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "tools/raw/raw_layout.h"
+#include "files/raw_layout.h"
 
 namespace pallomir {
 

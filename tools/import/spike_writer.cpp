@@ -8,6 +8,7 @@
 #include "files/save_file.h"
 #include "files/text_header.h"
 #include "tools/import/spike_features.h"
+#include "waveforms/waveform_file.h"
 
 namespace pallomir {
 

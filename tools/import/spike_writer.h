@@ -3,17 +3,12 @@
 #include <filesystem>
 #include <string_view>
 
+#include "files/raw_file.h"
 #include "tools/import/tracking.h"
 #include "tools/progress.h"
-#include "tools/raw/raw_file.h"
 #include "tools/raw/record_order.h"
 
 namespace pallomir {
-
-/// A record of a waveform file: 32 blocks of 32 i16 samples, block c for channel c, zero where it was not recorded.
-inline constexpr size_t kWaveformBlocks = 32;
-inline constexpr size_t kWaveformBlockBytes = 2 * kWaveformSamples;
-inline constexpr size_t kWaveformRecordBytes = kWaveformBlocks * kWaveformBlockBytes;
 
 struct SpikeOutputs {
   std::filesystem::path Parameters;

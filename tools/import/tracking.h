@@ -4,7 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "tools/raw/raw_file.h"
+#include "files/raw_file.h"
+#include "tools/progress.h"
 #include "tools/raw/stamp_series.h"
 
 namespace pallomir {

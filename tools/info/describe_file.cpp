@@ -4,14 +4,14 @@
 #include "files/file_reader.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
+#include "files/raw_file.h"
+#include "files/raw_header.h"
+#include "files/text_case.h"
 #include "files/text_header.h"
 #include "files/text_items.h"
+#include "files/text_lines.h"
 #include "tools/figures.h"
 #include "tools/info/facts.h"
-#include "tools/info/text_lines.h"
-#include "tools/raw/raw_file.h"
-#include "tools/raw/raw_header.h"
-#include "tools/raw/text_case.h"
 
 namespace pallomir {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "files/raw_layout.h"
 #include "tools/progress.h"
-#include "tools/raw/raw_layout.h"
 
 namespace pallomir {
 

@@ -9,9 +9,9 @@
 #include "files/parameter_header.h"
 #include "session/parameter_catalogue.h"
 #include "tools/figures.h"
-#include "tools/import/spike_writer.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
+#include "waveforms/waveform_file.h"
 
 namespace pallomir {
 
@@ -97,7 +97,7 @@ std::string DescribeWaveforms(std::string_view path, Progress& progress) {
   std::array<bool, kWaveformBlocks> recorded{};
   const uint64_t left = ForEachRecord(file, 0, kWaveformRecordBytes, progress, [&](const unsigned char* record) {
     ++records;
-    for (size_t c = 0; c < kWaveformBlocks; ++c) {
+    for (int c = 0; c < kWaveformBlocks; ++c) {
       const unsigned char* block = record + c * kWaveformBlockBytes;
       recorded[c] = recorded[c] || std::any_of(block, block + kWaveformBlockBytes, [](unsigned char b) { return b; });
     }

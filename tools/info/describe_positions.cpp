@@ -5,10 +5,10 @@
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/text_header.h"
+#include "files/text_lines.h"
 #include "tools/figures.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
-#include "tools/info/text_lines.h"
 
 namespace pallomir {
 

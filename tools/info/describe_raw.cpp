@@ -1,12 +1,12 @@
 #include <map>
 
 #include "files/number_text.h"
+#include "files/raw_file.h"
+#include "files/raw_header.h"
 #include "tools/figures.h"
 #include "tools/import/tracking.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
-#include "tools/raw/raw_file.h"
-#include "tools/raw/raw_header.h"
 
 namespace pallomir {
 

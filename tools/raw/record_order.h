@@ -2,7 +2,8 @@
 
 #include <vector>
 
-#include "tools/raw/raw_file.h"
+#include "files/raw_file.h"
+#include "tools/progress.h"
 #include "tools/raw/stamp_series.h"
 
 namespace pallomir {

@@ -2,9 +2,9 @@
 #include <array>
 
 #include "files/bytes.h"
+#include "files/raw_header.h"
+#include "files/raw_layout.h"
 #include "files/save_file.h"
-#include "tools/raw/raw_header.h"
-#include "tools/raw/raw_layout.h"
 #include "tools/sample/sample_files.h"
 
 namespace pallomir {

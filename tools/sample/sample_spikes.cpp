@@ -1,8 +1,8 @@
 #include <algorithm>
 
 #include "files/bytes.h"
+#include "files/raw_header.h"
 #include "files/save_file.h"
-#include "tools/raw/raw_header.h"
 #include "tools/sample/sample_files.h"
 #include "tools/sample/spike_shapes.h"
 

@@ -3,9 +3,9 @@
 #include <cmath>
 
 #include "files/bytes.h"
+#include "files/raw_header.h"
+#include "files/raw_layout.h"
 #include "files/save_file.h"
-#include "tools/raw/raw_header.h"
-#include "tools/raw/raw_layout.h"
 #include "tools/sample/sample_files.h"
 
 namespace pallomir {
@@ -55,7 +55,8 @@ void StoreFrame(uint64_t time, const WalkStep* step, Draws& draws, unsigned char
   if (step) {
     x = Pixels(step->X, kBoxLeft, draws);
     y = Pixels(step->Y, kBoxTop, draws);
-    angle = static_cast<int32_t>(std::lround(step->Heading * 360.0)) % 360;
+    // Counter-clockwise as the camera sees it, whose y grows downward.
+    angle = static_cast<int32_t>(std::lround((1 - step->Heading) * 360.0)) % 360;
   }
   StoreLittleEndian(record + kVideoLayout.StampOffset, kSampleStart + time);
   StoreLittleEndian(record + kFrameX, x);

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "tools/raw/raw_layout.h"
+#include "files/raw_layout.h"
 #include "tools/sample/draws.h"
 
 namespace pallomir {

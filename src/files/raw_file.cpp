@@ -1,10 +1,10 @@
-#include "tools/raw/raw_file.h"
+#include "files/raw_file.h"
 
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
-#include "tools/raw/raw_header.h"
-#include "tools/raw/text_case.h"
+#include "files/raw_header.h"
+#include "files/text_case.h"
 
 namespace pallomir {
 

@@ -8,8 +8,7 @@
 
 #include "files/bytes.h"
 #include "files/file_reader.h"
-#include "tools/progress.h"
-#include "tools/raw/raw_layout.h"
+#include "files/raw_layout.h"
 
 namespace pallomir {
 
@@ -37,8 +36,9 @@ class RawFile {
     return LoadLittleEndian<uint64_t>(record + layout_.StampOffset);
   }
 
-  /// Calls use(record, number) for every record in the order of the file, reading in large blocks.
-  template <class Use>
+  /// Calls use(record, number) for every record in the order of the file, reading in large blocks. `progress` is told
+  /// with Begin(records, how many) what is read and with Reached(how many) how far that has come.
+  template <class Progress, class Use>
   void ForEachRecord(Progress& progress, Use use) {
     progress.Begin(layout_.Records, records_);
     std::vector<unsigned char> block(BlockRecords() * layout_.RecordBytes);

@@ -1,8 +1,8 @@
-#include "tools/raw/raw_header.h"
+#include "files/raw_header.h"
 
 #include "files/number_text.h"
-#include "tools/raw/raw_layout.h"
-#include "tools/raw/text_case.h"
+#include "files/raw_layout.h"
+#include "files/text_case.h"
 
 namespace pallomir {
 

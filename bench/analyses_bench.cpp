@@ -1,0 +1,298 @@
+// What the windows of the analyses wait for: 100,000 spikes and 36,000 positions, 20 minutes at 30 Hz.
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <random>
+#include <vector>
+
+#include "components/compute_direction.h"
+#include "components/compute_maps.h"
+#include "components/compute_trains.h"
+#include "components/spatial_autocorrelation.h"
+#include "files/save_file.h"
+#include "files/text_header.h"
+#include "support.h"
+
+namespace pallomir::bench {
+
+namespace {
+
+constexpr size_t kAnalysedSpikes = 100'000;
+constexpr int64_t kSamples = 36'000;
+constexpr int64_t kInterval = 33'333;
+constexpr double kScale = 4;  // pixels per cm
+
+struct Recorded {
+  Positions Places;
+  std::vector<int64_t> Spikes;
+  Track Tracked;
+  Map Occupancy, Rate;
+  std::string Folder;
+};
+
+double Uniform(std::mt19937_64& random) {
+  return static_cast<double>(random() >> 11) * 0x1p-53;
+}
+
+/// A walk in a box of 1 m, and spikes that are evenly spread.
+Recorded Record() {
+  Recorded r;
+  std::mt19937_64 random(1);
+  double x = 200, y = 200, angle = 0;
+  for (int64_t i = 0; i < kSamples; ++i) {
+    angle += 60 * (Uniform(random) - 0.5);
+    angle -= 360 * std::floor(angle / 360);
+    x = std::clamp(x + 4 * std::cos(angle * std::numbers::pi / 180), 1.0, 399.0);
+    y = std::clamp(y + 4 * std::sin(angle * std::numbers::pi / 180), 1.0, 399.0);
+    if (x == 1 || y == 1 || x == 399 || y == 399) angle += 120;
+    r.Places.Time.push_back(1'000'000'000 + i * kInterval);
+    r.Places.X.push_back(120 + std::round(x));
+    r.Places.Y.push_back(40 + std::round(y));
+    r.Places.Direction.push_back(std::fmod(std::round(angle), 360));
+  }
+  for (size_t s = 0; s < kAnalysedSpikes; ++s)
+    r.Spikes.push_back(1'000'000'000 + static_cast<int64_t>(Uniform(random) * kSamples * kInterval));
+  std::sort(r.Spikes.begin(), r.Spikes.end());
+  r.Tracked = TrackWithin(r.Places, {0, kFarthestStamp});
+  r.Occupancy = OccupancyMap(r.Tracked, BinSize(kScale));
+  r.Rate = RateMap(CountSpikes(r.Tracked, SamplesOfSpikes(r.Tracked, r.Spikes), r.Occupancy).Counts, r.Occupancy);
+  return r;
+}
+
+void Put(const std::string& path, const std::string& text) {
+  SaveFile file(path);
+  file.Write(text);
+  file.Commit();
+}
+
+/// The same as files, as the cluster file writer and the import leave them.
+void PutFiles(Recorded& r) {
+  r.Folder = RecordingFolder();
+  std::string cluster = TextHeader("Cl-File") + "0\r\n1E+12\r\n", time = TextHeader("TFile");
+  std::string places = TextHeader("PosFile") + "PixelsPerCm,4\r\n";
+  for (const int64_t spike : r.Spikes) time += std::to_string(spike) + "\r\n";
+  for (size_t i = 0; i < r.Places.Time.size(); ++i) {
+    places += std::to_string(r.Places.Time[i]);
+    for (const double value : {r.Places.X[i], r.Places.Y[i], r.Places.Direction[i]})
+      places.append(",").append(std::to_string(static_cast<int>(value)));
+    places += "\r\n";
+  }
+  Put(r.Folder + "\\cl-tmp", cluster);
+  Put(r.Folder + "\\ttmp", time);
+  Put(r.Folder + "\\Pos.p", places);
+}
+
+const Recorded& Given() {
+  static const Recorded recorded = [] {
+    Recorded r = Record();
+    PutFiles(r);
+    return r;
+  }();
+  return recorded;
+}
+
+// --- rate map
+
+void RateMapOurs(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state) {
+    const Map occupancy = OccupancyMap(r.Tracked, BinSize(kScale));
+    const auto samples = SamplesOfSpikes(r.Tracked, r.Spikes);
+    benchmark::DoNotOptimize(RateMap(CountSpikes(r.Tracked, samples, occupancy).Counts, occupancy));
+  }
+}
+BENCHMARK(RateMapOurs)->Name("rate map/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+double UnderKernel(const Map& map, int row, int column) {
+  double sum = 0;
+  for (int dr = -8; dr <= 8; ++dr)
+    for (int dc = -8; dc <= 8; ++dc) {
+      const int r = row + dr, c = column + dc;
+      if (r >= 0 && c >= 0 && r < map.Rows && c < map.Columns)
+        sum += std::exp(-(dr * dr + dc * dc) / 8.0) * map.At(r, c);
+    }
+  return sum;
+}
+
+/// A search for every spike, a kernel for every bin.
+void RateMapNaive(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state) {
+    Map occupancy = r.Occupancy, counts = r.Occupancy, rate = r.Occupancy;
+    std::fill(occupancy.Values.begin(), occupancy.Values.end(), 0);
+    std::fill(counts.Values.begin(), counts.Values.end(), 0);
+    const auto bin = [&](size_t i) {
+      return counts.Index(static_cast<int>((r.Tracked.Y[i] - counts.Top) / counts.Bin),
+                          static_cast<int>((r.Tracked.X[i] - counts.Left) / counts.Bin));
+    };
+    for (size_t i = 0; i < r.Tracked.Time.size(); ++i) occupancy.Values[bin(i)] += r.Tracked.Hold[i] / 1e6;
+    for (const int64_t spike : r.Spikes) {
+      const auto after = std::upper_bound(r.Tracked.Time.begin(), r.Tracked.Time.end(), spike);
+      if (after != r.Tracked.Time.begin())
+        ++counts.Values[bin(static_cast<size_t>(after - r.Tracked.Time.begin()) - 1)];
+    }
+    for (int row = 0; row < rate.Rows; ++row)
+      for (int column = 0; column < rate.Columns; ++column)
+        rate.Values[rate.Index(row, column)] = UnderKernel(counts, row, column) / UnderKernel(occupancy, row, column);
+    benchmark::DoNotOptimize(rate);
+  }
+}
+BENCHMARK(RateMapNaive)->Name("rate map/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+// --- spatial autocorrelation
+
+void SpatialOurs(benchmark::State& state) {
+  const Map& rate = Given().Rate;
+  QuietWorld world;
+  WorkPace pace(world);
+  for (auto _ : state) benchmark::DoNotOptimize(SpatialAutocorrelation(rate, pace));
+}
+BENCHMARK(SpatialOurs)
+    ->Name("spatial autocorrelation of 40 x 40 bins/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.3);
+
+double PlainCorrelation(const Map& map, int rowLag, int columnLag) {
+  std::vector<double> a, b;
+  for (int row = std::max(0, -rowLag); row < std::min(map.Rows, map.Rows - rowLag); ++row)
+    for (int c = std::max(0, -columnLag); c < std::min(map.Columns, map.Columns - columnLag); ++c) {
+      if (std::isnan(map.At(row, c)) || std::isnan(map.At(row + rowLag, c + columnLag))) continue;
+      a.push_back(map.At(row, c));
+      b.push_back(map.At(row + rowLag, c + columnLag));
+    }
+  const auto n = static_cast<double>(a.size());
+  double meanA = 0, meanB = 0, ab = 0, aa = 0, bb = 0;
+  for (size_t i = 0; i < a.size(); ++i) meanA += a[i] / n, meanB += b[i] / n;
+  for (size_t i = 0; i < a.size(); ++i) {
+    ab += (a[i] - meanA) * (b[i] - meanB);
+    aa += (a[i] - meanA) * (a[i] - meanA);
+    bb += (b[i] - meanB) * (b[i] - meanB);
+  }
+  return ab / std::sqrt(aa * bb);
+}
+
+/// The textbook's formula at every lag.
+void SpatialNaive(benchmark::State& state) {
+  const Map& rate = Given().Rate;
+  for (auto _ : state) {
+    double sum = 0;
+    for (int row = 1 - rate.Rows; row < rate.Rows; ++row)
+      for (int column = 1 - rate.Columns; column < rate.Columns; ++column) sum += PlainCorrelation(rate, row, column);
+    benchmark::DoNotOptimize(sum);
+  }
+}
+BENCHMARK(SpatialNaive)
+    ->Name("spatial autocorrelation of 40 x 40 bins/naive")
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.3);
+
+// --- spike trains
+
+void TrainOurs(benchmark::State& state) {
+  const Recorded& r = Given();
+  QuietWorld world;
+  WorkPace pace(world);
+  for (auto _ : state) benchmark::DoNotOptimize(AutocorrelationOf(r.Spikes, pace));
+}
+BENCHMARK(TrainOurs)->Name("train autocorrelation/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// All pairs.
+void TrainNaive(benchmark::State& state) {
+  const std::vector<double> spikes(Given().Spikes.begin(), Given().Spikes.end());
+  for (auto _ : state) {
+    std::vector<int64_t> near(50), far(100);
+    for (size_t i = 0; i < spikes.size(); ++i)
+      for (size_t j = i + 1; j < spikes.size(); ++j) {
+        const double lag = spikes[j] - spikes[i];
+        if (lag < 50e3) ++near[static_cast<size_t>(lag / 1e3)];
+        if (lag < 500e3) ++far[static_cast<size_t>(lag / 5e3)];
+      }
+    benchmark::DoNotOptimize(near);
+    benchmark::DoNotOptimize(far);
+  }
+}
+BENCHMARK(TrainNaive)->Name("train autocorrelation/naive")->Unit(benchmark::kMillisecond)->Iterations(1);
+
+void IntervalsOurs(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state) benchmark::DoNotOptimize(LogIntervalsOf(r.Spikes));
+}
+BENCHMARK(IntervalsOurs)->Name("log intervals/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// A logarithm for every interval.
+void IntervalsNaive(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state) {
+    std::vector<int64_t> counts(kLogBins);
+    for (size_t i = 1; i < r.Spikes.size(); ++i) {
+      const double bin = std::floor(10 * std::log10(static_cast<double>(r.Spikes[i] - r.Spikes[i - 1]) / 100));
+      if (bin >= 0 && bin < kLogBins) ++counts[static_cast<size_t>(bin)];
+    }
+    benchmark::DoNotOptimize(counts);
+  }
+}
+BENCHMARK(IntervalsNaive)->Name("log intervals/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+// --- direction
+
+void DirectionOurs(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state)
+    benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, SamplesOfSpikes(r.Tracked, r.Spikes)));
+}
+BENCHMARK(DirectionOurs)->Name("direction tuning/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// A search for every spike.
+void DirectionNaive(benchmark::State& state) {
+  const Recorded& r = Given();
+  for (auto _ : state) {
+    std::vector<int64_t> samples;
+    for (const int64_t spike : r.Spikes) {
+      const auto after = std::upper_bound(r.Tracked.Time.begin(), r.Tracked.Time.end(), spike);
+      samples.push_back(after - r.Tracked.Time.begin() - 1);
+    }
+    benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, samples));
+  }
+}
+BENCHMARK(DirectionNaive)->Name("direction tuning/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+// --- from files to files
+
+template <class Compute>
+void FromFiles(benchmark::State& state, Compute compute) {
+  const std::string& folder = Given().Folder;
+  QuietWorld world;
+  for (auto _ : state) compute(world, folder + "\\cl-tmp", folder + "\\ttmp", folder + "\\Pos.p", folder + "\\tmp");
+}
+
+const bool registered = [] {
+  const auto add = [](const char* name, auto compute) {
+    benchmark::RegisterBenchmark(name, [compute](benchmark::State& state) { FromFiles(state, compute); })
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Iterations(5);
+  };
+  using Text = const std::string&;
+  add("rate map, from files to file/ours", [](World& world, Text cluster, Text time, Text positions, Text out) {
+    ComputeRateMap(world, cluster, time, positions, out + ".rmap");
+  });
+  add("rate map and its autocorrelation, from files to file/ours",
+      [](World& world, Text cluster, Text time, Text positions, Text out) {
+        ComputeRateMap(world, cluster, time, positions, out + ".rmap");
+        ComputeSpatialAutoCorr(world, out + ".rmap");
+      });
+  add("train autocorrelation, from files to file/ours", [](World& world, Text cluster, Text time, Text, Text out) {
+    ComputeAutoCorr(world, cluster, time, out + ".acorr");
+  });
+  add("log intervals, from files to file/ours",
+      [](World& world, Text cluster, Text time, Text, Text out) { ComputeLogISI(world, cluster, time, out + ".isi"); });
+  add("direction tuning, from files to file/ours", [](World& world, Text cluster, Text time, Text positions, Text) {
+    ComputeDirection(world, time, positions, cluster);
+  });
+  return true;
+}();
+
+}  // namespace
+
+}  // namespace pallomir::bench

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string_view>
+
+#include "components/direction_file.h"
+#include "session/world.h"
+
+namespace pallomir {
+
+/// The tuning of the spikes of `timeFile`, within the time range of `clusterFile`, to the direction of the head; where
+/// the position file holds no directions, to the direction of travel above 5 cm/s (20 pixels/s where the scale is not
+/// known). Writes the file `timeFile` + ".dir", all or nothing, and returns what stands there. Throws CommandError when
+/// a file cannot be read or written, and Interrupted when the user stops it. What is merely empty is explained in the
+/// result.
+DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
+                                 std::string_view clusterFile);
+
+}  // namespace pallomir

@@ -1,0 +1,75 @@
+#include "components/position_file.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+
+#include "components/position_text.h"
+#include "components/position_video.h"
+#include "components/work_pace.h"
+#include "files/error.h"
+#include "files/file_reader.h"
+#include "files/text_header.h"
+
+namespace pallomir {
+
+namespace {
+
+template <class T>
+void Permute(std::vector<T>& column, const std::vector<size_t>& order) {
+  std::vector<T> sorted(column.size());
+  for (size_t i = 0; i < order.size(); ++i) sorted[i] = column[order[i]];
+  column = std::move(sorted);
+}
+
+void SortByTime(Positions& positions) {
+  std::vector<size_t> order(positions.Time.size());
+  std::iota(order.begin(), order.end(), size_t{0});
+  std::stable_sort(order.begin(), order.end(),
+                   [&](size_t a, size_t b) { return positions.Time[a] < positions.Time[b]; });
+  Permute(positions.Time, order);
+  Permute(positions.X, order);
+  Permute(positions.Y, order);
+  Permute(positions.Direction, order);
+}
+
+/// Trackers that do not see the head write 0 throughout.
+void JudgeDirections(Positions& positions) {
+  std::vector<double>& direction = positions.Direction;
+  positions.HasDirection = std::any_of(direction.begin(), direction.end(), [](double d) { return d > 0; });
+  if (!positions.HasDirection) std::fill(direction.begin(), direction.end(), kNotKnown);
+}
+
+}  // namespace
+
+void AppendSample(Positions& positions, const PositionSample& sample) {
+  if (!positions.Time.empty() && sample.Time < positions.Time.back()) ++positions.Disordered;
+  const bool lost = !(std::isfinite(sample.X) && std::isfinite(sample.Y)) || (sample.X == 0 && sample.Y == 0);
+  const bool known = !lost && sample.Direction >= 0 && sample.Direction <= 360;
+  positions.Time.push_back(sample.Time);
+  positions.X.push_back(lost ? kNotKnown : sample.X);
+  positions.Y.push_back(lost ? kNotKnown : sample.Y);
+  positions.Direction.push_back(!known ? kNotKnown : sample.Direction == 360 ? 0 : sample.Direction);
+}
+
+Positions ReadPositions(World& world, std::string_view path) {
+  FileReader file(path);
+  Positions positions;
+  positions.Name = file.Name();
+  const std::string beginning = ReadText(path, kAcquisitionHeader + kFramesLookedAt * kFrameBytes);
+  const long ownHeader = TextHeaderLength(beginning);
+  WorkPace pace(world);
+  if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
+    const auto header = VideoHeaderLength(beginning, file.Length());
+    if (!header)
+      throw CommandError(file.Name() + " is not a position file: its bytes are neither text nor video frames.");
+    ReadFrames(file, *header, pace, positions);
+  } else {
+    ReadPositionText(file, static_cast<size_t>(std::max(ownHeader, 0L)), pace, positions);
+  }
+  if (positions.Disordered > 0) SortByTime(positions);
+  JudgeDirections(positions);
+  return positions;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,77 @@
+#include "components/position_video.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "files/bytes.h"
+#include "files/number_text.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
+constexpr int kPixelLimit = 100'000;
+constexpr size_t kStampPlace = 6, kXPlace = 1616, kYPlace = 1620, kAnglePlace = 1624;
+
+PositionSample FrameAt(const unsigned char* record) {
+  const auto coordinate = [record](size_t place) {
+    return static_cast<double>(LoadLittleEndian<int32_t>(record + place));
+  };
+  const auto stamp = LoadLittleEndian<uint64_t>(record + kStampPlace);
+  return {static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)), coordinate(kXPlace), coordinate(kYPlace),
+          coordinate(kAnglePlace)};
+}
+
+bool FramesMakeSense(std::string_view beginning) {
+  bool allZero = true;
+  for (size_t f = 0; f < kFramesLookedAt && (f + 1) * kFrameBytes <= beginning.size(); ++f) {
+    const auto* record = reinterpret_cast<const unsigned char*>(beginning.data()) + f * kFrameBytes;
+    const uint64_t stamp = LoadLittleEndian<uint64_t>(record + kStampPlace);
+    const PositionSample frame = FrameAt(record);
+    if (stamp >= kStampLimit || std::abs(frame.X) > kPixelLimit || std::abs(frame.Y) > kPixelLimit) return false;
+    allZero = allZero && stamp == 0;
+  }
+  return !allZero;
+}
+
+/// Whether a header's "-RecordSize", if it has one, is that of frames.
+bool NamesFrameSize(std::string_view header) {
+  constexpr std::string_view key = "-RecordSize ";
+  const size_t place = header.find(key);
+  if (place == std::string_view::npos) return true;
+  const std::string_view value = header.substr(place + key.size());
+  return NumberFromText(value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)))) == kFrameBytes;
+}
+
+}  // namespace
+
+std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fileLength) {
+  if (beginning.starts_with('#') && beginning.size() >= kAcquisitionHeader) {
+    if (!NamesFrameSize(beginning.substr(0, kAcquisitionHeader))) return {};
+    const bool empty = fileLength < kAcquisitionHeader + kFrameBytes;
+    if (empty || FramesMakeSense(beginning.substr(kAcquisitionHeader))) return kAcquisitionHeader;
+  }
+  if (FramesMakeSense(beginning)) return 0;
+  return {};
+}
+
+void ReadFrames(FileReader& file, size_t header, WorkPace& pace, Positions& positions) {
+  constexpr size_t kBlockFrames = (size_t{1} << 20) / kFrameBytes;
+  const uint64_t frames = (file.Length() - header) / kFrameBytes;
+  std::vector<unsigned char> block(kBlockFrames * kFrameBytes);
+  for (uint64_t first = 0; first < frames; first += kBlockFrames) {
+    const size_t count = static_cast<size_t>(std::min<uint64_t>(kBlockFrames, frames - first));
+    file.Read(header + first * kFrameBytes, block.data(), count * kFrameBytes);
+    for (size_t f = 0; f < count; ++f) {
+      const PositionSample frame = FrameAt(block.data() + f * kFrameBytes);
+      if (frame.Time > kFarthestStamp)
+        ++positions.Unreadable;
+      else
+        AppendSample(positions, frame);
+    }
+    pace.Reached(static_cast<double>(first) / static_cast<double>(frames));
+  }
+}
+
+}  // namespace pallomir

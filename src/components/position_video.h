@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "components/position_file.h"
+#include "components/work_pace.h"
+#include "files/file_reader.h"
+
+namespace pallomir {
+
+// The acquisition system's video file: a header of 16384 bytes, which may be absent, then frames.
+inline constexpr size_t kAcquisitionHeader = 16384;
+inline constexpr size_t kFrameBytes = 1828;
+inline constexpr size_t kFramesLookedAt = 64;
+
+/// Where the frames begin, judged by the beginning of a file (its header and kFramesLookedAt frames); nothing when it
+/// is no video file's: its header names another size of records, or its first frames make no sense (stamps of 1e17 and
+/// more or all 0, places beyond 100000 pixels).
+std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fileLength);
+
+/// Appends all whole frames; one whose stamp is beyond kFarthestStamp counts as unreadable.
+void ReadFrames(FileReader& file, size_t header, WorkPace& pace, Positions& positions);
+
+}  // namespace pallomir

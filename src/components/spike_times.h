@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "session/world.h"
+
+namespace pallomir {
+
+/// From First to Last, both included, in microseconds.
+struct TimeRange {
+  int64_t First = 0;
+  int64_t Last = 0;
+  bool Holds(int64_t time) const { return time >= First && time <= Last; }
+};
+
+/// When a cluster fired.
+struct SpikeTimes {
+  TimeRange Range;             ///< only what lies within counts
+  std::vector<int64_t> Times;  ///< microseconds, within the range, in order
+  int64_t Outside = 0;         ///< spikes left out because they are not within the range
+  int64_t Disordered = 0;      ///< spikes earlier than the one before them in the file; they have been sorted
+};
+
+/// The first two lines behind the header of a cluster file. Throws CommandError where they are not numbers.
+TimeRange ReadTimeRange(std::string_view clusterFile);
+
+/// The stamps of a time file, one a line behind its header, that lie within the range of the cluster file. Throws
+/// CommandError naming the line that holds something else.
+SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile);
+
+}  // namespace pallomir

@@ -1,0 +1,110 @@
+#include "components/tracking.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace pallomir {
+
+namespace {
+
+double MedianInterval(const std::vector<int64_t>& time) {
+  if (time.size() < 2) return 0;
+  std::vector<int64_t> intervals(time.size() - 1);
+  for (size_t i = 0; i < intervals.size(); ++i) intervals[i] = time[i + 1] - time[i];
+  const auto middle = intervals.begin() + static_cast<std::ptrdiff_t>(intervals.size() / 2);
+  std::nth_element(intervals.begin(), middle, intervals.end());
+  if (intervals.size() % 2 == 1) return static_cast<double>(*middle);
+  return (static_cast<double>(*middle) + static_cast<double>(*std::max_element(intervals.begin(), middle))) / 2;
+}
+
+void SetHolds(Track& track) {
+  const size_t count = track.Time.size();
+  track.Hold.resize(count);
+  for (size_t i = 0; i + 1 < count; ++i)
+    track.Hold[i] = static_cast<double>(std::min(track.Time[i + 1] - track.Time[i], kLongestHold));
+  if (count > 0) track.Hold.back() = std::min(MedianInterval(track.Time), static_cast<double>(kLongestHold));
+}
+
+/// Lays the lost samples between the good samples `before` and `after` on the line between these.
+void LayOnLine(Track& track, size_t before, size_t after) {
+  const auto span = static_cast<double>(track.Time[after] - track.Time[before]);
+  for (size_t i = before + 1; i < after; ++i) {
+    const double share = span > 0 ? static_cast<double>(track.Time[i] - track.Time[before]) / span : 0;
+    track.X[i] = track.X[before] + share * (track.X[after] - track.X[before]);
+    track.Y[i] = track.Y[before] + share * (track.Y[after] - track.Y[before]);
+  }
+}
+
+void BridgeLostRuns(Track& track) {
+  const size_t count = track.Time.size();
+  size_t good = count;  // the last good sample before i; none yet
+  for (size_t i = 0; i < count; ++i) {
+    if (!track.Seen[i]) continue;
+    if (good < i && track.Time[i] - track.Time[good] <= kLongestBridge) {
+      LayOnLine(track, good, i);
+      track.Interpolated += static_cast<int64_t>(i - good - 1);
+    }
+    good = i;
+  }
+  track.Lost = std::count_if(track.X.begin(), track.X.end(), [](double x) { return std::isnan(x); });
+}
+
+/// Counter-clockwise as the camera sees it: y grows downward.
+double DegreesOf(double dx, double dy) {
+  const double degrees = std::atan2(-dy, dx) * 180 / std::numbers::pi;
+  const double turned = degrees < 0 ? degrees + 360 : degrees;
+  return turned < 360 ? turned : 0;
+}
+
+}  // namespace
+
+Track TrackWithin(const Positions& positions, const TimeRange& range) {
+  const auto begin = std::lower_bound(positions.Time.begin(), positions.Time.end(), range.First);
+  const auto end = std::upper_bound(begin, positions.Time.end(), range.Last);
+  const auto cut = [first = begin - positions.Time.begin(), count = end - begin](const auto& column) {
+    return std::vector(column.begin() + first, column.begin() + first + count);
+  };
+  Track track;
+  track.Time = cut(positions.Time);
+  track.X = cut(positions.X);
+  track.Y = cut(positions.Y);
+  track.Direction = cut(positions.Direction);
+  track.Seen.resize(track.X.size());
+  std::transform(track.X.begin(), track.X.end(), track.Seen.begin(), [](double x) { return !std::isnan(x); });
+  SetHolds(track);
+  BridgeLostRuns(track);
+  return track;
+}
+
+std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {
+  // The seen samples alone, so that the ends of every reach are steps of two pointers.
+  std::vector<size_t> seen;
+  for (size_t i = 0; i < track.Time.size(); ++i)
+    if (track.Seen[i]) seen.push_back(i);
+  std::vector<double> direction(track.Time.size(), kNotKnown);
+  size_t first = 0, last = 0;
+  for (const size_t i : seen) {
+    while (track.Time[i] - track.Time[seen[first]] > kTravelReach) ++first;
+    while (last + 1 < seen.size() && track.Time[seen[last + 1]] - track.Time[i] <= kTravelReach) ++last;
+    const size_t from = seen[first], to = seen[last];
+    const double seconds = static_cast<double>(track.Time[to] - track.Time[from]) / 1e6;
+    const double dx = track.X[to] - track.X[from], dy = track.Y[to] - track.Y[from];
+    if (seconds > 0 && std::hypot(dx, dy) > slowest * seconds) direction[i] = DegreesOf(dx, dy);
+  }
+  return direction;
+}
+
+std::vector<int64_t> SamplesOfSpikes(const Track& track, std::span<const int64_t> spikes) {
+  std::vector<int64_t> samples(spikes.size(), -1);
+  size_t next = 0;  // the first sample after the spike
+  for (size_t s = 0; s < spikes.size(); ++s) {
+    while (next < track.Time.size() && track.Time[next] <= spikes[s]) ++next;
+    if (next == 0) continue;
+    const size_t i = next - 1;
+    if (static_cast<double>(spikes[s] - track.Time[i]) < track.Hold[i]) samples[s] = static_cast<int64_t>(i);
+  }
+  return samples;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "components/position_file.h"
+#include "components/tracking.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+
+struct SampleRow {
+  int64_t Time;
+  double X, Y;
+  double Direction = kNotKnown;
+};
+
+/// The samples as the reader of position files gives them.
+Positions PositionsOf(const std::vector<SampleRow>& rows);
+
+/// The track of all of them.
+Track TrackOf(const std::vector<SampleRow>& rows);
+
+/// A frame of the acquisition system's video file.
+std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle);
+
+/// What the cluster file writer leaves for the analyses: "cl-tmp" with the range and "ttmp" with the stamps.
+struct AnalysisFiles {
+  std::string Cluster;
+  std::string Time;
+};
+AnalysisFiles PutSpikes(const TemporaryFolder& folder, std::pair<int64_t, int64_t> range,
+                        const std::vector<int64_t>& spikes);
+
+}  // namespace pallomir
