@@ -88,7 +88,7 @@ const bool registered = [] {
   for (const int channels : {4, 16}) {
     const std::string path = "write 30 cluster files of " + std::to_string(channels) + " channels";
     add(path + "/floor", FormatOnly, channels, 5);
-    add(path + "/ours", WriteOurs, channels, 9);
+    add(path + "/ours", WriteOurs, channels, 5);
     add(path + "/naive", WriteNaive, channels, 2);
   }
   return true;

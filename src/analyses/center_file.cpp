@@ -33,7 +33,8 @@ std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
   TextItems items(text, name);
   const float x = items.Single();
   const float y = items.Single();
-  if (!items.AtEnd()) throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there is more than X and Y.");
+  if (!items.AtEnd())
+    throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there is more than X and Y.");
   return CenterPoint{x, y};
 }
 

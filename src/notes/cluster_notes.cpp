@@ -116,16 +116,21 @@ void CheckRemarks(int c, std::string_view remarks) {
     throw CommandError(whose + " hold a line break, which the notes file cannot hold; nothing was saved.");
 }
 
+ByCluster<ClusterNote> NotesIn(std::string_view path) {
+  ByCluster<ClusterNote> notes;
+  if (!FileUtility::FileExists(path)) return notes;
+  const std::string text = ReadText(path);
+  NoteReader reader(text);
+  for (int c = 0; c <= kClusters; ++c) notes[c] = reader.Read(c);
+  reader.RequireEnd();
+  return notes;
+}
+
 bool ReadNotes(Session& session) {
   const std::string path = NotesFilePath(session);
   if (!FileUtility::FileExists(path)) return false;
   SafeguardWherePossible(path);
-  const std::string text = ReadText(path);
-  NoteReader reader(text);
-  ByCluster<ClusterNote> notes;
-  for (int c = 0; c <= kClusters; ++c) notes[c] = reader.Read(c);
-  reader.RequireEnd();
-  session.Notes = notes;
+  session.Notes = NotesIn(path);
   return true;
 }
 

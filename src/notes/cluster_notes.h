@@ -17,6 +17,9 @@ std::string NotesFilePath(const Session& session);
 /// Throws CommandError when remarks of cluster c hold a double quote or a line break, which the file cannot hold.
 void CheckRemarks(int c, std::string_view remarks);
 
+/// The notes in a file; none where there is no such file. Throws CommandError naming the line where it is malformed.
+ByCluster<ClusterNote> NotesIn(std::string_view path);
+
 /// Takes all notes from the file. False when there is none; the notes are then left as they are. The file is
 /// safeguarded first where its folder can be written to.
 ///

@@ -122,7 +122,7 @@ TEST(ClusterFiles, HoldEverySpikeOnceInAClusterThatContainsIt) {
   std::map<int, std::string> fileOf;
   size_t line = 0;
   for (const char* report : {"Cluster 2 overlaps with 5: 5000 points", "Cluster 2 overlaps with 9: 1000 points",
-                                    "Cluster 5 overlaps with 9: 1000 points"})
+                             "Cluster 5 overlaps with 9: 1000 points"})
     EXPECT_EQ(desk.World.Log[line++], report);
   for (const int c : {2, 5, 9, 12, 0}) {
     const std::string name = c == 0 ? "Undefined_cl-maze1" : "cl-maze1." + std::to_string(c);

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "components/cluster_measures.h"
+#include "components/components.h"
+#include "components/head_direction.h"
+#include "components/map_file.h"
+#include "components/refractory.h"
+#include "components/report_series.h"
+#include "components/tracking.h"
+#include "session/session.h"
+#include "session/world.h"
+
+namespace pallomir {
+
+/// All that the one-page report shows of a cluster.
+struct Report {
+  MapResult Occupancy;
+  MapResult Rate;
+  Track Path;                     ///< where the animal went
+  std::vector<int64_t> SampleOf;  ///< for each spike, its sample of Path, or -1
+  ClusterLines Spikes;
+  PlaceSeries Places;  ///< for each spike
+  TrackedPoint Centre;
+  bool CentreGiven = false;  ///< by the center file; else the middle of the tracked area
+  ClusterMeasures Measures;
+  RefractoryFigures Refractory;
+  double MeanRate = kNotKnown;  ///< spikes a second over the time range
+  DirectionTuning Direction;
+  bool DirectionOfTravel = false;
+  ClusterNote Note;
+  std::string Remarks;  ///< what the reader has to know: what is missing, left out, out of order
+};
+
+/// Gathers the report of cluster `c` from its files. A center or notes file that is missing is no fault. Throws
+/// CommandError where a file cannot be read, Interrupted when the user stops it.
+Report MakeReport(World& world, const ReportFiles& files, int c);
+
+}  // namespace pallomir

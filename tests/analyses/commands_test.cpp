@@ -1,0 +1,168 @@
+#include "analyses/commands.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "files/error.h"
+#include "support/recording_world.h"
+#include "support/refusal.h"
+#include "support/temporary_folder.h"
+
+namespace pallomir {
+namespace {
+
+/// Components that write down what they are asked for; paths without the data directory.
+struct RecordingComponents : Components {
+  std::string Directory;
+  std::vector<std::string> Calls;
+
+  void Add(std::string call) {
+    for (size_t at; (at = call.find(Directory)) != std::string::npos;)
+      call = call.substr(0, at) + 'D' + call.substr(at + Directory.size());
+    Calls.push_back(call);
+  }
+
+  struct Map : MapEngine {
+    explicit Map(RecordingComponents& to) : To(to) {}
+    void ComputeRateMap(const std::string& c, const std::string& t, const std::string& p,
+                        const std::string& o) override {
+      To.Add("rate " + c + " " + t + " " + p + " " + o);
+    }
+    void ComputeOccupancyMap(const std::string& c, const std::string& p, const std::string& o) override {
+      To.Add("occupancy " + c + " " + p + " " + o);
+    }
+    void ComputeSpatialAutoCorr(const std::string& m) override { To.Add("correlate " + m); }
+    void ShowMap(const std::string& m, const std::string& k, const std::string& c, const std::string& t) override {
+      To.Add("show " + m + " " + k + " " + c + " " + t);
+    }
+    RecordingComponents& To;
+  };
+  struct Train : TrainPlot {
+    explicit Train(RecordingComponents& to) : To(to) {}
+    void PlotAutoCorr(const std::string& c, const std::string& t, const std::string& o, const std::string& k,
+                      const std::string& title) override {
+      To.Add("train " + c + " " + t + " " + o + " " + k + " " + title);
+    }
+    void PlotLogISI(const std::string& c, const std::string& t, const std::string& o, const std::string& k,
+                    const std::string& title) override {
+      To.Add("isi " + c + " " + t + " " + o + " " + k + " " + title);
+    }
+    RecordingComponents& To;
+  };
+  struct Direction : DirectionPlot {
+    explicit Direction(RecordingComponents& to) : To(to) {}
+    void ComputeDirection(const std::string& t, const std::string& p, const std::string& c) override {
+      To.Add("direction " + t + " " + p + " " + c);
+    }
+    void ShowDirection(const std::string& d, const std::string& k, const std::string& t) override {
+      To.Add("show " + d + " " + k + " " + t);
+    }
+    RecordingComponents& To;
+  };
+  struct Source : SpikeSource {
+    explicit Source(RecordingComponents& to) : To(to) {}
+    void ShowReport(const ReportFiles& f, const std::string& mode, bool option, double number) override {
+      To.Add("report " + f.SpikeFile + " " + f.ClusterFile + " " + f.TimeFile + " " + f.PositionFile + " " +
+             f.CenterFile + " " + f.NotesFile + " " + mode + (option ? " true " : " false ") + std::to_string(number));
+    }
+    RecordingComponents& To;
+  };
+
+  std::unique_ptr<MapEngine> MakeMapEngine() override { return std::make_unique<Map>(*this); }
+  std::unique_ptr<TrainPlot> MakeTrainPlot() override { return std::make_unique<Train>(*this); }
+  std::unique_ptr<DirectionPlot> MakeDirectionPlot() override { return std::make_unique<Direction>(*this); }
+  std::unique_ptr<SpikeSource> MakeSpikeSource() override { return std::make_unique<Source>(*this); }
+};
+
+struct AnalysisCommands : ::testing::Test {
+  AnalysisCommands() {
+    folder.Put("TT1/TT1.Ntt", "spikes");
+    folder.Put("Pos.p", "positions");
+    session.DataDirectory = parts.Directory = folder / "TT1";
+    session.File.Path = folder / "TT1/TT1.Ntt.parms";
+    session.CurrentCluster = 7;
+  }
+
+  const TemporaryFolder folder;
+  Session session;
+  RecordingWorld world;
+  RecordingComponents parts;
+  const AnalysisTools tools = {world, parts, [this] {
+                                 EXPECT_TRUE(session.TemporaryMode);
+                                 parts.Calls.push_back("write");
+                               }};
+  using Calls = std::vector<std::string>;
+};
+
+TEST_F(AnalysisCommands, HandTheirFilesOverInOrder) {
+  ShowRateMap(session, tools, "Pos.p", "Gray");
+  ShowOccupancyMap(session, tools, "Pos.p");
+  ShowSpatialAutoCorr(session, tools, "Pos.p", "Color");
+  ShowAutoCorr(session, tools);
+  ShowLogISI(session, tools);
+  ShowDirection(session, tools, "TT1\\..\\Pos.p");  // appended as typed
+  ShowReport(session, tools, "Pos.p");
+  EXPECT_EQ(parts.Calls,
+            (Calls{"write", "rate D\\cl-tmp D\\ttmp D\\..\\Pos.p D\\tmp.rmap", "show D\\tmp.rmap Single Gray Cluster 7",
+                   "write", "occupancy D\\cl-tmp D\\..\\Pos.p D\\tmp.occ", "show D\\tmp.occ Single Color Occupancy",
+                   "write", "rate D\\cl-tmp D\\ttmp D\\..\\Pos.p D\\tmp.rmap", "correlate D\\tmp.rmap",
+                   "show D\\tmp.2DAcorr 2DCorr Color Cluster 7", "write",
+                   "train D\\cl-tmp D\\ttmp D\\tmp.acorr Single Cluster 7", "write",
+                   "isi D\\cl-tmp D\\ttmp D\\tmp.isi Single Cluster 7", "write",
+                   "direction D\\ttmp D\\..\\TT1\\..\\Pos.p D\\cl-tmp", "show D\\ttmp.dir Single Cluster 7", "write",
+                   "report D/TT1.Ntt D\\cl-tmp D\\ttmp D\\..\\Pos.p D\\..\\CenterCoords D\\ClNotes Display false "
+                   "0.000000"}));
+  EXPECT_EQ(world.Log, (Calls{"Done Rate Map", "Done 2DAutoCorr", "Done Autocorr", "Done LogISI", "Exit"}));
+  EXPECT_FALSE(session.TemporaryMode);
+}
+
+TEST_F(AnalysisCommands, WithoutAClusterNothingIsWritten) {
+  session.CurrentCluster = 0;
+  const std::string refusal = "Error.  Must Choose a cluster first.";
+  EXPECT_EQ(Refusal([&] { ShowRateMap(session, tools, "Pos.p", "Color"); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowSpatialAutoCorr(session, tools, "Pos.p", "Color"); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowAutoCorr(session, tools); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowLogISI(session, tools); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowDirection(session, tools, "Pos.p"); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowReport(session, tools, "Pos.p"); }), refusal);
+  EXPECT_EQ(Refusal([&] { ShowAvgWaveforms(session, tools); }), refusal);
+  EXPECT_TRUE(parts.Calls.empty());
+  EXPECT_FALSE(session.TemporaryMode);
+  ShowOccupancyMap(session, tools, "Pos.p");
+  EXPECT_EQ(parts.Calls.size(), 3U);
+}
+
+TEST_F(AnalysisCommands, ThatEndEarlyLeaveTheTemporaryModeOn) {
+  const std::string absent = session.DataDirectory + "\\..\\gone.p is not present";
+  const std::string spikes = "Error.  Neuralynx .Ntt spike file is not present.";
+  const std::tuple<std::function<void()>, std::string> cases[] = {
+      {[&] { ShowRateMap(session, tools, "", "Color"); }, "Must specify a Position File"},
+      {[&] { ShowOccupancyMap(session, tools, "gone.p"); }, absent},
+      {[&] { ShowSpatialAutoCorr(session, tools, "gone.p", "Color"); }, absent},
+      {[&] { ShowDirection(session, tools, ""); }, "Must specify a Position File"},
+      {[&] { ShowReport(session, tools, "gone.p"); }, absent},
+      {[&] {
+         folder.Put("TT1/TT1.Ntt", "");
+         ShowReport(session, tools, "Pos.p");
+       },
+       spikes},
+      {[&] { ShowAvgWaveforms(session, tools); }, "Error.  The .Ntt Neuralynx spike file is not present"}};
+  for (const auto& [command, refusal] : cases) {
+    session.TemporaryMode = false;
+    parts.Calls.clear();
+    EXPECT_EQ(Refusal(command), refusal);
+    EXPECT_EQ(parts.Calls, Calls{"write"}) << refusal;
+    EXPECT_TRUE(session.TemporaryMode) << refusal;
+  }
+  ShowAutoCorr(session, tools);
+  EXPECT_FALSE(session.TemporaryMode);
+}
+
+TEST(SpikeFilePath, LeadsBackFromTheParameterFile) {
+  EXPECT_EQ(SpikeFilePath("D\\TT1.Ntt.parms"), "D\\TT1.Ntt");
+  EXPECT_EQ(SpikeFilePath("D\\TT1.Ntt"), "D\\TT1.Ntt");
+}
+
+}  // namespace
+}  // namespace pallomir
