@@ -1,0 +1,47 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+namespace pallomir {
+
+/// An axis rectangle that keeps its proportions, so that a unit is as long on one axis as on the other.
+class FittedRect : public QCPAxisRect {
+ public:
+  /// `proportion` is width over height.
+  FittedRect(QCustomPlot* plot, double proportion) : QCPAxisRect(plot), proportion_(proportion) {}
+
+  void update(UpdatePhase phase) override {
+    if (phase == upLayout) {
+      const QSizeF room = mRect.size();
+      const QSizeF fitted = room.width() > room.height() * proportion_
+                                ? QSizeF(room.height() * proportion_, room.height())
+                                : QSizeF(room.width(), room.width() / proportion_);
+      const QPoint centre = mRect.center();
+      mRect.setSize(fitted.toSize().expandedTo(QSize(1, 1)));
+      mRect.moveCenter(centre);
+    }
+    QCPAxisRect::update(phase);
+  }
+
+ private:
+  double proportion_;
+};
+
+/// A colour scale as high as an axis rectangle, right beside it.
+class ScaleBeside : public QCPColorScale {
+ public:
+  ScaleBeside(QCustomPlot* plot, const FittedRect* rect) : QCPColorScale(plot), rect_(rect) {}
+
+  void update(UpdatePhase phase) override {
+    if (phase == upLayout) {
+      constexpr int gap = 14;
+      mRect = QRect(rect_->right() + gap, rect_->top(), mRect.width(), rect_->height());
+    }
+    QCPColorScale::update(phase);
+  }
+
+ private:
+  const FittedRect* rect_;
+};
+
+}  // namespace pallomir

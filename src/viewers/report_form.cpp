@@ -1,0 +1,275 @@
+#include "viewers/report_form.h"
+
+#include <qcustomplot.h>
+
+#include <QPdfWriter>
+#include <QPrinter>
+#include <QtWidgets>
+
+#include "files/error.h"
+#include "files/save_file.h"
+#include "forms/controls.h"
+#include "forms/picture.h"
+#include "forms/run_command.h"
+#include "viewers/figures.h"
+#include "viewers/report_plots.h"
+
+namespace pallomir {
+
+namespace {
+
+// The sheet has the proportions of A4 across.
+constexpr int kWidth = 1000;
+constexpr int kHeight = 707;
+constexpr int kPictureScale = 3;
+constexpr int kSecond = 1000;
+
+constexpr const char* kPaper = R"(
+QWidget#sheet { background: white; }
+QWidget#sheet QLabel { color: #1b2230; }
+QWidget#sheet QLabel[quiet="true"] { color: #5b6678; }
+)";
+
+QString Percent(double share) {
+  return QString("%1 %").arg(100 * share, 0, 'f', share < 0.1 ? 2 : 1);
+}
+
+QString OrNone(const std::optional<double>& value) {
+  return value ? Figure(*value) : QString("n/a");
+}
+
+QString OrNone(double value) {
+  return std::isfinite(value) ? Figure(value) : QString("n/a");
+}
+
+QString ContaminationText(const RefractoryFigures& figures) {
+  if (figures.TooMany) return "> 50 %";
+  return figures.Contamination ? Percent(*figures.Contamination) : QString("n/a");
+}
+
+QString FiguresOf(const Report& report) {
+  const Isolation& apart = report.Measures.Apart;
+  const QStringList first = {
+      "Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
+      "Mean rate " + OrNone(report.MeanRate) + " spikes/s",
+      "Intervals below 2 ms " + (report.Refractory.Share ? Percent(*report.Refractory.Share) : QString("n/a")),
+      "Contamination " + ContaminationText(report.Refractory)};
+  const QStringList second = {"Isolation distance " + OrNone(apart.IsolationDistance),
+                              "L-ratio " + OrNone(apart.LRatio),
+                              "Spatial information " + OrNone(report.Rate.Information) + " bits/spike",
+                              "Mean vector length " + OrNone(report.Direction.VectorLength) +
+                                  (std::isfinite(report.Direction.VectorDirection)
+                                       ? QString(" at %1°").arg(report.Direction.VectorDirection, 0, 'f', 0)
+                                       : QString())};
+  return first.join("   ·   ") + "\n" + second.join("   ·   ");
+}
+
+QString NoteText(const ClusterNote& note) {
+  const QString rating = QString::fromStdString(note.Rating), remarks = QString::fromStdString(note.Remarks).trimmed();
+  if (rating.isEmpty() && remarks.isEmpty()) return "Not graded.";
+  return (rating.isEmpty() ? QString("Not graded") : rating) + (remarks.isEmpty() ? QString() : ": " + remarks);
+}
+
+QLabel* MakeText(const QString& name, double points, bool bold = false) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  QFont font = label->font();
+  font.setPointSizeF(points);
+  font.setBold(bold);
+  label->setFont(font);
+  return label;
+}
+
+}  // namespace
+
+ReportForm::ReportForm(World& world, Dialogs& dialogs, QWidget* parent)
+    : QMainWindow(parent), world_(world), dialogs_(dialogs) {
+  setAttribute(Qt::WA_DeleteOnClose);
+  setObjectName("frmReport");
+  setWindowTitle("Analysis Report Sheet");
+  LayOut();
+  MakeMenu();
+  connect(&Timer1_, &QTimer::timeout, this, &ReportForm::Timer1_Timer);
+  Timer1_.start(kSecond);
+  Timer1_Timer();
+}
+
+void ReportForm::LayOut() {
+  sheet_ = new QWidget;
+  sheet_->setObjectName("sheet");
+  sheet_->setStyleSheet(kPaper);
+  sheet_->setFixedSize(kWidth, kHeight);
+  lblReportTitle_ = MakeText("lblReportTitle", 15, true);
+  lblTime_ = MakeText("lblTime", 9);
+  lblTime_->setText("time/date");
+  lblFigures_ = MakeText("lblFigures", 9.5);
+  lblClNote_ = MakeText("lblClNote", 10, true);
+  lblRemarks_ = MakeText("lblRemarks", 8);
+  for (QLabel* label : {lblClNote_, lblRemarks_}) label->setWordWrap(true);
+  for (QLabel* label : {lblTime_, lblRemarks_}) label->setProperty("quiet", true);
+  auto* maps = MakeText("lblMaps", 9, true);
+  maps->setText("- MAPS -");
+
+  auto* grid = new QGridLayout;
+  grid->setHorizontalSpacing(14);
+  grid->setVerticalSpacing(4);
+  picOccMap_ = AddPicture(grid, "picOccMap", "Occupancy", 0, 0);
+  picRateMap_ = AddPicture(grid, "picRateMap", "Rate", 0, 1);
+  picSpikeMap_ = AddPicture(grid, "picSpikeMap", "Raw Spike", 0, 2);
+  picWaveForm_ = AddPicture(grid, "picWaveForm", "Waveform Average", 0, 3);
+  picMaxHeight_ = AddPicture(grid, "picMaxHeight", "Time vs. Max_Height", 2, 0);
+  picXPos_ = AddPicture(grid, "picXPos", "Time vs. X_Pos", 2, 1);
+  picYPos_ = AddPicture(grid, "picYPos", "Time vs. Y_Pos", 2, 2);
+  picAngPos_ = AddPicture(grid, "picAngPos", "Time vs. Ang_Pos", 2, 3);
+  grid->setRowStretch(1, 5);
+  grid->setRowStretch(3, 4);
+  for (int column = 0; column < 4; ++column) grid->setColumnStretch(column, 1);
+
+  auto* column = new QVBoxLayout(sheet_);
+  column->setContentsMargins(28, 22, 28, 20);
+  column->setSpacing(8);
+  column->addLayout(Row({lblReportTitle_, nullptr, lblTime_}));
+  column->addWidget(lblFigures_);
+  column->addWidget(maps);
+  column->addLayout(grid, 1);
+  column->addWidget(lblClNote_);
+  column->addWidget(lblRemarks_);
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidget(sheet_);
+  scroll->setAlignment(Qt::AlignCenter);
+  setCentralWidget(scroll);
+  const QSize room = screen()->availableGeometry().size() - QSize(20, 60);
+  resize(QSize(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4).boundedTo(room));
+}
+
+QCustomPlot* ReportForm::AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row,
+                                    int column) {
+  auto* label = MakeText({}, 9, true);
+  label->setText(caption);
+  auto* plot = Named(new QCustomPlot, name, caption, caption);
+  grid->addWidget(label, row, column, Qt::AlignHCenter);
+  grid->addWidget(plot, row + 1, column);
+  return plot;
+}
+
+void ReportForm::MakeMenu() {
+  QMenu* file = menuBar()->addMenu("&File");
+  file->setObjectName("mnuFile");
+  const auto entry = [&](const QString& name, const QString& caption, const QKeySequence& key,
+                         void (ReportForm::*handler)()) {
+    QAction* action = file->addAction(caption);
+    action->setObjectName(name);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this,
+            [this, handler] { RunCommand(world_, [this, handler] { (this->*handler)(); }); });
+  };
+  entry("mnuFilePrint", "&Print", QKeySequence::Print, &ReportForm::mnuFilePrint_Click);
+  entry("mnuFileSave", "&Save As...", QKeySequence::Save, &ReportForm::mnuFileSave_Click);
+  QAction* leave = file->addAction("&Close");
+  leave->setShortcut(Qt::Key_Escape);
+  connect(leave, &QAction::triggered, this, &QWidget::close);
+}
+
+void ReportForm::Show(const Report& report, const QString& title) {
+  lblReportTitle_->setText(title);
+  lblFigures_->setText(FiguresOf(report));
+  lblClNote_->setText(NoteText(report.Note));
+  lblRemarks_->setText(QString::fromStdString(report.Remarks));
+  PlotMap(*picOccMap_, report.Occupancy);
+  PlotMap(*picRateMap_, report.Rate);
+  PlotSpikesOnPath(*picSpikeMap_, report);
+  PlotAverageWaveform(*picWaveForm_, report.Measures);
+  PlotSeries(*picMaxHeight_, report.Spikes, report.Spikes.MaxHeight, "counts");
+  PlotSeries(*picXPos_, report.Spikes, report.Places.X, "pixels");
+  PlotSeries(*picYPos_, report.Spikes, report.Places.Y, "pixels");
+  PlotSeries(*picAngPos_, report.Spikes, report.Places.Angle, "degrees", QCPRange(0, 360));
+  show();
+  for (QCustomPlot* plot : findChildren<QCustomPlot*>()) plot->replot();
+}
+
+void ReportForm::Timer1_Timer() {
+  const QLocale locale;
+  const QString now = locale.toString(QTime::currentTime(), "h:mm:ss AP");
+  // The caption holds the date as well: it is written at every tick.
+  if (lblTime_->text() != now)
+    lblTime_->setText(locale.toString(QDate::currentDate(), QLocale::ShortFormat) + "  " + now);
+}
+
+void ReportForm::mnuFilePrint_Click() {
+  for (QCustomPlot* plot : findChildren<QCustomPlot*>()) plot->replot();
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageOrientation(QPageLayout::Landscape);
+  const int copies = dialogs_.Print(this, printer);
+  printer.setCopyCount(1);
+  for (int copy = 1; copy <= copies; ++copy) {
+    QCPPainter painter;
+    if (!painter.begin(&printer)) {
+      world_.ShowMessage("You've reached errorhandler", {});
+      return;
+    }
+    PaintSheet(painter, printer.pageLayout().paintRectPixels(printer.resolution()).size());
+  }
+}
+
+void ReportForm::mnuFileSave_Click() {
+  const QString path = dialogs_.SaveFile(
+      this, {"Save Report", "PDF document (*.pdf)|*.pdf|PNG picture (*.png)|*.png", "report.pdf", "pdf"});
+  if (path.isEmpty()) return;
+  const std::string native = QDir::toNativeSeparators(path).toStdString();
+  if (path.endsWith(".png", Qt::CaseInsensitive)) {
+    QImage image(kPictureScale * sheet_->size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    {
+      QCPPainter painter;
+      painter.begin(&image);
+      PaintSheet(painter, image.size());
+    }
+    SaveImage(image, native);
+    return;
+  }
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&buffer);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageOrientation(QPageLayout::Landscape);
+    writer.setPageMargins({8, 8, 8, 8}, QPageLayout::Millimeter);
+    writer.setTitle(lblReportTitle_->text());
+    QCPPainter painter;
+    painter.begin(&writer);
+    PaintSheet(painter, writer.pageLayout().paintRectPixels(writer.resolution()).size());
+  }
+  SaveFile file(native);
+  file.Write({bytes.data(), static_cast<size_t>(bytes.size())});
+  file.Commit();
+}
+
+void ReportForm::PaintSheet(QCPPainter& painter, QSize page) const {
+  const double scale =
+      std::min(static_cast<double>(page.width()) / kWidth, static_cast<double>(page.height()) / kHeight);
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const QLabel* label : sheet_->findChildren<QLabel*>()) {
+    painter.save();
+    painter.scale(scale, scale);
+    QFont font = label->font();
+    font.setPixelSize(QFontInfo(font).pixelSize());
+    painter.setFont(font);
+    painter.setPen(label->palette().color(QPalette::WindowText));
+    const int flags = static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0);
+    painter.drawText(QRect(label->mapTo(sheet_, QPoint()), label->size()), flags, label->text());
+    painter.restore();
+  }
+  for (QCustomPlot* plot : sheet_->findChildren<QCustomPlot*>()) {
+    painter.save();
+    painter.scale(scale, scale);
+    painter.translate(plot->mapTo(sheet_, QPoint()));
+    plot->toPainter(&painter, plot->width(), plot->height());
+    painter.restore();
+  }
+}
+
+}  // namespace pallomir

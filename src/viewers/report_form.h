@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <array>
+
+#include "analyses/report.h"
+#include "forms/dialogs.h"
+
+class QCPPainter;
+class QCustomPlot;
+class QGridLayout;
+class QLabel;
+
+namespace pallomir {
+
+/// "Analysis Report Sheet": one page about one cluster, to be printed or saved.
+class ReportForm : public QMainWindow {
+  Q_OBJECT
+
+ public:
+  ReportForm(World& world, Dialogs& dialogs, QWidget* parent);
+
+  void Show(const Report& report, const QString& title);
+
+ private:
+  void LayOut();
+  QCustomPlot* AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row, int column);
+  void MakeMenu();
+  void Timer1_Timer();
+  void mnuFilePrint_Click();
+  void mnuFileSave_Click();
+
+  /// Paints the sheet as large as `page` has room for, its drawings as lines and letters.
+  void PaintSheet(QCPPainter& painter, QSize page) const;
+
+  World& world_;
+  Dialogs& dialogs_;
+  QWidget* sheet_;
+  QLabel* lblReportTitle_;
+  QLabel* lblTime_;
+  QLabel* lblFigures_;
+  QLabel* lblClNote_;
+  QLabel* lblRemarks_;
+  QCustomPlot *picOccMap_, *picRateMap_, *picSpikeMap_, *picWaveForm_;
+  QCustomPlot *picMaxHeight_, *picXPos_, *picYPos_, *picAngPos_;
+  QTimer Timer1_;
+};
+
+}  // namespace pallomir

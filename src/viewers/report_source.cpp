@@ -1,0 +1,17 @@
+#include "viewers/report_source.h"
+
+#include "analyses/report.h"
+#include "files/platform.h"
+#include "viewers/report_form.h"
+
+namespace pallomir {
+
+void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool, double) {
+  const Report report = MakeReport(world_, files, cluster_);
+  auto* form = new ReportForm(world_, dialogs_, parent_);
+  form->Show(report, QString("Cluster %1 - %2")
+                         .arg(cluster_)
+                         .arg(QString::fromStdString(PathText(PlatformPath(files.SpikeFile).filename()))));
+}
+
+}  // namespace pallomir

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "components/components.h"
+#include "forms/dialogs.h"
+#include "session/world.h"
+
+class QWidget;
+
+namespace pallomir {
+
+/// Makes the report of cluster `c` and shows it in a sheet of its own.
+class ReportSource : public SpikeSource {
+ public:
+  ReportSource(World& world, Dialogs& dialogs, QWidget* parent, int c)
+      : world_(world), dialogs_(dialogs), parent_(parent), cluster_(c) {}
+
+  void ShowReport(const ReportFiles& files, const std::string& mode, bool option, double number) override;
+
+ private:
+  World& world_;
+  Dialogs& dialogs_;
+  QWidget* parent_;
+  int cluster_;
+};
+
+}  // namespace pallomir

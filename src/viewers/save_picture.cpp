@@ -1,0 +1,83 @@
+#include "viewers/save_picture.h"
+
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include "files/error.h"
+#include "files/platform.h"
+#include "files/save_file.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr int kDotsPerInch = 96;  // one dot for each pixel of the plot
+
+void Paint(QCustomPlot& plot, QPaintDevice& device) {
+  QCPPainter painter;
+  painter.begin(&device);
+  painter.setMode(QCPPainter::pmVectorized);
+  painter.setMode(QCPPainter::pmNoCaching);
+  painter.setRenderHint(QPainter::Antialiasing);
+  plot.toPainter(&painter, plot.width(), plot.height());
+}
+
+QByteArray Png(QCustomPlot& plot, const QString& title) {
+  QImage image = plot.toPixmap(plot.width(), plot.height(), kPictureScale).toImage();
+  const int dotsPerMetre = qRound(kPictureScale * kDotsPerInch / 0.0254);
+  image.setDotsPerMeterX(dotsPerMetre);
+  image.setDotsPerMeterY(dotsPerMetre);
+  image.setText("Title", title);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  image.save(&buffer, "PNG");
+  return bytes;
+}
+
+QByteArray Svg(QCustomPlot& plot, const QString& title) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setResolution(kDotsPerInch);
+  generator.setSize(plot.size());
+  generator.setViewBox(plot.rect());
+  generator.setTitle(title);
+  Paint(plot, generator);
+  return bytes;
+}
+
+QByteArray Pdf(QCustomPlot& plot, const QString& title) {
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setResolution(kDotsPerInch);
+  writer.setPageSize(QPageSize(QSizeF(plot.size()) / kDotsPerInch, QPageSize::Inch, {}, QPageSize::ExactMatch));
+  writer.setPageMargins({});
+  writer.setTitle(title);
+  Paint(plot, writer);
+  return bytes;
+}
+
+}  // namespace
+
+void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path) {
+  const std::string name = PathText(PlatformPath(path).filename());
+  const QString ending = QFileInfo(QString::fromStdString(name)).suffix().toLower();
+  QByteArray bytes;
+  if (ending == "png")
+    bytes = Png(plot, title);
+  else if (ending == "svg")
+    bytes = Svg(plot, title);
+  else if (ending == "pdf")
+    bytes = Pdf(plot, title);
+  else
+    throw CommandError(name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
+  if (bytes.isEmpty()) throw CommandError("There is not enough memory for the picture.");
+  SaveFile file(path);
+  file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));
+  file.Commit();
+}
+
+}  // namespace pallomir

@@ -1,0 +1,270 @@
+// The windows in which results are shown, from result files as the analyses write them.
+
+#include <QSvgRenderer>
+
+#include "components/direction_file.h"
+#include "components/map_file.h"
+#include "form_tests.h"
+#include "program.h"
+#include "support/recording_world.h"
+#include "support/temporary_folder.h"
+#include "viewers/colour_scales.h"
+#include "viewers/desktop_components.h"
+
+using namespace pallomir;
+
+namespace {
+
+/// The components with answers for their dialogs, and the window that was shown last.
+struct Desk {
+  TemporaryFolder Folder;
+  RecordingWorld TheWorld;
+  ScriptedDialogs Answers;
+  QWidget Parent;
+  DesktopComponents Make{TheWorld, Answers, &Parent, [] { return nullptr; }};
+  QSet<QWidget*> Known;
+
+  QWidget* Opened() {
+    QApplication::processEvents();
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->objectName() == "ResultWindow" && window->isVisible() && !Known.contains(window)) {
+        Known.insert(window);
+        return window;
+      }
+    qFatal("no window was opened");
+  }
+  QWidget* ShowMap(const MapResult& result, const char* colours = "Color") {
+    WriteMapFile(result, Folder / "tmp.rmap");
+    Make.MakeMapEngine()->ShowMap(Folder / "tmp.rmap", "Single", colours, "Cluster 7");
+    return Opened();
+  }
+};
+
+QCustomPlot* Plot(const QWidget* window) {
+  return window->findChild<QCustomPlot*>("plot");
+}
+
+QString Said(const QWidget* window, const char* name) {
+  return window->findChild<QLabel*>(name)->text();
+}
+
+QString Figures(const QWidget* window) {
+  return Plot(window)->accessibleDescription();
+}
+
+/// Where a value of the first axis rectangle is on the plot.
+QPoint At(const QWidget* window, double x, double y) {
+  const QCPAxisRect* rect = Plot(window)->axisRect(0);
+  return {qRound(rect->axis(QCPAxis::atBottom)->coordToPixel(x)), qRound(rect->axis(QCPAxis::atLeft)->coordToPixel(y))};
+}
+
+QColor ColourAt(const QWidget* window, double x, double y) {
+  return Plot(window)->grab().toImage().pixelColor(At(window, x, y));
+}
+
+QString Hover(const QWidget* window, QPoint at) {
+  QMouseEvent move(QEvent::MouseMove, at, Plot(window)->mapToGlobal(at), Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+  QApplication::sendEvent(Plot(window), &move);
+  return Said(window, "readOut");
+}
+
+/// Two rows of three bins of 10 pixels, 2.5 cm, from (40, 80) pixels on; the first is the peak, the last not visited.
+MapResult SmallMap() {
+  MapResult result;
+  result.Grid = {3, 2, 40, 80, 10, {8, 4, 2, 0, 1, kNotKnown}};
+  result.PixelsPerCm = 4;
+  result.MeanRate = 1.25;
+  result.Information = 0.5;
+  result.Used.Spikes = 15;
+  result.Used.SpikesUsed = 12;
+  return result;
+}
+
+QByteArray Bytes(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+}  // namespace
+
+class ViewersTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void MapsStandAsTheCameraSawThem() {
+    Desk desk;
+    QWidget* window = desk.ShowMap(SmallMap());
+    QCOMPARE(window->windowTitle(), "Cluster 7 - Rate map");
+    QCOMPARE(Figures(window), "Peak 8 spikes/s    Mean 1.25 spikes/s    Spatial information 0.5 bits/spike");
+    QCOMPARE(Said(window, "usage"), "Used 12 of 15 spikes.");
+    // From 10 to 17.5 cm and 20 to 25 cm, the smallest y at the top, and bins are square.
+    QVERIFY(At(window, 11, 21).y() < At(window, 11, 24).y());
+    const QRect plotted = Plot(window)->axisRect(0)->rect();
+    QVERIFY(std::abs(plotted.width() - 1.5 * plotted.height()) <= 2);
+    QCPColorGradient even = GradientOf(ColourScale::Even);
+    QCOMPARE(ColourAt(window, 11, 21).rgb(), even.color(8, {0, 8}));
+    QCOMPARE(ColourAt(window, 11, 24).rgb(), even.color(0, {0, 8}));
+    QCOMPARE(ColourAt(window, 16, 24), QColor(Qt::white));
+    QCOMPARE(Hover(window, At(window, 13.8, 21.2)), "x 13.8, y 21.2 cm: 4 spikes/s");
+    QVERIFY(Hover(window, At(window, 16, 24)).endsWith("cm: not visited"));
+    QVERIFY(Hover(window, {1, 1}).startsWith("The wheel zooms"));
+  }
+
+  void ColoursAreChosen() {
+    Desk desk;
+    QWidget* window = desk.ShowMap(SmallMap(), "Gray");
+    auto* choice = window->findChild<QComboBox*>("cboColours");
+    QCOMPARE(choice->currentText(), "Gray");
+    const QColor peak = ColourAt(window, 11, 21), low = ColourAt(window, 11, 24);
+    QVERIFY(peak.saturation() == 0 && low.saturation() == 0 && peak.lightness() < low.lightness());
+    choice->setCurrentText("Jet");
+    QCOMPARE(ColourAt(window, 11, 21), QColor(128, 0, 0));
+    // Equal steps of the even scale are equal steps in lightness, close to what L* of the colour says.
+    for (const ColourScale scale : {ColourScale::Even, ColourScale::Heat, ColourScale::Gray}) {
+      QCPColorGradient gradient = GradientOf(scale);
+      std::vector<double> lightness;
+      for (int k = 0; k <= 8; ++k) {
+        const QColor colour = gradient.color(k, {0, 8});
+        const auto linear = [](double value) { return std::pow(value, 2.2); };
+        lightness.push_back(std::cbrt(0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+                                      0.0722 * linear(colour.blueF())));
+      }
+      const double step = (lightness.back() - lightness.front()) / 8;
+      for (int k = 0; k < 8; ++k) QVERIFY((lightness[k + 1] - lightness[k]) / step > 0.5);
+    }
+  }
+
+  void CorrelationsHaveAFixedScaleAndTheirMiddleMarked() {
+    Desk desk;
+    MapResult result = SmallMap();
+    result.Kind = MapKind::SpatialAutocorrelation;
+    result.Grid = {5, 3, -25, -15, 10, std::vector<double>(15, 0.25)};
+    result.Grid.Values[7] = 1;
+    result.Grid.Values[0] = kNotKnown;
+    QWidget* window = desk.ShowMap(result);
+    QCOMPARE(window->windowTitle(), "Cluster 7 - Spatial autocorrelation");
+    QVERIFY(qobject_cast<QCPColorMap*>(Plot(window)->plottable(0))->dataRange() == QCPRange(-1, 1));
+    QCOMPARE(ColourAt(window, -2, -1.2), ColourAt(window, -2.4, 1.2));
+    QCOMPARE(ColourAt(window, -6, -3.4), QColor(Qt::white));
+    QCOMPARE(ColourAt(window, 0, 0), QColor(Qt::black));  // the cross
+    QCOMPARE(Hover(window, At(window, 2.6, 2.6)), "x 2.6, y 2.6 cm: r 0.25");
+  }
+
+  void TrainsAreMirroredAndCounted() {
+    Desk desk;
+    desk.Folder.Put("cl", "0\r\n1000000\r\n");
+    desk.Folder.Put("t", "1000\r\n4500\r\n14500\r\n15500\r\n");
+    const auto plot = desk.Make.MakeTrainPlot();
+    plot->PlotAutoCorr(desk.Folder / "cl", desk.Folder / "t", desk.Folder / "tmp.acorr", "Single", "Cluster 7");
+    QWidget* near = desk.Opened();
+    QCOMPARE(near->windowTitle(), "Cluster 7 - Autocorrelation");
+    QCOMPARE(Figures(near), "4 spikes    1 pair closer than 2 ms");
+    QCOMPARE(Hover(near, At(near, 3.5, 0.5)), "3 to 4 ms: 1 pair");
+    QCOMPARE(Hover(near, At(near, -3.5, 0.5)), "-4 to -3 ms: 1 pair");
+    QCOMPARE(Hover(near, At(near, -5.5, 0.5)), "-6 to -5 ms: 0 pairs");
+    plot->PlotLogISI(desk.Folder / "cl", desk.Folder / "t", desk.Folder / "tmp.isi", "Single", "Cluster 7");
+    QWidget* isi = desk.Opened();
+    QCOMPARE(Figures(isi),
+             "3 intervals    33.3 % (1) below 2 ms; Outside the axis: 0 below 0.1 ms, 0 of 100 s and more");
+    QCOMPARE(Hover(isi, At(isi, 11, 0.5)), "10 to 12.6 ms: 1 interval");
+  }
+
+  void DirectionsTurnCounterClockwise() {
+    Desk desk;
+    DirectionResult result;
+    result.Tuning.Dwell.fill(2);
+    result.Tuning.Rate.fill(0);
+    result.Tuning.Rate[15] = 10;  // 90 to 96 degrees
+    result.Tuning.Spikes[15] = 20;
+    result.Tuning.Rate[40] = kNotKnown;
+    result.Tuning.Dwell[40] = 0;
+    result.OfTravel = true;
+    WriteDirectionFile(result, desk.Folder / "t.dir");
+    desk.Make.MakeDirectionPlot()->ShowDirection(desk.Folder / "t.dir", "Single", "Cluster 7");
+    QWidget* window = desk.Opened();
+    QVERIFY(Figures(window).startsWith("R 1.00 towards 93°    Peak 10 spikes/s    Coverage 98 %; Direction of travel"));
+    QVERIFY(At(window, 0, 1).y() < At(window, 0, 0).y());
+    QCOMPARE(Hover(window, At(window, -0.03, 0.6)), "90° to 96°: 10 spikes/s, 20 spikes in 2 s");
+    QCOMPARE(Hover(window, At(window, -0.27, -0.5)), "240° to 246°: never headed there");
+    QVERIFY(Hover(window, At(window, 1, 1)).startsWith("The wheel zooms"));
+  }
+
+  void WindowsStayWithinWhatThereIs() {
+    Desk desk;
+    QWidget* window = desk.ShowMap(SmallMap());
+    QWidget* second = desk.ShowMap(SmallMap());
+    QVERIFY(window->isVisible() && window->pos() != second->pos());
+    const QCPAxis* x = Plot(window)->axisRect(0)->axis(QCPAxis::atBottom);
+    QTest::keyClick(window, Qt::Key_Plus);
+    QTest::keyClick(window, Qt::Key_Plus);
+    const QCPRange zoomed = x->range();
+    QVERIFY(zoomed.size() < 5);
+    for (int k = 0; k < 20; ++k) QTest::keyClick(window, Qt::Key_Right);
+    QCOMPARE(x->range().upper, 17.5);
+    QVERIFY(std::abs(x->range().size() - zoomed.size()) < 1e-9);
+    for (int k = 0; k < 20; ++k) QTest::keyClick(window, Qt::Key_Minus);
+    QVERIFY(x->range() == QCPRange(10, 17.5));
+    QTest::keyClick(window, Qt::Key_Plus);
+    QTest::mouseDClick(Plot(window), Qt::LeftButton, {}, At(window, 12, 22));
+    QVERIFY(x->range() == QCPRange(10, 17.5));
+    QPointer<QWidget> closing(window);
+    QTest::keyClick(window, Qt::Key_Escape);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!closing);
+  }
+
+  void PicturesAndNumbersAreKept() {
+    Desk desk;
+    QWidget* window = desk.ShowMap(SmallMap());
+    const QByteArray shown = Bytes(desk.Folder / "tmp.rmap");
+    desk.Folder.Put("tmp.rmap", "the next map");
+    const auto save = [&](const char* button, const char* name) {
+      desk.Answers.FilesToOpen = {QString::fromStdString(desk.Folder / name)};
+      window->findChild<QPushButton*>(button)->click();
+      return Bytes(desk.Folder / name);
+    };
+    QCOMPARE(save("cmdSaveData", "kept.rmap"), shown);
+    QCOMPARE(desk.Answers.Asked.FileName, "Cluster 7 - Rate map.rmap");
+    const QSize size = Plot(window)->size();
+    QCOMPARE(QImage::fromData(save("cmdSavePicture", "a.png")).size(), 3 * size);
+    QSvgRenderer svg(save("cmdSavePicture", "a.svg"));
+    QVERIFY(svg.isValid() && svg.viewBox().size() == size);
+    const QByteArray pdf = save("cmdSavePicture", "a.PDF");
+    QVERIFY(pdf.startsWith("%PDF") && pdf.trimmed().endsWith("%%EOF"));
+    QVERIFY(save("cmdSavePicture", "a.bmp").isEmpty());
+    QVERIFY(save("cmdSaveData", "no folder/a").isEmpty());
+    QCOMPARE(desk.Answers.Messages.size(), 2);
+    QVERIFY(desk.Answers.Messages[0].contains(".png, .svg or .pdf"));
+    window->findChild<QPushButton*>("cmdCopy")->click();
+    QCOMPARE(QApplication::clipboard()->image().size(), 3 * size);
+  }
+
+  void EmptyResultsSayWhy() {
+    Desk desk;
+    MapResult map = SmallMap();
+    map.Grid = {};
+    map.Grid.Bin = 10;
+    map.Explanation = "Pos.p holds no position sample.";
+    QWidget* window = desk.ShowMap(map);
+    QCOMPARE(Figures(window), "Pos.p holds no position sample.");
+    QCOMPARE(Hover(window, Plot(window)->rect().center()), "");
+    // The sentence stands whole in the plot.
+    const auto* sentence = qobject_cast<QCPTextElement*>(Plot(window)->plotLayout()->elements(true).last());
+    QVERIFY(sentence && sentence->rect().height() > 200);
+    map = SmallMap();
+    map.Grid.Values.assign(6, kNotKnown);
+    QCOMPARE(Figures(desk.ShowMap(map)), "The map has no bin with a value.");
+    map.Grid = {1, 1, 0, 0, 10, {0}};
+    map.Information = map.MeanRate = kNotKnown;
+    QCOMPARE(Figures(desk.ShowMap(map)), "Peak 0 spikes/s");
+    desk.Folder.Put("cl", "0\r\n1000000\r\n");
+    desk.Folder.Put("t", "");
+    const auto plot = desk.Make.MakeTrainPlot();
+    plot->PlotLogISI(desk.Folder / "cl", desk.Folder / "t", desk.Folder / "tmp.isi", "Single", "Cluster 7");
+    QVERIFY(Figures(desk.Opened()).endsWith("."));
+  }
+};
+
+static const bool added = AddFormTest<ViewersTest>();
+
+#include "viewers_test.moc"
