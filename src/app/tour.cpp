@@ -30,6 +30,7 @@ class TourDialogs : public Dialogs {
     return files.isEmpty() ? QString() : folder_ + "/" + files.first();
   }
   QString SaveFile(QWidget*, const FileDialogOptions& options) override { return folder_ + "/" + options.FileName; }
+  int Print(QWidget*, QPrinter&) override { return 0; }
   bool Confirm(QWidget*, const QString&) override { return true; }
 
  private:
@@ -61,12 +62,105 @@ class Tour {
     DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 11500}, {4100, 11500}, {2700, 8600}});
     TakePicture("3-second-boundary");
     Report();
+    CutCells();
     ShowParameters(0, 1);
     TakePicture("4-cut");
+    MarkCentre();
+    Grade(kPlaceCell, "Pretty Good", "one field, south-west");
+    Press<QPushButton>("cmdWriteClustFile");
+    Analyse(kPlaceCell, "cmdRateMap", "5-rate-map");
+    Analyse(kPlaceCell, "cmdOccMap", "6-occupancy");
+    Analyse(kGridCell, "cmdRateMap", "7-grid-rate-map");
+    Analyse(kGridCell, "cmd2DAutoCorr", "8-grid-autocorrelation");
+    Analyse(kHeadDirectionCell, "cmdDirection", "9-direction");
+    Analyse(kPlaceCell, "cmdAutoCorr", "10-train-autocorrelation");
+    Analyse(kPlaceCell, "cmdLogISI", "11-log-isi");
+    Analyse(kPlaceCell, "cmdReport", "12-report");
+    ShowWaveforms("13-waveforms");
     return PointsInCluster(session_, 1) > 0;
   }
 
  private:
+  // Clusters by what the sample's cells are.
+  static constexpr int kPlaceCell = 2, kGridCell = 3, kHeadDirectionCell = 4;
+
+  /// A cloud by its extent on the four wires.
+  struct Cloud {
+    int Cluster;
+    std::array<std::pair<float, float>, 4> Peaks;
+  };
+  static constexpr std::array<Cloud, 3> kClouds = {
+      {{kPlaceCell, {{{2300, 4060}, {3430, 5430}, {2550, 4380}, {4270, 6520}}}},
+       {kGridCell, {{{2720, 4540}, {2550, 4340}, {5080, 7570}, {4250, 6470}}}},
+       {kHeadDirectionCell, {{{5550, 8150}, {3390, 5380}, {7120, 10390}, {3720, 5790}}}}}};
+
+  void CutCells() {
+    for (const int first : {0, 2}) {
+      ShowParameters(first, first + 1);
+      for (const Cloud& cloud : kClouds) {
+        Choose(cloud.Cluster);
+        const auto [left, right] = cloud.Peaks[first];
+        const auto [low, high] = cloud.Peaks[first + 1];
+        DrawPolygon({{left, low}, {right, low}, {right, high}, {left, high}});
+      }
+    }
+  }
+
+  void Choose(int c) {
+    const bool shown = form_.findChild<QWidget*>(QString("lblChooseCluster(%1)").arg(c))->isVisible();
+    Press<QAbstractButton>(QString(shown ? "lblChooseCluster(%1)" : "lblNewCluster(%1)").arg(c));
+  }
+
+  void MarkCentre() {
+    ShowParameters(kPosX, kPosY);
+    Press<QPushButton>("cmdWriteCenterFile");
+    ClickAt({320, 240}, Qt::LeftButton);
+    ShowParameters(0, 1);
+  }
+
+  void Grade(int c, const QString& grade, const QString& remarks) {
+    Press<QPushButton>("cmdClNote");
+    QWidget* notes = form_.findChild<QWidget*>("frmClNote");
+    notes->findChild<QAbstractButton*>(QString("opt%1(%2)").arg(QString(grade).remove(' ')).arg(c))->click();
+    notes->findChild<QPlainTextEdit*>("txtClRemarks")->setPlainText(remarks);
+    notes->findChild<QAbstractButton*>("cmdAddRemarks")->click();
+    Keep(notes->grab().toImage(), "14-notes");
+    notes->findChild<QAbstractButton*>("cmdClNoteExit")->click();
+  }
+
+  /// Presses the button of an analysis and keeps a picture of the window that it opens.
+  void Analyse(int c, const QString& button, const QString& step) {
+    Choose(c);
+    const QWidgetList before = QApplication::topLevelWidgets();
+    Press<QPushButton>(button);
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (!before.contains(window) && window->isVisible()) {
+        // Larger than they are on the offscreen display.
+        window->resize(window->objectName() == "frmReport" ? QSize(1010, 740) : QSize(600, 680));
+        QApplication::processEvents();
+        Keep(window->grab().toImage(), step);
+      }
+  }
+
+  void ShowWaveforms(const QString& step) {
+    Choose(kHeadDirectionCell);
+    Press<QPushButton>("cmdShowWaveforms");
+    QWidget* waveforms = form_.findChild<QWidget*>("Waveforms");
+    waveforms->findChild<QAbstractButton*>("chkOverlay")->click();
+    waveforms->findChild<QComboBox*>("cboHeight")->setCurrentIndex(2);
+    for (int i = 0; i < 100; ++i) waveforms->findChild<QAbstractButton*>("cmdForward")->click();
+    // A drag round the wires that were recorded.
+    QWidget* drawing = waveforms->findChild<QWidget*>("waveforms");
+    Mouse(drawing, QEvent::MouseButtonPress, Qt::LeftButton, {1, 1});
+    Mouse(drawing, QEvent::MouseButtonRelease, Qt::LeftButton, {drawing->width() - 2.0, drawing->height() * 0.1});
+    Keep(waveforms->grab().toImage(), step);
+  }
+
+  void Keep(const QImage& picture, const QString& step) {
+    const QString path = pictures_ + "/" + step + ".png";
+    if (picture.save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
+  }
+
   template <class Control>
   void Press(const QString& name) {
     form_.findChild<Control*>(name)->click();
@@ -83,15 +177,18 @@ class Tour {
   }
 
   void DrawPolygon(std::initializer_list<Vertex> corners) {
+    size_t left = corners.size();
+    for (const Vertex& corner : corners) ClickAt(corner, --left ? Qt::LeftButton : Qt::RightButton);
+    QApplication::processEvents();
+  }
+
+  /// Clicks into the projection, at values of its parameters.
+  void ClickAt(const Vertex& value, Qt::MouseButton button) {
     QWidget* surface = projections()->findChild<QWidget*>("surface");
     const View view = ViewOf(session_, surface->width(), surface->height());
-    size_t left = corners.size();
-    for (const Vertex& corner : corners) {
-      const QPointF at(view.PixelX(corner.X), view.PixelY(corner.Y));
-      Mouse(surface, QEvent::MouseMove, Qt::NoButton, at);
-      Mouse(surface, QEvent::MouseButtonPress, --left ? Qt::LeftButton : Qt::RightButton, at);
-    }
-    QApplication::processEvents();
+    const QPointF at(view.PixelX(value.X), view.PixelY(value.Y));
+    Mouse(surface, QEvent::MouseMove, Qt::NoButton, at);
+    Mouse(surface, QEvent::MouseButtonPress, button, at);
   }
 
   static void Mouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, QPointF at) {
@@ -111,8 +208,7 @@ class Tour {
     painter.drawPixmap(0, 0, controls);
     painter.drawPixmap(controls.width() + kGap, 0, view);
     painter.end();
-    const QString path = pictures_ + "/" + step + ".png";
-    if (picture.save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
+    Keep(picture, step);
   }
 
   QWidget* projections() const {

@@ -7,6 +7,7 @@ AnalysesPanel::AnalysesPanel(QWidget* parent) : QWidget(parent) {
   cmdOccMap = MakeButton("cmdOccMap", "Occ Map", "Display where the rat spent its time");
   cmd2DAutoCorr = MakeButton("cmd2DAutoCorr", "2D Spatial AutoCorr",
                              "Display 2-dimensional autocorrelation of rate map. Right click for color options.");
+  for (QPushButton* map : {cmdRateMap, cmd2DAutoCorr}) map->setProperty("Tag", "Color");
   cmdAutoCorr = MakeButton("cmdAutoCorr", "AutoCorr", "Display spike train autocorrelation");
   cmdLogISI = MakeButton("cmdLogISI", "LogISI", "Display Log interspike interval plot");
   cmdDirection = MakeButton("cmdDirection", "Direction", "Display Head Direction plot");
@@ -14,6 +15,7 @@ AnalysesPanel::AnalysesPanel(QWidget* parent) : QWidget(parent) {
   cmdShowWaveforms = MakeButton("cmdShowWaveforms", "Waveforms", "Display individual waveforms");
   cmdShowAvgWaveforms =
       MakeButton("cmdShowAvgWaveforms", "Avg Waveforms", "Display average waveforms. Right click for options.");
+  cmdShowAvgWaveforms->setProperty("Tag", "ShowAvgOnly");
   cmdClNote = MakeButton("cmdClNote", "Cluster Notes", "Disaply Cluster Quality Notes");
   txtPosFile = MakeTextBox("txtPosFile", "Position file", "The name of the rat position file should be entered here", 8,
                            "Pos.p");

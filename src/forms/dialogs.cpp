@@ -1,5 +1,7 @@
 #include "forms/dialogs.h"
 
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QtWidgets>
 
 namespace pallomir {
@@ -46,6 +48,12 @@ QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& optio
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+int DesktopDialogs::Print(QWidget* parent, QPrinter& printer) {
+  QPrintDialog dialog(&printer, parent);
+  dialog.setObjectName("dlgPrint");
+  return dialog.exec() == QDialog::Accepted ? printer.copyCount() : 0;
 }
 
 bool DesktopDialogs::Confirm(QWidget* parent, const QString& question) {

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+class QPrinter;
 class QWidget;
 
 namespace pallomir {
@@ -22,6 +23,8 @@ class Dialogs {
   /// The chosen file, or an empty text when the user cancelled.
   virtual QString OpenFile(QWidget* parent, const FileDialogOptions& options) = 0;
   virtual QString SaveFile(QWidget* parent, const FileDialogOptions& options) = 0;
+  /// Lets the user set a printer up, and returns how many copies are wanted: 0 when the user cancelled.
+  virtual int Print(QWidget* parent, QPrinter& printer) = 0;
   /// True when the user agrees.
   virtual bool Confirm(QWidget* parent, const QString& question) = 0;
 };
@@ -32,6 +35,7 @@ class DesktopDialogs : public Dialogs {
   void ShowMessage(QWidget* parent, const QString& text, const QString& title) override;
   QString OpenFile(QWidget* parent, const FileDialogOptions& options) override;
   QString SaveFile(QWidget* parent, const FileDialogOptions& options) override;
+  int Print(QWidget* parent, QPrinter& printer) override;
   bool Confirm(QWidget* parent, const QString& question) override;
 };
 

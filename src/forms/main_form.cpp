@@ -17,6 +17,8 @@
 #include "projection/colours.h"
 #include "session/point_reader.h"
 #include "session/start_up.h"
+#include "viewers/desktop_components.h"
+#include "viewers/report_source.h"
 
 namespace pallomir {
 
@@ -30,6 +32,9 @@ QString FromText(std::string_view text) {
 
 Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
   projections_ = std::make_unique<Projections>(session_, *this, [this] { return Options(); });
+  components_ = std::make_unique<DesktopComponents>(*this, dialogs_, this, [this] {
+    return std::make_unique<ReportSource>(*this, dialogs_, this, session_.CurrentCluster);
+  });
   LayOut();
   ConnectRange();
   ConnectAxes();
@@ -39,7 +44,6 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), di
   ConnectFiles();
   ConnectAnalyses();
   ConnectKeys();
-  DisableUnfinished();
 }
 
 Main_Form::~Main_Form() = default;

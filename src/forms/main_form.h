@@ -21,6 +21,7 @@ class QAbstractButton;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QPushButton;
 class QTimer;
 
 namespace pallomir {
@@ -30,12 +31,16 @@ class AxesPanel;
 class ChooseClusterForm;
 class ClNoteForm;
 class ClusterPanel;
+class Components;
 class DisplayPanel;
 class EditPanel;
 class FilesPanel;
 class LoadMultipleEpochsForm;
 class RangePanel;
 class TimeEpochs;
+class Waveforms;
+struct AnalysisTools;
+struct ClusterFileTexts;
 
 /// "Cluster cutting controls": the form that all commands are given on.
 class Main_Form : public QMainWindow, public World {
@@ -73,7 +78,6 @@ class Main_Form : public QMainWindow, public World {
   void ConnectFiles();
   void ConnectAnalyses();
   void ConnectKeys();
-  void DisableUnfinished();
 
   // Events
   void cmdLoadPoints_Click();
@@ -119,6 +123,15 @@ class Main_Form : public QMainWindow, public World {
   void mnuReadSelectedClusters_Click();
   void cmdGo_Click();
   void cmdWriteClustFile_Click();
+  void cmdRateMap_Click();
+  void cmdOccMap_Click();
+  void cmd2DAutoCorr_Click();
+  void cmdAutoCorr_Click();
+  void cmdLogISI_Click();
+  void cmdDirection_Click();
+  void cmdReport_Click();
+  void cmdShowWaveforms_Click();
+  void cmdShowAvgWaveforms_Click();
   void cmdClNote_Click();
   void cmdWriteCenterFile_Click();
   void Projections_CenterChosen(Vertex at);
@@ -155,6 +168,12 @@ class Main_Form : public QMainWindow, public World {
   /// After the boundaries were changed by a command: the rows, the picture, no open polygon.
   void AfterEdit();
   void ShowOverlapEnded();
+  /// Runs an analysis with what it needs.
+  void Analyse(const std::function<void(const AnalysisTools&)>& analysis);
+  std::string PositionName() const;
+  ClusterFileTexts ClusterTexts() const;
+  /// A menu entry that sets a button's tag and runs it.
+  static void RunTagged(QPushButton* button, const QString& tag);
   /// The next left click on the projection is the centre of the maze, or no longer is.
   void ArmCenter(bool armed);
   std::string ReadPath() const;
@@ -170,6 +189,7 @@ class Main_Form : public QMainWindow, public World {
 
   Session& session_;
   Dialogs& dialogs_;
+  std::unique_ptr<Components> components_;
   RangePanel* range_;
   AxesPanel* axes_;
   ClusterPanel* clusters_;
@@ -180,6 +200,7 @@ class Main_Form : public QMainWindow, public World {
   ChooseClusterForm* chooseClusters_ = nullptr;
   QPointer<ClNoteForm> clNote_;
   QPointer<TimeEpochs> timeEpochs_;
+  QPointer<Waveforms> waveforms_;
   QPointer<LoadMultipleEpochsForm> multipleEpochs_;
   QTimer* Timer1_;
   QTimer* tmrDelayTimer_;

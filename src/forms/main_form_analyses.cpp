@@ -1,19 +1,103 @@
-// Looking at the chosen cluster: notes, the centre of the maze.
+// Looking at the chosen cluster: the analyses, notes, the centre of the maze.
 
 #include <QtWidgets>
 
 #include "analyses/center_file.h"
+#include "analyses/commands.h"
 #include "forms/analyses_panel.h"
 #include "forms/cl_note_form.h"
 #include "forms/main_form.h"
+#include "forms/waveforms_form.h"
+#include "output/cluster_files.h"
 
 namespace pallomir {
 
+namespace {
+
+constexpr const char* kColour = "Color";
+
+std::string TagOf(const QWidget* button) {
+  return button->property("Tag").toString().toStdString();
+}
+
+}  // namespace
+
 void Main_Form::ConnectAnalyses() {
+  OnClick(analyses_->cmdRateMap, &Main_Form::cmdRateMap_Click);
+  OnClick(analyses_->cmdOccMap, &Main_Form::cmdOccMap_Click);
+  OnClick(analyses_->cmd2DAutoCorr, &Main_Form::cmd2DAutoCorr_Click);
+  OnClick(analyses_->cmdAutoCorr, &Main_Form::cmdAutoCorr_Click);
+  OnClick(analyses_->cmdLogISI, &Main_Form::cmdLogISI_Click);
+  OnClick(analyses_->cmdDirection, &Main_Form::cmdDirection_Click);
+  OnClick(analyses_->cmdReport, &Main_Form::cmdReport_Click);
+  OnClick(analyses_->cmdShowWaveforms, &Main_Form::cmdShowWaveforms_Click);
+  OnClick(analyses_->cmdShowAvgWaveforms, &Main_Form::cmdShowAvgWaveforms_Click);
   OnClick(analyses_->cmdClNote, &Main_Form::cmdClNote_Click);
   OnClick(analyses_->cmdWriteCenterFile, &Main_Form::cmdWriteCenterFile_Click);
   connect(projections_.get(), &Projections::CenterChosen, this,
           [this](Vertex at) { Run([this, at] { Projections_CenterChosen(at); }); });
+}
+
+void Main_Form::Analyse(const std::function<void(const AnalysisTools&)>& analysis) {
+  const AnalysisTools tools = {*this, *components_, [this] { WriteClusterFiles(session_, *this, ClusterTexts()); }};
+  Work([&] { analysis(tools); });
+}
+
+std::string Main_Form::PositionName() const {
+  return analyses_->txtPosFile->text().toStdString();
+}
+
+void Main_Form::cmdRateMap_Click() {
+  const std::string colours = TagOf(analyses_->cmdRateMap);
+  Analyse([&](const AnalysisTools& tools) { ShowRateMap(session_, tools, PositionName(), colours); });
+  // Gray is for one map.
+  analyses_->cmdRateMap->setProperty("Tag", kColour);
+}
+
+void Main_Form::cmdOccMap_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowOccupancyMap(session_, tools, PositionName()); });
+}
+
+void Main_Form::cmd2DAutoCorr_Click() {
+  const std::string colours = TagOf(analyses_->cmd2DAutoCorr);
+  Analyse([&](const AnalysisTools& tools) { ShowSpatialAutoCorr(session_, tools, PositionName(), colours); });
+  // The rate map's tag, not its own: gray stays for autocorrelations.
+  analyses_->cmdRateMap->setProperty("Tag", kColour);
+}
+
+void Main_Form::cmdAutoCorr_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowAutoCorr(session_, tools); });
+}
+
+void Main_Form::cmdLogISI_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowLogISI(session_, tools); });
+}
+
+void Main_Form::cmdDirection_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowDirection(session_, tools, PositionName()); });
+}
+
+void Main_Form::cmdReport_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowReport(session_, tools, PositionName()); });
+}
+
+void Main_Form::cmdShowWaveforms_Click() {
+  if (!waveforms_) {
+    waveforms_ = new Waveforms(session_, *this, dialogs_, this);
+    connect(waveforms_, &QDialog::finished, this, [this] { waveforms_ = nullptr; });
+  }
+  waveforms_->show();
+  waveforms_->raise();
+  waveforms_->activateWindow();
+}
+
+void Main_Form::cmdShowAvgWaveforms_Click() {
+  Analyse([this](const AnalysisTools& tools) { ShowAvgWaveforms(session_, tools); });
+}
+
+void Main_Form::RunTagged(QPushButton* button, const QString& tag) {
+  button->setProperty("Tag", tag);
+  button->click();
 }
 
 void Main_Form::cmdClNote_Click() {

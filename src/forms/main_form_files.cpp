@@ -93,10 +93,13 @@ void Main_Form::ShowRead(const std::function<bool()>& read) {
   status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
 }
 
+ClusterFileTexts Main_Form::ClusterTexts() const {
+  return {files_->txtClustFile->text().toStdString(), range_->txtStartTime->text().toStdString(),
+          range_->txtEndTime->text().toStdString()};
+}
+
 void Main_Form::cmdWriteClustFile_Click() {
-  const ClusterFileTexts texts = {files_->txtClustFile->text().toStdString(),
-                                  range_->txtStartTime->text().toStdString(), range_->txtEndTime->text().toStdString()};
-  Work([&] { WriteClusterFiles(session_, *this, texts); });
+  Work([&] { WriteClusterFiles(session_, *this, ClusterTexts()); });
   if (session_.TemporaryMode)
     status_->setText("Only the files of the analyses were written: one ended early. Let one run to its end first.");
 }

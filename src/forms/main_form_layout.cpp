@@ -59,8 +59,8 @@ void Main_Form::LayOut() {
   middle->addWidget(axes_, 5);
   middle->addWidget(clusters_, 4);
   auto* column = new QVBoxLayout;
-  column->setContentsMargins(10, 8, 10, 0);
-  column->setSpacing(6);
+  column->setContentsMargins(10, 6, 10, 0);
+  column->setSpacing(4);
   column->addWidget(range_);
   column->addWidget(Line());
   column->addLayout(middle, 1);
@@ -112,6 +112,20 @@ void Main_Form::MakeMenus() {
         &Main_Form::mnuApplyYscaleToAllParameters_Click);
   QMenu* loadPoints = PopupMenu(this, "mnuLoadPoints", "LoadPoints");
   entry(loadPoints, "mnuLoadMultipleEpochs", "Load Multiple Epochs", &Main_Form::mnuLoadMultipleEpochs_Click);
+  const auto tagged = [this](QMenu* menu, const QString& name, const QString& caption, QPushButton* button,
+                             const QString& tag) {
+    connect(MenuEntry(menu, name, caption), &QAction::triggered, this, [button, tag] { RunTagged(button, tag); });
+  };
+  QMenu* rateMap = PopupMenu(this, "mnuRateMap", "RateMap");
+  tagged(rateMap, "mnuColor", "Color", analyses_->cmdRateMap, "Color");
+  tagged(rateMap, "mnuGrayScale", "Grayscale", analyses_->cmdRateMap, "Gray");
+  QMenu* autoCorr = PopupMenu(this, "mnu2DAutoCorr", "2DAutoCorr");
+  tagged(autoCorr, "mnu2DACorrColor", "Color", analyses_->cmd2DAutoCorr, "Color");
+  tagged(autoCorr, "mnu2DACorrGrayscale", "Grayscale", analyses_->cmd2DAutoCorr, "Gray");
+  QMenu* average = PopupMenu(this, "mnuAvgWaveforms", "AvgWaveforms");
+  tagged(average, "mnuShowAvgOnly", "Show Average Only", analyses_->cmdShowAvgWaveforms, "ShowAvgOnly");
+  tagged(average, "mnuShowAllWaveforms", "Show All Waveforms", analyses_->cmdShowAvgWaveforms, "ShowAllWaveforms");
+  tagged(average, "mnuShowColorAverages", "Show Color Averages", analyses_->cmdShowAvgWaveforms, "ShowAvgOnlyColor");
   QMenu* range = menuBar()->addMenu("Ran&ge");
   connect(range->addAction("Load Points"), &QAction::triggered, range_->cmdLoadPoints, &QPushButton::click);
   connect(range->addAction("Define Epochs"), &QAction::triggered, range_->cmdDefineEpochs, &QPushButton::click);
@@ -119,12 +133,13 @@ void Main_Form::MakeMenus() {
   QMenu* view = menuBar()->addMenu("&View");
   view->addMenu(mnuscaleXaxis_)->setText("Scale of all axes");
   view->addMenu(axesScaleFile)->setText("Axis scales in a file");
+  view->addMenu(rateMap)->setText("Rate map");
+  view->addMenu(autoCorr)->setText("Spatial autocorrelation");
   // Both scale buttons open the X menu; the Y entry acts alike.
-  popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_},
-             {axes_->cmdscaleYaxis, mnuscaleXaxis_},
-             {axes_->cmdRestoreAxes, axesScaleFile},
-             {files_->cmdReadCBFile, readCBFile},
-             {range_->cmdLoadPoints, loadPoints}};
+  popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_}, {axes_->cmdscaleYaxis, mnuscaleXaxis_},
+             {axes_->cmdRestoreAxes, axesScaleFile}, {files_->cmdReadCBFile, readCBFile},
+             {range_->cmdLoadPoints, loadPoints},    {analyses_->cmdRateMap, rateMap},
+             {analyses_->cmd2DAutoCorr, autoCorr},   {analyses_->cmdShowAvgWaveforms, average}};
   for (const auto& [button, menu] : popups_) button->installEventFilter(this);
 }
 
@@ -203,10 +218,6 @@ void Main_Form::ConnectKeys() {
   }
   connect(projections_.get(), &Projections::StepAxes, this,
           [this](int x, int y) { Run([=, this] { ShowAxes(session_.XParameter + x, session_.YParameter + y); }); });
-}
-
-void Main_Form::DisableUnfinished() {
-  for (QWidget* control : std::initializer_list<QWidget*>{}) control->setEnabled(false);
 }
 
 }  // namespace pallomir

@@ -1,10 +1,13 @@
 #pragma once
 
 #include <QImage>
+#include <span>
+#include <string_view>
 
 #include "projection/raster.h"
 #include "projection/view.h"
 #include "session/session.h"
+#include "waveforms/trace_raster.h"
 
 namespace pallomir {
 
@@ -16,6 +19,12 @@ QImage WithPoints(const QImage& ground, const Raster& raster, const Session& ses
 
 /// The raster's points in one colour, clear elsewhere.
 QImage PointsAlone(const Raster& raster, QColor colour);
+
+/// The traces, palette[code] for each pixel's code.
+QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette);
+
+/// Writes a PNG picture, all or nothing. Throws CommandError when it cannot be written.
+void SaveImage(const QImage& image, std::string_view path);
 
 /// Draws ticks, numbers and the parameters' names along the left and lower edge.
 void DrawAxes(QImage& picture, const Session& session, const View& view);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPrinter>
 #include <QtTest>
 #include <QtWidgets>
 
@@ -25,6 +26,10 @@ class ScriptedDialogs : public Dialogs {
     Asked = options;
     return FilesToOpen.isEmpty() ? QString() : FilesToOpen.takeFirst();
   }
+  int Print(QWidget*, QPrinter& printer) override {
+    printer.setOutputFileName(PrintTo);
+    return Copies;
+  }
   bool Confirm(QWidget*, const QString& question) override {
     Questions << question;
     return Agree;
@@ -33,6 +38,8 @@ class ScriptedDialogs : public Dialogs {
   QStringList Messages;
   QStringList Questions;
   bool Agree = true;
+  QString PrintTo;
+  int Copies = 0;
   QStringList FilesToOpen;
   FileDialogOptions Asked;
 };

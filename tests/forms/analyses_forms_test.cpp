@@ -1,0 +1,208 @@
+// Looking at a cluster from the controls: analyses, waveforms, the report.
+
+#include <qcustomplot.h>
+
+#include "clusters/classify.h"
+#include "form_tests.h"
+#include "program.h"
+#include "support/spike_files.h"
+#include "waveforms/waveform_file.h"
+
+using namespace pallomir;
+
+class AnalysesFormsTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void EveryAnalysisShowsItsWindow() {
+    Program program;
+    CutAll(program);
+    WriteWalk(program);
+    const std::pair<const char*, const char*> analyses[] = {{"cmdRateMap", "Cluster 3 - Rate map"},
+                                                            {"cmdOccMap", "Occupancy"},
+                                                            {"cmd2DAutoCorr", "Cluster 3 - Spatial autocorrelation"},
+                                                            {"cmdAutoCorr", "Cluster 3 - "},
+                                                            {"cmdLogISI", "Cluster 3 - "},
+                                                            {"cmdDirection", "Cluster 3 - "}};
+    QSet<QWidget*> before = Windows();
+    for (const auto& [button, title] : analyses) {
+      program.Click(button);
+      QApplication::processEvents();
+      QVERIFY2(program.Answers.Messages.isEmpty(), qPrintable(program.Answers.Messages.join("; ")));
+      const QSet<QWidget*> opened = Windows() - before;
+      QCOMPARE(opened.size(), 1);
+      QVERIFY2((*opened.begin())->windowTitle().startsWith(title), qPrintable((*opened.begin())->windowTitle()));
+      before = Windows();
+    }
+    QVERIFY(!program.Shared.TemporaryMode);
+    QVERIFY(program.Messages().endsWith("Exit"));
+  }
+
+  void GrayIsForOneRateMapAndForEveryAutocorrelation() {
+    Program program;
+    CutAll(program);
+    WriteWalk(program);
+    auto* rate = program.Get("cmdRateMap");
+    auto* correlation = program.Get("cmd2DAutoCorr");
+    program.Form.findChild<QAction*>("mnu2DACorrGrayscale")->trigger();
+    QCOMPARE(correlation->property("Tag").toString(), "Gray");
+    program.Form.findChild<QAction*>("mnuGrayScale")->trigger();
+    QCOMPARE(rate->property("Tag").toString(), "Color");
+    program.Form.findChild<QAction*>("mnu2DACorrColor")->trigger();
+    QCOMPARE(correlation->property("Tag").toString(), "Color");
+    // One that ends early keeps its gray.
+    program.Type("txtPosFile", "");
+    program.Form.findChild<QAction*>("mnuGrayScale")->trigger();
+    QCOMPARE(program.Answers.Messages.takeLast(), "|Must specify a Position File");
+    QCOMPARE(rate->property("Tag").toString(), "Gray");
+    QVERIFY(program.Shared.TemporaryMode);
+  }
+
+  void WaveformsAreSteppedThrough() {
+    Program program(20);
+    QByteArray bytes;
+    for (int n = 0; n < 15; ++n) {
+      WaveformRecord record{};
+      for (int k = 0; k < 128; ++k) record[k] = static_cast<int16_t>(10 * n + 50);
+      for (const int16_t value : record) {
+        unsigned char two[2];
+        StoreLittleEndian(two, value);
+        bytes.append(reinterpret_cast<const char*>(two), 2);
+      }
+    }
+    program.Write("TT1/TT1.waveforms", bytes);
+    program.Load();
+    program.Type("txtStartEvent", "2");
+    program.Click("cmdLoadPoints");
+    program.Click("cmdShowWaveforms");
+    QApplication::processEvents();
+    QWidget* form = program.Get("Waveforms");
+    const auto record = [&] { return Box(form, "txtTimestamp")->text(); };
+    const auto press = [&](const char* name) { Box<QPushButton>(form, name)->click(); };
+    press("cmdBack");
+    QCOMPARE(record(), "");
+    press("cmdForward");  // cluster 0 is ticked: no cluster was chosen
+    press("cmdForward");
+    QCOMPARE(record(), "3");
+    QVERIFY(Drawn(form) > 0);
+    press("cmdBack");
+    press("cmdBack");
+    QCOMPARE(record(), "2");
+    press("cmdClear");
+    QCOMPARE(Drawn(form), 0);
+
+    // Nothing is stored for records 15 to 19: the drawing stays, and the status line says so.
+    for (int i = 0; i < 13; ++i) press("cmdForward");
+    const int drawn = Drawn(form);
+    QCOMPARE(record(), "15");
+    QVERIFY(drawn > 0);
+    QVERIFY(Box<QLabel>(form, "status")->text().contains("No waveform is stored for spike 15"));
+    Box<QCheckBox>(form, "chkCluster(0)")->setChecked(false);
+    press("cmdResetToStart");
+    press("cmdForward");
+    QCOMPARE(Drawn(form), 0);
+
+    // Over each other, all of them; a second press ends it.
+    Box<QCheckBox>(form, "chkCluster(0)")->setChecked(true);
+    Box<QCheckBox>(form, "chkOverlay")->setChecked(true);
+    press("cmdResetToStart");
+    press("cmdShowAll");
+    QTRY_COMPARE(record(), "19");
+    QTRY_VERIFY(Box<QLabel>(form, "status")->text().startsWith("13 spikes on view"));
+    program.Answers.FilesToOpen = {program.Path("traces.png")};
+    QTest::keyClick(form, Qt::Key_S);
+    QVERIFY(!QImage(program.Path("traces.png")).isNull());
+    QVERIFY(program.Answers.Messages.isEmpty());
+  }
+
+  void AMissingWaveformFileIsASentence() {
+    Program program;
+    program.Load();
+    program.Click("cmdShowWaveforms");
+    QApplication::processEvents();
+    Box<QPushButton>(program.Get("Waveforms"), "cmdForward")->click();
+    QCOMPARE(program.Answers.Messages.size(), 1);
+    QVERIFY(program.Answers.Messages[0].contains("TT1.waveforms"));
+  }
+
+  void TheReportIsShownPrintedAndSaved() {
+    Program program;
+    CutAll(program);
+    WriteWalk(program);
+    program.Click("cmdReport");
+    QCOMPARE(program.Answers.Messages.takeLast(), "|Error.  Neuralynx .Ntt spike file is not present.");
+    std::string spikes = SpikeFileHeader();
+    for (int n = 0; n < 1000; ++n) spikes += SpikeBytes(1'000'000U + 1000U * static_cast<unsigned>(n), n % 7 + 1);
+    program.Write("TT1/TT1.Ntt", QByteArray::fromStdString(spikes));
+    program.Click("cmdReport");
+    QVERIFY2(program.Answers.Messages.isEmpty(), qPrintable(program.Answers.Messages.join("; ")));
+    QWidget* sheet = nullptr;
+    for (QWidget* window : Windows())
+      if (window->objectName() == "frmReport") sheet = window;
+    QVERIFY(sheet);
+    QCOMPARE(sheet->windowTitle(), "Analysis Report Sheet");
+    QCOMPARE(Box<QLabel>(sheet, "lblReportTitle")->text(), "Cluster 3 - TT1.Ntt");
+    QVERIFY(Box<QLabel>(sheet, "lblFigures")
+                ->text()
+                .contains(QString("Spikes %1 ").arg(PointsInCluster(program.Shared, 3))));
+    QVERIFY(!Box<QLabel>(sheet, "lblFigures")->text().contains("nan"));
+    for (const char* picture :
+         {"picOccMap", "picRateMap", "picSpikeMap", "picWaveForm", "picMaxHeight", "picXPos", "picYPos", "picAngPos"})
+      QVERIFY2(Box<QCustomPlot>(sheet, picture)->plottableCount() > 0, picture);
+
+    program.Answers.FilesToOpen = {program.Path("report.pdf"), program.Path("report.png")};
+    for (int i = 0; i < 2; ++i) sheet->findChild<QAction*>("mnuFileSave")->trigger();
+    QVERIFY(QFileInfo(program.Path("report.pdf")).size() > 5000);
+    QVERIFY(!QImage(program.Path("report.png")).isNull());
+    program.Answers.PrintTo = program.Path("printed.pdf");
+    sheet->findChild<QAction*>("mnuFilePrint")->trigger();
+    QVERIFY(!QFile::exists(program.Path("printed.pdf")));
+    program.Answers.Copies = 1;
+    sheet->findChild<QAction*>("mnuFilePrint")->trigger();
+    QVERIFY(QFileInfo(program.Path("printed.pdf")).size() > 5000);
+    program.Answers.PrintTo = program.Path("no such folder/printed.pdf");
+    sheet->findChild<QAction*>("mnuFilePrint")->trigger();
+    QCOMPARE(program.Answers.Messages, QStringList{"|You've reached errorhandler"});
+  }
+
+ private:
+  /// Cluster 3 takes most of the points.
+  static void CutAll(Program& program) {
+    program.Load();
+    program.Click("lblNewCluster(3)");
+    program.DrawPolygon({{50, 5}, {950, 5}, {950, 95}, {50, 95}});
+  }
+
+  /// Positions during the recording: a walk to and fro.
+  static void WriteWalk(const Program& program) {
+    QByteArray text;
+    for (int i = 0; i < 40; ++i)
+      text += QString("%1 %2 %3 %4\n")
+                  .arg(1'000'000 + 25'000 * i)
+                  .arg(100 + 5 * (i % 20))
+                  .arg(200 + 3 * (i % 13))
+                  .arg(9 * i)
+                  .toUtf8();
+    program.Write("Pos.p", text);
+  }
+
+  static QSet<QWidget*> Windows() {
+    QSet<QWidget*> windows;
+    for (QWidget* window : QApplication::topLevelWidgets())
+      if (window->isVisible()) windows << window;
+    return windows;
+  }
+
+  /// Pixels of the drawing that are not black.
+  static int Drawn(const QWidget* form) {
+    const QImage image = Box<QWidget>(form, "waveforms")->grab().toImage().convertToFormat(QImage::Format_RGB32);
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) count += (image.pixel(x, y) & 0xFFFFFF) != 0;
+    return count;
+  }
+};
+
+static const bool added = AddFormTest<AnalysesFormsTest>();
+
+#include "analyses_forms_test.moc"
