@@ -102,7 +102,7 @@ void RateMapOurs(benchmark::State& state) {
     benchmark::DoNotOptimize(RateMap(CountSpikes(r.Tracked, samples, occupancy).Counts, occupancy));
   }
 }
-BENCHMARK(RateMapOurs)->Name("rate map/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(RateMapOurs)->Name("100 000 spikes: rate map/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 double UnderKernel(const Map& map, int row, int column) {
   double sum = 0;
@@ -138,7 +138,7 @@ void RateMapNaive(benchmark::State& state) {
     benchmark::DoNotOptimize(rate);
   }
 }
-BENCHMARK(RateMapNaive)->Name("rate map/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(RateMapNaive)->Name("100 000 spikes: rate map/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 // --- spatial autocorrelation
 
@@ -195,7 +195,7 @@ void TrainOurs(benchmark::State& state) {
   WorkPace pace(world);
   for (auto _ : state) benchmark::DoNotOptimize(AutocorrelationOf(r.Spikes, pace));
 }
-BENCHMARK(TrainOurs)->Name("train autocorrelation/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(TrainOurs)->Name("100 000 spikes: train autocorrelation/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 /// All pairs.
 void TrainNaive(benchmark::State& state) {
@@ -212,13 +212,16 @@ void TrainNaive(benchmark::State& state) {
     benchmark::DoNotOptimize(far);
   }
 }
-BENCHMARK(TrainNaive)->Name("train autocorrelation/naive")->Unit(benchmark::kMillisecond)->Iterations(1);
+BENCHMARK(TrainNaive)
+    ->Name("100 000 spikes: train autocorrelation/naive")
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(1);
 
 void IntervalsOurs(benchmark::State& state) {
   const Recorded& r = Given();
   for (auto _ : state) benchmark::DoNotOptimize(LogIntervalsOf(r.Spikes));
 }
-BENCHMARK(IntervalsOurs)->Name("log intervals/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(IntervalsOurs)->Name("100 000 spikes: log intervals/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 /// A logarithm for every interval.
 void IntervalsNaive(benchmark::State& state) {
@@ -232,7 +235,7 @@ void IntervalsNaive(benchmark::State& state) {
     benchmark::DoNotOptimize(counts);
   }
 }
-BENCHMARK(IntervalsNaive)->Name("log intervals/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(IntervalsNaive)->Name("100 000 spikes: log intervals/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 // --- direction
 
@@ -241,7 +244,7 @@ void DirectionOurs(benchmark::State& state) {
   for (auto _ : state)
     benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, SamplesOfSpikes(r.Tracked, r.Spikes)));
 }
-BENCHMARK(DirectionOurs)->Name("direction tuning/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(DirectionOurs)->Name("100 000 spikes: direction tuning/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 /// A search for every spike.
 void DirectionNaive(benchmark::State& state) {
@@ -255,7 +258,7 @@ void DirectionNaive(benchmark::State& state) {
     benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, samples));
   }
 }
-BENCHMARK(DirectionNaive)->Name("direction tuning/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+BENCHMARK(DirectionNaive)->Name("100 000 spikes: direction tuning/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 // --- from files to files
 
@@ -274,22 +277,25 @@ const bool registered = [] {
         ->Iterations(5);
   };
   using Text = const std::string&;
-  add("rate map, from files to file/ours", [](World& world, Text cluster, Text time, Text positions, Text out) {
-    ComputeRateMap(world, cluster, time, positions, out + ".rmap");
-  });
-  add("rate map and its autocorrelation, from files to file/ours",
+  add("100 000 spikes: rate map, from files to file/ours",
+      [](World& world, Text cluster, Text time, Text positions, Text out) {
+        ComputeRateMap(world, cluster, time, positions, out + ".rmap");
+      });
+  add("100 000 spikes: rate map and its autocorrelation, from files to file/ours",
       [](World& world, Text cluster, Text time, Text positions, Text out) {
         ComputeRateMap(world, cluster, time, positions, out + ".rmap");
         ComputeSpatialAutoCorr(world, out + ".rmap");
       });
-  add("train autocorrelation, from files to file/ours", [](World& world, Text cluster, Text time, Text, Text out) {
-    ComputeAutoCorr(world, cluster, time, out + ".acorr");
-  });
-  add("log intervals, from files to file/ours",
+  add("100 000 spikes: train autocorrelation, from files to file/ours",
+      [](World& world, Text cluster, Text time, Text, Text out) {
+        ComputeAutoCorr(world, cluster, time, out + ".acorr");
+      });
+  add("100 000 spikes: log intervals, from files to file/ours",
       [](World& world, Text cluster, Text time, Text, Text out) { ComputeLogISI(world, cluster, time, out + ".isi"); });
-  add("direction tuning, from files to file/ours", [](World& world, Text cluster, Text time, Text positions, Text) {
-    ComputeDirection(world, time, positions, cluster);
-  });
+  add("100 000 spikes: direction tuning, from files to file/ours",
+      [](World& world, Text cluster, Text time, Text positions, Text) {
+        ComputeDirection(world, time, positions, cluster);
+      });
   return true;
 }();
 

@@ -19,6 +19,7 @@ class ChoosingDialogs : public Dialogs {
     return QString::fromStdString(RecordingFolder()) + "/TT1.Ntt.parms";
   }
   QString SaveFile(QWidget*, const FileDialogOptions&) override { return {}; }
+  int Print(QWidget*, QPrinter&) override { return 0; }
   bool Confirm(QWidget*, const QString&) override { return true; }
 };
 

@@ -112,12 +112,12 @@ void ShowHeadDirection(Components& components) {
 
 [[maybe_unused]] const bool added = [] {
   const std::pair<const char*, void (*)(Components&)> commands[] = {
-      {"rate map, 100,000 spikes, to its window/ours", ShowRate},
-      {"occupancy map to its window/ours", ShowOccupancy},
-      {"spatial autocorrelation to its window/ours", ShowSpatialAutoCorr},
-      {"train autocorrelation to its window/ours", ShowAutoCorr},
-      {"log ISI to its window/ours", ShowLogISI},
-      {"head direction to its window/ours", ShowHeadDirection},
+      {"100 000 spikes: rate map to its window/ours", ShowRate},
+      {"100 000 spikes: occupancy map to its window/ours", ShowOccupancy},
+      {"100 000 spikes: spatial autocorrelation to its window/ours", ShowSpatialAutoCorr},
+      {"100 000 spikes: train autocorrelation to its window/ours", ShowAutoCorr},
+      {"100 000 spikes: log ISI to its window/ours", ShowLogISI},
+      {"100 000 spikes: head direction to its window/ours", ShowHeadDirection},
   };
   for (const auto& [name, command] : commands)
     benchmark::RegisterBenchmark(name, ToWindow, command)

@@ -104,12 +104,12 @@ void OverlayFloor(benchmark::State& state, int recorded) {
   }                                                 \
   BENCHMARK(variant##recorded)->Name(name)->Unit(benchmark::kMillisecond)->MinTime(0.5)
 
-OVERLAY(OverlayOurs, 32, "overlay waveforms of 32 channels/ours");
-OVERLAY(OverlayNaive, 32, "overlay waveforms of 32 channels/naive");
-OVERLAY(OverlayFloor, 32, "overlay waveforms of 32 channels/floor");
-OVERLAY(OverlayOurs, 4, "overlay waveforms of 4 channels/ours");
-OVERLAY(OverlayNaive, 4, "overlay waveforms of 4 channels/naive");
-OVERLAY(OverlayFloor, 4, "overlay waveforms of 4 channels/floor");
+OVERLAY(OverlayOurs, 32, "overlay 10 000 waveforms of 32 channels/ours");
+OVERLAY(OverlayNaive, 32, "overlay 10 000 waveforms of 32 channels/naive");
+OVERLAY(OverlayFloor, 32, "overlay 10 000 waveforms of 32 channels/floor");
+OVERLAY(OverlayOurs, 4, "overlay 10 000 waveforms of 4 channels/ours");
+OVERLAY(OverlayNaive, 4, "overlay 10 000 waveforms of 4 channels/naive");
+OVERLAY(OverlayFloor, 4, "overlay 10 000 waveforms of 4 channels/floor");
 
 }  // namespace
 

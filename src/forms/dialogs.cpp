@@ -44,6 +44,7 @@ QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& optio
 
 QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& options) {
   QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
+  dialog.setObjectName("dlgSaveFile");
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);

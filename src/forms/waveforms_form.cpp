@@ -54,6 +54,7 @@ Waveforms::Waveforms(const Session& session, World& world, Dialogs& dialogs, QWi
   });
   connect(surface_, &PlotSurface::Pressed, this, [this](Qt::MouseButton button, Vertex at) {
     if (button != Qt::LeftButton) return;
+    // The surface draws Shape1, the rectangle of the drag.
     zoomAnchor_ = at;
     surface_->SetZoomAnchor(at);
   });
