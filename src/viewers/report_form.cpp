@@ -89,6 +89,8 @@ ReportForm::ReportForm(World& world, Dialogs& dialogs, QWidget* parent)
   setWindowTitle("Analysis Report Sheet");
   LayOut();
   MakeMenu();
+  const QSize room = screen()->availableGeometry().size() - QSize(20, 60);
+  resize(QSize(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4).boundedTo(room));
   connect(&Timer1_, &QTimer::timeout, this, &ReportForm::Timer1_Timer);
   Timer1_.start(kSecond);
   Timer1_Timer();
@@ -139,8 +141,6 @@ void ReportForm::LayOut() {
   scroll->setWidget(sheet_);
   scroll->setAlignment(Qt::AlignCenter);
   setCentralWidget(scroll);
-  const QSize room = screen()->availableGeometry().size() - QSize(20, 60);
-  resize(QSize(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4).boundedTo(room));
 }
 
 QCustomPlot* ReportForm::AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row,
