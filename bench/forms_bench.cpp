@@ -3,9 +3,9 @@
 #include <QtWidgets>
 
 #include "clusters/classify.h"
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
+#include "controls/theme.h"
 #include "forms/main_form.h"
-#include "forms/theme.h"
 #include "support.h"
 
 namespace pallomir::bench {

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "controls/theme.h"
 #include "files/platform.h"
-#include "forms/theme.h"
 #include "support.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <random>
 
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "support.h"
 
 namespace pallomir::bench {

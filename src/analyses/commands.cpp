@@ -35,6 +35,18 @@ void End(Session& session, const AnalysisTools& tools, const char* line) {
   tools.Outside.AppendMessage(line);
 }
 
+using PlotOperation = void (TrainPlot::*)(const std::string&, const std::string&, const std::string&,
+                                          const std::string&, const std::string&);
+
+void PlotTrain(Session& session, const AnalysisTools& tools, PlotOperation plot, const char* file, const char* done) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const auto component = tools.Parts.MakeTrainPlot();
+  ((*component).*plot)(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), session.DataDirectory + file,
+                       "Single", Title(session));
+  End(session, tools, done);
+}
+
 }  // namespace
 
 void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
@@ -70,19 +82,11 @@ void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std
 }
 
 void ShowAutoCorr(Session& session, const AnalysisTools& tools) {
-  RequireCluster(session);
-  WriteTemporaryFiles(session, tools);
-  tools.Parts.MakeTrainPlot()->PlotAutoCorr(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
-                                            session.DataDirectory + "\\tmp.acorr", "Single", Title(session));
-  End(session, tools, "Done Autocorr");
+  PlotTrain(session, tools, &TrainPlot::PlotAutoCorr, "\\tmp.acorr", "Done Autocorr");
 }
 
 void ShowLogISI(Session& session, const AnalysisTools& tools) {
-  RequireCluster(session);
-  WriteTemporaryFiles(session, tools);
-  tools.Parts.MakeTrainPlot()->PlotLogISI(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
-                                          session.DataDirectory + "\\tmp.isi", "Single", Title(session));
-  End(session, tools, "Done LogISI");
+  PlotTrain(session, tools, &TrainPlot::PlotLogISI, "\\tmp.isi", "Done LogISI");
 }
 
 void ShowDirection(Session& session, const AnalysisTools& tools, const std::string& positionName) {

@@ -59,7 +59,8 @@ void AddPlaces(Report& report, const std::string& centerFile) {
     report.Centre = {centre->X, centre->Y};
     report.CentreGiven = true;
   });
-  report.Places = PlacesOfSpikes(report.Spikes.Time, report.Path.Time, report.Path.X, report.Path.Y, report.Centre);
+  report.Places =
+      PlacesOfSpikes(SamplesOfSpikes(report.Path, report.Spikes.Time), report.Path.X, report.Path.Y, report.Centre);
 }
 
 void AddRemarks(Report& report) {

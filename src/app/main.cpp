@@ -1,8 +1,8 @@
 #include <QApplication>
 
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
+#include "controls/theme.h"
 #include "forms/main_form.h"
-#include "forms/theme.h"
 #include "session/session.h"
 
 int main(int argumentCount, char** arguments) {

@@ -6,12 +6,12 @@
 #include <cstdio>
 
 #include "clusters/classify.h"
+#include "controls/dialogs.h"
+#include "controls/theme.h"
 #include "files/bytes.h"
 #include "files/file_reader.h"
 #include "files/platform.h"
-#include "forms/dialogs.h"
 #include "forms/main_form.h"
-#include "forms/theme.h"
 #include "projection/view.h"
 
 namespace pallomir {

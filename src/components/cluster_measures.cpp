@@ -2,7 +2,7 @@
 
 #include "components/isolation_features.h"
 #include "components/stamp_matcher.h"
-#include "components/work_pace.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

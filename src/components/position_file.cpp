@@ -6,10 +6,10 @@
 
 #include "components/position_text.h"
 #include "components/position_video.h"
-#include "components/work_pace.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/text_header.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

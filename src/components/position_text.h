@@ -1,8 +1,8 @@
 #pragma once
 
 #include "components/position_file.h"
-#include "components/work_pace.h"
 #include "files/file_reader.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

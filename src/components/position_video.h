@@ -5,8 +5,8 @@
 #include <string_view>
 
 #include "components/position_file.h"
-#include "components/work_pace.h"
 #include "files/file_reader.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

@@ -7,12 +7,12 @@
 #include <numbers>
 #include <string>
 
-#include "components/work_pace.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/text_header.h"
 #include "files/text_lines.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
@@ -147,15 +147,12 @@ TrackedPoint MiddleOfTrackedArea(std::span<const double> x, std::span<const doub
   return {middle(x), middle(y)};
 }
 
-PlaceSeries PlacesOfSpikes(std::span<const int64_t> spikes, std::span<const int64_t> times, std::span<const double> x,
-                           std::span<const double> y, const TrackedPoint& centre, int64_t longest) {
+PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
+                           const TrackedPoint& centre) {
   PlaceSeries series;
-  for (const int64_t spike : spikes) {
-    const auto after = std::upper_bound(times.begin(), times.end(), spike);
-    const bool known = after != times.begin() && spike - *(after - 1) <= longest;
-    const auto sample = known ? static_cast<size_t>(after - times.begin()) - 1 : 0;
-    series.X.push_back(known ? x[sample] : kUnknown);
-    series.Y.push_back(known ? y[sample] : kUnknown);
+  for (const int64_t sample : samples) {
+    series.X.push_back(sample < 0 ? kUnknown : x[sample]);
+    series.Y.push_back(sample < 0 ? kUnknown : y[sample]);
     series.Angle.push_back(AngleAbout(centre, series.X.back(), series.Y.back()));
   }
   return series;

@@ -47,9 +47,8 @@ struct PlaceSeries {
   std::vector<double> Angle;  ///< about the centre, see AngleAbout
 };
 
-/// Takes, for each spike of `spikes`, the last tracked sample at or before it that is at most `longest` microseconds
-/// old. `times` are those of the samples at (x, y), in order; spikes and times in microseconds.
-PlaceSeries PlacesOfSpikes(std::span<const int64_t> spikes, std::span<const int64_t> times, std::span<const double> x,
-                           std::span<const double> y, const TrackedPoint& centre, int64_t longest = 100'000);
+/// `samples` names the sample of each spike, or is -1; (x, y) are the samples' places.
+PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
+                           const TrackedPoint& centre);
 
 }  // namespace pallomir

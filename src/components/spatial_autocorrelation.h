@@ -1,7 +1,7 @@
 #pragma once
 
 #include "components/grid_map.h"
-#include "components/work_pace.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

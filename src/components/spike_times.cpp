@@ -5,7 +5,6 @@
 #include <string>
 
 #include "components/position_file.h"
-#include "components/work_pace.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/number_text.h"
@@ -13,6 +12,7 @@
 #include "files/text_header.h"
 #include "files/text_items.h"
 #include "files/text_lines.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

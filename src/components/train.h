@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "components/work_pace.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 

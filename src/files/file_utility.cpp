@@ -41,15 +41,6 @@ long GetHeaderLength(std::string_view path) {
   }
 }
 
-void DeleteFile(std::string_view path) {
-  std::error_code error;
-  const auto native = PlatformPath(path);
-  if (std::filesystem::is_directory(native, error))
-    throw CommandError(std::string(path) + " is a folder; it was not deleted.");
-  std::filesystem::remove(native, error);
-  if (error) throw CommandError(std::string(path) + " cannot be deleted (" + error.message() + ").");
-}
-
 void RenameFile(std::string_view from, std::string_view to) {
   std::error_code error;
   std::filesystem::rename(PlatformPath(from), PlatformPath(to), error);

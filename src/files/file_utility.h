@@ -23,9 +23,6 @@ uint64_t FileLength(std::string_view path);
 /// file cannot be used.
 long GetHeaderLength(std::string_view path);
 
-/// Removes a file. One that is not there is no fault; throws CommandError when it cannot be removed.
-void DeleteFile(std::string_view path);
-
 /// Gives a file another name, and takes the place of the file, if any, that had it: at every moment one of the two
 /// stands under the new name. Throws CommandError when that fails; both are then as they were.
 void RenameFile(std::string_view from, std::string_view to);

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "forms/controls.h"
+#include "controls/controls.h"
 #include "session/session.h"
 
 namespace pallomir {

@@ -1,7 +1,7 @@
 #include "forms/choose_cluster_form.h"
 
+#include "controls/controls.h"
 #include "forms/cluster_panel.h"
-#include "forms/controls.h"
 
 namespace pallomir {
 

@@ -2,11 +2,11 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
+#include "controls/run_command.h"
 #include "files/error.h"
 #include "forms/cluster_label.h"
 #include "forms/cluster_panel.h"
-#include "forms/controls.h"
-#include "forms/run_command.h"
 #include "notes/cluster_notes.h"
 
 namespace pallomir {

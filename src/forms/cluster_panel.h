@@ -2,8 +2,8 @@
 
 #include <array>
 
+#include "controls/controls.h"
 #include "forms/cluster_label.h"
-#include "forms/controls.h"
 #include "session/session.h"
 
 namespace pallomir {

@@ -1,6 +1,6 @@
 #include "forms/epoch_rows.h"
 
-#include "forms/controls.h"
+#include "controls/controls.h"
 
 namespace pallomir {
 

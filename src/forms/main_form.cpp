@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "controls/run_command.h"
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
@@ -13,7 +14,6 @@
 #include "forms/files_panel.h"
 #include "forms/load_multiple_epochs_form.h"
 #include "forms/range_panel.h"
-#include "forms/run_command.h"
 #include "projection/colours.h"
 #include "session/point_reader.h"
 #include "session/start_up.h"

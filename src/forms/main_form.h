@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "clusters/axis_scaling.h"
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "forms/projections.h"
 #include "session/defaults_file.h"
 #include "session/session.h"

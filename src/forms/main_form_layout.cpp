@@ -1,7 +1,7 @@
+#include "controls/controls.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/cluster_panel.h"
-#include "forms/controls.h"
 #include "forms/display_panel.h"
 #include "forms/edit_panel.h"
 #include "forms/files_panel.h"

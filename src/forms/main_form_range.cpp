@@ -2,9 +2,9 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
 #include "files/error.h"
 #include "files/number_text.h"
-#include "forms/controls.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
 #include "timesel/load_points.h"

@@ -3,12 +3,12 @@
 #include <QtWidgets>
 #include <cmath>
 
+#include "controls/controls.h"
 #include "files/number_text.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/cl_note_form.h"
 #include "forms/cluster_panel.h"
-#include "forms/controls.h"
 #include "forms/display_panel.h"
 #include "forms/load_multiple_epochs_form.h"
 #include "forms/main_form.h"

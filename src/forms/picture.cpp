@@ -2,7 +2,6 @@
 
 #include <QtGui>
 
-#include "files/save_file.h"
 #include "forms/cluster_panel.h"
 #include "projection/draw_points.h"
 
@@ -83,15 +82,6 @@ QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette
   QImage image(traces.Width(), traces.Height(), QImage::Format_RGB32);
   traces.Paint(palette, reinterpret_cast<uint32_t*>(image.bits()), static_cast<size_t>(image.bytesPerLine() / 4));
   return image;
-}
-
-void SaveImage(const QImage& image, std::string_view path) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  image.save(&buffer, "PNG");
-  SaveFile file(path);
-  file.Write({bytes.data(), static_cast<size_t>(bytes.size())});
-  file.Commit();
 }
 
 void DrawAxes(QImage& picture, const Session& session, const View& view) {

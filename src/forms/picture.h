@@ -2,7 +2,6 @@
 
 #include <QImage>
 #include <span>
-#include <string_view>
 
 #include "projection/raster.h"
 #include "projection/view.h"
@@ -22,9 +21,6 @@ QImage PointsAlone(const Raster& raster, QColor colour);
 
 /// The traces, palette[code] for each pixel's code.
 QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette);
-
-/// Writes a PNG picture, all or nothing. Throws CommandError when it cannot be written.
-void SaveImage(const QImage& image, std::string_view path);
 
 /// Draws ticks, numbers and the parameters' names along the left and lower edge.
 void DrawAxes(QImage& picture, const Session& session, const View& view);

@@ -5,11 +5,11 @@
 #include <random>
 
 #include "clusters/classify.h"
+#include "controls/run_command.h"
 #include "files/error.h"
 #include "files/number_text.h"
 #include "forms/cluster_panel.h"
 #include "forms/picture.h"
-#include "forms/run_command.h"
 
 namespace pallomir {
 

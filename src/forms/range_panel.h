@@ -1,6 +1,6 @@
 #pragma once
 
-#include "forms/controls.h"
+#include "controls/controls.h"
 
 namespace pallomir {
 

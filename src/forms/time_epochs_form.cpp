@@ -2,9 +2,9 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
+#include "controls/run_command.h"
 #include "files/error.h"
-#include "forms/controls.h"
-#include "forms/run_command.h"
 #include "timesel/events_file.h"
 
 namespace pallomir {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "forms/epoch_rows.h"
 #include "session/world.h"
 #include "timesel/epochs.h"

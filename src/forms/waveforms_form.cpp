@@ -2,13 +2,14 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
+#include "controls/run_command.h"
+#include "controls/save_image.h"
 #include "files/error.h"
 #include "files/number_text.h"
 #include "forms/cluster_panel.h"
-#include "forms/controls.h"
 #include "forms/picture.h"
 #include "forms/plot_surface.h"
-#include "forms/run_command.h"
 #include "projection/draw_points.h"
 #include "waveforms/waveform_view.h"
 

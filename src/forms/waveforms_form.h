@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "session/session.h"
 #include "session/world.h"
 #include "waveforms/spike_stepping.h"

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "components/components.h"
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "session/world.h"
 
 class QWidget;

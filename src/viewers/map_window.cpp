@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "forms/controls.h"
+#include "controls/controls.h"
 #include "viewers/figures.h"
 #include "viewers/map_cells.h"
 

@@ -6,11 +6,11 @@
 #include <QPrinter>
 #include <QtWidgets>
 
+#include "controls/controls.h"
+#include "controls/run_command.h"
+#include "controls/save_image.h"
 #include "files/error.h"
 #include "files/save_file.h"
-#include "forms/controls.h"
-#include "forms/picture.h"
-#include "forms/run_command.h"
 #include "viewers/figures.h"
 #include "viewers/report_plots.h"
 

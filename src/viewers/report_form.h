@@ -5,7 +5,7 @@
 #include <array>
 
 #include "analyses/report.h"
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 
 class QCPPainter;
 class QCustomPlot;

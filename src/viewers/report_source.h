@@ -1,7 +1,7 @@
 #pragma once
 
 #include "components/components.h"
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "session/world.h"
 
 class QWidget;

@@ -2,11 +2,11 @@
 
 #include <cmath>
 
+#include "controls/controls.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/platform.h"
 #include "files/save_file.h"
-#include "forms/controls.h"
 #include "viewers/save_picture.h"
 
 namespace pallomir {

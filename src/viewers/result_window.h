@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 #include "viewers/plot_style.h"
 
 namespace pallomir {

@@ -69,22 +69,13 @@ TEST(ReportSeries, AnglesGrowCounterClockwiseOnTheVideoPicture) {
   EXPECT_TRUE(std::isnan(AngleAbout(centre, NAN, 50)));
 }
 
-TEST(ReportSeries, PlacesAreThoseOfTheSampleThatHolds) {
-  const std::vector<int64_t> times{1000, 2000, 2000, 300'000}, spikes{999, 1000, 1999, 2000, 102'000, 102'001, 300'001};
-  const std::vector<double> x{1, 2, 3, NAN}, y{10, 20, 30, NAN};
-  const PlaceSeries series = PlacesOfSpikes(spikes, times, x, y, {0, 0});
-  const std::vector<double> expected{NAN, 1, 1, 3, 3, NAN, NAN};
-  for (size_t i = 0; i < spikes.size(); ++i) {
-    EXPECT_EQ(std::isnan(series.X[i]), std::isnan(expected[i])) << i;
-    EXPECT_EQ(std::isnan(series.Angle[i]), std::isnan(expected[i])) << i;
-    if (std::isnan(expected[i])) continue;
-    EXPECT_EQ(series.X[i], expected[i]);
-    EXPECT_EQ(series.Y[i], 10 * expected[i]);
-  }
-  const TrackedPoint middle = MiddleOfTrackedArea(x, y);
-  EXPECT_EQ(middle.X, 2);
-  EXPECT_EQ(middle.Y, 20);
-  EXPECT_TRUE(std::isnan(MiddleOfTrackedArea({}, {}).X));
+TEST(ReportSeries, PlacesAreThoseOfTheSamples) {
+  const std::vector<double> x{1, 2, NAN}, y{-1, 0, NAN};
+  const PlaceSeries series = PlacesOfSpikes(std::vector<int64_t>{1, -1, 0, 2}, x, y, {0, 0});
+  EXPECT_EQ(series.X[0], 2);
+  EXPECT_EQ(series.Y[2], -1);
+  EXPECT_DOUBLE_EQ(series.Angle[2], 45);
+  for (const size_t unknown : {1U, 3U}) EXPECT_TRUE(std::isnan(series.X[unknown]) && std::isnan(series.Angle[unknown]));
 }
 
 }  // namespace

@@ -4,9 +4,9 @@
 #include <QtTest>
 #include <QtWidgets>
 
+#include "controls/dialogs.h"
 #include "files/bytes.h"
 #include "files/parameter_header.h"
-#include "forms/dialogs.h"
 #include "forms/main_form.h"
 #include "projection/view.h"
 #include "session/session.h"

@@ -1,4 +1,4 @@
-#include "components/work_pace.h"
+#include "session/work_pace.h"
 
 #include <algorithm>
 

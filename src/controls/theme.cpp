@@ -1,4 +1,4 @@
-#include "forms/theme.h"
+#include "controls/theme.h"
 
 #include <QtWidgets>
 

@@ -1,4 +1,4 @@
-#include "forms/dialogs.h"
+#include "controls/dialogs.h"
 
 #include <QPrintDialog>
 #include <QPrinter>
@@ -48,6 +48,11 @@ QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& optio
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);
+  // A name without an ending takes that of the kind that is chosen.
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+    const QString ending = filter.section("(*.", 1, 1).section(')', 0, 0);
+    if (!ending.isEmpty()) dialog.setDefaultSuffix(ending);
+  });
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 

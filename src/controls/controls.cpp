@@ -1,4 +1,4 @@
-#include "forms/controls.h"
+#include "controls/controls.h"
 
 #include "files/number_text.h"
 

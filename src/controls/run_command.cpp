@@ -1,4 +1,4 @@
-#include "forms/run_command.h"
+#include "controls/run_command.h"
 
 #include <new>
 
