@@ -1,7 +1,10 @@
 #include "files/platform.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <fstream>
 #include <new>
+#include <string>
 
 #ifdef _WIN32
 #define NOMINMAX
@@ -79,6 +82,16 @@ uint64_t PeakMemory() {
   return static_cast<uint64_t>(usage.ru_maxrss) * 1024;
 #endif
 #endif
+}
+
+uint64_t FreeMemory() {
+#ifdef __linux__
+  std::ifstream file("/proc/meminfo");
+  uint64_t kilobytes = 0;
+  for (std::string name, unit; file >> name >> kilobytes && std::getline(file, unit);)
+    if (name == "MemAvailable:") return kilobytes * 1024;
+#endif
+  return UINT64_MAX;
 }
 
 #ifdef _WIN32

@@ -51,6 +51,10 @@ std::FILE* OpenFile(const std::filesystem::path& path, const char* mode);
 /// The most memory that the program has had in use, in bytes; 0 where the system does not tell.
 uint64_t PeakMemory();
 
+/// Memory that can still be taken, in bytes, where the system promises more than it has (it then ends the program that
+/// uses it); the largest number where it keeps its promises or does not tell.
+uint64_t FreeMemory();
+
 /// Zeroed memory for tables of hundreds of megabytes, in large pages where the system has them (first touching 0.5 GB
 /// takes 30 ms so, 130 ms in small pages). Throws std::bad_alloc when there is not enough.
 struct LargeMemoryDeleter {

@@ -1,7 +1,6 @@
 #include "output/cluster_files.h"
 
 #include <algorithm>
-#include <chrono>
 #include <memory>
 #include <vector>
 
@@ -12,37 +11,14 @@
 #include "files/text_header.h"
 #include "output/assignment.h"
 #include "output/spike_lines.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
 namespace {
 
-constexpr int kProgressMaximum = 32767;
-/// How much of the progress is shown once all lines are written; the rest is for seeing them to the disk.
-constexpr int kProgressWritten = 28000;
-constexpr auto kPumpInterval = std::chrono::milliseconds(20);
-
-/// Shows how far the writing is, ends it when the user wants so, and hides the bar however it ends.
-class Progress {
- public:
-  explicit Progress(World& world) : world_(world) { world_.ShowProgress(0); }
-  ~Progress() { world_.HideProgress(); }
-  Progress(const Progress&) = delete;
-  Progress& operator=(const Progress&) = delete;
-
-  void Reached(int value) {
-    if (value - shown_ >= kProgressMaximum / 100) world_.ShowProgress(shown_ = value);
-    const auto now = std::chrono::steady_clock::now();
-    if (now - pumped_ < kPumpInterval) return;
-    pumped_ = now;
-    if (!world_.PumpEvents()) throw Interrupted();
-  }
-
- private:
-  World& world_;
-  int shown_ = 0;
-  std::chrono::steady_clock::time_point pumped_ = std::chrono::steady_clock::now();
-};
+/// How much of the work is done once all lines are written; the rest is seeing them to the disk.
+constexpr double kShareWritten = 0.85;
 
 /// A file of lines that is being written beside the one it will replace.
 class LineFile {
@@ -117,13 +93,13 @@ std::string BeginningFor(const ClusterFileTexts& texts) {
          DoubleText(TimeFrom(texts.EndTime, "end")) + "\r\n";
 }
 
-/// Calls put(i) for every point, with progress.
+/// Calls put(i) for every point.
 template <class Put>
-void ForEveryPoint(size_t rows, Progress& progress, Put put) {
+void ForEveryPoint(size_t rows, WorkPace& pace, Put put) {
   constexpr size_t kBlock = 1024;
   for (size_t i = 0; i < rows;) {
     for (const size_t end = std::min(rows, i + kBlock); i < end; ++i) put(i);
-    progress.Reached(static_cast<int>(i * kProgressWritten / rows));
+    pace.Reached(kShareWritten * static_cast<double>(i) / static_cast<double>(rows));
   }
 }
 
@@ -133,8 +109,8 @@ void WriteTemporaryFiles(const Session& session, World& world, const std::string
   LineFile times(TemporaryTimeFilePath(session), TextHeader("TFile"));
   const SpikeLines lines(session.Points);
   {
-    Progress progress(world);
-    ForEveryPoint(session.Points.Rows(), progress, [&](size_t i) {
+    WorkPace pace(world);
+    ForEveryPoint(session.Points.Rows(), pace, [&](size_t i) {
       if (cluster[i] != session.CurrentCluster) return;
       spikes.Added(lines.PutSpike(spikes.Room(), i));
       times.Added(lines.PutStamp(times.Room(), i));
@@ -166,14 +142,14 @@ void WriteBeside(const Session& session, World& world, const std::string& name, 
       files[c] = std::make_unique<LineFile>(
           c == 0 ? UnclassifiedFilePath(session, name) : ClusterFilePath(session, name, c), beginning);
   const SpikeLines lines(session.Points);
-  Progress progress(world);
-  ForEveryPoint(session.Points.Rows(), progress, [&](size_t i) {
+  WorkPace pace(world);
+  ForEveryPoint(session.Points.Rows(), pace, [&](size_t i) {
     LineFile* const file = files[cluster[i]].get();
     if (file) file->Added(lines.PutSpike(file->Room(), i));
   });
   for (int c = 0; c <= kClusters; ++c) {
     if (files[c]) files[c]->Finish();
-    progress.Reached(kProgressWritten + (kProgressMaximum - kProgressWritten) * c / kClusters);
+    pace.Reached(kShareWritten + (1 - kShareWritten) * c / kClusters);
   }
 }
 

@@ -14,6 +14,7 @@
 #include "files/file_utility.h"
 #include "files/number_text.h"
 #include "files/parameter_header.h"
+#include "files/platform.h"
 #include "files/text_items.h"
 #include "session/start_up.h"
 #include "session/transpose.h"
@@ -101,6 +102,10 @@ struct Findings {
 /// Rows that are read at a time: 261 kB, which are still in the second-level cache when they are spread.
 constexpr size_t kBlockRows = 30 * kTileRows;
 
+/// A load stops before it takes the last of the machine's memory, and looks that often, in blocks.
+constexpr uint64_t kMemoryLeft = 256'000'000;
+constexpr size_t kMemoryBlocks = 256;
+
 /// Reads `count` rows from row `row` on into the buffer, zeros behind them. Only the file's last row may be there in
 /// part; its missing bytes are counted.
 void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool last, std::vector<unsigned char>& buffer,
@@ -136,6 +141,7 @@ Findings ReadRows(FileReader& file, long header, int64_t first, PointTable& poin
   std::vector<unsigned char> buffer(kBlockRows * kRowBytes);
   for (size_t k = 0; k < rows; k += kBlockRows) {
     const size_t count = std::min(kBlockRows, rows - k);
+    if (k % (kMemoryBlocks * kBlockRows) == 0 && FreeMemory() < kMemoryLeft) throw std::bad_alloc();
     ReadBlock(file, header, first + k, count, k + count == rows, buffer, findings);
     SpreadBlock(buffer, count, k, points, findings);
     pacer.Reached(first + k + count);

@@ -10,7 +10,7 @@ namespace pallomir {
 /// hidden however the work ends.
 class WorkPace {
  public:
-  explicit WorkPace(World& world) : world_(world), begin_(Clock::now()), pumped_(begin_) {}
+  explicit WorkPace(World& world) : world_(world), begin_(Clock::now()) {}
   ~WorkPace();
   WorkPace(const WorkPace&) = delete;
   WorkPace& operator=(const WorkPace&) = delete;
@@ -23,7 +23,8 @@ class WorkPace {
   using Clock = std::chrono::steady_clock;
   World& world_;
   Clock::time_point begin_;
-  Clock::time_point pumped_;
+  /// The user is looked at right away: whatever was clicked before shows.
+  Clock::time_point pumped_{};
   bool shown_ = false;
 };
 

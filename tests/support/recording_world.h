@@ -22,7 +22,7 @@ class RecordingWorld : public World {
 
   /// The pump, counted from 1, at which the user asks for the work to stop; 0 for never.
   int InterruptAt = 0;
-  /// Work that asks for events only every so often finds that it is time after each step of its progress.
+  /// Work that asks for events only every so often finds that it is time after each step.
   bool Slow = false;
 
   void ShowMessage(std::string_view text, std::string_view title) override {
@@ -32,10 +32,18 @@ class RecordingWorld : public World {
   void ShowProgress(int value) override {
     Progress.push_back(value);
     ProgressVisible = true;
-    if (Slow) std::this_thread::sleep_for(std::chrono::milliseconds(30));
+    TakeTime();
   }
   void HideProgress() override { ProgressVisible = false; }
-  bool PumpEvents() override { return ++Pumps != InterruptAt; }
+  bool PumpEvents() override {
+    TakeTime();
+    return ++Pumps != InterruptAt;
+  }
+
+ private:
+  void TakeTime() const {
+    if (Slow) std::this_thread::sleep_for(std::chrono::milliseconds(30));
+  }
 };
 
 }  // namespace pallomir
