@@ -19,6 +19,13 @@ QString DialogFilter(const QString& filter) {
   return entries.join(";;");
 }
 
+/// Where the desktop has no file dialog of its own, the toolkit's is narrower than its columns.
+void MakeRoom(QFileDialog& dialog) {
+  dialog.resize(780, 460);
+  if (auto* files = dialog.findChild<QTreeView*>("treeView"))
+    files->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+}
+
 }  // namespace
 
 void DesktopDialogs::ShowMessage(QWidget* parent, const QString& text, const QString& title) {
@@ -31,6 +38,7 @@ void DesktopDialogs::ShowMessage(QWidget* parent, const QString& text, const QSt
 QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& options) {
   QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
   dialog.setObjectName("CommonDialog1");
+  MakeRoom(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(options.DefaultExtension);
   // Where there is only one file to choose, it is chosen already.
@@ -45,6 +53,7 @@ QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& optio
 QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& options) {
   QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
   dialog.setObjectName("dlgSaveFile");
+  MakeRoom(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);

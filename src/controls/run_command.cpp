@@ -6,9 +6,10 @@
 
 namespace pallomir {
 
-void RunCommand(World& world, const std::function<void()>& command) {
+bool RunCommand(World& world, const std::function<void()>& command) {
   try {
     command();
+    return true;
   } catch (const ProgramEnd&) {
     throw;
   } catch (const CommandError& error) {
@@ -16,6 +17,7 @@ void RunCommand(World& world, const std::function<void()>& command) {
   } catch (const std::bad_alloc&) {
     world.ShowMessage("There is not enough memory for this.", {});
   }
+  return false;
 }
 
 }  // namespace pallomir

@@ -6,8 +6,8 @@
 
 namespace pallomir {
 
-/// Runs a command of a form and shows the user what ended it, if anything did. What ends the program, and the user's
-/// own wish to stop, are the caller's.
-void RunCommand(World& world, const std::function<void()>& command);
+/// Runs a command of a form and shows the user what ended it, if anything did: false then. What ends the program, and
+/// the user's own wish to stop, are the caller's.
+bool RunCommand(World& world, const std::function<void()>& command);
 
 }  // namespace pallomir

@@ -17,12 +17,13 @@ struct Shades {
   const char* Pressed;
   const char* Accent;
   const char* AccentText;
+  const char* Arrow;
 };
 
-constexpr Shades kLight = {"#f3f4f7", "#ffffff", "#1b2230", "#5b6678", "#c5ccd8",
-                           "#ffffff", "#e8eef9", "#d5e0f5", "#2257c4", "#ffffff"};
-constexpr Shades kDark = {"#20242c", "#171a21", "#e8ebf1", "#a3adbd", "#454d5b",
-                          "#2b303a", "#363d4a", "#414a5b", "#82aaff", "#10141c"};
+constexpr Shades kLight = {"#f3f4f7", "#ffffff", "#1b2230", "#5b6678", "#c5ccd8",    "#ffffff",
+                           "#e8eef9", "#d5e0f5", "#2257c4", "#ffffff", "arrow-light"};
+constexpr Shades kDark = {"#20242c", "#171a21", "#e8ebf1", "#a3adbd", "#454d5b",   "#2b303a",
+                          "#363d4a", "#414a5b", "#82aaff", "#10141c", "arrow-dark"};
 
 QPalette PaletteOf(const Shades& shades) {
   QPalette palette;
@@ -44,7 +45,7 @@ QPalette PaletteOf(const Shades& shades) {
   return palette;
 }
 
-// %1 line, %2 hover, %3 pressed, %4 accent, %5 text on accent, %6 quiet text, %7 button, %8 base
+// %1 line, %2 hover, %3 pressed, %4 accent, %5 text on accent, %6 quiet text, %7 button, %8 base, %9 arrow
 constexpr const char* kSheet = R"(
 QPushButton { border: 1px solid %1; border-radius: 4px; padding: 3px 8px; background: %7; min-height: 17px; }
 QPushButton:hover { background: %2; }
@@ -57,7 +58,8 @@ QPushButton[primary="true"]:disabled { background: transparent; color: %6; borde
 QLineEdit, QComboBox { border: 1px solid %1; border-radius: 4px; padding: 2px 5px; background: %8; min-height: 18px; }
 QLineEdit:focus, QComboBox:focus { border: 2px solid %4; padding: 1px 4px; }
 QLineEdit:disabled, QLineEdit:read-only, QComboBox:disabled { background: transparent; color: %6; }
-QComboBox::drop-down { border: 0; width: 16px; }
+QComboBox::drop-down { border: 0; width: 18px; }
+QComboBox::down-arrow { image: url(:/icons/%9.svg); width: 11px; height: 11px; }
 QListWidget, QPlainTextEdit { border: 1px solid %1; border-radius: 4px; background: %8; }
 QListWidget:focus, QPlainTextEdit:focus { border: 1px solid %4; }
 QLabel[heading="true"] { font-weight: 600; }
@@ -83,7 +85,8 @@ void ApplyTheme(QApplication& application) {
   font.setPointSizeF(9);
   application.setFont(font);
   application.setStyleSheet(QString(kSheet).arg(shades.Line, shades.Hover, shades.Pressed, shades.Accent,
-                                                shades.AccentText, shades.Quiet, shades.Button, shades.Base));
+                                                shades.AccentText, shades.Quiet, shades.Button, shades.Base,
+                                                shades.Arrow));
 }
 
 }  // namespace pallomir

@@ -107,8 +107,9 @@ void Main_Form::Run(const std::function<void()>& handler) {
     return;
   }
   status_->clear();
+  advice_.clear();
   try {
-    RunCommand(*this, handler);
+    if (!RunCommand(*this, handler)) status_->setText(advice_.isEmpty() ? NextStep() : advice_);
   } catch (const ProgramEnd& end) {
     ShowMessage(end.what(), end.Title());
     SaveBeforeTheEnd();
@@ -116,6 +117,12 @@ void Main_Form::Run(const std::function<void()>& handler) {
   } catch (const Interrupted&) {
     status_->setText("Stopped; everything is as it was before.");
   }
+}
+
+QString Main_Form::NextStep() const {
+  if (!PointsLoaded(session_)) return "Load Points loads the range above; then a cluster is chosen by its number.";
+  if (session_.CurrentCluster == 0) return "Choose a cluster: click its number, or type it.";
+  return {};
 }
 
 void Main_Form::Work(const std::function<void()>& work) {

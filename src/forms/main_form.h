@@ -146,6 +146,8 @@ class Main_Form : public QMainWindow, public World {
   void Run(const std::function<void()>& handler);
   /// Runs what may take long: nothing else is let in meanwhile, Esc and closing the program stop it.
   void Work(const std::function<void()>& work);
+  /// What lacks before most commands can do something.
+  QString NextStep() const;
   bool ChooseParameterFile();
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
@@ -170,12 +172,16 @@ class Main_Form : public QMainWindow, public World {
   void ShowOverlapEnded();
   /// Runs an analysis with what it needs.
   void Analyse(const std::function<void(const AnalysisTools&)>& analysis);
+  /// Which file lacks for analyses, and whence it comes.
+  QString MissingFileAdvice() const;
   std::string PositionName() const;
   ClusterFileTexts ClusterTexts() const;
   /// A menu entry that sets a button's tag and runs it.
   static void RunTagged(QPushButton* button, const QString& tag);
   /// The next left click on the projection is the centre of the maze, or no longer is.
   void ArmCenter(bool armed);
+  /// Says which boundaries files there are, for who asked for another.
+  QString BoundariesAdvice() const;
   std::string ReadPath() const;
   void ShowRead(const std::function<bool()>& read);
   Defaults PresentDefaults() const;
@@ -206,6 +212,8 @@ class Main_Form : public QMainWindow, public World {
   QTimer* tmrDelayTimer_;
   float lastAutosave_ = 0;
   bool autosaveFailed_ = false;
+  /// What a command that ended early says to do next, in the status line.
+  QString advice_;
   /// Digits typed for a cluster number, and when the first one was.
   int typedCluster_ = 0;
   QElapsedTimer typedAt_;

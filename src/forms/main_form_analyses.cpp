@@ -4,6 +4,8 @@
 
 #include "analyses/center_file.h"
 #include "analyses/commands.h"
+#include "files/error.h"
+#include "files/file_utility.h"
 #include "forms/analyses_panel.h"
 #include "forms/cl_note_form.h"
 #include "forms/main_form.h"
@@ -40,7 +42,21 @@ void Main_Form::ConnectAnalyses() {
 
 void Main_Form::Analyse(const std::function<void(const AnalysisTools&)>& analysis) {
   const AnalysisTools tools = {*this, *components_, [this] { WriteClusterFiles(session_, *this, ClusterTexts()); }};
-  Work([&] { analysis(tools); });
+  try {
+    Work([&] { analysis(tools); });
+  } catch (const CommandError&) {
+    advice_ = MissingFileAdvice();
+    throw;
+  }
+}
+
+QString Main_Form::MissingFileAdvice() const {
+  if (!NextStep().isEmpty()) return {};
+  if (!FileUtility::FileExists(session_.DataDirectory + "\\..\\" + PositionName()))
+    return "\"Position file\" names a file of the folder above the data; pallomir-cli import makes it.";
+  if (!FileUtility::FileExists(SpikeFilePath(session_.File.Path)))
+    return "The report and average waveforms need the raw spike file beside the parameter file.";
+  return {};
 }
 
 std::string Main_Form::PositionName() const {

@@ -32,7 +32,7 @@ void Main_Form::ConnectEdit() {
 
 bool Main_Form::ClusterChosen() {
   if (session_.CurrentCluster != 0) return true;
-  status_->setText("Choose a cluster first.");
+  status_->setText(NextStep());
   return false;
 }
 
@@ -43,9 +43,10 @@ void Main_Form::AfterEdit() {
 }
 
 void Main_Form::cmdUndo_Click() {
+  const bool change = session_.Undo.Clusters != session_.Clusters;
   UndoLastChange(session_);
   AfterEdit();
-  status_->setText("Undone; Undo again leads back.");
+  status_->setText(change ? "Undone; Undo again leads back." : "There was nothing to undo.");
 }
 
 void Main_Form::cmdCopyCluster_Click() {
@@ -65,8 +66,12 @@ void Main_Form::cmdCopyCluster_Click() {
 
 void Main_Form::cmdDeleteCluster_Click() {
   if (!ClusterChosen()) return;
+  const int c = session_.CurrentCluster;
+  const bool empty = session_.Clusters[c].BoundaryCount == 0;
   DeleteCurrentCluster(session_);
   AfterEdit();
+  status_->setText(
+      QString(empty ? "Cluster %1 had no boundary." : "Cluster %1 was deleted. Undo brings it back.").arg(c));
 }
 
 void Main_Form::cmdDeleteAllClusters_Click() {
@@ -77,8 +82,12 @@ void Main_Form::cmdDeleteAllClusters_Click() {
 
 void Main_Form::cmdDeleteClusterBounds_Click() {
   if (!ClusterChosen()) return;
+  const int c = session_.CurrentCluster, before = session_.Clusters[c].BoundaryCount;
   DeleteClusterBounds(session_);
   AfterEdit();
+  status_->setText(session_.Clusters[c].BoundaryCount < before
+                       ? "The boundary was deleted. Undo brings it back."
+                       : QString("Cluster %1 has no boundary on this projection.").arg(c));
 }
 
 void Main_Form::cmdHideCL0_Click() {

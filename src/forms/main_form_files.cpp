@@ -55,16 +55,25 @@ void Main_Form::cmdWriteCBFile_Click() {
   WriteCBFile(session_, *this, BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString()));
 }
 
+QString Main_Form::BoundariesAdvice() const {
+  QStringList names = QDir().entryList({"cbfile.*.txt"}, QDir::Files);
+  for (QString& name : names) name.chop(4);
+  return names.isEmpty() ? "No boundaries file is here yet: Write CBFile makes one of your cut."
+                         : "Boundaries files here: " + names.join(", ");
+}
+
 void Main_Form::cmdReadCBFile_Click() {
   const std::string path = ReadPath();
   if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
   if (session_.FirstLoad) throw CommandError("Need to Load Points first");
+  advice_ = BoundariesAdvice();
   if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
   ShowRead([&] { return ReadCBFile(session_, path); });
 }
 
 void Main_Form::mnuReadSelectedClusters_Click() {
   if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
+  advice_ = BoundariesAdvice();
   if (!FileUtility::FileExists(ReadPath())) throw CommandError("CBFile does not exist", "ERROR");
   if (!chooseClusters_) {
     chooseClusters_ = new ChooseClusterForm(this);
@@ -157,6 +166,7 @@ void Main_Form::mnuWriteAxesScaleFile_Click() {
 }
 
 void Main_Form::mnuRestoreAxesScaleFromFile_Click() {
+  advice_ = "Exit, or a right click on Axis Scale, writes the axis scales.";
   ReadAxesScaleFile(session_);
   Redraw();
 }

@@ -23,6 +23,12 @@ void PlotSurface::SetPicture(QImage picture, const View& view) {
   update();
 }
 
+void PlotSurface::SetNotice(const QString& heading, const QStringList& lines) {
+  noticeHeading_ = heading;
+  noticeLines_ = lines;
+  update();
+}
+
 void PlotSurface::SetPolygon(std::vector<Vertex> vertices, QColor colour) {
   polygon_ = std::move(vertices);
   polygonColour_ = colour;
@@ -55,6 +61,7 @@ void PlotSurface::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (picture_.isNull()) {
     painter.fillRect(rect(), Qt::black);
+    PaintNotice(painter);
     return;
   }
   const QRectF whole(QPointF(), QSizeF(picture_.size()) / picture_.devicePixelRatio());
@@ -63,6 +70,23 @@ void PlotSurface::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   PaintPolygon(painter);
   PaintZoomRectangle(painter);
+}
+
+void PlotSurface::PaintNotice(QPainter& painter) const {
+  QFont heading = font();
+  heading.setPointSizeF(heading.pointSizeF() * 1.4);
+  const int lineHeight = fontMetrics().lineSpacing() + 6;
+  int widest = QFontMetrics(heading).horizontalAdvance(noticeHeading_);
+  for (const QString& line : noticeLines_) widest = std::max(widest, fontMetrics().horizontalAdvance(line));
+  const int left = std::max((width() - widest) / 2, 10);
+  int baseline = height() / 2 - lineHeight * static_cast<int>(noticeLines_.size()) / 2;
+  painter.setFont(heading);
+  painter.setPen(QColor("#e8ebf1"));
+  painter.drawText(left, baseline, noticeHeading_);
+  painter.setFont(font());
+  painter.setPen(QColor("#a3adbd"));
+  baseline += lineHeight / 2;
+  for (const QString& line : noticeLines_) painter.drawText(left, baseline += lineHeight, line);
 }
 
 void PlotSurface::PaintPolygon(QPainter& painter) const {

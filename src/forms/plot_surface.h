@@ -23,6 +23,9 @@ class PlotSurface : public QWidget {
 
   void SetPicture(QImage picture, const View& view);
 
+  /// What is read there while there is no picture: a heading, and lines below it.
+  void SetNotice(const QString& heading, const QStringList& lines);
+
   /// The polygon that is being drawn and its colour; empty for none. A line leads from its last vertex to the pointer.
   void SetPolygon(std::vector<Vertex> vertices, QColor colour);
 
@@ -51,10 +54,13 @@ class PlotSurface : public QWidget {
  private:
   Vertex ValueAt(QPointF position) const;
   QPointF PositionOf(Vertex vertex) const;
+  void PaintNotice(QPainter& painter) const;
   void PaintPolygon(QPainter& painter) const;
   void PaintZoomRectangle(QPainter& painter) const;
 
   QImage picture_;
+  QString noticeHeading_;
+  QStringList noticeLines_;
   QImage blink_;
   View view_;
   std::vector<Vertex> polygon_;

@@ -28,6 +28,10 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   surface_ = new PlotSurface(this);
   surface_->setObjectName("surface");
   surface_->setAccessibleName("Projection of the loaded points");
+  surface_->SetNotice(
+      "No points are loaded yet",
+      {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
+       "3.  Choose a cluster by its number, then click its corners here,", "     the last one with the right button."});
   message_ = new QLabel;
   message_->setObjectName("message");
   pointer_ = new QLabel;

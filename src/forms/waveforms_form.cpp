@@ -40,6 +40,8 @@ Waveforms::Waveforms(const Session& session, World& world, Dialogs& dialogs, QWi
   ConnectKeys();
   picture_.emplace(WholeWaveformView(surface_->DeviceSize().width(), surface_->DeviceSize().height()));
   SetCounter(kBeforeFirstSpike);
+  status_->setText(PointsLoaded(session_) ? "The arrow keys step through the spikes of the ticked clusters."
+                                          : "Load Points on the controls comes first.");
   const int chosen = session_.CurrentCluster;
   chkCluster_[chosen]->setChecked(true);
   connect(&showAll_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { ShowSome(); }); });
