@@ -17,13 +17,14 @@ struct Shades {
   const char* Pressed;
   const char* Accent;
   const char* AccentText;
-  const char* Arrow;
+  /// Which of the two icons of each kind.
+  const char* Icons;
 };
 
 constexpr Shades kLight = {"#f3f4f7", "#ffffff", "#1b2230", "#5b6678", "#c5ccd8",    "#ffffff",
-                           "#e8eef9", "#d5e0f5", "#2257c4", "#ffffff", "arrow-light"};
+                           "#e8eef9", "#d5e0f5", "#2257c4", "#ffffff", "light"};
 constexpr Shades kDark = {"#20242c", "#171a21", "#e8ebf1", "#a3adbd", "#454d5b",   "#2b303a",
-                          "#363d4a", "#414a5b", "#82aaff", "#10141c", "arrow-dark"};
+                          "#363d4a", "#414a5b", "#82aaff", "#10141c", "dark"};
 
 QPalette PaletteOf(const Shades& shades) {
   QPalette palette;
@@ -45,7 +46,7 @@ QPalette PaletteOf(const Shades& shades) {
   return palette;
 }
 
-// %1 line, %2 hover, %3 pressed, %4 accent, %5 text on accent, %6 quiet text, %7 button, %8 base, %9 arrow
+// %1 line, %2 hover, %3 pressed, %4 accent, %5 text on accent, %6 quiet text, %7 button, %8 base, %9 icons
 constexpr const char* kSheet = R"(
 QPushButton { border: 1px solid %1; border-radius: 4px; padding: 3px 8px; background: %7; min-height: 17px; }
 QPushButton:hover { background: %2; }
@@ -59,7 +60,16 @@ QLineEdit, QComboBox { border: 1px solid %1; border-radius: 4px; padding: 2px 5p
 QLineEdit:focus, QComboBox:focus { border: 2px solid %4; padding: 1px 4px; }
 QLineEdit:disabled, QLineEdit:read-only, QComboBox:disabled { background: transparent; color: %6; }
 QComboBox::drop-down { border: 0; width: 18px; }
-QComboBox::down-arrow { image: url(:/icons/%9.svg); width: 11px; height: 11px; }
+QComboBox::down-arrow { image: url(:/icons/arrow-%9.svg); width: 11px; height: 11px; }
+QCheckBox::indicator, QRadioButton::indicator { width: 12px; height: 12px; border: 1px solid %6; background: %8; }
+QCheckBox::indicator { border-radius: 3px; }
+QRadioButton::indicator { border-radius: 7px; }
+QCheckBox::indicator:hover, QRadioButton::indicator:hover { border-color: %4; }
+QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 2px solid %4; width: 10px; height: 10px; }
+QCheckBox::indicator:checked { background: %4; border-color: %4; image: url(:/icons/tick-%9.svg); }
+QRadioButton::indicator:checked { border-color: %4;
+  background: qradialgradient(cx: 0.5, cy: 0.5, radius: 0.5, fx: 0.5, fy: 0.5, stop: 0.5 %4, stop: 0.6 %8); }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled { border-color: %1; background: transparent; }
 QListWidget, QPlainTextEdit { border: 1px solid %1; border-radius: 4px; background: %8; }
 QListWidget:focus, QPlainTextEdit:focus { border: 1px solid %4; }
 QLabel[heading="true"] { font-weight: 600; }
@@ -86,7 +96,7 @@ void ApplyTheme(QApplication& application) {
   application.setFont(font);
   application.setStyleSheet(QString(kSheet).arg(shades.Line, shades.Hover, shades.Pressed, shades.Accent,
                                                 shades.AccentText, shades.Quiet, shades.Button, shades.Base,
-                                                shades.Arrow));
+                                                shades.Icons));
 }
 
 }  // namespace pallomir

@@ -10,7 +10,7 @@ QLabel { color: #b9c1ce; }
 QCheckBox::indicator { width: 12px; height: 12px; border: 1px solid #8d97a8; border-radius: 3px; background: #20242c; }
 QCheckBox::indicator:hover, QCheckBox:focus { border-color: #ffffff; }
 QCheckBox::indicator:focus { border: 2px solid #ffffff; }
-QCheckBox::indicator:checked { background: #82aaff; border-color: #ffffff; image: url(:/icons/tick.svg); }
+QCheckBox::indicator:checked { background: #82aaff; border-color: #ffffff; image: url(:/icons/tick-dark.svg); }
 )";
 
 QLabel* ColumnHeading(const QString& text, const QString& toolTip) {
