@@ -1,32 +1,33 @@
 // Does the program's main job on the real forms, as a user would with the mouse, and takes pictures of them:
 //   pallomir-tour DATA_FOLDER PICTURE_FOLDER
-// It is made for the sample recording, where the spike file tells which cell each spike came from.
+// It is made for the sample recording, where the spike file tells which cell each spike came from. It leaves every file
+// that Pallomir writes; those of the analyses are of one cell. The documents' examples and pictures are made of them.
 
-#include <QtWidgets>
-#include <cstdio>
-
+#include "app/tour_album.h"
+#include "app/tour_hands.h"
 #include "clusters/classify.h"
+#include "components/spike_file.h"
 #include "controls/dialogs.h"
 #include "controls/theme.h"
 #include "files/bytes.h"
-#include "files/file_reader.h"
-#include "files/platform.h"
 #include "forms/main_form.h"
 #include "projection/view.h"
+#include "session/world.h"
 
 namespace pallomir {
 
 namespace {
 
-/// Chooses the parameter file of a folder, and prints what a message box would say.
+/// Takes the file that a dialog names, or the folder's parameter file, and prints what a message box would say.
 class TourDialogs : public Dialogs {
  public:
   explicit TourDialogs(const QString& folder) : folder_(folder) {}
-  void ShowMessage(QWidget*, const QString& text, const QString& title) override {
-    std::printf("[%s] %s\n", qPrintable(title), qPrintable(text));
+  void ShowMessage(QWidget*, const QString& text, const QString&) override {
+    std::printf("Message: %s\n", qPrintable(text));
   }
-  QString OpenFile(QWidget*, const FileDialogOptions&) override {
-    const QStringList files = QDir(folder_).entryList({"*.Ntt.parms"}, QDir::Files);
+  QString OpenFile(QWidget*, const FileDialogOptions& options) override {
+    const QString name = options.FileName.isEmpty() ? QString("*.Ntt.parms") : options.FileName;
+    const QStringList files = QDir(folder_).entryList({name}, QDir::Files);
     return files.isEmpty() ? QString() : folder_ + "/" + files.first();
   }
   QString SaveFile(QWidget*, const FileDialogOptions& options) override { return folder_ + "/" + options.FileName; }
@@ -39,50 +40,33 @@ class TourDialogs : public Dialogs {
 
 class Tour {
  public:
-  Tour(const QString& dataFolder, const QString& pictureFolder) : dialogs_(dataFolder), pictures_(pictureFolder) {
-    QDir().mkpath(pictures_);
-  }
+  Tour(const QString& dataFolder, const QString& pictureFolder) : dialogs_(dataFolder), album_(pictureFolder) {}
 
   bool Run() {
     if (!form_.Form_Load()) return false;
     form_.show();
     // An offscreen display is smaller than a desk.
     form_.resize(574, 764);
-    projections()->resize(700, 764);
-    Press<QPushButton>("cmdLoadPoints");
+    Projection()->resize(700, 764);
+    TakePicture("start", "the controls and the empty projection");
+    Press(&form_, "cmdLoadPoints");
     if (!PointsLoaded(session_)) return false;
-    TakePicture("1-loaded");
-    Press<QAbstractButton>("lblNewCluster(1)");
-    // Round the interneuron of the sample, by its peaks on the first two wires ...
-    DrawPolygon({{2500, 4100}, {3400, 4000}, {4500, 5300}, {4600, 6900}, {3300, 6900}, {2300, 5300}});
-    TakePicture("2-first-boundary");
-    Report();
-    // ... and on the other two, where its neighbours there are far away.
-    ShowParameters(2, 3);
-    DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 11500}, {4100, 11500}, {2700, 8600}});
-    TakePicture("3-second-boundary");
-    Report();
-    CutCells();
-    ShowParameters(0, 1);
-    TakePicture("4-cut");
+    TakePicture("loaded", "all points of the recording");
+    DefineEpochs();
+    LoadSeveralEpochs();
+    Cut();
     MarkCentre();
-    Grade(kPlaceCell, "Pretty Good", "one field, south-west");
-    Press<QPushButton>("cmdWriteClustFile");
-    Analyse(kPlaceCell, "cmdRateMap", "5-rate-map");
-    Analyse(kPlaceCell, "cmdOccMap", "6-occupancy");
-    Analyse(kGridCell, "cmdRateMap", "7-grid-rate-map");
-    Analyse(kGridCell, "cmd2DAutoCorr", "8-grid-autocorrelation");
-    Analyse(kHeadDirectionCell, "cmdDirection", "9-direction");
-    Analyse(kPlaceCell, "cmdAutoCorr", "10-train-autocorrelation");
-    Analyse(kPlaceCell, "cmdLogISI", "11-log-isi");
-    Analyse(kPlaceCell, "cmdReport", "12-report");
-    ShowWaveforms("13-waveforms");
-    return PointsInCluster(session_, 1) > 0;
+    Grade();
+    if (!KeepCut()) return false;
+    LookAtCells();
+    Press(&form_, "cmdExit");
+    album_.Close();
+    return true;
   }
 
  private:
   // Clusters by what the sample's cells are.
-  static constexpr int kPlaceCell = 2, kGridCell = 3, kHeadDirectionCell = 4;
+  static constexpr int kInterneuron = 1, kPlaceCell = 2, kGridCell = 3, kHeadDirectionCell = 4;
 
   /// A cloud by its extent on the four wires.
   struct Cloud {
@@ -94,7 +78,57 @@ class Tour {
        {kGridCell, {{{2720, 4540}, {2550, 4340}, {5080, 7570}, {4250, 6470}}}},
        {kHeadDirectionCell, {{{5550, 8150}, {3390, 5380}, {7120, 10390}, {3720, 5790}}}}}};
 
-  void CutCells() {
+  /// The epochs of the sample are named by pairs of events: "Epoch 1 start", "Epoch 1 end".
+  void DefineEpochs() {
+    Press(&form_, "cmdDefineEpochs");
+    QWidget* form = Find(&form_, "TimeEpochs");
+    Find<QAbstractButton>(form, "chkFilter")->setChecked(true);
+    Press(form, "cmdLoadEventsFile");
+    auto* listing = Find<QPlainTextEdit>(form, "txtEventsFile");
+    for (int row = 0; row < 3; ++row) {
+      Type(form, Numbered("txtEpochLabel", row), QString("run %1").arg(row + 1));
+      for (const auto& [event, box] : {std::pair("start", "txtStart"), std::pair("end", "txtEnd")}) {
+        const QTextCursor found = listing->document()->find(QString("Epoch %1 %2").arg(row + 1).arg(event));
+        DoubleClick(listing->viewport(), listing->cursorRect(found).center());
+        Click(Find(form, Numbered(box, row)), {5, 5});
+      }
+    }
+    Press(form, "cmdFindEventNumbers");
+    album_.Keep(form->grab(), "epochs", "three epochs, defined from the events file");
+    Press(form, "cmdSave");
+  }
+
+  void LoadSeveralEpochs() {
+    const std::array boxes = {"txtStartEvent", "txtStartTime", "txtEndEvent", "txtEndTime"};
+    QStringList whole;
+    for (const char* box : boxes) whole << Find<QLineEdit>(&form_, box)->text();
+    ChooseEntry(&form_, "mnuLoadMultipleEpochs");
+    auto* form = Find<QDialog>(&form_, "frmLoadMultipleEpochs");
+    for (const int row : {0, 2}) Press(form, Numbered("chkSelectEpoch", row));
+    Press(form, "cmdLoad");
+    album_.Keep(form->grab(), "several-epochs", "two of the epochs ticked and loaded");
+    form->close();
+    for (size_t k = 0; k < boxes.size(); ++k) Type(&form_, boxes[k], whole[static_cast<qsizetype>(k)]);
+    Press(&form_, "cmdLoadPoints");
+  }
+
+  void Cut() {
+    Choose(kInterneuron);
+    // Round the interneuron of the sample, by its peaks on the first two wires ...
+    const std::vector<Vertex> corners = {{2500, 4100}, {3400, 4000}, {4500, 5300},
+                                         {4600, 6900}, {3300, 6900}, {2300, 5300}};
+    for (size_t k = 0; k < 4; ++k) Click(Surface(), PlaceOf(corners[k]));
+    Mouse(Surface(), QEvent::MouseMove, Qt::NoButton, PlaceOf(corners[4]));
+    TakePicture("first-corners", "four corners of an open polygon, and the line to the pointer");
+    Click(Surface(), PlaceOf(corners[4]));
+    Click(Surface(), PlaceOf(corners[5]), Qt::RightButton);
+    TakePicture("first-boundary", "the polygon closed: cluster 1");
+    SayPurity();
+    // ... and on the other two, where its neighbours there are far away.
+    ShowParameters(2, 3);
+    DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 10700}, {3900, 10700}, {2700, 8600}});
+    TakePicture("second-boundary", "cluster 1 narrowed by a boundary on two other parameters");
+    SayPurity();
     for (const int first : {0, 2}) {
       ShowParameters(first, first + 1);
       for (const Cloud& cloud : kClouds) {
@@ -104,121 +138,149 @@ class Tour {
         DrawPolygon({{left, low}, {right, low}, {right, high}, {left, high}});
       }
     }
+    ShowParameters(0, 1);
+    TakePicture("cut", "four cells cut");
+    Zoom();
   }
 
-  void Choose(int c) {
-    const bool shown = form_.findChild<QWidget*>(QString("lblChooseCluster(%1)").arg(c))->isVisible();
-    Press<QAbstractButton>(QString(shown ? "lblChooseCluster(%1)" : "lblNewCluster(%1)").arg(c));
+  void Zoom() {
+    Press(&form_, "optZoom");
+    const QPointF corner = PlaceOf({2000, 2300}), opposite = PlaceOf({5000, 7200});
+    BeginDrag(Surface(), corner, opposite);
+    TakePicture("zoom", "a rectangle being dragged to zoom into it");
+    EndDrag(Surface(), opposite);
+    TakePicture("zoomed", "what was in the rectangle");
+    Press(&form_, "optDrawClustBounds");
+    Press(&form_, "cmdScaleDefaults");
   }
 
   void MarkCentre() {
     ShowParameters(kPosX, kPosY);
-    Press<QPushButton>("cmdWriteCenterFile");
-    ClickAt({320, 240}, Qt::LeftButton);
+    Press(&form_, "cmdWriteCenterFile");
+    Click(Surface(), PlaceOf({320, 240}));
     ShowParameters(0, 1);
   }
 
-  void Grade(int c, const QString& grade, const QString& remarks) {
-    Press<QPushButton>("cmdClNote");
-    QWidget* notes = form_.findChild<QWidget*>("frmClNote");
-    notes->findChild<QAbstractButton*>(QString("opt%1(%2)").arg(QString(grade).remove(' ')).arg(c))->click();
-    notes->findChild<QPlainTextEdit*>("txtClRemarks")->setPlainText(remarks);
-    notes->findChild<QAbstractButton*>("cmdAddRemarks")->click();
-    Keep(notes->grab().toImage(), "14-notes");
-    notes->findChild<QAbstractButton*>("cmdClNoteExit")->click();
+  void Grade() {
+    Press(&form_, "cmdClNote");
+    QWidget* notes = Find(&form_, "frmClNote");
+    const auto grade = [&](int c, const char* option, const QString& remarks) {
+      Press(notes, Numbered(option, c));
+      Find<QPlainTextEdit>(notes, "txtClRemarks")->setPlainText(remarks);
+      Press(notes, "cmdAddRemarks");
+    };
+    grade(kInterneuron, "optGood", "theta");
+    grade(kGridCell, "optFair", "few spikes");
+    grade(kHeadDirectionCell, "optPrettyGood", "towards 240 degrees");
+    grade(kPlaceCell, "optPrettyGood", "one field, south-west");
+    album_.Keep(notes->grab(), "notes", "four clusters graded, one with its remarks");
+    Press(notes, "cmdClNoteExit");
   }
 
-  /// Presses the button of an analysis and keeps a picture of the window that it opens.
-  void Analyse(int c, const QString& button, const QString& step) {
+  /// Writes the cut, and reads it back.
+  bool KeepCut() {
+    const std::vector<int64_t> before = Sizes();
+    auto* tabs = Find<QTabWidget>(&form_, "tabs");
+    tabs->setCurrentIndex(1);
+    for (const char* button : {"cmdWriteCBFile", "cmdWriteClustFile", "cmdSaveDefaults"}) Press(&form_, button);
+    album_.Keep(form_.grab(), "files", "the Files tab, the cut just written");
+    Press(&form_, "cmdDeleteAllClusters");
+    ChooseEntry(&form_, "mnuReadSelectedClusters");
+    QWidget* choice = Find(&form_, "ChooseClusterForm");
+    for (const int c : {kPlaceCell, kGridCell}) Press(choice, Numbered("chkCluster", c));
+    album_.Keep(choice->grab(), "choose-clusters", "the clusters that are to be read back, ticked");
+    Press(choice, "cmdGo");
+    Press(&form_, "cmdReadCBFile");
+    tabs->setCurrentIndex(2);
+    Choose(kPlaceCell);
+    album_.Keep(form_.grab(), "analyse", "the Analyse tab");
+    if (Sizes() != before) std::printf("The clusters that were read back are not those that were written.\n");
+    return Sizes() == before;
+  }
+
+  void LookAtCells() {
+    Analyse(kGridCell, "cmdRateMap", "grid-rate-map", "where the grid cell fired");
+    Analyse(kGridCell, "cmd2DAutoCorr", "grid-autocorrelation", "the grid cell's spatial autocorrelation");
+    Analyse(kHeadDirectionCell, "cmdDirection", "head-direction", "the head-direction cell's tuning");
+    ShowWaveforms();
+    // The others are of the place cell; two more, without a picture, make all result files those of one cell.
+    Analyse(kPlaceCell, "cmd2DAutoCorr");
+    Analyse(kPlaceCell, "cmdDirection");
+    Analyse(kPlaceCell, "cmdRateMap", "rate-map", "where the place cell fired");
+    Analyse(kPlaceCell, "cmdOccMap", "occupancy", "where the animal was");
+    Analyse(kPlaceCell, "cmdAutoCorr", "train-autocorrelation", "the place cell's spike-train autocorrelation");
+    Analyse(kPlaceCell, "cmdLogISI", "log-isi", "its intervals");
+    Analyse(kPlaceCell, "cmdReport", "report", "its report");
+  }
+
+  /// Presses the button of an analysis and keeps a picture of the window that it opens, if it has a name.
+  void Analyse(int c, const char* button, const QString& name = {}, const char* what = "") {
     Choose(c);
-    const QWidgetList before = QApplication::topLevelWidgets();
-    Press<QPushButton>(button);
-    for (QWidget* window : QApplication::topLevelWidgets())
-      if (!before.contains(window) && window->isVisible()) {
-        // Larger than they are on the offscreen display.
-        window->resize(window->objectName() == "frmReport" ? QSize(1010, 740) : QSize(600, 680));
-        QApplication::processEvents();
-        Keep(window->grab().toImage(), step);
-      }
-  }
-
-  void ShowWaveforms(const QString& step) {
-    Choose(kHeadDirectionCell);
-    Press<QPushButton>("cmdShowWaveforms");
-    QWidget* waveforms = form_.findChild<QWidget*>("Waveforms");
-    waveforms->findChild<QAbstractButton*>("chkOverlay")->click();
-    waveforms->findChild<QComboBox*>("cboHeight")->setCurrentIndex(2);
-    for (int i = 0; i < 100; ++i) waveforms->findChild<QAbstractButton*>("cmdForward")->click();
-    // A drag round the wires that were recorded.
-    QWidget* drawing = waveforms->findChild<QWidget*>("waveforms");
-    Mouse(drawing, QEvent::MouseButtonPress, Qt::LeftButton, {1, 1});
-    Mouse(drawing, QEvent::MouseButtonRelease, Qt::LeftButton, {drawing->width() - 2.0, drawing->height() * 0.1});
-    Keep(waveforms->grab().toImage(), step);
-  }
-
-  void Keep(const QImage& picture, const QString& step) {
-    const QString path = pictures_ + "/" + step + ".png";
-    if (picture.save(path)) std::printf("Picture: %s\n", qPrintable(QDir::toNativeSeparators(path)));
-  }
-
-  template <class Control>
-  void Press(const QString& name) {
-    form_.findChild<Control*>(name)->click();
+    Press(&form_, button);
+    QWidget* window = Window(QString(button) == "cmdReport" ? "frmReport" : "ResultWindow");
+    if (!window) qFatal("%s opened no window", button);
+    // Larger than they are on the offscreen display.
+    window->resize(window->objectName() == "frmReport" ? QSize(1010, 740) : QSize(600, 680));
     QApplication::processEvents();
+    if (!name.isEmpty()) album_.Keep(window->grab(), name, what);
+    if (const auto* figures = window->findChild<QLabel*>("lblFigures"))
+      std::printf("%s\n", qPrintable(figures->text()));
+    delete window;
+  }
+
+  void ShowWaveforms() {
+    Choose(kHeadDirectionCell);
+    Press(&form_, "cmdShowWaveforms");
+    auto* waveforms = Find<QDialog>(&form_, "Waveforms");
+    Press(waveforms, "chkOverlay");
+    Find<QComboBox>(waveforms, "cboHeight")->setCurrentIndex(2);
+    for (int i = 0; i < 100; ++i) Press(waveforms, "cmdForward");
+    // A drag round the wires that were recorded.
+    QWidget* drawing = Find(waveforms, "waveforms");
+    const QPointF opposite(drawing->width() - 2.0, drawing->height() * 0.14);
+    BeginDrag(drawing, {1, 1}, opposite);
+    EndDrag(drawing, opposite);
+    album_.Keep(waveforms->grab(), "waveforms", "a hundred waveforms of the head-direction cell");
+    waveforms->close();
+  }
+
+  void Choose(int c) {
+    const bool shown = Find(&form_, Numbered("lblChooseCluster", c))->isVisible();
+    Press(&form_, Numbered(shown ? "lblChooseCluster" : "lblNewCluster", c));
   }
 
   void ShowParameters(int x, int y) {
-    form_.findChild<QListWidget*>("lstX_Axis")->setCurrentRow(x);
-    auto* list = form_.findChild<QListWidget*>("lstY_Axis");
-    const QPointF at = list->visualItemRect(list->item(y)).center();
-    Mouse(list->viewport(), QEvent::MouseButtonPress, Qt::LeftButton, at);
-    Mouse(list->viewport(), QEvent::MouseButtonRelease, Qt::LeftButton, at);
-    QApplication::processEvents();
+    ClickItem(Find<QListWidget>(&form_, "lstX_Axis"), x);
+    ClickItem(Find<QListWidget>(&form_, "lstY_Axis"), y);
   }
 
   void DrawPolygon(std::initializer_list<Vertex> corners) {
     size_t left = corners.size();
-    for (const Vertex& corner : corners) ClickAt(corner, --left ? Qt::LeftButton : Qt::RightButton);
+    for (const Vertex& corner : corners) Click(Surface(), PlaceOf(corner), --left ? Qt::LeftButton : Qt::RightButton);
+  }
+
+  /// Where values of the two parameters lie on the projection.
+  QPointF PlaceOf(const Vertex& value) const {
+    const View view = ViewOf(session_, Surface()->width(), Surface()->height());
+    return {view.PixelX(value.X), view.PixelY(value.Y)};
+  }
+
+  static QWidget* Projection() { return Window("Projections"); }
+  static QWidget* Surface() { return Find(Projection(), "surface"); }
+
+  void TakePicture(const QString& name, const char* what) {
     QApplication::processEvents();
+    album_.Keep(&form_, Projection(), name, what);
   }
 
-  /// Clicks into the projection, at values of its parameters.
-  void ClickAt(const Vertex& value, Qt::MouseButton button) {
-    QWidget* surface = projections()->findChild<QWidget*>("surface");
-    const View view = ViewOf(session_, surface->width(), surface->height());
-    const QPointF at(view.PixelX(value.X), view.PixelY(value.Y));
-    Mouse(surface, QEvent::MouseMove, Qt::NoButton, at);
-    Mouse(surface, QEvent::MouseButtonPress, button, at);
-  }
-
-  static void Mouse(QWidget* widget, QEvent::Type type, Qt::MouseButton button, QPointF at) {
-    QMouseEvent event(type, at, widget->mapToGlobal(at), button, button, Qt::NoModifier);
-    QApplication::sendEvent(widget, &event);
-  }
-
-  /// Both windows as they stand beside each other.
-  void TakePicture(const QString& step) {
-    QApplication::processEvents();
-    const QPixmap controls = form_.grab(), view = projections()->grab();
-    constexpr int kGap = 6;
-    QImage picture(controls.width() + kGap + view.width(), std::max(controls.height(), view.height()),
-                   QImage::Format_RGB32);
-    picture.fill(QColor(150, 158, 170));
-    QPainter painter(&picture);
-    painter.drawPixmap(0, 0, controls);
-    painter.drawPixmap(controls.width() + kGap, 0, view);
-    painter.end();
-    Keep(picture, step);
-  }
-
-  QWidget* projections() const {
-    for (QWidget* window : QApplication::topLevelWidgets())
-      if (window->objectName() == "Projections") return window;
-    return nullptr;
+  std::vector<int64_t> Sizes() const {
+    std::vector<int64_t> sizes;
+    for (int c = 1; c <= kClusters; ++c) sizes.push_back(PointsInCluster(session_, c));
+    return sizes;
   }
 
   /// How well cluster 1 holds the spikes of the cell that most of it came from, as the spike file tells.
-  void Report() {
+  void SayPurity() {
     const std::vector<uint32_t> cells = CellsOfSpikes();
     std::map<uint32_t, int64_t> inCluster, inAll;
     const PointTable& points = session_.Points;
@@ -235,22 +297,22 @@ class Tour {
                 found, most->first, 100 * (size - static_cast<double>(most->second)) / size);
   }
 
-  /// The cell number of every record of the spike file beside the parameter file: u32 at byte 12 of its 304.
-  std::vector<uint32_t> CellsOfSpikes() {
+  /// The cell number of every record of the spike file beside the parameter file.
+  std::vector<uint32_t> CellsOfSpikes() const {
     std::string path = session_.File.Path;
     path.resize(path.size() - std::string_view(".parms").size());
-    FileReader file(path);
+    constexpr size_t kCellNumber = 12;  // byte of a record
     std::vector<uint32_t> cells;
-    std::array<unsigned char, 304> record;
-    for (uint64_t at = 16384; file.ReadUpTo(at, record.data(), record.size()) == record.size(); at += record.size())
-      cells.push_back(LoadLittleEndian<uint32_t>(record.data() + 12));
+    SpikeFile(path).ForEachSpike(
+        {}, [](double) {},
+        [&](const SpikeRecord& record) { cells.push_back(LoadLittleEndian<uint32_t>(record.Bytes + kCellNumber)); });
     return cells;
   }
 
   Session session_;
   TourDialogs dialogs_;
   Main_Form form_{session_, dialogs_};
-  QString pictures_;
+  Album album_;
 };
 
 }  // namespace

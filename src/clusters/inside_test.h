@@ -10,9 +10,10 @@ namespace pallomir {
 /// 1 when (x, y) lies inside a boundary, else 0.
 ///
 /// A point is outside when two edges that follow each other (the closing edge last) see it on strictly opposite
-/// sides. The test is exact for convex polygons drawn in either direction and accepts more than the drawn area for a
-/// concave one. A point on an edge's line is never rejected by that edge; a boundary of 0 or 1 vertices holds every
-/// point, one of 2 vertices the points on the line through them.
+/// sides. The test is exact for convex polygons drawn in either direction; of a concave one it accepts the part that
+/// lies on the same side of all edges. A point on an edge's line is never rejected by that edge, and the comparison
+/// starts anew there; a boundary of 0 or 1 vertices holds every point, one of 2 vertices the points on the line through
+/// them.
 int16_t PointInBoundary(float x, float y, const Boundary& boundary);
 
 /// The same test for many points: inside[i] becomes 0 where point i is outside and stays as it was elsewhere.

@@ -39,9 +39,11 @@ TEST(PointInBoundary, EdgesAndVerticesAreInsideInEitherDirection) {
   }
 }
 
-TEST(PointInBoundary, HoldsMoreThanAConcaveShapeAndEverythingWhereThereIsNoEdge) {
+TEST(PointInBoundary, OfAConcaveShapeHoldsWhatAllEdgesSeeOnOneSideAndEverythingWhereThereIsNoEdge) {
   const Boundary ell = PolygonOf({{0, 0}, {2, 0}, {2, 1}, {1, 1}, {1, 2}, {0, 2}});
-  EXPECT_EQ(PointInBoundary(2, 2, ell), 1);  // on the lines of two edges, which never reject
+  EXPECT_EQ(PointInBoundary(0.5F, 0.5F, ell), 1);
+  EXPECT_EQ(PointInBoundary(0.5F, 1.5F, ell), 0);
+  EXPECT_EQ(PointInBoundary(2, 2, ell), 1);  // outside, but on the lines of two edges, which never reject
   EXPECT_EQ(PointInBoundary(1.5F, 1.5F, ell), 0);
   EXPECT_EQ(PointInBoundary(1e30F, -7, PolygonOf({})), 1);
   EXPECT_EQ(PointInBoundary(1e30F, -7, PolygonOf({{3, 3}})), 1);
