@@ -21,10 +21,15 @@ void DrawBoundary(QPainter& painter, const View& view, const Boundary& boundary)
   painter.drawPolygon(polygon);
 }
 
-/// Text with a rim of the background's colour, to be read over any crowd of points.
+/// Text with a rim of the background's colour on a pale plate of it, to be read over any crowd of points.
 void DrawReadableText(QPainter& painter, QPointF place, const QString& text, QColor ink, QColor rim) {
   QPainterPath path;
   path.addText(place, painter.font(), text);
+  QColor plate = rim;
+  plate.setAlphaF(0.6F);
+  painter.setBrush(plate);
+  painter.setPen(Qt::NoPen);
+  painter.drawRoundedRect(path.boundingRect().adjusted(-4, -3, 4, 3), 4, 4);
   painter.strokePath(path, QPen(rim, 4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.fillPath(path, ink);
 }
