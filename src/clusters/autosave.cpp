@@ -52,8 +52,8 @@ std::optional<std::string> UnclaimedAutosave(const Session& session) {
   const fs::path autosave = PlatformPath(AutosavePath(session));
   const auto saved = fs::last_write_time(autosave, error);
   if (error || !IsBoundariesFile(autosave)) return {};
-  const std::string text = ReadText(PathText(autosave));
-  if (TextHeaderLength(text) == static_cast<long>(text.size())) return {};
+  const auto header = static_cast<uint64_t>(TextHeaderLength(ReadText(PathText(autosave), kTextHeaderLimit)));
+  if (header == fs::file_size(autosave, error)) return {};
   for (fs::directory_iterator entry(autosave.parent_path(), error), end; !error && entry != end;
        entry.increment(error)) {
     if (entry->path() == autosave || entry->path().extension() != ".txt" || !IsBoundariesFile(entry->path())) continue;

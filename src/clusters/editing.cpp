@@ -49,9 +49,8 @@ void DeleteClusterBounds(Session& session) {
   const int c = session.CurrentCluster;
   Cluster& cluster = session.Clusters[c];
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
-  const auto found = std::find_if(cluster.Boundaries.begin(), end, [&](const Boundary& boundary) {
-    return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
-  });
+  const auto found = std::find_if(cluster.Boundaries.begin(), end,
+                                  [&](const Boundary& boundary) { return OnView(session, boundary); });
   if (found != end) {
     std::move(found + 1, end, found);
     *(end - 1) = {};

@@ -1,5 +1,8 @@
 #include "controls/controls.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "files/number_text.h"
 
 namespace pallomir {
@@ -28,6 +31,13 @@ QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const
 
 std::optional<double> NumberIn(const QLineEdit* box) {
   return NumberFromText(box->text().toStdString());
+}
+
+std::optional<float> SingleIn(const QLineEdit* box) {
+  constexpr double kLargest = std::numeric_limits<float>::max();
+  const auto number = NumberIn(box);
+  if (!number) return {};
+  return static_cast<float>(std::clamp(*number, -kLargest, kLargest));
 }
 
 QLabel* MakeLabel(const QString& caption, QWidget* buddy) {

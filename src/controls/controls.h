@@ -30,6 +30,9 @@ QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const
 /// The number in a text box; nothing when its text is not one.
 std::optional<double> NumberIn(const QLineEdit* box);
 
+/// The same in single precision; what is beyond its range is the last number within.
+std::optional<float> SingleIn(const QLineEdit* box);
+
 /// The label of `buddy`, which its mnemonic focuses.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy = nullptr);
 QLabel* MakeHeading(const QString& caption);

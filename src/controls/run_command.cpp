@@ -14,10 +14,14 @@ bool RunCommand(World& world, const std::function<void()>& command) {
     throw;
   } catch (const CommandError& error) {
     world.ShowMessage(error.what(), error.Title());
-  } catch (const std::bad_alloc&) {
-    world.ShowMessage("There is not enough memory for this.", {});
+  } catch (const std::bad_alloc& error) {
+    world.ShowMessage(SentenceOf(error), {});
   }
   return false;
+}
+
+std::string SentenceOf(const std::exception& error) {
+  return dynamic_cast<const std::bad_alloc*>(&error) ? "There is not enough memory for this." : error.what();
 }
 
 }  // namespace pallomir

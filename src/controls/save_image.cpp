@@ -2,16 +2,28 @@
 
 #include <QBuffer>
 
+#include "files/error.h"
 #include "files/save_file.h"
 
 namespace pallomir {
 
-void SaveImage(const QImage& image, std::string_view path) {
+namespace {
+
+const CommandError kNoMemory("There is not enough memory for the picture.");
+
+}  // namespace
+
+QByteArray PngOf(const QImage& image) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
-  image.save(&buffer, "PNG");
+  if (!image.save(&buffer, "PNG")) throw kNoMemory;
+  return bytes;
+}
+
+void SavePictureBytes(const QByteArray& bytes, std::string_view path) {
+  if (bytes.isEmpty()) throw kNoMemory;
   SaveFile file(path);
-  file.Write({bytes.data(), static_cast<size_t>(bytes.size())});
+  file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));
   file.Commit();
 }
 

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <string_view>
 
 namespace pallomir {
 
-/// Writes a PNG picture, all or nothing. Throws CommandError when it cannot be written.
-void SaveImage(const QImage& image, std::string_view path);
+/// A picture as a PNG file's bytes. Throws CommandError when there is no memory for them.
+QByteArray PngOf(const QImage& image);
+
+/// Writes the bytes of a picture, all or nothing. Throws CommandError when they are none, or cannot be written.
+void SavePictureBytes(const QByteArray& bytes, std::string_view path);
 
 }  // namespace pallomir

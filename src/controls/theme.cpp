@@ -21,9 +21,9 @@ struct Shades {
   const char* Icons;
 };
 
-constexpr Shades kLight = {"#f3f4f7", "#ffffff", "#1b2230", "#5b6678", "#c5ccd8",    "#ffffff",
+constexpr Shades kLight = {"#f3f4f7", "#ffffff", "#1b2230", "#5b6678", "#c5ccd8", "#ffffff",
                            "#e8eef9", "#d5e0f5", "#2257c4", "#ffffff", "light"};
-constexpr Shades kDark = {"#20242c", "#171a21", "#e8ebf1", "#a3adbd", "#454d5b",   "#2b303a",
+constexpr Shades kDark = {"#20242c", "#171a21", "#e8ebf1", "#a3adbd", "#454d5b", "#2b303a",
                           "#363d4a", "#414a5b", "#82aaff", "#10141c", "dark"};
 
 QPalette PaletteOf(const Shades& shades) {

@@ -7,8 +7,8 @@
 namespace pallomir {
 
 /// What ends a command: its text is one sentence that says what was wrong, in which file and where.
-/// It is caught in one place, round every event handler, which shows it in a message box under `title` (the
-/// application's own when empty); the session is whole when it is thrown.
+/// RunCommand, round every event handler, shows it in a message box under `title` (the application's own when empty);
+/// the session is whole when it is thrown.
 class CommandError : public std::runtime_error {
  public:
   explicit CommandError(const std::string& text, std::string title = {})

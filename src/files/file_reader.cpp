@@ -45,4 +45,13 @@ std::string ReadText(std::string_view path, size_t limit) {
   return text;
 }
 
+std::string ReadText(std::string_view path) {
+  constexpr uint64_t kLargest = 256'000'000;
+  const uint64_t length = FileReader(path).Length();
+  if (length > kLargest)
+    throw CommandError(std::string(path) + " holds " + std::to_string(length / 1'000'000) +
+                       " MB, which is more than any file of its kind.");
+  return ReadText(path, kLargest);
+}
+
 }  // namespace pallomir

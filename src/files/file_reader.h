@@ -31,6 +31,10 @@ class FileReader {
 };
 
 /// The first `limit` bytes of a file, or all of it when it is shorter. Throws CommandError as FileReader does.
-std::string ReadText(std::string_view path, size_t limit = SIZE_MAX);
+std::string ReadText(std::string_view path, size_t limit);
+
+/// All of a file. One of more than 256 MB, which none of our texts reaches, is refused with a CommandError before it
+/// takes memory.
+std::string ReadText(std::string_view path);
 
 }  // namespace pallomir

@@ -55,7 +55,7 @@ void StartFlushing([[maybe_unused]] std::FILE* file) {
 
 void FlushFolder([[maybe_unused]] const std::filesystem::path& folder) {
 #ifndef _WIN32
-  const int descriptor = open(folder.c_str(), O_RDONLY);
+  const int descriptor = open(folder.empty() ? "." : folder.c_str(), O_RDONLY);
   if (descriptor < 0) return;
   fsync(descriptor);
   close(descriptor);

@@ -8,21 +8,28 @@
 
 namespace pallomir {
 
+/// Links behind links that are followed; beyond, they go in a circle.
+static constexpr int kMostLinks = 16;
+
 /// After so many bytes the disk is set to work. It halves the wait for the 160 MB of a million spikes' cluster files.
 static constexpr size_t kFlushedAtOnce = 1 << 20;
 
 SaveFile::SaveFile(std::string_view path, Links links) : path_(path), target_(PlatformPath(path)) {
   std::error_code error;
   if (std::filesystem::is_directory(target_, error)) throw CommandError(path_ + " is a folder; nothing was written.");
-  // A link stays a link: what it points to is replaced.
-  if (links == Links::Follow && std::filesystem::is_symlink(target_, error)) {
+  // A link stays a link: what it points to, over others perhaps, is replaced.
+  for (int link = 0; link < kMostLinks && links == Links::Follow; ++link) {
+    if (!std::filesystem::is_symlink(target_, error)) break;
     const auto real = std::filesystem::read_symlink(target_, error);
     if (!error) target_ = target_.parent_path() / real;
   }
   beside_ = target_;
   beside_ += ".saving~";
   file_ = OpenFile(beside_, "wb");
-  if (!file_) Fail("cannot be written");
+  if (file_) return;
+  // What has the name beside was not made here.
+  beside_.clear();
+  Fail("cannot be written");
 }
 
 SaveFile::~SaveFile() {

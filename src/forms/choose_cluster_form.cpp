@@ -1,7 +1,6 @@
 #include "forms/choose_cluster_form.h"
 
 #include "controls/controls.h"
-#include "forms/cluster_panel.h"
 
 namespace pallomir {
 

@@ -4,9 +4,8 @@
 
 #include "controls/controls.h"
 #include "controls/run_command.h"
-#include "files/error.h"
+#include "controls/toolkit_values.h"
 #include "forms/cluster_label.h"
-#include "forms/cluster_panel.h"
 #include "notes/cluster_notes.h"
 
 namespace pallomir {
@@ -26,7 +25,7 @@ QRadioButton::indicator:checked { background: #82aaff; border-color: #ffffff; }
 )";
 
 QString RatingName(int grade) {
-  return QString::fromUtf8(kRatings[grade].data(), static_cast<qsizetype>(kRatings[grade].size()));
+  return FromText(kRatings[grade]);
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ class ClNoteForm : public QDialog {
   void ShowCurrentCluster();
 
  signals:
-  /// The form was unloaded: the next showing starts from the file.
+  /// The form was unloaded: the next showing starts from the file, where there is one.
   void Unloaded();
 
  protected:

@@ -3,7 +3,12 @@
 #include <QAbstractButton>
 #include <QColor>
 
+#include "session/session.h"
+
 namespace pallomir {
+
+/// Behind the label of a cluster that is not chosen.
+inline constexpr Colour kUnchosenBack = 0x00000F;
 
 /// A cluster's number in its colour, near-black behind; black on its colour when chosen. The quiet form, an outline,
 /// stands for a cluster that has no boundary yet.
@@ -14,8 +19,6 @@ class ClusterLabel : public QAbstractButton {
   ClusterLabel(int cluster, bool quiet, QWidget* parent = nullptr);
 
   void SetColours(const QColor& back, const QColor& text);
-  QColor BackColour() const { return back_; }
-  QColor TextColour() const { return text_; }
 
   QSize sizeHint() const override;
 

@@ -1,5 +1,7 @@
 #include "forms/cluster_panel.h"
 
+#include "controls/toolkit_values.h"
+
 namespace pallomir {
 
 namespace {

@@ -8,9 +8,6 @@
 
 namespace pallomir {
 
-/// Behind the label of a cluster that is not chosen.
-inline constexpr Colour kUnchosenBack = 0x00000F;
-
 /// The thirty clusters on two pages: each with its label and three display boxes. A cluster without boundaries shows
 /// only a quiet number, by which it can be chosen.
 class ClusterPanel : public QWidget {
@@ -41,10 +38,5 @@ class ClusterPanel : public QWidget {
   QFrame* MakePage(const QString& name, int firstCluster);
   void MakeRow(QGridLayout* grid, int line, int c);
 };
-
-/// A colour of the session as the toolkit's.
-inline QColor ScreenColour(Colour colour) {
-  return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
-}
 
 }  // namespace pallomir

@@ -106,8 +106,8 @@ std::optional<std::vector<std::pair<float, float>>> LoadMultipleEpochsForm::Reco
   std::vector<std::pair<float, float>> ranges;
   for (size_t row = 0; row < kEpochs; ++row) {
     if (!chkSelectEpoch_[row]->isChecked()) continue;
-    const auto start = NumberIn(txtStartID_[row]), end = NumberIn(txtEndID_[row]);
-    if (start && end) ranges.emplace_back(static_cast<float>(*start), static_cast<float>(*end));
+    const auto start = SingleIn(txtStartID_[row]), end = SingleIn(txtEndID_[row]);
+    if (start && end) ranges.emplace_back(*start, *end);
   }
   return ranges;
 }

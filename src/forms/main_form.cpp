@@ -3,17 +3,16 @@
 #include <QtWidgets>
 
 #include "controls/run_command.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
-#include "files/file_utility.h"
-#include "files/number_text.h"
 #include "files/platform.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
-#include "forms/cluster_panel.h"
+#include "forms/cl_note_form.h"
 #include "forms/display_panel.h"
-#include "forms/files_panel.h"
 #include "forms/load_multiple_epochs_form.h"
 #include "forms/range_panel.h"
+#include "forms/time_epochs_form.h"
 #include "projection/colours.h"
 #include "session/point_reader.h"
 #include "session/start_up.h"
@@ -21,14 +20,6 @@
 #include "viewers/report_source.h"
 
 namespace pallomir {
-
-namespace {
-
-QString FromText(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-}  // namespace
 
 Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
   projections_ = std::make_unique<Projections>(session_, *this, [this] { return Options(); });
@@ -103,7 +94,7 @@ bool Main_Form::ChooseParameterFile() {
 
 void Main_Form::Run(const std::function<void()>& handler) {
   if (working_) {
-    status_->setText("Pallomir is at work; Esc stops it.");
+    SayAtWork();
     return;
   }
   status_->clear();
@@ -128,10 +119,16 @@ QString Main_Form::NextStep() const {
 void Main_Form::Work(const std::function<void()>& work) {
   const QScopeGuard done = qScopeGuard([this] {
     working_ = stopWork_ = false;
-    if (closing_) QTimer::singleShot(0, this, &Main_Form::close);
+    qApp->removeEventFilter(&atWork_);
+    if (std::exchange(closeAfterWork_, false)) QTimer::singleShot(0, this, &Main_Form::close);
   });
   working_ = true;
+  qApp->installEventFilter(&atWork_);
   work();
+}
+
+void Main_Form::SayAtWork() {
+  status_->setText("Pallomir is at work; Esc stops it.");
 }
 
 void Main_Form::ShowMessage(std::string_view text, std::string_view title) {
@@ -163,6 +160,13 @@ void Main_Form::EndProgram() {
   close();
 }
 
+bool Main_Form::CloseForms() {
+  const std::initializer_list<QDialog*> forms = {timeEpochs_.data(), clNote_.data()};
+  for (QDialog* form : forms)
+    if (form && form->isVisible() && !form->close()) return false;
+  return true;
+}
+
 void Main_Form::Escape() {
   if (working_)
     stopWork_ = true;
@@ -177,13 +181,12 @@ void Main_Form::Escape() {
 void Main_Form::closeEvent(QCloseEvent* event) {
   if (working_) {
     // The load ends first; then the program does.
-    stopWork_ = true;
-    closing_ = true;
+    stopWork_ = closeAfterWork_ = true;
     event->ignore();
     return;
   }
   // The window's own close box does what Exit does.
-  if (!closing_ && !SaveOnExit()) {
+  if (!closing_ && !(CloseForms() && SaveOnExit())) {
     event->ignore();
     return;
   }
@@ -193,7 +196,8 @@ void Main_Form::closeEvent(QCloseEvent* event) {
   projections_->StopSlowRedraw();
   projections_->hide();
   event->accept();
-  QCoreApplication::quit();
+  // Not quit(), which other windows could still refuse.
+  QCoreApplication::exit();
 }
 
 bool Main_Form::eventFilter(QObject* watched, QEvent* event) {

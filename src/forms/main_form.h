@@ -11,6 +11,7 @@
 
 #include "clusters/axis_scaling.h"
 #include "controls/dialogs.h"
+#include "forms/input_held_back.h"
 #include "forms/projections.h"
 #include "session/defaults_file.h"
 #include "session/session.h"
@@ -142,11 +143,12 @@ class Main_Form : public QMainWindow, public World {
   void cmdExit_Click();
 
   // Shared by the handlers
-  /// Runs an event handler: the one place where what ends a command is told to the user.
+  /// Runs an event handler: not while another works, and says what to do next when it ends early.
   void Run(const std::function<void()>& handler);
   /// Runs what may take long: nothing else is let in meanwhile, Esc and closing the program stop it.
   void Work(const std::function<void()>& work);
-  /// What lacks before most commands can do something.
+  void SayAtWork();
+  /// What is missing before most commands can run.
   QString NextStep() const;
   bool ChooseParameterFile();
   /// Loads, classifies and shows a range of records.
@@ -164,15 +166,16 @@ class Main_Form : public QMainWindow, public World {
   void ShowPendingAxis();
   void ShowAxes(int x, int y);
   void TypeClusterDigit(int digit);
-  /// Stops work; else takes an open polygon back.
+  /// Stops work or the drawing of one point at a time; gives the centre of the maze up; takes an open polygon back.
   void Escape();
   bool ClusterChosen();
   /// After the boundaries were changed by a command: the rows, the picture, no open polygon.
   void AfterEdit();
   void ShowOverlapEnded();
-  /// Runs an analysis with what it needs.
+  /// Runs an analysis with what it needs; one of places needs the position file too.
   void Analyse(const std::function<void(const AnalysisTools&)>& analysis);
-  /// Which file lacks for analyses, and whence it comes.
+  void AnalysePlaces(const std::function<void(const AnalysisTools&)>& analysis);
+  /// Which file an analysis of places misses, and where it comes from.
   QString MissingFileAdvice() const;
   std::string PositionName() const;
   ClusterFileTexts ClusterTexts() const;
@@ -187,6 +190,8 @@ class Main_Form : public QMainWindow, public World {
   Defaults PresentDefaults() const;
   void ReadDefaultsFiles();
   void StartAutosave();
+  /// Forms with something to save or to ask about close before the program does. False when one stays.
+  bool CloseForms();
   /// The exit sequence's saving. False when it failed and the user wants to stay.
   bool SaveOnExit();
   /// A program that has to end keeps the cut as the autosave does.
@@ -229,7 +234,10 @@ class Main_Form : public QMainWindow, public World {
   bool listKeyDown_ = false;
   bool working_ = false;
   bool stopWork_ = false;
+  /// Closing was asked for while work was running.
+  bool closeAfterWork_ = false;
   bool closing_ = false;
+  InputHeldBack atWork_{[this] { Escape(); }, [this] { SayAtWork(); }};
 };
 
 }  // namespace pallomir

@@ -4,7 +4,6 @@
 
 #include "analyses/center_file.h"
 #include "analyses/commands.h"
-#include "files/error.h"
 #include "files/file_utility.h"
 #include "forms/analyses_panel.h"
 #include "forms/cl_note_form.h"
@@ -42,12 +41,12 @@ void Main_Form::ConnectAnalyses() {
 
 void Main_Form::Analyse(const std::function<void(const AnalysisTools&)>& analysis) {
   const AnalysisTools tools = {*this, *components_, [this] { WriteClusterFiles(session_, *this, ClusterTexts()); }};
-  try {
-    Work([&] { analysis(tools); });
-  } catch (const CommandError&) {
-    advice_ = MissingFileAdvice();
-    throw;
-  }
+  Work([&] { analysis(tools); });
+}
+
+void Main_Form::AnalysePlaces(const std::function<void(const AnalysisTools&)>& analysis) {
+  advice_ = MissingFileAdvice();
+  Analyse(analysis);
 }
 
 QString Main_Form::MissingFileAdvice() const {
@@ -55,7 +54,7 @@ QString Main_Form::MissingFileAdvice() const {
   if (!FileUtility::FileExists(session_.DataDirectory + "\\..\\" + PositionName()))
     return "\"Position file\" names a file of the folder above the data; pallomir-cli import makes it.";
   if (!FileUtility::FileExists(SpikeFilePath(session_.File.Path)))
-    return "The report and average waveforms need the raw spike file beside the parameter file.";
+    return "The report needs the raw spike file beside the parameter file.";
   return {};
 }
 
@@ -65,18 +64,18 @@ std::string Main_Form::PositionName() const {
 
 void Main_Form::cmdRateMap_Click() {
   const std::string colours = TagOf(analyses_->cmdRateMap);
-  Analyse([&](const AnalysisTools& tools) { ShowRateMap(session_, tools, PositionName(), colours); });
+  AnalysePlaces([&](const AnalysisTools& tools) { ShowRateMap(session_, tools, PositionName(), colours); });
   // Gray is for one map.
   analyses_->cmdRateMap->setProperty("Tag", kColour);
 }
 
 void Main_Form::cmdOccMap_Click() {
-  Analyse([this](const AnalysisTools& tools) { ShowOccupancyMap(session_, tools, PositionName()); });
+  AnalysePlaces([this](const AnalysisTools& tools) { ShowOccupancyMap(session_, tools, PositionName()); });
 }
 
 void Main_Form::cmd2DAutoCorr_Click() {
   const std::string colours = TagOf(analyses_->cmd2DAutoCorr);
-  Analyse([&](const AnalysisTools& tools) { ShowSpatialAutoCorr(session_, tools, PositionName(), colours); });
+  AnalysePlaces([&](const AnalysisTools& tools) { ShowSpatialAutoCorr(session_, tools, PositionName(), colours); });
   // The rate map's tag, not its own: gray stays for autocorrelations.
   analyses_->cmdRateMap->setProperty("Tag", kColour);
 }
@@ -90,11 +89,11 @@ void Main_Form::cmdLogISI_Click() {
 }
 
 void Main_Form::cmdDirection_Click() {
-  Analyse([this](const AnalysisTools& tools) { ShowDirection(session_, tools, PositionName()); });
+  AnalysePlaces([this](const AnalysisTools& tools) { ShowDirection(session_, tools, PositionName()); });
 }
 
 void Main_Form::cmdReport_Click() {
-  Analyse([this](const AnalysisTools& tools) { ShowReport(session_, tools, PositionName()); });
+  AnalysePlaces([this](const AnalysisTools& tools) { ShowReport(session_, tools, PositionName()); });
 }
 
 void Main_Form::cmdShowWaveforms_Click() {

@@ -5,9 +5,7 @@
 #include "clusters/editing.h"
 #include "clusters/overlap.h"
 #include "clusters/undo.h"
-#include "files/number_text.h"
-#include "forms/cluster_panel.h"
-#include "forms/display_panel.h"
+#include "controls/run_command.h"
 #include "forms/edit_panel.h"
 #include "forms/main_form.h"
 
@@ -26,7 +24,7 @@ void Main_Form::ConnectEdit() {
   tmrDelayTimer_ = new QTimer(this);
   tmrDelayTimer_->setObjectName("tmrDelayTimer");
   tmrDelayTimer_->setInterval(500);
-  connect(tmrDelayTimer_, &QTimer::timeout, projections_.get(), &Projections::Blink);
+  connect(tmrDelayTimer_, &QTimer::timeout, this, [this] { RunCommand(*this, [this] { projections_->Blink(); }); });
   connect(projections_.get(), &Projections::OverlapEnded, this, &Main_Form::ShowOverlapEnded);
 }
 

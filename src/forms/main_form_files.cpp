@@ -5,6 +5,7 @@
 #include "clusters/autosave.h"
 #include "clusters/boundaries_file.h"
 #include "clusters/undo.h"
+#include "controls/run_command.h"
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "forms/analyses_panel.h"
@@ -121,8 +122,8 @@ void Main_Form::Timer1_Timer() {
     WriteCBFile(session_, *this, AutosavePath(session_));
     AppendMessage("Autosaved CBFile");
     autosaveFailed_ = false;
-  } catch (const CommandError& error) {
-    if (!autosaveFailed_) AppendMessage(std::string("Autosave failed: ") + error.what());
+  } catch (const std::exception& error) {
+    if (!autosaveFailed_) AppendMessage("Autosave failed: " + SentenceOf(error));
     autosaveFailed_ = true;
   }
 }
@@ -174,22 +175,24 @@ void Main_Form::mnuRestoreAxesScaleFromFile_Click() {
 void Main_Form::StartAutosave() {
   lastAutosave_ = SecondsSinceMidnight();
   Timer1_->start(kAutosaveCheck);
-  if (const auto time = UnclaimedAutosave(session_))
-    AppendMessage("A cut autosaved at " + *time +
-                  " can be read back: load points, then Read CBFile with the name cbfile.tmp");
+  Run([this] {
+    if (const auto time = UnclaimedAutosave(session_))
+      AppendMessage("A cut autosaved at " + *time +
+                    " can be read back: load points, then Read CBFile with the name cbfile.tmp");
+  });
 }
 
 void Main_Form::SaveBeforeTheEnd() {
   if (session_.DefinitionCounter == 0) return;
   try {
     WriteCBFile(session_, *this, AutosavePath(session_));
-  } catch (const CommandError& error) {
-    ShowMessage(error.what(), "ERROR");
+  } catch (const std::exception& error) {
+    ShowMessage(SentenceOf(error), "ERROR");
   }
 }
 
 void Main_Form::cmdExit_Click() {
-  if (SaveOnExit()) EndProgram();
+  if (CloseForms() && SaveOnExit()) EndProgram();
 }
 
 bool Main_Form::SaveOnExit() {
@@ -197,9 +200,9 @@ bool Main_Form::SaveOnExit() {
   try {
     cmdWriteCBFile_Click();
     mnuWriteAxesScaleFile_Click();
-  } catch (const CommandError& error) {
+  } catch (const std::exception& error) {
     // Nothing is lost without the user's word.
-    return dialogs_.Confirm(this, QString::fromUtf8(error.what()) + "\n\nLeave all the same?");
+    return dialogs_.Confirm(this, QString::fromStdString(SentenceOf(error)) + "\n\nLeave all the same?");
   }
   return true;
 }

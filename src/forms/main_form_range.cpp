@@ -3,7 +3,6 @@
 #include <QtWidgets>
 
 #include "controls/controls.h"
-#include "files/error.h"
 #include "files/number_text.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
@@ -51,7 +50,8 @@ void Main_Form::LoadRange(int32_t start, int32_t end) {
 void Main_Form::txtStartTime_DblClick() {
   const auto start = NumberIn(range_->txtStartTime);
   if (!start) return;
-  const auto found = RecordAtStart(session_, *this, *start);
+  std::optional<RecordTime> found;
+  Work([&] { found = RecordAtStart(session_, *this, *start); });
   if (!found) return;
   SetNumber(range_->txtStartTime, found->Time);
   SetNumber(range_->txtStartEvent, static_cast<double>(found->Record));
@@ -60,7 +60,8 @@ void Main_Form::txtStartTime_DblClick() {
 void Main_Form::txtEndTime_DblClick() {
   const auto end = NumberIn(range_->txtEndTime);
   if (!end) return;
-  const auto found = RecordAtEnd(session_, *this, *end);
+  std::optional<RecordTime> found;
+  Work([&] { found = RecordAtEnd(session_, *this, *end); });
   if (!found) return;
   SetNumber(range_->txtEndTime, found->Time);
   SetNumber(range_->txtEndEvent, static_cast<double>(found->Record));

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "controls/controls.h"
-#include "files/number_text.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/cl_note_form.h"
@@ -32,8 +31,7 @@ ProjectionOptions Main_Form::Options() const {
   const double batch = std::nearbyint(NumberIn(display_->txtDelay).value_or(kUsualBatch));
   options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
   if (display_->chkDownsample->isChecked())
-    if (const auto fraction = NumberIn(display_->txtDownsampleFraction))
-      options.Drawing.DownsampleFraction = static_cast<float>(*fraction);
+    if (const auto fraction = SingleIn(display_->txtDownsampleFraction)) options.Drawing.DownsampleFraction = *fraction;
   if (session_.MultipleEpochs && multipleEpochs_) options.Drawing.RecordRanges = multipleEpochs_->RecordRanges();
   return options;
 }
@@ -123,12 +121,12 @@ void Main_Form::cmdPointDown_Click() {
 }
 
 void Main_Form::cmdRandomX_Click() {
-  session_.RandomX = !session_.RandomX;
+  session_.RandomX = display_->cmdRandomX->isChecked();
   Redraw();
 }
 
 void Main_Form::cmdRandomY_Click() {
-  session_.RandomY = !session_.RandomY;
+  session_.RandomY = display_->cmdRandomY->isChecked();
   Redraw();
 }
 

@@ -2,7 +2,7 @@
 
 #include <QtGui>
 
-#include "forms/cluster_panel.h"
+#include "controls/toolkit_values.h"
 #include "projection/draw_points.h"
 
 namespace pallomir {
@@ -48,7 +48,7 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, b
       const Cluster& cluster = session.Clusters[c];
       for (int b = 0; b < cluster.BoundaryCount; ++b) {
         const Boundary& boundary = cluster.Boundaries[b];
-        if (boundary.XParameter != session.XParameter || boundary.YParameter != session.YParameter) continue;
+        if (!OnView(session, boundary)) continue;
         // On white a dark rim keeps light colours visible.
         painter.setPen(QPen(QColor(90, 98, 110), 2.6 * pixelRatio));
         if (session.WhiteBackground) DrawBoundary(painter, view, boundary);

@@ -6,9 +6,9 @@
 
 #include "clusters/classify.h"
 #include "controls/run_command.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/number_text.h"
-#include "forms/cluster_panel.h"
 #include "forms/picture.h"
 
 namespace pallomir {
@@ -66,7 +66,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
     if (PointsLoaded(session_) && drawn_) RunCommand(world_, [this] { Redraw(); });
   });
   slow_.setInterval(kSlowTick);
-  connect(&slow_, &QTimer::timeout, this, &Projections::SlowTick);
+  connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { SlowTick(); }); });
   ShowHint();
 }
 
@@ -79,6 +79,22 @@ void Projections::Redraw() {
   const bool givenUp = open && !open_;
   if (!isVisible()) show();
   BeginPicture();
+  // Redraws do not pile up under a held key: the one that is running goes on with the new picture.
+  if (drawing_) {
+    startOver_ = true;
+    return;
+  }
+  drawing_ = true;
+  const QScopeGuard done = qScopeGuard([this] { drawing_ = startOver_ = false; });
+  while (!DrawAllPoints())
+    if (!std::exchange(startOver_, false)) return;
+  ShowPicture();
+  ShowCount();
+  ShowHint();
+  if (givenUp) Say("The open polygon was given up as drawn so far. Undo takes it back.");
+}
+
+bool Projections::DrawAllPoints() {
   const uint64_t generation = generation_;
   const ProjectionOptions options = options_();
   auto shown = std::chrono::steady_clock::now();
@@ -92,17 +108,14 @@ void Projections::Redraw() {
       shown = std::chrono::steady_clock::now();
     }
     world_.PumpEvents();
-    // Whatever the user did meanwhile may have started a newer redraw, or ended the program.
-    if (generation != generation_) return;
+    // Whatever the user did meanwhile may have started a newer picture, or ended the program.
+    if (generation != generation_) return false;
   }
-  ShowPicture();
-  ShowCount();
-  ShowHint();
-  if (givenUp) Say("The open polygon was given up as drawn so far. Undo takes it back.");
+  return true;
 }
 
 void Projections::BeginPicture() {
-  ++generation_;
+  Supersede();
   pointer_->clear();
   const ProjectionOptions options = options_();
   const QSize size = surface_->DeviceSize();
@@ -168,8 +181,10 @@ void Projections::SlowTick() {
 
 void Projections::StartOverlap(const OverlapPoints& points) {
   const QSize size = surface_->DeviceSize();
+  const int pixel = std::max(1, static_cast<int>(std::lround(surface_->devicePixelRatioF())));
   const double radius = static_cast<double>(size.width()) * session_.PointSize / 1000;
-  overlap_ = Overlap{Raster(size.width(), size.height(), radius, 1)};
+  // Circles at every point size, but none that is smaller than a pixel.
+  overlap_ = Overlap{Raster(size.width(), size.height(), radius < pixel ? 0 : radius, pixel)};
   const std::vector<uint8_t> codes(points.X.size(), 1);
   overlap_->Points.Draw(view_, points.X.data(), points.Y.data(), codes.data(), codes.size());
   Blink();
@@ -209,6 +224,7 @@ void Projections::Clear() {
 
 void Projections::Supersede() {
   ++generation_;
+  startOver_ = false;
 }
 
 void Projections::Say(const QString& text) {
@@ -234,9 +250,8 @@ QString Projections::Hint() const {
   if (cluster.BoundaryCount == 0)
     return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
-  const bool here = std::any_of(cluster.Boundaries.begin(), end, [this](const Boundary& boundary) {
-    return boundary.XParameter == session_.XParameter && boundary.YParameter == session_.YParameter;
-  });
+  const bool here = std::any_of(cluster.Boundaries.begin(), end,
+                                [this](const Boundary& boundary) { return OnView(session_, boundary); });
   return QString(
              here ? "Cluster %1 holds %2 points. A polygon drawn here replaces its boundary; elsewhere it narrows it."
                   : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
@@ -272,7 +287,7 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
     if (options.CenterArmed && button == Qt::LeftButton)
       emit CenterChosen(at);
     else
-      Draw(at, button);
+      ClickCorner(at, button);
     return;
   }
   if (button != Qt::LeftButton) return;
@@ -280,7 +295,7 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
   surface_->SetZoomAnchor(zoomAnchor_);
 }
 
-void Projections::Draw(Vertex at, Qt::MouseButton button) {
+void Projections::ClickCorner(Vertex at, Qt::MouseButton button) {
   if (button != Qt::LeftButton && button != Qt::RightButton) return;
   if (button == Qt::RightButton && !open_) return;
   const ClickOutcome outcome =
@@ -304,9 +319,10 @@ void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   if (!zoomAnchor_ || button != Qt::LeftButton) return;
   const Vertex anchor = *zoomAnchor_;
   // What is seen of the rectangle is what is taken.
-  at.X = static_cast<float>(std::clamp<double>(at.X, view_.Left, view_.Right));
-  at.Y = static_cast<float>(
-      std::clamp<double>(at.Y, std::min(view_.Top, view_.Bottom), std::max(view_.Top, view_.Bottom)));
+  const auto within = [](double value, double a, double b) {
+    return static_cast<float>(std::clamp(value, std::min(a, b), std::max(a, b)));
+  };
+  at = {within(at.X, view_.Left, view_.Right), within(at.Y, view_.Top, view_.Bottom)};
   zoomAnchor_.reset();
   surface_->SetZoomAnchor({});
   if (options_().Busy) return;

@@ -93,7 +93,10 @@ class Projections : public QWidget {
   void Form_MouseDown(Qt::MouseButton button, Vertex at);
   void Form_MouseMove(Vertex at);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
-  void Draw(Vertex at, Qt::MouseButton button);
+  /// A click that begins, extends or closes a polygon.
+  void ClickCorner(Vertex at, Qt::MouseButton button);
+  /// False when a newer picture, or the end, came meanwhile.
+  bool DrawAllPoints();
   void BeginPicture();
   void ShowPicture();
   void ShowPolygon();
@@ -126,7 +129,11 @@ class Projections : public QWidget {
   std::optional<Overlap> overlap_;
   bool axesOff_ = false;
   bool drawn_ = false;
+  /// Counts pictures begun; a redraw that finds another number has been superseded.
   uint64_t generation_ = 0;
+  bool drawing_ = false;
+  /// A newer redraw was asked for while one runs.
+  bool startOver_ = false;
   size_t slowPoint_ = 0;
   size_t shown_ = 0;
 };

@@ -4,6 +4,7 @@
 
 #include "controls/controls.h"
 #include "controls/run_command.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "timesel/events_file.h"
 
@@ -286,12 +287,11 @@ void TimeEpochs::ShowHint() {
 }
 
 void TimeEpochs::ShowMessage(std::string_view text, std::string_view title) {
-  dialogs_.ShowMessage(this, QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())),
-                       QString::fromUtf8(title.data(), static_cast<qsizetype>(title.size())));
+  dialogs_.ShowMessage(this, FromText(text), FromText(title));
 }
 
 void TimeEpochs::AppendMessage(std::string_view line) {
-  txtEventIDProgress_->appendPlainText(QString::fromUtf8(line.data(), static_cast<qsizetype>(line.size())));
+  txtEventIDProgress_->appendPlainText(FromText(line));
 }
 
 void TimeEpochs::ShowProgress(int value) {

@@ -5,9 +5,8 @@
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/save_image.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
-#include "files/number_text.h"
-#include "forms/cluster_panel.h"
 #include "forms/picture.h"
 #include "forms/plot_surface.h"
 #include "projection/draw_points.h"
@@ -247,7 +246,7 @@ void Waveforms::cmdSavePicture_Click() {
   const QString path = dialogs_.SaveFile(
       this, {"Save Picture", "PNG picture (*.png)|*.png|All files (*.*)|*.*", "waveforms.png", "png"});
   if (path.isEmpty()) return;
-  SaveImage(ImageOf(picture_->Pixels(), Palette(session_)), QDir::toNativeSeparators(path).toStdString());
+  SavePictureBytes(PngOf(ImageOf(picture_->Pixels(), Palette(session_))), QDir::toNativeSeparators(path).toStdString());
   status_->setText("Saved " + QFileInfo(path).fileName() + ".");
 }
 
@@ -275,7 +274,7 @@ void Waveforms::DrawRecord(WaveformRecord& record, int cluster) {
 }
 
 void Waveforms::SetArea(const View& view) {
-  picture_.emplace(view);
+  RunCommand(world_, [&] { picture_ = WaveformPicture(view); });
   DrawAgain();
 }
 
@@ -285,8 +284,8 @@ void Waveforms::DrawAgain() {
     WaveformRecord record;
     for (const ShownSpike& spike : onView_)
       if (file_->Read(spike.Record, record)) DrawRecord(record, spike.Cluster);
+    ShowPicture();
   });
-  ShowPicture();
 }
 
 void Waveforms::ShowPicture() {

@@ -7,14 +7,10 @@ namespace pallomir {
 
 namespace {
 
-bool InPresentProjection(const Session& session, const Boundary& boundary) {
-  return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
-}
-
 /// The cluster's first boundary in the present projection, else the next free one.
 int BoundaryToDraw(const Session& session, const Cluster& cluster) {
   int b = 0;
-  while (b < cluster.BoundaryCount && !InPresentProjection(session, cluster.Boundaries[b])) ++b;
+  while (b < cluster.BoundaryCount && !OnView(session, cluster.Boundaries[b])) ++b;
   return b;
 }
 
@@ -73,7 +69,7 @@ void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open
   if (!open) return;
   const Cluster& cluster = session.Clusters[open->Cluster];
   const bool stillThere = open->Boundary < cluster.BoundaryCount &&
-                          InPresentProjection(session, cluster.Boundaries[open->Boundary]) &&
+                          OnView(session, cluster.Boundaries[open->Boundary]) &&
                           cluster.Boundaries[open->Boundary].VertexCount > 0;
   if (!stillThere || open->Cluster != session.CurrentCluster) open.reset();
 }

@@ -103,4 +103,9 @@ inline bool PointsLoaded(const Session& session) {
   return session.LoadStartRecord != 0 || session.LoadEndRecord != 0;
 }
 
+/// True when a boundary was drawn on the two parameters that are on view, in this order.
+inline bool OnView(const Session& session, const Boundary& boundary) {
+  return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
+}
+
 }  // namespace pallomir

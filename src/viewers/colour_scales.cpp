@@ -1,6 +1,7 @@
 #include "viewers/colour_scales.h"
 
 #include <cmath>
+#include <numbers>
 #include <span>
 
 namespace pallomir {
@@ -23,8 +24,8 @@ struct Linear {
 };
 
 Linear LinearOf(const Tone& tone) {
-  const double a = tone.Chroma * std::cos(tone.Hue * M_PI / 180);
-  const double b = tone.Chroma * std::sin(tone.Hue * M_PI / 180);
+  const double a = tone.Chroma * std::cos(tone.Hue * std::numbers::pi / 180);
+  const double b = tone.Chroma * std::sin(tone.Hue * std::numbers::pi / 180);
   const double l = std::pow(tone.Lightness + 0.3963377774 * a + 0.2158037573 * b, 3);
   const double m = std::pow(tone.Lightness - 0.1055613458 * a - 0.0638541728 * b, 3);
   const double s = std::pow(tone.Lightness - 0.0894841775 * a - 1.2914855480 * b, 3);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "viewers/figures.h"
 
@@ -14,7 +15,7 @@ constexpr double kRingLabel = 67.5;   // degrees: between two spokes
 constexpr char kGridPart[] = "grid";  // object name of what is drawn quietly
 
 QPointF OnCircle(double degrees, double radius) {
-  const double angle = degrees * M_PI / 180;
+  const double angle = degrees * std::numbers::pi / 180;
   return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
@@ -140,7 +141,7 @@ QString DirectionWindow::ReadOut(QPointF at) const {
   const double x = rect_->axis(QCPAxis::atBottom)->pixelToCoord(at.x());
   const double y = rect_->axis(QCPAxis::atLeft)->pixelToCoord(at.y());
   if (!rect_->rect().contains(at.toPoint()) || std::hypot(x, y) > 1) return {};
-  const double degrees = std::fmod(std::atan2(y, x) * 180 / M_PI + 360, 360);
+  const double degrees = std::fmod(std::atan2(y, x) * 180 / std::numbers::pi + 360, 360);
   const int bin = std::min(static_cast<int>(degrees / kDirectionBin), kDirectionBins - 1);
   const DirectionTuning& tuning = result_.Tuning;
   const QString place = QString("%1\u00b0 to %2\u00b0: ").arg(bin * kDirectionBin).arg((bin + 1) * kDirectionBin);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/toolkit_values.h"
 #include "files/number_text.h"
 
 namespace pallomir {
@@ -25,7 +26,7 @@ QString Figure(double value) {
 QString NamedFigure(const QString& name, double value, std::string_view unit) {
   if (!std::isfinite(value)) return {};
   return name + " " + Figure(value) + (unit.empty() ? "" : " ") +
-         QString::fromUtf8(unit.data(), qsizetype(unit.size()));
+         FromText(unit);
 }
 
 QString Whole(double count) {

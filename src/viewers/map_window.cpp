@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "controls/controls.h"
+#include "controls/toolkit_values.h"
 #include "viewers/figures.h"
 #include "viewers/map_cells.h"
 
@@ -114,7 +115,7 @@ void MapWindow::FillColours() {
   scale_->setDataRange(result_.Kind == MapKind::SpatialAutocorrelation ? QCPRange(-1, 1)
                                                                        : QCPRange(0, peak > 0 ? peak : 1));
   const std::string_view unit = UnitOf(result_.Kind);
-  scale_->setLabel(QString::fromUtf8(unit.data(), static_cast<qsizetype>(unit.size())));
+  scale_->setLabel(FromText(unit));
 }
 
 /// A dark cross with a light rim, seen on any colour.

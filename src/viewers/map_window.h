@@ -29,7 +29,7 @@ class MapWindow : public ResultWindow {
   void MakeChoice(ColourScale colours);
   void Choose(ColourScale colours);
 
-  /// Pixels to the unit of the axes.
+  /// A length in the unit of the axes.
   double InUnits(double pixels) const { return result_.PixelsPerCm > 0 ? pixels / result_.PixelsPerCm : pixels; }
   QString LengthUnit() const { return result_.PixelsPerCm > 0 ? "cm" : "pixels"; }
 

@@ -225,7 +225,7 @@ void ReportForm::mnuFileSave_Click() {
       painter.begin(&image);
       PaintSheet(painter, image.size());
     }
-    SaveImage(image, native);
+    SavePictureBytes(PngOf(image), native);
     return;
   }
   QByteArray bytes;
@@ -241,9 +241,7 @@ void ReportForm::mnuFileSave_Click() {
     painter.begin(&writer);
     PaintSheet(painter, writer.pageLayout().paintRectPixels(writer.resolution()).size());
   }
-  SaveFile file(native);
-  file.Write({bytes.data(), static_cast<size_t>(bytes.size())});
-  file.Commit();
+  SavePictureBytes(bytes, native);
 }
 
 void ReportForm::PaintSheet(QCPPainter& painter, QSize page) const {

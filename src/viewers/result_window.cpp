@@ -1,9 +1,7 @@
 #include "viewers/result_window.h"
 
-#include <cmath>
-
 #include "controls/controls.h"
-#include "files/error.h"
+#include "controls/run_command.h"
 #include "files/file_reader.h"
 #include "files/platform.h"
 #include "files/save_file.h"
@@ -244,9 +242,9 @@ void ResultWindow::Place() {
 }
 
 void ResultWindow::CopyPicture() {
+  const QScopeGuard screen = qScopeGuard([this] { Dress(ScreenStyle(*this)); });
   Dress(PrintStyle(*this));
   QApplication::clipboard()->setImage(plot_->toPixmap(plot_->width(), plot_->height(), kPictureScale).toImage());
-  Dress(ScreenStyle(*this));
   readOut_->setText("The picture is on the clipboard.");
 }
 
@@ -257,8 +255,8 @@ void ResultWindow::Save(const FileDialogOptions& options, Write write) {
   try {
     write(path.toStdString());
     readOut_->setText("Saved " + path);
-  } catch (const CommandError& error) {
-    dialogs_.ShowMessage(this, error.what(), {});
+  } catch (const std::exception& error) {
+    dialogs_.ShowMessage(this, QString::fromStdString(SentenceOf(error)), {});
   }
 }
 

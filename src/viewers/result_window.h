@@ -71,7 +71,7 @@ class ResultWindow : public QWidget {
   void CopyPicture();
   void cmdSavePicture_Click();
   void cmdSaveData_Click();
-  /// Asks for a name, and writes to it what `write` writes there, with the plot dressed for print.
+  /// Asks for a name, and writes to it what `write` writes there.
   template <class Write>
   void Save(const FileDialogOptions& options, Write write);
 

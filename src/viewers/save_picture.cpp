@@ -3,9 +3,9 @@
 #include <QPdfWriter>
 #include <QSvgGenerator>
 
+#include "controls/save_image.h"
 #include "files/error.h"
 #include "files/platform.h"
-#include "files/save_file.h"
 
 namespace pallomir {
 
@@ -28,10 +28,7 @@ QByteArray Png(QCustomPlot& plot, const QString& title) {
   image.setDotsPerMeterX(dotsPerMetre);
   image.setDotsPerMeterY(dotsPerMetre);
   image.setText("Title", title);
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  image.save(&buffer, "PNG");
-  return bytes;
+  return PngOf(image);
 }
 
 QByteArray Svg(QCustomPlot& plot, const QString& title) {
@@ -74,10 +71,7 @@ void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path)
     bytes = Pdf(plot, title);
   else
     throw CommandError(name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
-  if (bytes.isEmpty()) throw CommandError("There is not enough memory for the picture.");
-  SaveFile file(path);
-  file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));
-  file.Commit();
+  SavePictureBytes(bytes, path);
 }
 
 }  // namespace pallomir

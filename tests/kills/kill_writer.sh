@@ -8,7 +8,10 @@ trap 'rm -rf "$folder"' EXIT
 
 # The files exist before the first kill.
 "${writer[@]}" "$folder" >"$folder/writes" & process=$!
-while [ ! -s "$folder/writes" ]; do sleep 0.01; done
+while [ ! -s "$folder/writes" ]; do
+  kill -0 $process 2>/dev/null || { echo "the writer ended by itself"; exit 1; }
+  sleep 0.01
+done
 kill -9 $process; wait $process 2>/dev/null
 
 for round in $(seq 200); do

@@ -15,6 +15,7 @@
 #include <deque>
 #include <filesystem>
 #include <iostream>
+#include <mutex>
 #include <thread>
 
 #include "controls/dialogs.h"
@@ -78,6 +79,9 @@ class Storm : public Dialogs {
       turns_[0].start(0);
       QApplication::exec();
       turns_[0].stop();
+      if (Events < wanted_ && fault_.empty() && form.isVisible()) fault_ = "the program ended with its main form open";
+      for (QWidget* window : QApplication::topLevelWidgets())
+        if (!form.isVisible() && window->isVisible() && window->isModal()) fault_ = "a window outlived the main form";
       Check();
     }
     if (!fault_.empty()) std::cerr << "After " << Events << " events: " << fault_ << "\n";
@@ -108,9 +112,13 @@ class Storm : public Dialogs {
 
   /// Looked at by the watchdog: when the last action or message was.
   std::atomic<std::chrono::steady_clock::rep> LastBeat{0};
-  int64_t Events = 0, Starts = 0, Messages = 0, Actions = 0;
+  std::atomic<int64_t> Events = 0;
+  int64_t Starts = 0, Messages = 0, Actions = 0;
   /// Also the watchdog's.
-  std::string LastAction() const { return lastAction_; }
+  std::string LastAction() {
+    const std::lock_guard lock(actionMutex_);
+    return lastAction_;
+  }
 
  private:
   int Below(int count) { return static_cast<int>(draws_.Next() % static_cast<uint64_t>(std::max(count, 1))); }
@@ -122,7 +130,10 @@ class Storm : public Dialogs {
   QString InFolder(const QString& name) const { return QString::fromStdString(folder_) + name; }
   void Beat() { LastBeat = std::chrono::steady_clock::now().time_since_epoch().count(); }
   void Trace(const QString& what) {
-    lastAction_ = what.toStdString();
+    {
+      const std::lock_guard lock(actionMutex_);
+      lastAction_ = what.toStdString();
+    }
     if (trace_) std::cerr << Events << " " << lastAction_ << "\n";
   }
 
@@ -348,13 +359,14 @@ class Storm : public Dialogs {
   int depth_ = 0;
   int64_t wanted_ = 0;
   std::string fault_;
+  std::mutex actionMutex_;
   std::string lastAction_;
   Session* session_ = nullptr;
   Main_Form* form_ = nullptr;
 };
 
 /// Ends the process when nothing has happened for a minute.
-void Watch(const std::atomic<bool>& stop, const Storm& storm) {
+void Watch(const std::atomic<bool>& stop, Storm& storm) {
   while (!stop) {
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     const std::chrono::steady_clock::duration since(std::chrono::steady_clock::now().time_since_epoch().count() -
@@ -395,8 +407,8 @@ int main(int argumentCount, char** arguments) {
   over = true;
   watchdog.join();
   const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-  std::printf("%lld events in %lld actions, %lld starts, %lld messages, %.0f s\n", static_cast<long long>(storm.Events),
-              static_cast<long long>(storm.Actions), static_cast<long long>(storm.Starts),
-              static_cast<long long>(storm.Messages), seconds.count());
+  std::printf("%lld events in %lld actions, %lld starts, %lld messages, %.0f s\n",
+              static_cast<long long>(storm.Events.load()), static_cast<long long>(storm.Actions),
+              static_cast<long long>(storm.Starts), static_cast<long long>(storm.Messages), seconds.count());
   return calm ? 0 : 1;
 }

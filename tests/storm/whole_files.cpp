@@ -79,7 +79,8 @@ std::string FaultOf(const std::filesystem::path& path) {
     return lines.size() == 134 ? FaultOfLines(lines, 0, 1)
                                : "the scales have " + std::to_string(lines.size()) + " lines";
   }
-  const bool boundaries = begins("cbfile"), map = ends(".rmap") || ends(".occ") || ends(".2DAcorr");
+  const bool boundaries = begins("cbfile") && name.find(".txt") != std::string::npos,
+             map = ends(".rmap") || ends(".occ") || ends(".2DAcorr");
   const bool cluster = name.find("cl-") != std::string::npos;
   if (!boundaries && !map && !cluster && name != "ttmp" && name != "Defaults" && !ends(".acorr") && !ends(".isi") &&
       !ends(".dir"))
