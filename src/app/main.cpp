@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QFileInfo>
+#include <QIcon>
 
 #include "controls/dialogs.h"
 #include "controls/theme.h"
@@ -11,8 +13,12 @@ int main(int argumentCount, char** arguments) {
   QApplication::setApplicationDisplayName("Pallomir");
   QApplication::setApplicationVersion(PALLOMIR_VERSION);
   pallomir::ApplyTheme(application);
+  QApplication::setDesktopFileName("pallomir");
+  QApplication::setWindowIcon(QIcon(":/icons/pallomir.svg"));
   pallomir::Session session;
-  pallomir::DesktopDialogs dialogs;
+  // A parameter file on the command line, as a file manager names it, is what the dialog would have been answered with.
+  const QString file = application.arguments().value(1);
+  pallomir::DesktopDialogs dialogs(file.isEmpty() ? file : QFileInfo(file).absoluteFilePath());
   pallomir::Main_Form form(session, dialogs);
   if (!form.Form_Load()) return 0;
   form.show();

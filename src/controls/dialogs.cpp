@@ -36,6 +36,7 @@ void DesktopDialogs::ShowMessage(QWidget* parent, const QString& text, const QSt
 }
 
 QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& options) {
+  if (!firstFile_.isEmpty()) return std::exchange(firstFile_, {});
   QFileDialog dialog(parent, options.Title, QDir::currentPath(), DialogFilter(options.Filter));
   dialog.setObjectName("CommonDialog1");
   MakeRoom(dialog);

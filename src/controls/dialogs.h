@@ -32,11 +32,16 @@ class Dialogs {
 /// The desktop's own dialogs.
 class DesktopDialogs : public Dialogs {
  public:
+  /// `firstFile`, if any, answers the first question for a file to open.
+  explicit DesktopDialogs(const QString& firstFile = {}) : firstFile_(firstFile) {}
   void ShowMessage(QWidget* parent, const QString& text, const QString& title) override;
   QString OpenFile(QWidget* parent, const FileDialogOptions& options) override;
   QString SaveFile(QWidget* parent, const FileDialogOptions& options) override;
   int Print(QWidget* parent, QPrinter& printer) override;
   bool Confirm(QWidget* parent, const QString& question) override;
+
+ private:
+  QString firstFile_;
 };
 
 }  // namespace pallomir

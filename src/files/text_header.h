@@ -15,7 +15,7 @@ struct HeaderEntry {
 
 /// The header that every file of ours begins with: a few printable lines, CR LF, the last one fixed.
 ///
-///     # Pallomir 0.1.0
+///     # Pallomir 1.0.0
 ///     # Kind: CBFile
 ///     # Version: 1
 ///     # Date: 2026-11-21 14:03:22

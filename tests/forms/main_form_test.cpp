@@ -45,6 +45,38 @@ class MainFormTest : public QObject {
     QVERIFY(program.Answers.Messages[2].contains("does not exist"));
   }
 
+  void OpensTheFileOfTheCommandLine() {
+    Program program;
+    program.Write("TT1/picture.Ntt.parms", QByteArray(5000, 'x'));
+    for (const QString& named : {QString("TT1/TT1.Ntt.parms"), QString("TT1/picture.Ntt.parms")}) {
+      // Where that file is refused the dialog is asked, as it is without a command line.
+      QStringList asked;
+      QTimer answer;
+      connect(&answer, &QTimer::timeout, [&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+          asked << box->text();
+          box->accept();
+        } else if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
+          asked << dialog->directory().dirName();
+          // The folder is listed by another thread.
+          dialog->findChild<QLineEdit*>()->setText(program.Path("TT1/TT1.Ntt.parms"));
+          QMetaObject::invokeMethod(dialog, "accept");
+        }
+      });
+      answer.start(50);
+      Session session;
+      DesktopDialogs dialogs(program.Path(named));
+      Main_Form form(session, dialogs);
+      QVERIFY(form.Form_Load());
+      QCOMPARE(session.File.RecordCount, 1000);
+      QCOMPARE(Box<>(&form, "txtCurDir")->text(), program.Path("TT1"));
+      QCOMPARE(asked.size(), named.contains("picture") ? 2 : 0);
+      if (asked.isEmpty()) continue;
+      QVERIFY(asked[0].contains("picture.Ntt.parms is not recognised"));
+      QCOMPARE(asked[1], "TT1");
+    }
+  }
+
   void CutsAClusterAndNarrowsItInAnotherProjection() {
     Program program;
     program.Load();

@@ -1,0 +1,136 @@
+// The program while it works, while it ends, and where a command could not run.
+
+#include "form_tests.h"
+#include "program.h"
+
+using namespace pallomir;
+
+class AtWorkTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void ClosingDuringALoadSavesTheCut() {
+    Program program(300000);
+    program.Load();
+    program.Click("lblNewCluster(1)");
+    program.DrawPolygon({{100, 10}, {900, 10}, {500, 80}});
+    QTimer::singleShot(0, &program.Form, &QWidget::close);
+    program.Click("cmdLoadPoints");
+    QTRY_VERIFY(!program.Form.isVisible());
+    QFile saved(program.Path("TT1/cbfile.exit.txt"));
+    QVERIFY(saved.open(QIODevice::ReadOnly) && saved.readAll().contains("MPeak-1"));
+  }
+
+  void WhatIsPressedMeanwhileChangesNothing() {
+    Program program(300000);
+    program.Start();
+    bool pressed = false;
+    QTimer::singleShot(0, [&] {
+      pressed = true;
+      for (const char* name : {"cmdRandomX", "chkWhiteBackground", "chkAxesOff"})
+        QTest::mouseClick(program.Get(name), Qt::LeftButton);
+      QTest::keyClick(program.Get("txtLower"), Qt::Key_7);
+      program.Click("cmdLoadPoints");  // by a menu or a timer, past the mouse
+    });
+    program.Click("cmdLoadPoints");
+    QVERIFY(pressed);
+    QCOMPARE(program.Shared.Points.Rows(), size_t{300000});
+    QVERIFY(!program.Get<QAbstractButton>("cmdRandomX")->isChecked() && !program.Shared.RandomX);
+    QVERIFY(!program.Get<QCheckBox>("chkWhiteBackground")->isChecked() && !program.Shared.WhiteBackground);
+    QVERIFY(!program.Get<QCheckBox>("chkAxesOff")->isChecked());
+    QCOMPARE(program.Text("txtLower"), "");
+    // And is answered again afterwards.
+    QTest::mouseClick(program.Get("cmdRandomX"), Qt::LeftButton);
+    QVERIFY(program.Shared.RandomX);
+  }
+
+  void EscapeStopsALoadFromAnyWindow() {
+    for (const bool fromProjection : {false, true}) {
+      Program program(300000);
+      program.Start();
+      QTimer::singleShot(
+          0, [&] { QTest::keyClick(fromProjection ? program.Surface() : program.Get("txtLower"), Qt::Key_Escape); });
+      program.Click("cmdLoadPoints");
+      QVERIFY(!PointsLoaded(program.Shared));
+      QCOMPARE(Status(program), "Stopped; everything is as it was before.");
+    }
+  }
+
+  void AHeldKeyDoesNotPileRedrawsUp() {
+    Program program(3000);
+    program.Load();
+    program.Type("txtDelay", "1");
+    // Each pause of the redraw brings the next key.
+    int keys = 0, depth = 0, deepest = 0;
+    QTimer held;
+    connect(&held, &QTimer::timeout, [&] {
+      deepest = std::max(deepest, ++depth);
+      if (++keys == 50) held.stop();
+      QTest::keyClick(program.View(), Qt::Key_Down);
+      --depth;
+    });
+    held.start(0);
+    program.Click("cmdRedraw");
+    QCOMPARE(keys, 50);
+    QCOMPARE(deepest, 1);
+    QCOMPARE(program.Shared.YParameter, int16_t{51});
+    QVERIFY(program.View()->findChild<QLabel*>("count")->text().startsWith("3 000 of 3 000"));
+  }
+
+  void AFormWithUnsavedWorkKeepsTheProgramOpen() {
+    Program program;
+    program.Start();
+    program.Click("cmdDefineEpochs");
+    QWidget* epochs = program.Form.findChild<QWidget*>("TimeEpochs");
+    Box(epochs, "txtEpochLabel(0)")->setText("run");
+    program.Answers.Agree = false;
+    program.Form.close();
+    QVERIFY(program.Form.isVisible() && epochs->isVisible());
+    QVERIFY(!QFile::exists(program.Path("TT1/cbfile.exit.txt")));
+    program.Answers.Agree = true;
+    program.Form.close();
+    QVERIFY(!program.Form.isVisible());
+  }
+
+  void ZoomsOnAnAxisThatRunsBackwards() {
+    Program program;
+    program.Load();
+    program.Type("txtLower", "900");
+    program.Type("txtUpper", "100");
+    program.Click("cmdscaleXaxis");
+    program.Click("cmdRedraw");
+    program.Click("optZoom");
+    program.Drag(program.At(700, 20), program.At(300, 80));
+    QVERIFY(std::abs(program.Shared.AxisMinimum[0] - 300) < 5 && std::abs(program.Shared.AxisMaximum[0] - 700) < 5);
+  }
+
+  void ACommandThatCannotRunSaysWhatToDoNext() {
+    Program program;
+    program.Start();
+    program.Click("cmdRedraw");
+    QVERIFY(Status(program).contains("Load Points"));
+    program.Click("cmdLoadPoints");
+    program.Click("cmdRateMap");
+    QVERIFY(Status(program).contains("Choose a cluster"));
+    program.Click("cmdDeleteCluster");
+    QVERIFY(Status(program).contains("Choose a cluster"));
+    program.Click("lblNewCluster(2)");
+    program.Click("cmdRateMap");
+    QVERIFY(Status(program).contains("Position file"));
+    program.Click("cmdReadCBFile");
+    QVERIFY(Status(program).contains("Write CBFile"));
+    program.Click("cmdWriteCBFile");
+    program.Type("txtCBFileRead", "cbfile.m2");
+    program.Click("cmdReadCBFile");
+    QCOMPARE(Status(program), "Boundaries files here: cbfile.m1");
+    program.Click("cmdUndo");
+    QCOMPARE(Status(program), "There was nothing to undo.");
+  }
+
+ private:
+  static QString Status(const Program& program) { return program.Form.statusBar()->findChild<QLabel*>()->text(); }
+};
+
+static const bool added = AddFormTest<AtWorkTest>();
+
+#include "at_work_test.moc"
