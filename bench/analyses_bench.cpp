@@ -1,94 +1,31 @@
-// What the windows of the analyses wait for: 100,000 spikes and 36,000 positions, 20 minutes at 30 Hz.
+// What the windows of the analyses wait for.
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
-#include <random>
 #include <vector>
 
 #include "components/compute_direction.h"
 #include "components/compute_maps.h"
 #include "components/compute_trains.h"
 #include "components/spatial_autocorrelation.h"
-#include "files/save_file.h"
-#include "files/text_header.h"
 #include "support.h"
+#include "walk.h"
 
 namespace pallomir::bench {
 
 namespace {
 
-constexpr size_t kAnalysedSpikes = 100'000;
-constexpr int64_t kSamples = 36'000;
-constexpr int64_t kInterval = 33'333;
 constexpr double kScale = 4;  // pixels per cm
 
 struct Recorded {
-  Positions Places;
-  std::vector<int64_t> Spikes;
-  Track Tracked;
-  Map Occupancy, Rate;
-  std::string Folder;
+  const std::vector<int64_t>& Spikes = WalkInBox().Spikes;
+  Track Tracked = TrackWithin(WalkInBox().Places, {0, kFarthestStamp});
+  Map Occupancy = OccupancyMap(Tracked, BinSize(kScale));
+  Map Rate = RateMap(CountSpikes(Tracked, SamplesOfSpikes(Tracked, Spikes), Occupancy).Counts, Occupancy);
 };
 
-double Uniform(std::mt19937_64& random) {
-  return static_cast<double>(random() >> 11) * 0x1p-53;
-}
-
-/// A walk in a box of 1 m, and spikes that are evenly spread.
-Recorded Record() {
-  Recorded r;
-  std::mt19937_64 random(1);
-  double x = 200, y = 200, angle = 0;
-  for (int64_t i = 0; i < kSamples; ++i) {
-    angle += 60 * (Uniform(random) - 0.5);
-    angle -= 360 * std::floor(angle / 360);
-    x = std::clamp(x + 4 * std::cos(angle * std::numbers::pi / 180), 1.0, 399.0);
-    y = std::clamp(y + 4 * std::sin(angle * std::numbers::pi / 180), 1.0, 399.0);
-    if (x == 1 || y == 1 || x == 399 || y == 399) angle += 120;
-    r.Places.Time.push_back(1'000'000'000 + i * kInterval);
-    r.Places.X.push_back(120 + std::round(x));
-    r.Places.Y.push_back(40 + std::round(y));
-    r.Places.Direction.push_back(std::fmod(std::round(angle), 360));
-  }
-  for (size_t s = 0; s < kAnalysedSpikes; ++s)
-    r.Spikes.push_back(1'000'000'000 + static_cast<int64_t>(Uniform(random) * kSamples * kInterval));
-  std::sort(r.Spikes.begin(), r.Spikes.end());
-  r.Tracked = TrackWithin(r.Places, {0, kFarthestStamp});
-  r.Occupancy = OccupancyMap(r.Tracked, BinSize(kScale));
-  r.Rate = RateMap(CountSpikes(r.Tracked, SamplesOfSpikes(r.Tracked, r.Spikes), r.Occupancy).Counts, r.Occupancy);
-  return r;
-}
-
-void Put(const std::string& path, const std::string& text) {
-  SaveFile file(path);
-  file.Write(text);
-  file.Commit();
-}
-
-/// The same as files, as the cluster file writer and the import leave them.
-void PutFiles(Recorded& r) {
-  r.Folder = RecordingFolder();
-  std::string cluster = TextHeader("Cl-File") + "0\r\n1E+12\r\n", time = TextHeader("TFile");
-  std::string places = TextHeader("PosFile") + "PixelsPerCm,4\r\n";
-  for (const int64_t spike : r.Spikes) time += std::to_string(spike) + "\r\n";
-  for (size_t i = 0; i < r.Places.Time.size(); ++i) {
-    places += std::to_string(r.Places.Time[i]);
-    for (const double value : {r.Places.X[i], r.Places.Y[i], r.Places.Direction[i]})
-      places.append(",").append(std::to_string(static_cast<int>(value)));
-    places += "\r\n";
-  }
-  Put(r.Folder + "\\cl-tmp", cluster);
-  Put(r.Folder + "\\ttmp", time);
-  Put(r.Folder + "\\Pos.p", places);
-}
-
 const Recorded& Given() {
-  static const Recorded recorded = [] {
-    Recorded r = Record();
-    PutFiles(r);
-    return r;
-  }();
+  static const Recorded recorded;
   return recorded;
 }
 
@@ -264,9 +201,9 @@ BENCHMARK(DirectionNaive)->Name("100 000 spikes: direction tuning/naive")->Unit(
 
 template <class Compute>
 void FromFiles(benchmark::State& state, Compute compute) {
-  const std::string& folder = Given().Folder;
+  const std::string cluster = WalkFile("cl-tmp"), time = WalkFile("ttmp"), positions = WalkFile("Pos.p");
   QuietWorld world;
-  for (auto _ : state) compute(world, folder + "\\cl-tmp", folder + "\\ttmp", folder + "\\Pos.p", folder + "\\tmp");
+  for (auto _ : state) compute(world, cluster, time, positions, WalkFile("tmp"));
 }
 
 const bool registered = [] {

@@ -1,6 +1,5 @@
 // Which points lie inside a cluster's boundaries.
 
-#include <memory>
 #include <vector>
 
 #include "clusters/boundaries_file.h"

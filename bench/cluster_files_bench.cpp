@@ -1,8 +1,6 @@
 // The cut written as text: 18 numbers a spike, in 30 clusters.
 
 #include <cstdio>
-#include <filesystem>
-#include <memory>
 #include <random>
 #include <string>
 

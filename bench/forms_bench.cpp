@@ -2,9 +2,7 @@
 
 #include <QtWidgets>
 
-#include "clusters/classify.h"
 #include "controls/dialogs.h"
-#include "controls/theme.h"
 #include "forms/main_form.h"
 #include "support.h"
 

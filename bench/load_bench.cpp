@@ -5,9 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "files/bytes.h"
 #include "files/file_reader.h"
-#include "files/parameter_header.h"
 #include "files/platform.h"
 #include "session/point_reader.h"
 #include "support.h"

@@ -4,7 +4,6 @@
 #include <random>
 
 #include "components/cluster_measures.h"
-#include "components/stamp_matcher.h"
 #include "files/bytes.h"
 #include "files/save_file.h"
 #include "support.h"
@@ -48,15 +47,13 @@ void MeasureOurs(benchmark::State& state) {
   const std::string path = SpikeFilePath();
   const std::vector<int64_t> stamps = Stamps();
   QuietWorld world;
-  for (auto _ : state) benchmark::DoNotOptimize(MeasureCluster(world, path, stamps, 0, INT64_MAX));
+  for (auto _ : state) benchmark::DoNotOptimize(MeasureCluster(world, path, stamps, {0, INT64_MAX}));
 }
 BENCHMARK(MeasureOurs)->Name("quality and average waveform, reading included/ours")->Unit(benchmark::kMillisecond);
 
 void MeasureFloor(benchmark::State& state) {
   const std::string path = SpikeFilePath();
-  for (auto _ : state)
-    SpikeFile(path).ForEachSpike(
-        {}, [](double) {}, [](const SpikeRecord&) {});
+  for (auto _ : state) SpikeFile(path).ForEachSpike([](double) {}, [](const SpikeRecord&) {});
 }
 BENCHMARK(MeasureFloor)->Name("quality and average waveform, reading included/floor")->Unit(benchmark::kMillisecond);
 

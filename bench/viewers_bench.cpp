@@ -1,61 +1,17 @@
-// From the files of an analysis to its window: 100,000 spikes and 36,000 positions, 20 minutes at 30 Hz.
+// From the files of an analysis to its window.
 
 #include "viewers/desktop_components.h"
 
 #include <QtWidgets>
-#include <cmath>
-#include <filesystem>
-#include <fstream>
 #include <functional>
-#include <random>
 
 #include "controls/dialogs.h"
 #include "support.h"
+#include "walk.h"
 
 namespace pallomir::bench {
 
 namespace {
-
-constexpr int kShownSpikes = 100'000;
-constexpr int kPositions = 36'000;
-constexpr int64_t kFrame = 33'333;
-
-/// A walk in a box of 1 m at 4 pixels a cm, and spikes at any time, in a folder that goes with the program.
-struct AnalysisFiles {
-  std::filesystem::path Folder =
-      std::filesystem::temp_directory_path() / ("pallomir viewers " + std::to_string(std::random_device()()));
-
-  AnalysisFiles() {
-    std::filesystem::create_directories(Folder);
-    std::mt19937 random(1);
-    std::uniform_real_distribution<double> turn(-0.5, 0.5);
-    std::uniform_int_distribution<int64_t> gap(1, 2 * kPositions * kFrame / kShownSpikes);
-    std::ofstream(Path("cl-tmp")) << "0\r\n" << kPositions * kFrame << "\r\n";
-    std::ofstream spikes(Path("ttmp"));
-    int64_t time = 0;
-    for (int k = 0; k < kShownSpikes; ++k) spikes << std::min(time += gap(random), kPositions * kFrame) << "\r\n";
-    std::ofstream positions(Path("Pos.p"));
-    double x = 200, y = 200, angle = 0;
-    for (int k = 0; k < kPositions; ++k) {
-      angle += turn(random);
-      x = std::clamp(x + 5 * std::cos(angle), 1.0, 400.0);
-      y = std::clamp(y + 5 * std::sin(angle), 1.0, 400.0);
-      const double degrees = angle * 180 / M_PI;
-      positions << k * kFrame << "," << std::round(x) << "," << std::round(y) << ","
-                << std::round(degrees - 360 * std::floor(degrees / 360)) << "\r\n";
-    }
-  }
-  ~AnalysisFiles() {
-    std::error_code error;
-    std::filesystem::remove_all(Folder, error);
-  }
-  std::string Path(const char* name) const { return (Folder / name).string(); }
-};
-
-const AnalysisFiles& Files() {
-  static const AnalysisFiles files;
-  return files;
-}
 
 /// Runs a command of the components until its window is painted.
 void ToWindow(benchmark::State& state, const std::function<void(Components&)>& command) {
@@ -63,7 +19,7 @@ void ToWindow(benchmark::State& state, const std::function<void(Components&)>& c
   DesktopDialogs dialogs;
   QWidget parent;
   DesktopComponents components(world, dialogs, &parent, {});
-  Files();
+  WalkFile("");  // written before the clock runs
   for (auto _ : state) {
     command(components);
     QApplication::processEvents();
@@ -77,37 +33,37 @@ void ToWindow(benchmark::State& state, const std::function<void(Components&)>& c
 
 void ShowRate(Components& components) {
   const auto engine = components.MakeMapEngine();
-  engine->ComputeRateMap(Files().Path("cl-tmp"), Files().Path("ttmp"), Files().Path("Pos.p"), Files().Path("tmp.rmap"));
-  engine->ShowMap(Files().Path("tmp.rmap"), "Single", "Color", "Cluster 7");
+  engine->ComputeRateMap(WalkFile("cl-tmp"), WalkFile("ttmp"), WalkFile("Pos.p"), WalkFile("tmp.rmap"));
+  engine->ShowMap(WalkFile("tmp.rmap"), "Single", "Color", "Cluster 7");
 }
 
 void ShowOccupancy(Components& components) {
   const auto engine = components.MakeMapEngine();
-  engine->ComputeOccupancyMap(Files().Path("cl-tmp"), Files().Path("Pos.p"), Files().Path("tmp.occ"));
-  engine->ShowMap(Files().Path("tmp.occ"), "Single", "Color", "Occupancy");
+  engine->ComputeOccupancyMap(WalkFile("cl-tmp"), WalkFile("Pos.p"), WalkFile("tmp.occ"));
+  engine->ShowMap(WalkFile("tmp.occ"), "Single", "Color", "Occupancy");
 }
 
 void ShowSpatialAutoCorr(Components& components) {
   const auto engine = components.MakeMapEngine();
-  engine->ComputeRateMap(Files().Path("cl-tmp"), Files().Path("ttmp"), Files().Path("Pos.p"), Files().Path("tmp.rmap"));
-  engine->ComputeSpatialAutoCorr(Files().Path("tmp.rmap"));
-  engine->ShowMap(Files().Path("tmp.2DAcorr"), "2DCorr", "Color", "Cluster 7");
+  engine->ComputeRateMap(WalkFile("cl-tmp"), WalkFile("ttmp"), WalkFile("Pos.p"), WalkFile("tmp.rmap"));
+  engine->ComputeSpatialAutoCorr(WalkFile("tmp.rmap"));
+  engine->ShowMap(WalkFile("tmp.2DAcorr"), "2DCorr", "Color", "Cluster 7");
 }
 
 void ShowAutoCorr(Components& components) {
-  components.MakeTrainPlot()->PlotAutoCorr(Files().Path("cl-tmp"), Files().Path("ttmp"), Files().Path("tmp.acorr"),
-                                           "Single", "Cluster 7");
+  components.MakeTrainPlot()->PlotAutoCorr(WalkFile("cl-tmp"), WalkFile("ttmp"), WalkFile("tmp.acorr"), "Single",
+                                           "Cluster 7");
 }
 
 void ShowLogISI(Components& components) {
-  components.MakeTrainPlot()->PlotLogISI(Files().Path("cl-tmp"), Files().Path("ttmp"), Files().Path("tmp.isi"),
-                                         "Single", "Cluster 7");
+  components.MakeTrainPlot()->PlotLogISI(WalkFile("cl-tmp"), WalkFile("ttmp"), WalkFile("tmp.isi"), "Single",
+                                         "Cluster 7");
 }
 
 void ShowHeadDirection(Components& components) {
   const auto plot = components.MakeDirectionPlot();
-  plot->ComputeDirection(Files().Path("ttmp"), Files().Path("Pos.p"), Files().Path("cl-tmp"));
-  plot->ShowDirection(Files().Path("ttmp.dir"), "Single", "Cluster 7");
+  plot->ComputeDirection(WalkFile("ttmp"), WalkFile("Pos.p"), WalkFile("cl-tmp"));
+  plot->ShowDirection(WalkFile("ttmp.dir"), "Single", "Cluster 7");
 }
 
 [[maybe_unused]] const bool added = [] {

@@ -8,7 +8,6 @@
 #include "files/bytes.h"
 #include "files/save_file.h"
 #include "forms/cluster_panel.h"
-#include "projection/colours.h"
 #include "support.h"
 #include "waveforms/waveform_picture.h"
 

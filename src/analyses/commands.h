@@ -28,7 +28,7 @@ struct AnalysisTools {
 void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
                  const std::string& colours);
 
-/// Of all the time; no cluster needs to be chosen.
+/// Of the whole time range; no cluster needs to be chosen.
 void ShowOccupancyMap(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
 /// The rate map is made anew for it.

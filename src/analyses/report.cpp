@@ -3,7 +3,8 @@
 #include <functional>
 
 #include "analyses/center_file.h"
-#include "components/explanations.h"
+#include "components/compute_direction.h"
+#include "components/compute_maps.h"
 #include "files/error.h"
 #include "notes/cluster_notes.h"
 
@@ -12,31 +13,6 @@ namespace pallomir {
 namespace {
 
 constexpr double kMicroseconds = 1e6;
-
-void AddMaps(Report& report, const Positions& positions, const SpikeTimes& spikes) {
-  const Map occupancy = OccupancyMap(report.Path, BinSize(positions.PixelsPerCm));
-  const SpikeMap counted = CountSpikes(report.Path, report.SampleOf, occupancy);
-  report.Rate.Grid = RateMap(counted.Counts, occupancy);
-  report.Rate.MeanRate = MeanRate(report.Rate.Grid, occupancy);
-  report.Rate.Information = SpatialInformation(report.Rate.Grid, occupancy);
-  SetSpikes(report.Rate.Used, spikes);
-  SetSamples(report.Rate.Used, positions, report.Path);
-  report.Rate.Used.SpikesUsed = counted.Mapped;
-  report.Rate.Explanation = WhyNoTrack(positions, report.Path, spikes.Range);
-  report.Occupancy.Explanation = report.Rate.Explanation;
-  if (report.Rate.Explanation.empty()) report.Rate.Explanation = WhyNoSpikes(report.Rate.Used, spikes.Range);
-  report.Occupancy.Kind = MapKind::Occupancy;
-  report.Occupancy.Grid = occupancy;
-  report.Occupancy.PixelsPerCm = report.Rate.PixelsPerCm = positions.PixelsPerCm;
-}
-
-void AddDirection(Report& report, const Positions& positions) {
-  const double slowest = positions.PixelsPerCm > 0 ? kSlowestTravelCm * positions.PixelsPerCm : kSlowestTravelPixels;
-  report.DirectionOfTravel = !positions.HasDirection;
-  report.Direction =
-      TuningOf(report.DirectionOfTravel ? DirectionsOfTravel(report.Path, slowest) : report.Path.Direction,
-               report.Path.Hold, report.SampleOf);
-}
 
 void AddRemark(Report& report, const std::string& sentence) {
   if (!sentence.empty()) report.Remarks += (report.Remarks.empty() ? "" : " ") + sentence;
@@ -63,16 +39,30 @@ void AddPlaces(Report& report, const std::string& centerFile) {
       PlacesOfSpikes(SamplesOfSpikes(report.Path, report.Spikes.Time), report.Path.X, report.Path.Y, report.Centre);
 }
 
-void AddRemarks(Report& report) {
+std::string Counted(int64_t count, const char* one, const char* many) {
+  return std::to_string(count) + (count == 1 ? one : many);
+}
+
+void AddRemarks(Report& report, const std::string& whyNoDirection) {
   AddRemark(report, UsageText(report.Rate.Used));
   if (!report.CentreGiven)
     AddRemark(report, "Angles are about the middle of the tracked area: no center file was read.");
   if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel.");
-  if (!report.Measures.InMicrovolts) AddRemark(report, "The spike file does not say what a count is worth.");
-  if (report.Measures.Missing > 0)
-    AddRemark(report, std::to_string(report.Measures.Missing) + " spikes are not in the spike file.");
-  if (report.Measures.Ambiguous > 0)
-    AddRemark(report, std::to_string(report.Measures.Ambiguous) + " records of the spike file share a spike's stamp.");
+  if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // else it stands on the map
+  const ClusterMeasures& measures = report.Measures;
+  if (!measures.InMicrovolts) AddRemark(report, "The spike file does not say what a count is worth.");
+  if (measures.Missing > 0)
+    AddRemark(report, Counted(measures.Missing, " spike is", " spikes are") + " not in the spike file.");
+  if (measures.Ambiguous > 0)
+    AddRemark(report,
+              Counted(measures.Ambiguous, " record of the spike file shares", " records of the spike file share") +
+                  " a spike's stamp.");
+  if (measures.Unreadable > 0)
+    AddRemark(report, Counted(measures.Unreadable, " record of the spike file has", " records of the spike file have") +
+                          " no stamp that makes sense.");
+  if (measures.TrailingBytes > 0)
+    AddRemark(report, "The spike file ends with " +
+                          Counted(measures.TrailingBytes, " byte that is", " bytes that are") + " no whole record.");
 }
 
 }  // namespace
@@ -84,15 +74,18 @@ Report MakeReport(World& world, const ReportFiles& files, int c) {
   const Positions positions = ReadPositions(world, files.PositionFile);
   report.Path = TrackWithin(positions, spikes.Range);
   report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
-  AddMaps(report, positions, spikes);
-  AddDirection(report, positions);
+  report.Rate = RateMapOf(positions, report.Path, spikes);
+  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range);
+  const DirectionResult direction = DirectionOf(positions, report.Path, spikes);
+  report.Direction = direction.Tuning;
+  report.DirectionOfTravel = direction.OfTravel;
   AddPlaces(report, files.CenterFile);
-  report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range.First, spikes.Range.Last);
+  report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
   const auto duration = static_cast<double>(spikes.Range.Last - spikes.Range.First);
-  report.Refractory = RefractoryFiguresOf(spikes.Times, duration, {2000, report.Measures.DeadTime});
+  report.Refractory = RefractoryFiguresOf(spikes.Times, duration, {.Censored = report.Measures.DeadTime});
   if (duration > 0) report.MeanRate = static_cast<double>(spikes.Times.size()) / duration * kMicroseconds;
   WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
-  AddRemarks(report);
+  AddRemarks(report, direction.Explanation);
   return report;
 }
 

@@ -304,7 +304,7 @@ class Tour {
     constexpr size_t kCellNumber = 12;  // byte of a record
     std::vector<uint32_t> cells;
     SpikeFile(path).ForEachSpike(
-        {}, [](double) {},
+        [](double) {},
         [&](const SpikeRecord& record) { cells.push_back(LoadLittleEndian<uint32_t>(record.Bytes + kCellNumber)); });
     return cells;
   }

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "clusters/classify.h"
 #include "clusters/editing.h"
-#include "clusters/undo.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/file_utility.h"
@@ -98,28 +96,18 @@ class RecordReader {
   std::string_view name_;
 };
 
-/// What stands behind the header of a file, and the line that it begins on; nothing when there is no header.
-struct Body {
-  std::string Text;
-  std::string Name;
-  size_t Begin = 0;
-  int FirstLine = 1;
-};
-std::optional<Body> BodyOf(std::string_view path) {
-  Body body{ReadText(path), PathText(PlatformPath(path).filename())};
-  const long header = TextHeaderLength(body.Text);
-  if (header < 0) return {};
-  body.Begin = static_cast<size_t>(header);
-  body.FirstLine += static_cast<int>(std::count(body.Text.begin(), body.Text.begin() + header, '\n'));
-  return body;
-}
-
-/// Reads with `read`, then classifies. When the reading fails, what was read stays, and Undo leads to the cut before.
-template <class Read>
-bool ReadThenClassify(Session& session, std::string_view path, Read read) {
+/// Deletes clusters with `forget`, then has `read` take one record after the other, and classifies. False where the
+/// file has no header. When the reading fails, what was read stays, and Undo leads to the cut before.
+template <class Forget, class Read>
+bool ReadThenClassify(Session& session, std::string_view path, Forget forget, Read read) {
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
   try {
-    if (!read(BodyOf(path))) return false;
+    const std::string text = ReadText(path), name = PathText(PlatformPath(path).filename());
+    forget();
+    const auto body = BodyBehindHeader(text);
+    if (!body) return false;
+    RecordReader reader(session, std::string_view(text).substr(body->Begin), name, body->FirstLine);
+    while (!reader.AtEnd()) read(reader);
   } catch (const CommandError& error) {
     session.Undo = before;
     throw CommandError(std::string(error.what()) +
@@ -152,37 +140,30 @@ void WriteCBFile(const Session& session, World& world, std::string_view path) {
 }
 
 bool ReadCBFile(Session& session, std::string_view path) {
-  return ReadThenClassify(session, path, [&](const std::optional<Body>& body) {
-    DeleteAllClusters(session);
-    if (!body) return false;
-    RecordReader reader(session, std::string_view(body->Text).substr(body->Begin), body->Name, body->FirstLine);
-    for (int previous = 0; !reader.AtEnd();) {
-      const int c = reader.ClusterNumber();
-      const int b = c != previous ? reader.StartCluster(c) : reader.NextBoundary(c);
-      previous = c;
-      reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
-    }
-    return true;
-  });
+  int previous = 0;
+  return ReadThenClassify(
+      session, path, [&] { DeleteAllClusters(session); },
+      [&](RecordReader& reader) {
+        const int c = reader.ClusterNumber();
+        const int b = c != previous ? reader.StartCluster(c) : reader.NextBoundary(c);
+        previous = c;
+        reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
+      });
 }
 
 bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected) {
-  return ReadThenClassify(session, path, [&](const std::optional<Body>& body) {
-    for (int c = 1; c <= kClusters; ++c)
-      if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);
-    if (!body) return false;
-    RecordReader reader(session, std::string_view(body->Text).substr(body->Begin), body->Name, body->FirstLine);
-    while (!reader.AtEnd()) {
-      const int c = reader.ClusterNumber();
-      if (!selected[c]) {
-        reader.SkipBoundary();
-        continue;
-      }
-      const int b = session.ClusterDefined[c] ? reader.NextBoundary(c) : reader.StartCluster(c);
-      reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
-    }
-    return true;
-  });
+  return ReadThenClassify(
+      session, path,
+      [&] {
+        for (int c = 1; c <= kClusters; ++c)
+          if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);
+      },
+      [&](RecordReader& reader) {
+        const int c = reader.ClusterNumber();
+        if (!selected[c]) return reader.SkipBoundary();
+        const int b = session.ClusterDefined[c] ? reader.NextBoundary(c) : reader.StartCluster(c);
+        reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
+      });
 }
 
 }  // namespace pallomir

@@ -10,58 +10,73 @@ namespace {
 
 constexpr int64_t kMostLearnt = 100'000;
 
-}  // namespace
+/// The spikes of a file that lie within a time range, gone through several times.
+struct SpikesWithin {
+  SpikeFile File;
+  TimeRange Range;
+  WorkPace Pace;
 
-ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes, int64_t first,
-                               int64_t last, const SpikeRecords& records) {
-  SpikeFile file(spikeFile);
-  WorkPace pace(world);
-  const auto within = [&](const SpikeRecord& record) { return record.Stamp >= first && record.Stamp <= last; };
+  /// Calls use(record) for each; `from` and `to` are the shares of all the work that are done before and after it.
+  template <class Use>
+  void ForEach(double from, double to, Use use) {
+    File.ForEachSpike([&](double share) { Pace.Reached(from + (to - from) * share); },
+                      [&](const SpikeRecord& record) {
+                        if (Range.Holds(record.Stamp)) use(record);
+                      });
+  }
+};
 
-  // Once through the stamps, to know how many spikes there are and so which of them are learnt from.
-  constexpr double shareOfStamps = 0.2, shareOfLearning = 0.3;
+// The shares of the work that are done once the spikes have been counted, and learnt from.
+constexpr double kCounted = 0.2, kLearnt = 0.5;
+
+int64_t CountOf(SpikesWithin& spikes) {
   int64_t count = 0;
-  file.ForEachSpike(
-      records, [&](double share) { pace.Reached(shareOfStamps * share); },
-      [&](const SpikeRecord& record) { count += within(record); });
+  spikes.ForEach(0, kCounted, [&](const SpikeRecord&) { ++count; });
+  return count;
+}
 
-  IsolationFeatures features;
-  WireSamples samples;
+void LearnFrom(SpikesWithin& spikes, int64_t count, IsolationFeatures& features) {
   const int64_t every = 1 + (count - 1) / kMostLearnt;
   int64_t number = 0;
-  file.ForEachSpike(
-      records, [&](double share) { pace.Reached(shareOfStamps + shareOfLearning * share); },
-      [&](const SpikeRecord& record) {
-        if (!within(record) || number++ % every != 0) return;
-        record.ReadSamples(samples);
-        features.Learn(samples);
-      });
+  WireSamples samples;
+  spikes.ForEach(kCounted, kLearnt, [&](const SpikeRecord& record) {
+    if (number++ % every != 0) return;
+    record.ReadSamples(samples);
+    features.Learn(samples);
+  });
   features.FindComponents(static_cast<size_t>(count));
+}
+
+}  // namespace
+
+ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes,
+                               const TimeRange& range) {
+  SpikesWithin all{SpikeFile(spikeFile), range, WorkPace(world)};
+  const int64_t count = CountOf(all);
+  IsolationFeatures features;
+  LearnFrom(all, count, features);
 
   StampMatcher matcher(spikes);
   WaveformAverager averager;
   std::vector<uint8_t> member;
   member.reserve(static_cast<size_t>(count));
-  constexpr double before = shareOfStamps + shareOfLearning;
-  file.ForEachSpike(
-      records, [&](double share) { pace.Reached(before + (1 - before) * share); },
-      [&](const SpikeRecord& record) {
-        if (!within(record)) return;
-        record.ReadSamples(samples);
-        features.Measure(samples);
-        member.push_back(matcher.Take(record.Stamp));
-        if (member.back()) averager.Add(samples);
-      });
+  WireSamples samples;
+  all.ForEach(kLearnt, 1, [&](const SpikeRecord& record) {
+    record.ReadSamples(samples);
+    features.Measure(samples);
+    member.push_back(matcher.Take(record.Stamp));
+    if (member.back()) averager.Add(samples);
+  });
 
   ClusterMeasures measures;
-  measures.Average = averager.Result(file.MicrovoltsPerCount());
-  measures.InMicrovolts = file.ScaleKnown();
+  measures.Average = averager.Result(all.File.MicrovoltsPerCount());
+  measures.InMicrovolts = all.File.ScaleKnown();
   measures.Apart = IsolationOf(features.TakeColumns(), member);
-  measures.DeadTime = file.DeadTime();
+  measures.DeadTime = all.File.DeadTime();
   measures.Missing = matcher.Missing();
   measures.Ambiguous = matcher.Ambiguous();
-  measures.Unreadable = static_cast<int64_t>(file.Unreadable());
-  measures.TrailingBytes = static_cast<int64_t>(file.TrailingBytes());
+  measures.Unreadable = static_cast<int64_t>(all.File.Unreadable());
+  measures.TrailingBytes = static_cast<int64_t>(all.File.TrailingBytes());
   return measures;
 }
 

@@ -6,6 +6,7 @@
 
 #include "components/average_waveform.h"
 #include "components/cluster_quality.h"
+#include "components/spike_times.h"
 #include "session/world.h"
 
 namespace pallomir {
@@ -23,11 +24,11 @@ struct ClusterMeasures {
 };
 
 /// Reads the spike file for the cluster whose spikes have the stamps `spikes` (microseconds, in any order), looking
-/// only at records of `records` with stamps from `first` to `last`. The principal components are those of all these
-/// records, of every k-th where they are more than 100,000. Memory: 41 bytes a record within the range for four wires.
+/// only at records within `range`. The principal components are those of all these records, of every k-th where they
+/// are more than 100,000. Memory: 41 bytes a record within the range for four wires.
 ///
 /// Throws CommandError when the file cannot be read or is none, Interrupted when the user stops it.
-ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes, int64_t first,
-                               int64_t last, const SpikeRecords& records = {});
+ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes,
+                               const TimeRange& range);
 
 }  // namespace pallomir

@@ -44,7 +44,7 @@ Eigen::MatrixXd WhiteningOf(const Eigen::MatrixXd& centred) {
 }
 
 PALLOMIR_HOT_LOOP
-void AddScaled(const float* values, double mean, double factor, size_t count, double* sums) {
+void AddDistances(const float* values, double mean, double factor, size_t count, double* sums) {
   for (size_t i = 0; i < count; ++i) sums[i] += factor * (values[i] - mean);
 }
 
@@ -61,7 +61,7 @@ void SquaredDistances(const FeatureColumns& columns, const Eigen::VectorXd& mean
   for (Eigen::Index r = 0; r < whitening.rows(); ++r) {
     along.fill(0);
     for (Eigen::Index f = 0; f <= r; ++f)
-      AddScaled(columns[static_cast<size_t>(f)].data() + begin, mean(f), whitening(r, f), count, along.data());
+      AddDistances(columns[static_cast<size_t>(f)].data() + begin, mean(f), whitening(r, f), count, along.data());
     AddSquares(along.data(), count, squared.data());
   }
 }

@@ -27,7 +27,7 @@ struct Isolation {
   int Features = 0;
 };
 
-/// `member[i]` is not 0 where spike i is of the cluster. 60 ms for a million spikes with 8 features.
+/// `member[i]` is not 0 where spike i is of the cluster.
 Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> member);
 
 }  // namespace pallomir

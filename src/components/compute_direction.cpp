@@ -19,11 +19,7 @@ std::string WhyNoDirection(const Positions& positions, const DirectionTuning& tu
 
 }  // namespace
 
-DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
-                                 std::string_view clusterFile) {
-  const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
-  const Positions positions = ReadPositions(world, positionFile);
-  const Track track = TrackWithin(positions, spikes.Range);
+DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes) {
   const double slowest = positions.PixelsPerCm > 0 ? kSlowestTravelCm * positions.PixelsPerCm : kSlowestTravelPixels;
 
   DirectionResult result;
@@ -36,6 +32,14 @@ DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::s
   result.Explanation = WhyNoTrack(positions, track, spikes.Range);
   if (result.Explanation.empty()) result.Explanation = WhyNoDirection(positions, result.Tuning);
   if (result.Explanation.empty()) result.Explanation = WhyNoSpikes(result.Used, spikes.Range);
+  return result;
+}
+
+DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
+                                 std::string_view clusterFile) {
+  const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
+  const Positions positions = ReadPositions(world, positionFile);
+  const DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
   WriteDirectionFile(result, std::string(timeFile) + ".dir");
   return result;
 }

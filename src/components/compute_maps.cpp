@@ -6,11 +6,7 @@
 
 namespace pallomir {
 
-MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,
-                         std::string_view positionFile, std::string_view outputFile) {
-  const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
-  const Positions positions = ReadPositions(world, positionFile);
-  const Track track = TrackWithin(positions, spikes.Range);
+MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeTimes& spikes) {
   const Map occupancy = OccupancyMap(track, BinSize(positions.PixelsPerCm));
   const SpikeMap counted = CountSpikes(track, SamplesOfSpikes(track, spikes.Times), occupancy);
 
@@ -24,6 +20,24 @@ MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string
   result.Used.SpikesUsed = counted.Mapped;
   result.Explanation = WhyNoTrack(positions, track, spikes.Range);
   if (result.Explanation.empty()) result.Explanation = WhyNoSpikes(result.Used, spikes.Range);
+  return result;
+}
+
+MapResult OccupancyMapOf(const Positions& positions, const Track& track, const TimeRange& range) {
+  MapResult result;
+  result.Kind = MapKind::Occupancy;
+  result.Grid = OccupancyMap(track, BinSize(positions.PixelsPerCm));
+  result.PixelsPerCm = positions.PixelsPerCm;
+  SetSamples(result.Used, positions, track);
+  result.Explanation = WhyNoTrack(positions, track, range);
+  return result;
+}
+
+MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,
+                         std::string_view positionFile, std::string_view outputFile) {
+  const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
+  const Positions positions = ReadPositions(world, positionFile);
+  const MapResult result = RateMapOf(positions, TrackWithin(positions, spikes.Range), spikes);
   WriteMapFile(result, outputFile);
   return result;
 }
@@ -32,13 +46,7 @@ MapResult ComputeOccupancyMap(World& world, std::string_view clusterFile, std::s
                               std::string_view outputFile) {
   const TimeRange range = ReadTimeRange(clusterFile);
   const Positions positions = ReadPositions(world, positionFile);
-  const Track track = TrackWithin(positions, range);
-  MapResult result;
-  result.Kind = MapKind::Occupancy;
-  result.Grid = OccupancyMap(track, BinSize(positions.PixelsPerCm));
-  result.PixelsPerCm = positions.PixelsPerCm;
-  SetSamples(result.Used, positions, track);
-  result.Explanation = WhyNoTrack(positions, track, range);
+  const MapResult result = OccupancyMapOf(positions, TrackWithin(positions, range), range);
   WriteMapFile(result, outputFile);
   return result;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "components/angles.h"
 #include "components/grid_map.h"
 
 namespace pallomir {
@@ -43,8 +44,7 @@ void DeriveFromRates(DirectionTuning& tuning) {
   tuning.Coverage = static_cast<double>(visited) / kDirectionBins;
   if (!(sum > 0)) return;
   tuning.VectorLength = std::min(std::hypot(x, y) / sum, 1.0);
-  const double degrees = std::atan2(y, x) * 180 / std::numbers::pi;
-  tuning.VectorDirection = std::fmod(degrees + 360, 360);
+  tuning.VectorDirection = DegreesOf(x, y);
 }
 
 DirectionTuning TuningOf(std::span<const double> direction, std::span<const double> hold,

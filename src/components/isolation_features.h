@@ -2,7 +2,6 @@
 
 #include <array>
 #include <memory>
-#include <span>
 
 #include "components/cluster_quality.h"
 #include "components/spike_file.h"

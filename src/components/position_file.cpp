@@ -8,6 +8,7 @@
 #include "components/position_video.h"
 #include "files/error.h"
 #include "files/file_reader.h"
+#include "files/raw_layout.h"
 #include "files/text_header.h"
 #include "session/work_pace.h"
 
@@ -56,7 +57,7 @@ Positions ReadPositions(World& world, std::string_view path) {
   FileReader file(path);
   Positions positions;
   positions.Name = file.Name();
-  const std::string beginning = ReadText(path, kAcquisitionHeader + kFramesLookedAt * kFrameBytes);
+  const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
   const long ownHeader = TextHeaderLength(beginning);
   WorkPace pace(world);
   if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {

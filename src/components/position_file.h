@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -14,6 +15,9 @@ inline constexpr double kNotKnown = std::numeric_limits<double>::quiet_NaN();
 
 /// Stamps of position and spike files lie within this, in microseconds, on either side of 0.
 inline constexpr int64_t kFarthestStamp = 1'000'000'000'000'000'000;
+inline bool IsStamp(double microseconds) {
+  return std::abs(microseconds) <= static_cast<double>(kFarthestStamp);
+}
 
 /// Where the animal was, as columns in order of time; samples with equal stamps stand as in the file.
 struct Positions {

@@ -60,7 +60,7 @@ std::optional<double> Coordinate(std::string_view text) {
 std::optional<PositionSample> SampleFrom(std::string_view line) {
   line = Trimmed(line);
   const auto time = NumberFromText(TakeColumn(line));
-  if (!time || !(std::abs(*time) <= static_cast<double>(kFarthestStamp))) return {};
+  if (!time || !IsStamp(*time)) return {};
   std::array<double, 3> values{kNotKnown, kNotKnown, kNotKnown};
   size_t count = 0;
   for (; !line.empty(); ++count) {

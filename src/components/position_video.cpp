@@ -4,30 +4,30 @@
 #include <cmath>
 
 #include "files/bytes.h"
-#include "files/number_text.h"
+#include "files/raw_header.h"
+#include "files/raw_layout.h"
 
 namespace pallomir {
 
 namespace {
 
-constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
+constexpr size_t kFrameBytes = kVideoLayout.RecordBytes;
 constexpr int kPixelLimit = 100'000;
-constexpr size_t kStampPlace = 6, kXPlace = 1616, kYPlace = 1620, kAnglePlace = 1624;
 
 PositionSample FrameAt(const unsigned char* record) {
   const auto coordinate = [record](size_t place) {
     return static_cast<double>(LoadLittleEndian<int32_t>(record + place));
   };
-  const auto stamp = LoadLittleEndian<uint64_t>(record + kStampPlace);
-  return {static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)), coordinate(kXPlace), coordinate(kYPlace),
-          coordinate(kAnglePlace)};
+  const auto stamp = LoadLittleEndian<uint64_t>(record + kVideoLayout.StampOffset);
+  return {static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)), coordinate(kFrameX), coordinate(kFrameY),
+          coordinate(kFrameAngle)};
 }
 
 bool FramesMakeSense(std::string_view beginning) {
   bool allZero = true;
   for (size_t f = 0; f < kFramesLookedAt && (f + 1) * kFrameBytes <= beginning.size(); ++f) {
     const auto* record = reinterpret_cast<const unsigned char*>(beginning.data()) + f * kFrameBytes;
-    const uint64_t stamp = LoadLittleEndian<uint64_t>(record + kStampPlace);
+    const uint64_t stamp = LoadLittleEndian<uint64_t>(record + kVideoLayout.StampOffset);
     const PositionSample frame = FrameAt(record);
     if (stamp >= kStampLimit || std::abs(frame.X) > kPixelLimit || std::abs(frame.Y) > kPixelLimit) return false;
     allZero = allZero && stamp == 0;
@@ -37,20 +37,17 @@ bool FramesMakeSense(std::string_view beginning) {
 
 /// Whether a header's "-RecordSize", if it has one, is that of frames.
 bool NamesFrameSize(std::string_view header) {
-  constexpr std::string_view key = "-RecordSize ";
-  const size_t place = header.find(key);
-  if (place == std::string_view::npos) return true;
-  const std::string_view value = header.substr(place + key.size());
-  return NumberFromText(value.substr(0, value.find_first_of(std::string_view("\r\n\0", 3)))) == kFrameBytes;
+  const std::vector<double> size = HeaderNumbers(header, "RecordSize");
+  return size.empty() || size[0] == kFrameBytes;
 }
 
 }  // namespace
 
 std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fileLength) {
-  if (beginning.starts_with('#') && beginning.size() >= kAcquisitionHeader) {
-    if (!NamesFrameSize(beginning.substr(0, kAcquisitionHeader))) return {};
-    const bool empty = fileLength < kAcquisitionHeader + kFrameBytes;
-    if (empty || FramesMakeSense(beginning.substr(kAcquisitionHeader))) return kAcquisitionHeader;
+  if (beginning.starts_with('#') && beginning.size() >= kRawHeaderBytes) {
+    if (!NamesFrameSize(beginning.substr(0, kRawHeaderBytes))) return {};
+    const bool empty = fileLength < kRawHeaderBytes + kFrameBytes;
+    if (empty || FramesMakeSense(beginning.substr(kRawHeaderBytes))) return kRawHeaderBytes;
   }
   if (FramesMakeSense(beginning)) return 0;
   return {};

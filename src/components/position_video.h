@@ -10,9 +10,7 @@
 
 namespace pallomir {
 
-// The acquisition system's video file: a header of 16384 bytes, which may be absent, then frames.
-inline constexpr size_t kAcquisitionHeader = 16384;
-inline constexpr size_t kFrameBytes = 1828;
+// The acquisition system's video file; its frames are as files/raw_layout.h has them.
 inline constexpr size_t kFramesLookedAt = 64;
 
 /// Where the frames begin, judged by the beginning of a file (its header and kFramesLookedAt frames); nothing when it

@@ -4,11 +4,13 @@
 #include <optional>
 #include <span>
 
+#include "components/train.h"
+
 namespace pallomir {
 
 /// No cell fires twice within Period; within Censored after a spike none would have been recorded. Microseconds.
 struct Refractory {
-  double Period = 2000;
+  double Period = kRefractoryPeriod;
   double Censored = 0;
 };
 

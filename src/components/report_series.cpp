@@ -4,21 +4,16 @@
 #include <array>
 #include <cmath>
 #include <limits>
-#include <numbers>
-#include <string>
 
-#include "files/error.h"
-#include "files/file_reader.h"
+#include "components/angles.h"
+#include "components/position_file.h"
+#include "components/spike_times.h"
 #include "files/number_text.h"
-#include "files/text_header.h"
-#include "files/text_lines.h"
-#include "session/work_pace.h"
 
 namespace pallomir {
 
 namespace {
 
-constexpr double kUnknown = std::numeric_limits<double>::quiet_NaN();
 constexpr size_t kItems = 18;
 constexpr size_t kFirstPeak = 1;  // before it the record number
 constexpr size_t kPeaks = 16;     // behind them the stamp
@@ -37,107 +32,62 @@ bool ParseLine(std::string_view line, size_t count, Items& items) {
   return true;
 }
 
-bool IsStamp(double stamp) {
-  return std::abs(stamp) <= 1e18;
-}
-
 struct Spike {
   int64_t Time;
   std::array<float, kPeaks> Peaks;
 };
 
-/// Takes the lines of a cluster file in one by one.
-class LineTaker {
- public:
-  LineTaker(std::string name, int firstLine) : name_(std::move(name)), line_(firstLine) {}
-
-  void Take(std::string_view line) {
-    const int number = line_++;
-    if (Trimmed(line).empty()) return;
-    Items items;
-    if (ranges_ < 2) {
-      if (!ParseLine(line, 1, items) || !IsStamp(items[0])) Refuse(number, line, "is not a time");
-      (ranges_++ == 0 ? lines_.First : lines_.Last) = std::llrint(items[0]);
-      return;
-    }
-    if (!ParseLine(line, kItems, items) || !IsStamp(items.back())) Refuse(number, line, "is not a spike");
-    AddSpike(items);
-  }
-
-  ClusterLines Result() {
-    if (ranges_ < 2) throw CommandError(name_ + " ended early, before line " + std::to_string(line_) + ".");
-    const auto earlier = [](const Spike& a, const Spike& b) { return a.Time < b.Time; };
-    if (lines_.Disordered > 0) std::stable_sort(spikes_.begin(), spikes_.end(), earlier);
-    for (const Spike& spike : spikes_) {
-      float highest = -std::numeric_limits<float>::infinity();
-      for (size_t k = 0; k < kPeaks; ++k)
-        if (recorded_[k]) highest = std::max(highest, spike.Peaks[k]);
-      lines_.Time.push_back(spike.Time);
-      lines_.MaxHeight.push_back(std::isfinite(highest) ? highest : 0);
-    }
-    return std::move(lines_);
-  }
-
- private:
-  void AddSpike(const Items& items) {
-    Spike spike{std::llrint(items.back()), {}};
-    for (size_t k = 0; k < kPeaks; ++k) {
-      spike.Peaks[k] = static_cast<float>(items[kFirstPeak + k]);
-      recorded_[k] = recorded_[k] || spike.Peaks[k] != 0;
-    }
-    lines_.Disordered += spike.Time < before_;
-    before_ = spike.Time;
-    if (spike.Time < lines_.First || spike.Time > lines_.Last)
-      ++lines_.Outside;
-    else
-      spikes_.push_back(spike);
-  }
-
-  [[noreturn]] void Refuse(int number, std::string_view line, const char* what) const {
-    throw CommandError(name_ + ", line " + std::to_string(number) + ": \"" + std::string(line.substr(0, 40)) + "\" " +
-                       what + ".");
-  }
-
-  std::string name_;
-  int line_;
-  int ranges_ = 0;  // lines of the time range that have come
-  int64_t before_ = std::numeric_limits<int64_t>::min();
-  std::array<bool, kPeaks> recorded_{};
-  std::vector<Spike> spikes_;
-  ClusterLines lines_;
-};
+/// The highest of the peaks that were recorded.
+float HighestOf(const Spike& spike, const std::array<bool, kPeaks>& recorded) {
+  float highest = -std::numeric_limits<float>::infinity();
+  for (size_t k = 0; k < kPeaks; ++k)
+    if (recorded[k]) highest = std::max(highest, spike.Peaks[k]);
+  return std::isfinite(highest) ? highest : 0;
+}
 
 }  // namespace
 
 ClusterLines ReadClusterLines(World& world, std::string_view clusterFile) {
-  const std::string beginning = ReadText(clusterFile, kTextHeaderLimit);
-  const auto header = static_cast<size_t>(std::max(TextHeaderLength(beginning), 0L));
-  const auto headerLines = std::count(beginning.begin(), beginning.begin() + static_cast<std::ptrdiff_t>(header), '\n');
-  FileReader file(clusterFile);
-  WorkPace pace(world);
-  LineTaker taker(file.Name(), 1 + static_cast<int>(headerLines));
-  uint64_t place = header;
-  int lines = 0;
-  ForEachLine(file, header, [&](std::string_view line, bool) {
-    place += line.size() + 1;
-    if (++lines % 1024 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
-    taker.Take(line);
+  const TimeRange range = ReadTimeRange(clusterFile);
+  int linesOfRange = 2;
+  std::array<bool, kPeaks> recorded{};
+  std::vector<Spike> spikes;
+  ForEachNumberedLine(world, clusterFile, [&](const NumberedLine& line) {
+    Items items;
+    if (linesOfRange > 0) {
+      if (!ParseLine(line.Text, 1, items)) line.Refuse("is not a time");
+      --linesOfRange;
+      return;
+    }
+    if (!ParseLine(line.Text, kItems, items) || !IsStamp(items.back())) line.Refuse("is not a spike");
+    Spike spike{std::llrint(items.back()), {}};
+    for (size_t k = 0; k < kPeaks; ++k) {
+      spike.Peaks[k] = static_cast<float>(items[kFirstPeak + k]);
+      recorded[k] = recorded[k] || spike.Peaks[k] != 0;
+    }
+    if (range.Holds(spike.Time)) spikes.push_back(spike);
   });
-  return taker.Result();
+  const auto earlier = [](const Spike& a, const Spike& b) { return a.Time < b.Time; };
+  if (!std::is_sorted(spikes.begin(), spikes.end(), earlier)) std::stable_sort(spikes.begin(), spikes.end(), earlier);
+  ClusterLines lines;
+  lines.First = range.First;
+  lines.Last = range.Last;
+  for (const Spike& spike : spikes) {
+    lines.Time.push_back(spike.Time);
+    lines.MaxHeight.push_back(HighestOf(spike, recorded));
+  }
+  return lines;
 }
 
 double AngleAbout(const TrackedPoint& centre, double x, double y) {
   const double across = x - centre.X, down = y - centre.Y;
-  if (std::isnan(across) || std::isnan(down) || (across == 0 && down == 0)) return kUnknown;
-  const double degrees = std::atan2(-down, across) * 180 / std::numbers::pi;
-  // A hair below 0 would become 360.
-  const double turned = degrees < 0 ? degrees + 360 : degrees;
-  return turned < 360 ? turned : 0;
+  if (std::isnan(across) || std::isnan(down) || (across == 0 && down == 0)) return kNotKnown;
+  return DegreesOf(across, -down);
 }
 
 TrackedPoint MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) {
   const auto middle = [](std::span<const double> values) {
-    double low = kUnknown, high = kUnknown;
+    double low = kNotKnown, high = kNotKnown;
     for (const double value : values) {
       low = std::fmin(low, value);
       high = std::fmax(high, value);
@@ -151,8 +101,8 @@ PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const dou
                            const TrackedPoint& centre) {
   PlaceSeries series;
   for (const int64_t sample : samples) {
-    series.X.push_back(sample < 0 ? kUnknown : x[sample]);
-    series.Y.push_back(sample < 0 ? kUnknown : y[sample]);
+    series.X.push_back(sample < 0 ? kNotKnown : x[sample]);
+    series.Y.push_back(sample < 0 ? kNotKnown : y[sample]);
     series.Angle.push_back(AngleAbout(centre, series.X.back(), series.Y.back()));
   }
   return series;

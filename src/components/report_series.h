@@ -17,8 +17,6 @@ struct ClusterLines {
   std::vector<float> MaxHeight;
   int64_t First = 0;  ///< time range of the file, microseconds; spikes outside of it are left out
   int64_t Last = 0;
-  int64_t Outside = 0;     ///< spikes left out because of it
-  int64_t Disordered = 0;  ///< spikes earlier than the one before; sorted
 };
 
 /// Reads a cluster file: a text header, which may be absent, start and end of the time range, then a line a spike: the

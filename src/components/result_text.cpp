@@ -47,12 +47,11 @@ void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value) {
 
 ResultText::ResultText(std::string_view path, std::string_view kind)
     : name_(PathText(PlatformPath(path).filename())), text_(ReadText(path)) {
-  const long header = TextHeaderLength(text_);
-  header_ = static_cast<size_t>(std::max(header, 0L));
-  if (header < 0 || HeaderValue(Header(), "Kind") != kind)
+  const auto body = BodyBehindHeader(text_).value_or(TextBody{});
+  header_ = place_ = body.Begin;
+  line_ = body.FirstLine - 1;
+  if (HeaderValue(Header(), "Kind") != kind)
     throw CommandError(name_ + " is not a file of kind " + std::string(kind) + ".");
-  place_ = header_;
-  line_ = static_cast<int>(std::count(text_.begin(), text_.begin() + header, '\n'));
 }
 
 bool ResultText::AtEnd() {

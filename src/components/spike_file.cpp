@@ -1,7 +1,6 @@
 #include "components/spike_file.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "files/error.h"
 #include "files/raw_header.h"

@@ -3,11 +3,11 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "components/position_file.h"
 #include "files/raw_file.h"
 
 namespace pallomir {
@@ -16,12 +16,6 @@ inline constexpr int kWires = 4;
 
 /// The samples of a spike by wire, raw counts.
 using WireSamples = std::array<std::array<int16_t, kWaveformSamples>, kWires>;
-
-/// Records of a spike file from First on, as many as there are of Count.
-struct SpikeRecords {
-  uint64_t First = 0;
-  uint64_t Count = std::numeric_limits<uint64_t>::max();
-};
 
 /// A record of a spike file, while it is in memory.
 struct SpikeRecord {
@@ -52,11 +46,11 @@ class SpikeFile {
   /// where it does not say.
   double DeadTime() const { return deadTime_; }
 
-  /// Calls use(record) for every one of `records`, in the order of the file, reading block by block and telling
-  /// reached(share) after each. Records whose stamp is beyond reason are passed over and counted. Throws CommandError
-  /// when these are most of them, or the file cannot be read.
+  /// Calls use(record) for every record, in the order of the file, reading block by block and telling reached(share)
+  /// after each. Records whose stamp is beyond reason are passed over and counted. Throws CommandError when these are
+  /// most of them, or the file cannot be read.
   template <class Use>
-  void ForEachSpike(const SpikeRecords& records, const std::function<void(double)>& reached, Use use);
+  void ForEachSpike(const std::function<void(double)>& reached, Use use);
 
   /// Records that the last ForEachSpike passed over.
   uint64_t Unreadable() const { return unreadable_; }
@@ -73,27 +67,25 @@ class SpikeFile {
 };
 
 template <class Use>
-void SpikeFile::ForEachSpike(const SpikeRecords& records, const std::function<void(double)>& reached, Use use) {
-  constexpr uint64_t latest = 1'000'000'000'000'000'000;
-  const uint64_t first = std::min(records.First, RecordCount());
-  const uint64_t end = first + std::min(records.Count, RecordCount() - first);
+void SpikeFile::ForEachSpike(const std::function<void(double)>& reached, Use use) {
+  const uint64_t end = RecordCount();
   const size_t size = file_.Layout().RecordBytes;
-  std::vector<unsigned char> block(size * static_cast<size_t>(std::min<uint64_t>(kBlockRecords, end - first)));
+  std::vector<unsigned char> block(size * static_cast<size_t>(std::min<uint64_t>(kBlockRecords, end)));
   unreadable_ = 0;
-  for (uint64_t begin = first; begin < end; begin += kBlockRecords) {
+  for (uint64_t begin = 0; begin < end; begin += kBlockRecords) {
     const auto count = static_cast<size_t>(std::min<uint64_t>(kBlockRecords, end - begin));
     file_.Read(begin, count, block.data());
     for (size_t r = 0; r < count; ++r) {
       const unsigned char* bytes = block.data() + r * size;
       const uint64_t stamp = file_.StampOf(bytes);
-      if (stamp <= latest)
+      if (stamp <= static_cast<uint64_t>(kFarthestStamp))
         use(SpikeRecord{begin + r, static_cast<int64_t>(stamp), bytes});
       else
         ++unreadable_;
     }
-    reached(static_cast<double>(begin + count - first) / static_cast<double>(end - first));
+    reached(static_cast<double>(begin + count) / static_cast<double>(end));
   }
-  if (2 * unreadable_ > end - first) RefuseForeign();
+  if (2 * unreadable_ > end) RefuseForeign();
 }
 
 }  // namespace pallomir

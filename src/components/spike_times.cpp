@@ -18,36 +18,37 @@ namespace pallomir {
 
 namespace {
 
-/// Our text files begin with a header; a file without one is taken as it is.
-struct Header {
-  size_t Length;
-  int FirstLine;  ///< the line behind it
-};
-Header HeaderOf(std::string_view beginning) {
-  const auto length = static_cast<size_t>(std::max(TextHeaderLength(beginning), 0L));
-  return {length, 1 + static_cast<int>(std::count(beginning.begin(), beginning.begin() + length, '\n'))};
-}
-
 int64_t Whole(double microseconds) {
   constexpr auto limit = static_cast<double>(kFarthestStamp);
   return static_cast<int64_t>(std::clamp(microseconds, -limit, limit));
 }
 
-int64_t StampFrom(std::string_view line, const std::string& name, int number) {
-  const auto stamp = NumberFromText(line);
-  if (!stamp || std::abs(*stamp) > static_cast<double>(kFarthestStamp))
-    throw CommandError(name + ", line " + std::to_string(number) + ": \"" + std::string(line.substr(0, 40)) +
-                       "\" is not the stamp of a spike.");
-  return std::llrint(*stamp);
+}  // namespace
+
+void NumberedLine::Refuse(std::string_view what) const {
+  throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": \"" + std::string(Text.substr(0, 40)) +
+                     "\" " + std::string(what) + ".");
 }
 
-}  // namespace
+void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take) {
+  FileReader file(path);
+  WorkPace pace(world);
+  const TextBody body = BodyBehindHeader(ReadText(path, kTextHeaderLimit)).value_or(TextBody{});
+  int number = body.FirstLine;
+  uint64_t place = body.Begin;
+  ForEachLine(file, body.Begin, [&](std::string_view line, bool) {
+    place += line.size() + 1;
+    if (number % 1024 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
+    const int here = number++;
+    if (!Trimmed(line).empty()) take({file.Name(), here, line});
+  });
+}
 
 TimeRange ReadTimeRange(std::string_view clusterFile) {
   const std::string text = ReadText(clusterFile, kTextHeaderLimit + kLongestLine);
-  const Header header = HeaderOf(text);
+  const TextBody body = BodyBehindHeader(text).value_or(TextBody{});
   const std::string name = PathText(PlatformPath(clusterFile).filename());
-  TextItems items(std::string_view(text).substr(header.Length), name, header.FirstLine);
+  TextItems items(std::string_view(text).substr(body.Begin), name, body.FirstLine);
   const double first = items.Number();
   return {Whole(std::ceil(first)), Whole(std::floor(items.Number()))};
 }
@@ -55,18 +56,11 @@ TimeRange ReadTimeRange(std::string_view clusterFile) {
 SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile) {
   SpikeTimes spikes;
   spikes.Range = ReadTimeRange(clusterFile);
-  FileReader file(timeFile);
-  WorkPace pace(world);
-  const Header header = HeaderOf(ReadText(timeFile, kTextHeaderLimit));
-  int number = header.FirstLine;
-  uint64_t place = header.Length;
   int64_t before = INT64_MIN;
-  ForEachLine(file, header.Length, [&](std::string_view line, bool) {
-    place += line.size() + 1;
-    if (number % 4096 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
-    const int here = number++;
-    if (Trimmed(line).empty()) return;
-    const int64_t stamp = StampFrom(line, file.Name(), here);
+  ForEachNumberedLine(world, timeFile, [&](const NumberedLine& line) {
+    const auto number = NumberFromText(line.Text);
+    if (!number || !IsStamp(*number)) line.Refuse("is not the stamp of a spike");
+    const int64_t stamp = std::llrint(*number);
     spikes.Disordered += stamp < before;
     before = stamp;
     if (spikes.Range.Holds(stamp))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 #include <vector>
 
@@ -22,6 +23,20 @@ struct SpikeTimes {
   int64_t Outside = 0;         ///< spikes left out because they are not within the range
   int64_t Disordered = 0;      ///< spikes earlier than the one before them in the file; they have been sorted
 };
+
+/// A line of a text file, without its line end.
+struct NumberedLine {
+  std::string_view File;
+  int Number;
+  std::string_view Text;
+
+  /// Throws CommandError that names the line; `what` goes on from it: "is not a spike".
+  [[noreturn]] void Refuse(std::string_view what) const;
+};
+
+/// Calls take(line) for every line behind the header of a file of ours, which may be absent; empty lines are passed
+/// over. Throws CommandError when the file cannot be read, Interrupted when the user stops it.
+void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take);
 
 /// The first two lines behind the header of a cluster file. Throws CommandError where they are not numbers.
 TimeRange ReadTimeRange(std::string_view clusterFile);

@@ -19,7 +19,6 @@ class StampMatcher {
   /// records have a stamp than the cluster has spikes with it, the first are taken and the others are counted.
   bool Take(int64_t stamp);
 
-  int64_t Taken() const { return taken_; }
   /// Spikes of the cluster for which no record has been asked.
   int64_t Missing() const { return total_ - taken_; }
   /// Records that may have been meant as well as the ones that were taken.

@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
+
+#include "components/angles.h"
 
 namespace pallomir {
 
@@ -50,13 +51,6 @@ void BridgeLostRuns(Track& track) {
   track.Lost = std::count_if(track.X.begin(), track.X.end(), [](double x) { return std::isnan(x); });
 }
 
-/// Counter-clockwise as the camera sees it: y grows downward.
-double DegreesOf(double dx, double dy) {
-  const double degrees = std::atan2(-dy, dx) * 180 / std::numbers::pi;
-  const double turned = degrees < 0 ? degrees + 360 : degrees;
-  return turned < 360 ? turned : 0;
-}
-
 }  // namespace
 
 Track TrackWithin(const Positions& positions, const TimeRange& range) {
@@ -90,7 +84,7 @@ std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {
     const size_t from = seen[first], to = seen[last];
     const double seconds = static_cast<double>(track.Time[to] - track.Time[from]) / 1e6;
     const double dx = track.X[to] - track.X[from], dy = track.Y[to] - track.Y[from];
-    if (seconds > 0 && std::hypot(dx, dy) > slowest * seconds) direction[i] = DegreesOf(dx, dy);
+    if (seconds > 0 && std::hypot(dx, dy) > slowest * seconds) direction[i] = DegreesOf(dx, -dy);
   }
   return direction;
 }

@@ -1,7 +1,5 @@
 #include "components/usage.h"
 
-#include <cmath>
-
 #include "components/result_text.h"
 #include "files/number_text.h"
 

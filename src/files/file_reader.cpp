@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "files/error.h"
-#include "files/number_text.h"
 #include "files/platform.h"
 
 namespace pallomir {

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace pallomir {
 

@@ -7,6 +7,7 @@
 
 #include "files/bytes.h"
 #include "files/file_reader.h"
+#include "files/raw_layout.h"
 #include "files/text_header.h"
 
 namespace pallomir {
@@ -14,8 +15,7 @@ namespace pallomir {
 namespace {
 
 constexpr size_t kRowsLookedAt = 64;
-constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
-constexpr long kAcquisitionHeader = 16384;
+constexpr auto kAcquisitionHeader = static_cast<long>(kRawHeaderBytes);
 
 bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLength) {
   const int64_t rows = RowCount(fileLength, static_cast<long>(header));

@@ -9,7 +9,6 @@ class FileReader;
 
 /// Layout of a row of a parameter file (little-endian): the stamp, u64 microseconds, at 0; parameter j, f32, at 8 + 4j.
 inline constexpr size_t kRowBytes = 544;
-inline constexpr size_t kRowParameters = 134;
 inline constexpr size_t kStampBytes = 8;
 
 /// The length of the header before the rows, or -1 when the file is not a parameter file. Tried in this order: our own

@@ -1,5 +1,7 @@
 #include "files/raw_header.h"
 
+#include <algorithm>
+
 #include "files/number_text.h"
 #include "files/raw_layout.h"
 #include "files/text_case.h"

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace pallomir {
@@ -27,6 +28,8 @@ inline constexpr RawLayout kVideoLayout{RawKind::Video, "Nvt", "video frames", 1
 inline constexpr std::array kRawLayouts{kTetrodeLayout, kSingleElectrodeLayout, kEventsLayout, kVideoLayout};
 
 inline constexpr size_t kRawHeaderBytes = 16384;
+/// What is guessed to be a file of records is none where the first stamps reach this, in microseconds.
+inline constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
 inline constexpr int kWaveformSamples = 32;
 
 // Places within a spike record; sample s of channel c is the i16 at kSpikeSamples + 2 * (s * channels + c).

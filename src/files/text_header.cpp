@@ -54,4 +54,11 @@ long TextHeaderLength(std::string_view beginning) {
   return -1;
 }
 
+std::optional<TextBody> BodyBehindHeader(std::string_view beginning) {
+  const long length = TextHeaderLength(beginning);
+  if (length < 0) return {};
+  return TextBody{static_cast<size_t>(length),
+                  1 + static_cast<int>(std::count(beginning.begin(), beginning.begin() + length, '\n'))};
+}
+
 }  // namespace pallomir

@@ -34,4 +34,13 @@ long TextHeaderLength(std::string_view beginning);
 /// How far into a file its text header may reach.
 inline constexpr size_t kTextHeaderLimit = 64 * 1024;
 
+/// What follows a text header: where it begins, in bytes, and on which line. Of a text without one, all of it.
+struct TextBody {
+  size_t Begin = 0;
+  int FirstLine = 1;
+};
+
+/// The body of a text by its beginning (as for TextHeaderLength), or nothing when it has no header.
+std::optional<TextBody> BodyBehindHeader(std::string_view beginning);
+
 }  // namespace pallomir

@@ -197,7 +197,7 @@ void Main_Form::closeEvent(QCloseEvent* event) {
   projections_->hide();
   event->accept();
   // Not quit(), which other windows could still refuse.
-  QCoreApplication::exit();
+  if (QThread::currentThread()->loopLevel() > 0) QCoreApplication::exit();
 }
 
 bool Main_Form::eventFilter(QObject* watched, QEvent* event) {

@@ -1,5 +1,6 @@
 #include "notes/cluster_notes.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "files/error.h"

@@ -3,23 +3,22 @@
 #include <algorithm>
 #include <chrono>
 
+#include "files/mixing_generator.h"
+
 namespace pallomir {
 
 namespace {
 
 /// Uniform draws, each seeded from the clock. What was drawn from before goes into the seed too, so that a clock that
-/// stands still between two points does not make them draw alike. The mixing is splitmix64's (Steele, Lea and Flood
-/// 2014).
+/// stands still between two points does not make them draw alike.
 class ClockDraws {
  public:
   /// One of 0..count-1.
   int Below(int count) {
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    state_ += 0x9E3779B97F4A7C15U + static_cast<uint64_t>(now);
-    uint64_t mixed = (state_ ^ (state_ >> 30)) * 0xBF58476D1CE4E5B9U;
-    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;
+    state_ += static_cast<uint64_t>(now);
     // Above 32 bits the scaled number stands whole, below them what is cut off.
-    return static_cast<int>((mixed >> 32) * static_cast<uint64_t>(count) >> 32);
+    return static_cast<int>((NextMixed(state_) >> 32) * static_cast<uint64_t>(count) >> 32);
   }
 
  private:

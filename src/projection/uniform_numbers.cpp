@@ -1,17 +1,13 @@
 #include "projection/uniform_numbers.h"
 
+#include "files/mixing_generator.h"
 #include "files/platform.h"
 
 namespace pallomir {
 
 UniformNumbers::UniformNumbers(uint64_t seed) {
-  // The lanes' seeds come from a mixing generator (splitmix64), which never gives sixteen related states.
-  for (uint32_t& state : state_) {
-    seed += 0x9E3779B97F4A7C15U;
-    uint64_t mixed = (seed ^ (seed >> 30)) * 0xBF58476D1CE4E5B9U;
-    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;
-    state = static_cast<uint32_t>(mixed >> 32) | 1U;
-  }
+  // The lanes' seeds come from a mixing generator, which never gives sixteen related states.
+  for (uint32_t& state : state_) state = static_cast<uint32_t>(NextMixed(seed) >> 32) | 1U;
 }
 
 PALLOMIR_HOT_LOOP

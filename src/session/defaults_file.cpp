@@ -1,5 +1,7 @@
 #include "session/defaults_file.h"
 
+#include <algorithm>
+
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/file_utility.h"
@@ -34,11 +36,10 @@ void ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
   if (!FileUtility::FileExists(path)) return;
   defaults.Epochs.clear();
   const std::string text = ReadText(path);
-  const long header = TextHeaderLength(text);
-  if (header < 0) return;
+  const auto body = BodyBehindHeader(text);
+  if (!body) return;
   const std::string name = PathText(PlatformPath(path).filename());
-  const int headerLines = 5;
-  TextItems items(std::string_view(text).substr(static_cast<size_t>(header)), name, headerLines + 1);
+  TextItems items(std::string_view(text).substr(body->Begin), name, body->FirstLine);
   size_t epoch = 0;
   while (!items.AtEnd()) {
     const std::string key = items.Text(), value = items.Text();

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-#include "session/session.h"
+#include "session/parameter_catalogue.h"
 
 namespace pallomir {
 

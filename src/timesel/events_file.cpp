@@ -4,21 +4,21 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <vector>
 
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/number_text.h"
+#include "files/raw_layout.h"
 #include "timesel/timestamp.h"
 
 namespace pallomir {
 
 namespace {
 
-constexpr int64_t kHeader = 16384;
-constexpr int64_t kRecord = 184;
-constexpr int64_t kStamp = 6;
-constexpr int64_t kString = 56;
+constexpr auto kHeader = static_cast<int64_t>(kRawHeaderBytes);
+constexpr auto kRecord = static_cast<int64_t>(kEventsLayout.RecordBytes);
 constexpr int64_t kMostLines = 1'000'000;
 
 std::string Printable(const unsigned char* begin, const unsigned char* end) {
@@ -61,12 +61,12 @@ std::string EventsListing(const std::string& path, bool filter, World& world) {
     std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(got), bytes.end(), static_cast<unsigned char>(0));
     for (int64_t r = 0; r < records; ++r) {
       const unsigned char* record = bytes.data() + r * kRecord;
-      const std::string event = Printable(record + kString, record + kRecord);
+      const std::string event = Printable(record + kEventText, record + kEventText + kEventTextBytes);
       if (filter && Filtered(event)) continue;
       if (++lines > kMostLines)
         throw CommandError(file.Name() + " lists more than a million events: no form can show them. Tick \"Do not " +
                            "display TTL and AD Errors\", or choose an events file.");
-      listing += StampText(TimestampFromBytes(record + kStamp)) + "  " + event + "\r\n";
+      listing += StampText(TimestampFromBytes(record + kEventsLayout.StampOffset)) + "  " + event + "\r\n";
     }
     if (!world.PumpEvents()) throw Interrupted();
   }

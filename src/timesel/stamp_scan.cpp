@@ -6,13 +6,14 @@
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "files/parameter_header.h"
+#include "files/raw_layout.h"
 #include "timesel/timestamp.h"
 
 namespace pallomir {
 
 std::optional<RecordGeometry> GeometryOf(const std::string& path) {
   const std::string extension = FileUtility::GetExtension(path);
-  if (extension == "Ntt") return RecordGeometry{304, 16384};
+  if (extension == "Ntt") return RecordGeometry{kTetrodeLayout.RecordBytes, kRawHeaderBytes};
   if (extension != "parms") return {};
   const long header = FileUtility::GetHeaderLength(path);
   if (header == -1) return {};

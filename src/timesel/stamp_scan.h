@@ -22,8 +22,8 @@ struct RecordGeometry {
 std::optional<RecordGeometry> GeometryOf(const std::string& path);
 
 /// Goes through the stamps of all records in order, in blocks: `visit` gets the number of a block's first record and
-/// the block's stamps in microseconds, and returns true to end the scan. 60 ns a record, most of it the read. Throws
-/// CommandError where the file ends before its last record, Interrupted when the user stops it.
+/// the block's stamps in microseconds, and returns true to end the scan. Throws CommandError where the file
+/// ends before its last record, Interrupted when the user stops it.
 void ScanStamps(FileReader& file, const Session& session, World& world, const RecordGeometry& geometry,
                 const std::function<bool(int64_t first, std::span<const double> stamps)>& visit);
 

@@ -8,7 +8,8 @@
 
 namespace pallomir {
 
-/// The ticks of the viewer's check boxes, by cluster; 0 stands for the spikes of no cluster.
+/// The ticks of the viewer's check boxes, by cluster; 0 stands for the spikes of no cluster. The form has boxes up to
+/// 40; those beyond the last cluster match no spike.
 inline constexpr int kTicks = 41;
 using ClusterTicks = std::array<bool, kTicks>;
 

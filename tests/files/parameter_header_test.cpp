@@ -78,6 +78,8 @@ TEST(TextHeaders, EndWithTheirLastLineWithin64KiB) {
 TEST(TextHeaders, HoldFurtherLines) {
   const std::string header = TextHeader("RateMap", "now", {{"Spikes", "12"}, {"Note", "two\r\n# End of header"}});
   EXPECT_EQ(TextHeaderLength(header + "1\r\n"), static_cast<long>(header.size()));
+  EXPECT_EQ(BodyBehindHeader(header + "1\r\n")->FirstLine, 8);
+  EXPECT_FALSE(BodyBehindHeader("1\r\n"));
   EXPECT_EQ(HeaderValue(header, "Kind"), "RateMap");
   EXPECT_EQ(HeaderValue(header, "Spikes"), "12");
   EXPECT_EQ(HeaderValue(header, "Note"), "two??# End of header");

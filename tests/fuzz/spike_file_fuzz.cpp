@@ -21,13 +21,12 @@ FUZZ_TARGET(FuzzSpikeFile) {
     std::vector<int64_t> cluster;
     uint64_t readable = 0;
     SpikeFile file(path);
-    file.ForEachSpike(
-        {}, [](double share) { REQUIRE(share > 0 && share <= 1); },
-        [&](const SpikeRecord& record) {
-          if (readable++ % 3 == 0) cluster.push_back(record.Stamp);
-        });
+    file.ForEachSpike([](double share) { REQUIRE(share > 0 && share <= 1); },
+                      [&](const SpikeRecord& record) {
+                        if (readable++ % 3 == 0) cluster.push_back(record.Stamp);
+                      });
     REQUIRE(readable + file.Unreadable() == file.RecordCount());
-    const ClusterMeasures measures = MeasureCluster(world, path, cluster, 0, INT64_MAX);
+    const ClusterMeasures measures = MeasureCluster(world, path, cluster, {0, INT64_MAX});
     REQUIRE(measures.Missing == 0 && measures.Apart.Spikes == static_cast<int64_t>(cluster.size()));
     REQUIRE(measures.Average.Spikes == measures.Apart.Spikes);
     REQUIRE(static_cast<uint64_t>(measures.Apart.Spikes + measures.Apart.Others) == readable);
@@ -41,7 +40,7 @@ FUZZ_TARGET(FuzzSpikeFile) {
       REQUIRE(*measures.Apart.LRatio * static_cast<double>(cluster.size()) <=
               static_cast<double>(measures.Apart.Others) + 1e-6);
     }
-    MeasureCluster(world, path, cluster, 1000, 2000, {.First = readable / 2});
+    MeasureCluster(world, path, cluster, {1000, 2000});
   });
   Refusal([&] {
     const ClusterLines lines = ReadClusterLines(world, path);

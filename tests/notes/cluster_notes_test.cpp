@@ -8,7 +8,6 @@
 #include <map>
 
 #include "files/file_reader.h"
-#include "projection/colours.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 
@@ -131,20 +130,6 @@ TEST(ClusterNotes, SurviveAFolderThatTakesNoFile) {
   std::filesystem::create_symlink("/dev/full", desk.Folder / "ClNotes.saving~");
   EXPECT_NE(Refusal([&] { WriteNotes(desk.Shared); }).find("No space left on device"), std::string::npos);
   EXPECT_EQ(desk.Saved(), before);
-}
-
-TEST(ClusterNotes, LabelsTakeTheClustersOwnColours) {
-  // Red, green, blue, as the labels of the notes show them.
-  constexpr uint32_t labels[] = {0xFF0000, 0x00FF00, 0x8080FF, 0xFFFF00, 0x00FFFF, 0xFF00FF, 0xFF8000, 0xFF8080,
-                                 0xFFC0FF, 0xC0FFFF, 0xC0FFC0, 0xFFFFC0, 0xFFC0C0, 0xC000C0, 0xC0C0FF, 0xC86400,
-                                 0x00C864, 0xC8C800, 0xC80064, 0x00C8C8, 0xC89600, 0x00C896, 0x64C800, 0x0096C8,
-                                 0x00C864, 0xC800C8, 0x64C864, 0x64C8C8, 0x96C800, 0xC80096};
-  Session session;
-  BuildColourTable(session);
-  for (int c = 1; c <= kClusters; ++c) {
-    const Colour colour = session.ReferenceColours[c];
-    EXPECT_EQ((colour & 0xFF) << 16 | (colour & 0xFF00) | colour >> 16, labels[c - 1]) << "cluster " << c;
-  }
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <cmath>
 
 #include "files/bytes.h"
+#include "files/number_text.h"
+#include "files/raw_layout.h"
 #include "files/text_header.h"
 
 namespace pallomir {
@@ -27,19 +29,19 @@ Track TrackOf(const std::vector<SampleRow>& rows) {
 }
 
 std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle) {
-  std::string bytes(1828, '\0');
+  std::string bytes(kVideoLayout.RecordBytes, '\0');
   auto* record = reinterpret_cast<unsigned char*>(bytes.data());
-  StoreLittleEndian(record + 6, stamp);
-  StoreLittleEndian(record + 1616, x);
-  StoreLittleEndian(record + 1620, y);
-  StoreLittleEndian(record + 1624, angle);
+  StoreLittleEndian(record + kVideoLayout.StampOffset, stamp);
+  StoreLittleEndian(record + kFrameX, x);
+  StoreLittleEndian(record + kFrameY, y);
+  StoreLittleEndian(record + kFrameAngle, angle);
   return bytes;
 }
 
-AnalysisFiles PutSpikes(const TemporaryFolder& folder, std::pair<int64_t, int64_t> range,
+AnalysisFiles PutSpikes(const TemporaryFolder& folder, std::pair<double, double> range,
                         const std::vector<int64_t>& spikes) {
   std::string cluster = TextHeader("Cl-File"), time = TextHeader("TFile");
-  cluster += std::to_string(range.first) + "\r\n" + std::to_string(range.second) + "\r\n";
+  cluster += DoubleText(range.first) + "\r\n" + DoubleText(range.second) + "\r\n";
   for (const int64_t spike : spikes) {
     cluster += "1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17," + std::to_string(spike) + "\r\n";
     time += std::to_string(spike) + "\r\n";

@@ -25,14 +25,15 @@ Positions PositionsOf(const std::vector<SampleRow>& rows);
 Track TrackOf(const std::vector<SampleRow>& rows);
 
 /// A frame of the acquisition system's video file.
-std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle);
+std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle = 90);
 
-/// What the cluster file writer leaves for the analyses: "cl-tmp" with the range and "ttmp" with the stamps.
+/// What the cluster file writer leaves for the analyses: "cl-tmp" with the range, which may have been typed with
+/// decimals, and "ttmp" with the stamps.
 struct AnalysisFiles {
   std::string Cluster;
   std::string Time;
 };
-AnalysisFiles PutSpikes(const TemporaryFolder& folder, std::pair<int64_t, int64_t> range,
+AnalysisFiles PutSpikes(const TemporaryFolder& folder, std::pair<double, double> range,
                         const std::vector<int64_t>& spikes);
 
 }  // namespace pallomir

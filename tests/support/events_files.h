@@ -5,15 +5,16 @@
 #include <string_view>
 
 #include "files/bytes.h"
+#include "files/raw_layout.h"
 
 namespace pallomir {
 
 /// A record of an events file; what is not used of it is not zero.
 inline std::string EventRecord(uint64_t stamp, std::string_view text) {
-  std::string record(184, '\x81');
-  StoreLittleEndian(reinterpret_cast<unsigned char*>(record.data()) + 6, stamp);
-  record.replace(56, 128, std::string(128, '\0'));
-  record.replace(56, text.size(), text);
+  std::string record(kEventsLayout.RecordBytes, '\x81');
+  StoreLittleEndian(reinterpret_cast<unsigned char*>(record.data()) + kEventsLayout.StampOffset, stamp);
+  record.replace(kEventText, kEventTextBytes, std::string(kEventTextBytes, '\0'));
+  record.replace(kEventText, text.size(), text);
   return record;
 }
 

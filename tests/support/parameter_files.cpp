@@ -2,6 +2,7 @@
 
 #include "files/bytes.h"
 #include "files/parameter_header.h"
+#include "files/raw_header.h"
 
 namespace pallomir {
 
@@ -25,10 +26,8 @@ std::string BytesOf(const std::vector<FileRow>& rows) {
   return bytes;
 }
 
-std::string AcquisitionHeader() {
-  std::string header = "######## Data File Header\r\n## Time Opened 10:20:30\r\n-ADBitVolts 0.000001\r\n";
-  header.resize(16384, '\0');
-  return header;
+std::string AcquisitionHeader(const std::vector<std::pair<std::string, std::string>>& lines) {
+  return MakeRawHeader("Data File Header", lines);
 }
 
 }  // namespace pallomir

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "session/parameter_catalogue.h"
@@ -22,7 +23,7 @@ std::vector<FileRow> NumberedRows(int count);
 /// The rows as they stand in a file.
 std::string BytesOf(const std::vector<FileRow>& rows);
 
-/// The 16384 bytes that the acquisition system puts before its records: text, then zeros.
-std::string AcquisitionHeader();
+/// The 16384 bytes that the acquisition system puts before its records, with the `-key value` lines.
+std::string AcquisitionHeader(const std::vector<std::pair<std::string, std::string>>& lines = {});
 
 }  // namespace pallomir

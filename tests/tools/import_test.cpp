@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <sstream>
 
-#include "files/error.h"
 #include "files/file_reader.h"
 #include "raw_files.h"
 #include "session/parameter_catalogue.h"
+#include "support/refusal.h"
 #include "tools/import/import_recording.h"
 
 namespace pallomir {
@@ -15,7 +15,7 @@ namespace {
 using namespace pallomir::testing;
 
 struct RawImport : ::testing::Test {
-  TempFolder folder;
+  TemporaryFolder folder;
   std::ostringstream said;
   Progress progress{said, false};
 
@@ -26,19 +26,14 @@ struct RawImport : ::testing::Test {
   }
 
   std::string Failure(const ImportRequest& request) {
-    try {
-      Run(request);
-    } catch (const CommandError& error) {
-      return error.what();
-    }
-    return "no error";
+    return Refusal([&] { Run(request); });
   }
 };
 
 TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
   // More records than one block of reading or writing holds, in runs and one by one, many with the same stamp.
   constexpr uint64_t count = 9000;
-  std::string raw = Header();
+  std::string raw = AcquisitionHeader();
   std::vector<std::pair<uint64_t, int16_t>> expected;
   for (uint64_t n = 0; n < count; ++n) {
     const uint64_t stamp = 1'700'000'000'000'000 + (n < 6000 ? n * 7919 % 6000 / 3 : n);
@@ -52,9 +47,9 @@ TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
   EXPECT_EQ(report.Spikes.Count, count);
   EXPECT_GT(report.Spikes.Disordered, 0);
   EXPECT_EQ(report.SpikesTrailing, 303);
-  EXPECT_EQ(Bytes(folder / "out/TT1/TT1.Ntt"), raw);
+  EXPECT_EQ(ReadText(folder / "out/TT1/TT1.Ntt"), raw);
   const ParameterRows rows(folder / "out/TT1/TT1.Ntt.parms");
-  const std::string waveforms = Bytes(folder / "out/TT1/TT1.waveforms");
+  const std::string waveforms = ReadText(folder / "out/TT1/TT1.waveforms");
   ASSERT_EQ(rows.Count(), count);
   ASSERT_EQ(waveforms.size(), 2048 * count);
   for (size_t r = 0; r < count; ++r) {
@@ -70,13 +65,13 @@ TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
 }
 
 TEST_F(RawImport, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
-  std::string foreign = Header({{"AcqEntName", "Sc\xFC\xDF\xFF"}, {"WaveformLength", "40"}});
+  std::string foreign = AcquisitionHeader({{"AcqEntName", "Sc\xFC\xDF\xFF"}, {"WaveformLength", "40"}});
   struct Case {
     const char* Name;
     std::string Bytes;
     size_t Rows;
   };
-  const Case cases[] = {{"a.Ntt", Header(), 0},
+  const Case cases[] = {{"a.Ntt", AcquisitionHeader(), 0},
                         {"b.Ntt", "", 0},
                         {"c.NTT", Spike(0x100, 5) + Spike(0x200, 6), 2},
                         {"d.ntt", foreign + Spike(1, 5), 1},
@@ -89,36 +84,36 @@ TEST_F(RawImport, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
     EXPECT_EQ(ParameterRows(parameters).Count(), c.Rows) << c.Name;
     EXPECT_EQ(std::filesystem::file_size(folder / ("out/" + stem + "/" + stem + ".waveforms")), 2048 * c.Rows)
         << c.Name;
-    EXPECT_EQ(Bytes(folder / ("out/" + stem + "/" + stem + ".Ntt")), c.Bytes) << c.Name;
+    EXPECT_EQ(ReadText(folder / ("out/" + stem + "/" + stem + ".Ntt")), c.Bytes) << c.Name;
     FileReader file(parameters);
     if (c.Rows == 0) {
       EXPECT_EQ(ParameterHeaderLength(file), static_cast<long>(file.Length())) << c.Name;
     }
   }
-  EXPECT_EQ(Bytes(folder / "out/VideoSampling"), "30");
-  const std::string positions = Bytes(folder / "out/Pos.p");
+  EXPECT_EQ(ReadText(folder / "out/VideoSampling"), "30");
+  const std::string positions = ReadText(folder / "out/Pos.p");
   EXPECT_EQ(TextHeaderLength(positions), static_cast<long>(positions.size()));
 }
 
 TEST_F(RawImport, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
-  const std::string raw = Header({{"RecordSize", "112"}}) + Spike(70, 900, kSingleElectrodeLayout);
+  const std::string raw = AcquisitionHeader({{"RecordSize", "112"}}) + Spike(70, 900, kSingleElectrodeLayout);
   Run({.Spikes = folder.Put("SE3.nse", raw)});
   const ParameterRows rows(folder / "out/SE3/SE3.Ntt.parms");
   EXPECT_EQ(rows.Value(0, kMPeak), 900);
   EXPECT_EQ(rows.Value(0, kMPeak + 1), 0);
   EXPECT_EQ(rows.Value(0, kMaxWidth), 12);
-  EXPECT_EQ(Bytes(folder / "out/SE3/SE3.nse"), raw);
-  EXPECT_EQ(At<int16_t>(Bytes(folder / "out/SE3/SE3.waveforms"), 16), 900);
+  EXPECT_EQ(ReadText(folder / "out/SE3/SE3.nse"), raw);
+  EXPECT_EQ(At<int16_t>(ReadText(folder / "out/SE3/SE3.waveforms"), 16), 900);
 }
 
 TEST_F(RawImport, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
   constexpr uint64_t base = 1'600'000'000'000'000;
   // Out of order; lost from 100 to 132 ms, blind from 200 ms to 450 ms (just usable) and to 700.001 ms (too long).
-  const std::string video = Header() + VideoFrame(base, 100, 200, 0) + VideoFrame(base + 66'000, 120, 210, 359) +
-                            VideoFrame(base + 33'000, 110, 200, 450) + VideoFrame(base + 100'000, 0, 0) +
-                            VideoFrame(base + 132'000, 0, 0) + VideoFrame(base + 166'000, 140, 0, 10) +
-                            VideoFrame(base + 200'000, 150, 250, -1) + VideoFrame(base + 450'000, 250, 350, 20) +
-                            VideoFrame(base + 700'001, 400, 400, 30) + std::string(7, 'v');
+  const std::string video =
+      AcquisitionHeader() + VideoFrame(base, 100, 200, 0) + VideoFrame(base + 66'000, 120, 210, 359) +
+      VideoFrame(base + 33'000, 110, 200, 450) + VideoFrame(base + 100'000, 0, 0) + VideoFrame(base + 132'000, 0, 0) +
+      VideoFrame(base + 166'000, 140, 0, 10) + VideoFrame(base + 200'000, 150, 250, -1) +
+      VideoFrame(base + 450'000, 250, 350, 20) + VideoFrame(base + 700'001, 400, 400, 30) + std::string(7, 'v');
   struct Case {
     uint64_t Time;
     float X, Y;
@@ -126,25 +121,26 @@ TEST_F(RawImport, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
   const Case cases[] = {{0, 100, 200},       {16'500, 105, 200},  {33'000, 110, 200}, {116'000, 130, 105},
                         {325'000, 200, 300}, {450'000, 250, 350}, {450'001, 0, 0},    {700'000, 0, 0},
                         {700'001, 400, 400}, {700'002, 0, 0}};
-  std::string spikes = Header() + Spike(base - 1, 1);
+  std::string spikes = AcquisitionHeader() + Spike(base - 1, 1);
   for (const Case& c : cases) spikes += Spike(base + c.Time, 1);
-  const ImportReport report = Run({.Spikes = folder.Put("TT1.Ntt", spikes),
-                                   .Video = folder.Put("VT1.nvt", video),
-                                   .Events = folder.Put("Events.Nev", Header() + Event(2, "b") + Event(1, "a")),
-                                   .PixelsPerCm = 2.5});
+  const ImportReport report =
+      Run({.Spikes = folder.Put("TT1.Ntt", spikes),
+           .Video = folder.Put("VT1.nvt", video),
+           .Events = folder.Put("Events.Nev", AcquisitionHeader() + EventRecord(2, "b") + EventRecord(1, "a")),
+           .PixelsPerCm = 2.5});
   const ParameterRows rows(folder / "out/TT1/TT1.Ntt.parms");
   EXPECT_EQ(rows.Value(0, kPosX), 0);
   for (size_t r = 0; r < std::size(cases); ++r) {
     EXPECT_FLOAT_EQ(rows.Value(r + 1, kPosX), cases[r].X) << cases[r].Time;
     EXPECT_FLOAT_EQ(rows.Value(r + 1, kPosY), cases[r].Y) << cases[r].Time;
   }
-  const std::string positions = Bytes(folder / "out/Pos.p");
+  const std::string positions = ReadText(folder / "out/Pos.p");
   EXPECT_EQ(positions.substr(static_cast<size_t>(TextHeaderLength(positions))),
             "PixelsPerCm,2.5\r\n"
             "1600000000000000,100,200,0\r\n1600000000033000,110,200,-1\r\n1600000000066000,120,210,359\r\n"
             "1600000000100000,0,0,-1\r\n1600000000132000,0,0,-1\r\n1600000000166000,140,0,10\r\n"
             "1600000000200000,150,250,-1\r\n1600000000450000,250,350,20\r\n1600000000700001,400,400,30\r\n");
-  EXPECT_EQ(Bytes(folder / "out/TT1/Events.Nev"), Bytes(folder / "Events.Nev"));
+  EXPECT_EQ(ReadText(folder / "out/TT1/Events.Nev"), ReadText(folder / "Events.Nev"));
   EXPECT_EQ(
       report.Lines(),
       (std::vector<std::string>{
@@ -169,36 +165,37 @@ TEST_F(RawImport, VideoSamplingIsTheNearerRateByTheMedianInterval) {
                         {{0, 22'223}, "30"},
                         {{0, 22'222}, "60"}};
   for (const Case& c : cases) {
-    std::string video = Header();
+    std::string video = AcquisitionHeader();
     for (const uint64_t stamp : c.Stamps) video += VideoFrame(stamp, 1, 1);
-    Run({.Spikes = folder.Put("TT1.Ntt", Header()), .Video = folder.Put("VT1.Nvt", video)});
-    EXPECT_EQ(Bytes(folder / "out/VideoSampling"), c.Rate) << c.Stamps.back();
+    Run({.Spikes = folder.Put("TT1.Ntt", AcquisitionHeader()), .Video = folder.Put("VT1.Nvt", video)});
+    EXPECT_EQ(ReadText(folder / "out/VideoSampling"), c.Rate) << c.Stamps.back();
   }
 }
 
 TEST_F(RawImport, AVideoWhoseAnglesAreAllZeroHasNoDirection) {
-  Run({.Spikes = folder.Put("TT1.Ntt", Header()),
+  Run({.Spikes = folder.Put("TT1.Ntt", AcquisitionHeader()),
        .Video = folder.Put("VT1.Nvt", VideoFrame(1, 3, 4, 0) + VideoFrame(2, 5, 6, 0))});
-  EXPECT_TRUE(Bytes(folder / "out/Pos.p").ends_with("# End of header\r\n1,3,4,-1\r\n2,5,6,-1\r\n"));
+  EXPECT_TRUE(ReadText(folder / "out/Pos.p").ends_with("# End of header\r\n1,3,4,-1\r\n2,5,6,-1\r\n"));
 }
 
 TEST_F(RawImport, ASpikeFileThatIsAlreadyInItsPlaceStays) {
-  const std::string raw = Header() + Spike(9, 8);
+  const std::string raw = AcquisitionHeader() + Spike(9, 8);
   const std::string path = folder.Put("out/TT1/TT1.Ntt", raw);
   Run({.Spikes = path});
-  EXPECT_EQ(Bytes(path), raw);
+  EXPECT_EQ(ReadText(path), raw);
   EXPECT_EQ(ParameterRows(folder / "out/TT1/TT1.Ntt.parms").Count(), 1);
 }
 
 TEST_F(RawImport, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
-  const std::string spikes = folder.Put("TT1.Ntt", Header() + Spike(1, 1));
-  const std::string video = folder.Put("VT1.Nvt", Header() + VideoFrame(1, 1, 1));
+  const std::string spikes = folder.Put("TT1.Ntt", AcquisitionHeader() + Spike(1, 1));
+  const std::string video = folder.Put("VT1.Nvt", AcquisitionHeader() + VideoFrame(1, 1, 1));
   const std::string missing = folder / "none.Ntt";
   EXPECT_EQ(Failure({.Spikes = missing}), missing + " does not exist.");
   EXPECT_EQ(Failure({.Spikes = video}), video + " is not a spike file (.Ntt or .Nse), by its extension.");
   EXPECT_EQ(Failure({.Spikes = spikes, .Video = spikes}), spikes + " is not a video file (.Nvt), by its extension.");
-  EXPECT_EQ(Failure({.Spikes = folder.Put("TT2.Ntt", Header({{"RecordSize", "560"}}) + std::string(560, 'x'))}),
-            "TT2.Ntt holds records of 560 bytes, its header says; the tetrode spikes of a .Ntt file have 304.");
+  EXPECT_EQ(
+      Failure({.Spikes = folder.Put("TT2.Ntt", AcquisitionHeader({{"RecordSize", "560"}}) + std::string(560, 'x'))}),
+      "TT2.Ntt holds records of 560 bytes, its header says; the tetrode spikes of a .Ntt file have 304.");
   EXPECT_EQ(Failure({.Spikes = spikes, .PixelsPerCm = -1}), "Pixels per cm must be a number above 0, not -1.");
   EXPECT_FALSE(std::filesystem::exists(folder / "out"));
 

@@ -3,9 +3,9 @@
 #include <limits>
 #include <sstream>
 
-#include "files/error.h"
 #include "raw_files.h"
 #include "session/parameter_catalogue.h"
+#include "support/refusal.h"
 #include "tools/info/describe_file.h"
 
 namespace pallomir {
@@ -36,7 +36,7 @@ TEST(FileInfo, TellsWhatAFileIsAndWhatIsOddAboutIt) {
   const float nan = std::numeric_limits<float>::quiet_NaN();
   const Case cases[] = {
       {"TT1.NTT",
-       Header({{"SamplingFrequency", "32000"}, {"ADBitVolts", "1e-8 2.5e-8 \xB5"}}) + Spike(5'000'000, 1) +
+       AcquisitionHeader({{"SamplingFrequency", "32000"}, {"ADBitVolts", "1e-8 2.5e-8 \xB5"}}) + Spike(5'000'000, 1) +
            Spike(1'000'000, 2) + "tail",
        {"TT1.NTT: tetrode spikes\n", "records     2 of 304 bytes\n", "SamplingFrequency 32000\n",
         "scale       0.01, 0.025 microvolts a count\n", "time        1000000 to 5000000 microseconds (4.000 s)\n",
@@ -45,7 +45,7 @@ TEST(FileInfo, TellsWhatAFileIsAndWhatIsOddAboutIt) {
         "odd         bytes at the end that are no whole record: 4\n", "cell 0      2 spikes\n"}},
       {"short.nse", "#### cut", {"single-electrode spikes", "odd         the file ends within its header\n"}},
       {"raw",
-       Header({{"RecordSize", "184"}}) + Event(1, "Epoch\x01 1") + Event(2, "Epoch 1"),
+       AcquisitionHeader({{"RecordSize", "184"}}) + EventRecord(1, "Epoch\x01 1") + EventRecord(2, "Epoch 1"),
        {"raw: events\n", "event       2 x \"Epoch 1\"\n"}},
       {"v.nvt",
        VideoFrame(0, 1, 1) + VideoFrame(33'000, 0, 0) + VideoFrame(66'000, 1, 1) + VideoFrame(2'066'000, 1, 1),
@@ -67,17 +67,18 @@ TEST(FileInfo, TellsWhatAFileIsAndWhatIsOddAboutIt) {
       {"Pos.p",
        positions +
            "PixelsPerCm,4\r\n1600000000000000,10,20,90\r\n1600000002000000,0,0,-1\r\n1600000001000000,5,0,-1\r\n" +
-           "junk\r\n1,2,3\r\n1,2,3,4,5\r\n" + std::string(70'000, '1') + "\r\n\r\n",
-       {"samples     3\n", "scale       4 pixels a cm\n", "(2.000 s)\n",
-        "odd         samples that lost the animal (x = y = 0): 1\n", "odd         samples without direction: 2\n",
-        "odd         lines that are no samples: 4\n",
+           "junk\r\n1600000001500000 2 3\r\n1600000001600000;5;nan;3\r\n1,2,3,4,5\r\n" + std::string(70'000, '1') +
+           "\r\n\r\n",
+       {"samples     5\n", "scale       4 pixels a cm\n", "(2.000 s)\n",
+        "odd         samples that lost the animal: 2\n", "odd         samples without direction: 4\n",
+        "odd         lines that are no samples: 3\n",
         "samples earlier than the one before: 1, the first is number 2\n"}},
       {"videosampling", "\"25\"", {"rate        25 frames a second\n", "odd         only 30 and 60 can be used\n"}},
       {"cbfile.m1",
        TextHeader("CBFile", "2026-11-21 14:03:22") + "1\r\n2\r\n",
        {"a text file of kind CBFile\n", "written     2026-11-21 14:03:22\n", "lines       2 after the header\n"}},
   };
-  const TempFolder folder;
+  const TemporaryFolder folder;
   for (const Case& c : cases) {
     const std::string text = Describe(folder.Put(c.Name, c.Bytes));
     for (const char* line : c.Lines) EXPECT_TRUE(text.find(line) != std::string::npos) << line << "is not in\n" << text;
@@ -85,14 +86,8 @@ TEST(FileInfo, TellsWhatAFileIsAndWhatIsOddAboutIt) {
 }
 
 TEST(FileInfo, RefusesWhatItDoesNotKnow) {
-  const TempFolder folder;
-  const auto failure = [](const std::string& path) {
-    try {
-      return Describe(path);
-    } catch (const CommandError& error) {
-      return std::string(error.what());
-    }
-  };
+  const TemporaryFolder folder;
+  const auto failure = [](const std::string& path) { return Refusal([&] { Describe(path); }); };
   const std::string picture = folder.Put("picture.png", "\x89PNG");
   EXPECT_EQ(failure(picture), picture + " is not a file of a kind that is known here.");
   EXPECT_EQ(failure(folder.Put("x.parms", std::string(2000, '\xFF'))),

@@ -43,9 +43,9 @@ TEST(Measures, AverageWaveformIsTheTemplateWithinItsStandardError) {
     bytes += SpikeBytes(static_cast<uint64_t>(1000 * i), samples);
     if (own) unit.push_back(1000 * i);
   }
-  const testing::TempFolder folder;
+  const TemporaryFolder folder;
   RecordingWorld world;
-  const ClusterMeasures measures = MeasureCluster(world, folder.Put("TT1.Ntt", bytes), unit, 0, INT64_MAX);
+  const ClusterMeasures measures = MeasureCluster(world, folder.Put("TT1.Ntt", bytes), unit, {0, INT64_MAX});
   ASSERT_EQ(measures.Average.Spikes, 1500);
   double squares = 0;
   for (int wire = 0; wire < kWires; ++wire)
@@ -64,20 +64,19 @@ TEST(Measures, AverageWaveformIsTheTemplateWithinItsStandardError) {
 }
 
 TEST(Measures, CellsOfTheSampleStandClearOfTheNoise) {
-  const testing::TempFolder folder;
+  const TemporaryFolder folder;
   std::ostringstream told;
   Progress progress(told, false);
   MakeSample({.Folder = folder / "demo", .Spikes = 12'000}, progress);
   const std::string path = folder / "demo/TT1/TT1.Ntt";
   std::map<uint32_t, std::vector<int64_t>> cells;
-  SpikeFile(path).ForEachSpike(
-      {}, [](double) {},
-      [&](const SpikeRecord& record) {
-        cells[LoadLittleEndian<uint32_t>(record.Bytes + kSpikeCell)].push_back(record.Stamp);
-      });
+  SpikeFile(path).ForEachSpike([](double) {},
+                               [&](const SpikeRecord& record) {
+                                 cells[LoadLittleEndian<uint32_t>(record.Bytes + kSpikeCell)].push_back(record.Stamp);
+                               });
   RecordingWorld world;
   for (uint32_t cell = 1; cell <= kCells.size(); ++cell) {
-    const ClusterMeasures measures = MeasureCluster(world, path, cells[cell], 0, INT64_MAX);
+    const ClusterMeasures measures = MeasureCluster(world, path, cells[cell], {0, INT64_MAX});
     EXPECT_EQ(measures.Missing, 0);
     ASSERT_TRUE(measures.Apart.IsolationDistance) << cell;
     EXPECT_GT(*measures.Apart.IsolationDistance, 15) << cell;
@@ -86,7 +85,7 @@ TEST(Measures, CellsOfTheSampleStandClearOfTheNoise) {
   // What is cut at random is not a cluster.
   std::vector<int64_t> random;
   for (size_t i = 0; i < cells[0].size(); i += 7) random.push_back(cells[0][i]);
-  EXPECT_GT(*MeasureCluster(world, path, random, 0, INT64_MAX).Apart.LRatio, 1);
+  EXPECT_GT(*MeasureCluster(world, path, random, {0, INT64_MAX}).Apart.LRatio, 1);
 }
 
 }  // namespace

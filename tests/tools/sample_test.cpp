@@ -16,7 +16,7 @@ namespace {
 
 using namespace pallomir::testing;
 
-ImportReport Make(const TempFolder& folder, const std::string& name, uint64_t spikes, uint64_t seed = 1) {
+ImportReport Make(const TemporaryFolder& folder, const std::string& name, uint64_t spikes, uint64_t seed = 1) {
   std::ostringstream said;
   Progress progress(said, false);
   return MakeSample({folder / name, spikes, seed}, progress);
@@ -25,16 +25,16 @@ ImportReport Make(const TempFolder& folder, const std::string& name, uint64_t sp
 /// The recording that most tests look at, made once.
 struct SampleRecording : ::testing::Test {
   static void SetUpTestSuite() {
-    folder = std::make_unique<TempFolder>();
+    folder = std::make_unique<TemporaryFolder>();
     report = Make(*folder, "recording", 80'000);
-    raw = Bytes(*folder / "recording/TT1/TT1.Ntt").substr(kRawHeaderBytes);
+    raw = ReadText(*folder / "recording/TT1/TT1.Ntt").substr(kRawHeaderBytes);
     rows = std::make_unique<ParameterRows>(*folder / "recording/TT1/TT1.Ntt.parms");
   }
   static void TearDownTestSuite() { folder.reset(); }
 
   static uint32_t Cell(size_t row) { return At<uint32_t>(raw, 304 * row + kSpikeCell); }
 
-  static inline std::unique_ptr<TempFolder> folder;
+  static inline std::unique_ptr<TemporaryFolder> folder;
   static inline std::unique_ptr<ParameterRows> rows;
   static inline std::string raw;
   static inline ImportReport report;
@@ -48,15 +48,15 @@ uint64_t Hash(const std::string& bytes) {
 }
 
 TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
-  const TempFolder folder;
+  const TemporaryFolder folder;
   EXPECT_EQ(Make(folder, "a", 3000, 7).Spikes.Count, 3000);
   EXPECT_EQ(Make(folder, "b", 3, 8).Spikes.Count, 3);
   // These bytes were made once; another machine, compiler or build that makes others is at fault.
-  EXPECT_EQ(Hash(Bytes(folder / "a/raw/TT1.Ntt")), 3596238341574363010);
-  EXPECT_EQ(Hash(Bytes(folder / "a/raw/VT1.Nvt")), 8940206559015019605u);
-  EXPECT_EQ(Hash(Bytes(folder / "a/raw/Events.Nev")), 14776872789547491407u);
-  EXPECT_NE(Bytes(folder / "a/raw/VT1.Nvt"), Bytes(folder / "b/raw/VT1.Nvt"));
-  EXPECT_TRUE(Bytes(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
+  EXPECT_EQ(Hash(ReadText(folder / "a/raw/TT1.Ntt")), 3596238341574363010);
+  EXPECT_EQ(Hash(ReadText(folder / "a/raw/VT1.Nvt")), 8940206559015019605u);
+  EXPECT_EQ(Hash(ReadText(folder / "a/raw/Events.Nev")), 14776872789547491407u);
+  EXPECT_NE(ReadText(folder / "a/raw/VT1.Nvt"), ReadText(folder / "b/raw/VT1.Nvt"));
+  EXPECT_TRUE(ReadText(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
 }
 
 TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
@@ -69,8 +69,8 @@ TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
   EXPECT_GT(report.Video.LongestGap, 3'000'000);
   EXPECT_GT(report.Video.LostRuns, 10);
   EXPECT_GT(report.SpikesPlaced, 75'000);
-  EXPECT_EQ(Bytes(*folder / "recording/VideoSampling"), "30");
-  const std::string events = Bytes(*folder / "recording/TT1/Events.Nev");
+  EXPECT_EQ(ReadText(*folder / "recording/VideoSampling"), "30");
+  const std::string events = ReadText(*folder / "recording/TT1/Events.Nev");
   for (const char* text : {"Starting Recording", "Epoch 1 start", "Epoch 2 end", "Epoch 3 end", "Stopping Recording"})
     EXPECT_NE(events.find(text), std::string::npos) << text;
   std::array<std::array<bool, 20>, 20> visited{};

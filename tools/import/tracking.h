@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "components/tracking.h"
 #include "files/raw_file.h"
 #include "tools/progress.h"
 #include "tools/raw/stamp_series.h"
@@ -11,7 +12,7 @@
 namespace pallomir {
 
 /// Tracked places further apart in time than this, in microseconds, say nothing about what lies between them.
-inline constexpr uint64_t kLongestFrameGap = 250'000;
+inline constexpr uint64_t kLongestFrameGap = kLongestBridge;
 
 /// Direction of a frame that gives none.
 inline constexpr int32_t kNoDirection = -1;

@@ -17,15 +17,6 @@ namespace pallomir {
 
 namespace {
 
-/// The value of "# Key: value" in a text header; empty when there is none.
-std::string_view HeaderLine(std::string_view header, std::string_view key) {
-  const std::string begin = "# " + std::string(key) + ": ";
-  const size_t place = header.find(begin);
-  if (place == std::string_view::npos) return {};
-  header.remove_prefix(place + begin.size());
-  return header.substr(0, header.find_first_of("\r\n"));
-}
-
 std::string DescribeVideoSampling(std::string_view path) {
   const std::string text = ReadText(path, 256);
   Facts facts("VideoSampling: the frame rate of the video");
@@ -41,8 +32,8 @@ std::string DescribeVideoSampling(std::string_view path) {
 
 std::string DescribeOwnText(std::string_view path, std::string_view header) {
   FileReader file(path);
-  Facts facts(file.Name() + ": a text file of kind " + std::string(HeaderLine(header, "Kind")));
-  facts.Add("written", HeaderLine(header, "Date"));
+  Facts facts(file.Name() + ": a text file of kind " + HeaderValue(header, "Kind").value_or(""));
+  facts.Add("written", HeaderValue(header, "Date").value_or(""));
   uint64_t lines = 0;
   ForEachLine(file, header.size(), [&](std::string_view, bool) { ++lines; });
   facts.Add("lines", CountText(lines) + " after the header");
@@ -74,9 +65,10 @@ std::string DescribeFile(std::string_view path, Progress& progress) {
   const std::string beginning = ReadText(path, kTextHeaderLimit);
   if (const long length = TextHeaderLength(beginning); beginning.starts_with('#') && length > 0) {
     const std::string_view header = std::string_view(beginning).substr(0, static_cast<size_t>(length));
-    if (HeaderLine(header, "Kind") == "Parameters") return DescribeParameters(path, progress);
-    if (HeaderLine(header, "Kind") == "PosFile") return DescribePositions(path);
-    if (!HeaderLine(header, "Kind").empty()) return DescribeOwnText(path, header);
+    const std::string kind = HeaderValue(header, "Kind").value_or("");
+    if (kind == "Parameters") return DescribeParameters(path, progress);
+    if (kind == "PosFile") return DescribePositions(path);
+    if (!kind.empty()) return DescribeOwnText(path, header);
   }
   if (beginning.starts_with('#'))
     if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderBytes)))

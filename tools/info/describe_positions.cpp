@@ -1,11 +1,12 @@
-#include <array>
+#include <algorithm>
 #include <cmath>
-#include <optional>
 
+#include "components/position_file.h"
+#include "components/position_text.h"
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/text_header.h"
-#include "files/text_lines.h"
+#include "session/work_pace.h"
 #include "tools/figures.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
@@ -14,61 +15,42 @@ namespace pallomir {
 
 namespace {
 
-constexpr std::string_view kPixelsPerCm = "PixelsPerCm,";
-constexpr double kLargestStamp = 1e17;
+/// Nobody watches the reading of positions, and only the shell stops it.
+class Unwatched : public World {
+ public:
+  void ShowMessage(std::string_view, std::string_view) override {}
+  void AppendMessage(std::string_view) override {}
+  void ShowProgress(int) override {}
+  void HideProgress() override {}
+  bool PumpEvents() override { return true; }
+};
 
-using Sample = std::array<double, 4>;  // stamp, x, y, direction
-
-std::optional<Sample> SampleFrom(std::string_view line) {
-  Sample sample;
-  for (size_t item = 0; item < sample.size(); ++item) {
-    const size_t comma = line.find(',');
-    if ((comma == std::string_view::npos) != (item == sample.size() - 1)) return {};
-    const auto number = NumberFromText(line.substr(0, comma));
-    if (!number) return {};
-    sample[item] = *number;
-    line.remove_prefix(comma == std::string_view::npos ? line.size() : comma + 1);
-  }
-  if (!(sample[0] >= 0 && sample[0] < kLargestStamp)) return {};
-  return sample;
+uint64_t Unknown(const std::vector<double>& column) {
+  return static_cast<uint64_t>(std::count_if(column.begin(), column.end(), [](double v) { return std::isnan(v); }));
 }
 
 }  // namespace
 
 std::string DescribePositions(std::string_view path) {
   FileReader file(path);
-  const long header = TextHeaderLength(ReadText(path, kTextHeaderLimit));
-  StampSeries stamps;
-  uint64_t lost = 0;
-  uint64_t undirected = 0;
-  uint64_t unreadable = 0;
-  std::string scale;
-  ForEachLine(file, header < 0 ? 0 : static_cast<uint64_t>(header), [&](std::string_view line, bool isWhole) {
-    if (isWhole && Trimmed(line).empty()) return;
-    if (stamps.Count == 0 && line.starts_with(kPixelsPerCm))
-      if (const auto number = NumberFromText(line.substr(kPixelsPerCm.size()))) {
-        scale = DoubleText(*number);
-        return;
-      }
-    const auto sample = isWhole ? SampleFrom(line) : std::nullopt;
-    if (!sample) {
-      ++unreadable;
-      return;
-    }
-    const auto [stamp, x, y, direction] = *sample;
-    stamps.Add(static_cast<uint64_t>(stamp));
-    lost += x == 0 && y == 0;
-    undirected += direction < 0;
-  });
+  const auto body = BodyBehindHeader(ReadText(path, kTextHeaderLimit));
+  Unwatched world;
+  WorkPace pace(world);
+  Positions positions;
+  ReadPositionText(file, body.value_or(TextBody{}).Begin, pace, positions);
+  StampSeries stamps;  // has no times before 0
+  for (const int64_t time : positions.Time) stamps.Add(static_cast<uint64_t>(std::max<int64_t>(time, 0)));
 
   Facts facts(file.Name() + ": positions of the animal");
   facts.Add("samples", CountText(stamps.Count));
-  facts.Add("header", header < 0 ? "none" : std::to_string(header) + " bytes");
-  if (!scale.empty()) facts.Add("scale", scale + " pixels a cm");
+  facts.Add("header", body ? std::to_string(body->Begin) + " bytes" : "none");
+  if (positions.PixelsPerCm > 0) facts.Add("scale", DoubleText(positions.PixelsPerCm) + " pixels a cm");
   facts.AddStamps(stamps, "samples");
-  if (lost > 0) facts.Odd("samples that lost the animal (x = y = 0): " + CountText(lost));
+  const uint64_t lost = Unknown(positions.X), undirected = Unknown(positions.Direction);
+  if (lost > 0) facts.Odd("samples that lost the animal: " + CountText(lost));
   if (undirected > lost) facts.Odd("samples without direction: " + CountText(undirected));
-  if (unreadable > 0) facts.Odd("lines that are no samples: " + CountText(unreadable));
+  if (positions.Unreadable > 0)
+    facts.Odd("lines that are no samples: " + CountText(static_cast<uint64_t>(positions.Unreadable)));
   return facts.Text();
 }
 

@@ -2,10 +2,11 @@
 
 #include <cstdint>
 
+#include "files/mixing_generator.h"
+
 namespace pallomir {
 
 /// Random draws that are the same for a seed on every platform, which the standard library's distributions are not.
-/// The generator is splitmix64.
 class Draws {
  public:
   explicit Draws(uint64_t seed) : state_(seed) {}
@@ -13,13 +14,7 @@ class Draws {
   /// A generator of its own for part `part` of what is drawn, so that one part may change without the others.
   Draws Part(uint64_t part) const { return Draws(Draws(state_ + part * 0xD1B54A32D192ED03).Next()); }
 
-  uint64_t Next() {
-    state_ += 0x9E3779B97F4A7C15;
-    uint64_t mixed = state_;
-    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9;
-    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EB;
-    return mixed ^ (mixed >> 31);
-  }
+  uint64_t Next() { return NextMixed(state_); }
 
   /// From 0 up to, not including, 1.
   double Uniform() { return static_cast<double>(Next() >> 11) * 0x1p-53; }
