@@ -302,7 +302,8 @@ class Storm : public Dialogs {
 
   /// Something happens to a file: it ends early, holds garbage, or is gone.
   void Damage() {
-    const std::string name = folder_ + "/" + (Chance(0.5) ? OneOf(kInputs) : OneOf(kOutputs));
+    const bool input = Chance(0.5);
+    const std::string name = folder_ + "/" + (input ? OneOf(kInputs) : OneOf(kOutputs));
     Trace("damage " + QString::fromStdString(name));
     QFile file(QString::fromStdString(name));
     if (!file.exists()) return;
@@ -317,8 +318,10 @@ class Storm : public Dialogs {
         file.putChar(static_cast<char>(draws_.Next()));
       }
     file.close();
-    watch_.Excuse(name);
-    damaged_ = true;
+    if (input)
+      damaged_ = true;
+    else
+      watch_.Excuse(name);
   }
 
   /// Brings the recording itself back as it was.
