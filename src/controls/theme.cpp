@@ -59,6 +59,7 @@ QPushButton[primary="true"]:disabled { background: transparent; color: %6; borde
 QLineEdit, QComboBox { border: 1px solid %1; border-radius: 4px; padding: 2px 5px; background: %8; min-height: 18px; }
 QLineEdit:focus, QComboBox:focus { border: 2px solid %4; padding: 1px 4px; }
 QLineEdit:disabled, QLineEdit:read-only, QComboBox:disabled { background: transparent; color: %6; }
+QComboBox { combobox-popup: 0; }
 QComboBox::drop-down { border: 0; width: 18px; }
 QComboBox::down-arrow { image: url(:/icons/arrow-%9.svg); width: 11px; height: 11px; }
 QCheckBox::indicator, QRadioButton::indicator { width: 12px; height: 12px; border: 1px solid %6; background: %8; }

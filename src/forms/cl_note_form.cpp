@@ -90,6 +90,9 @@ void ClNoteForm::LayOut() {
                          button("cmdCopyRemarks", "Copy Saved Remarks to Remarks",
                                 "Take the saved remarks up again to change them", &ClNoteForm::cmdCopyRemarks_Click),
                          nullptr}));
+  auto* hint = MakeLabel("Remarks count once Add Remarks has attached them. Esc and the close box save, too.");
+  hint->setProperty("quiet", true);
+  column->addWidget(hint);
   column->addLayout(
       Row({nullptr, button("cmdCancel", "Cancel", "Leave without saving", &ClNoteForm::cmdCancel_Click), save}));
 }

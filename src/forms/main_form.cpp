@@ -175,7 +175,11 @@ void Main_Form::Escape() {
   else if (analyses_->CenterArmed())
     ArmCenter(false);
   else if (projections_->PolygonOpen())
-    Run([this] { cmdUndo_Click(); });
+    Run([this] {
+      projections_->TakeBackPolygon();
+      AfterEdit();
+      status_->setText("The open polygon was taken back.");
+    });
 }
 
 void Main_Form::closeEvent(QCloseEvent* event) {

@@ -153,6 +153,8 @@ class Main_Form : public QMainWindow, public World {
   bool ChooseParameterFile();
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
+  /// Whether the times typed, by which cluster files and analyses go, hold all loaded points.
+  bool TimesSpanLoaded() const;
   std::vector<std::string> EpochItems() const;
   ProjectionOptions Options() const;
   void Redraw();

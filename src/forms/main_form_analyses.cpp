@@ -4,10 +4,12 @@
 
 #include "analyses/center_file.h"
 #include "analyses/commands.h"
+#include "controls/controls.h"
 #include "files/file_utility.h"
 #include "forms/analyses_panel.h"
 #include "forms/cl_note_form.h"
 #include "forms/main_form.h"
+#include "forms/range_panel.h"
 #include "forms/waveforms_form.h"
 #include "output/cluster_files.h"
 
@@ -16,6 +18,7 @@ namespace pallomir {
 namespace {
 
 constexpr const char* kColour = "Color";
+constexpr const char* kTimesMissing = "Enter in both record boxes fills in their times.";
 
 std::string TagOf(const QWidget* button) {
   return button->property("Tag").toString().toStdString();
@@ -41,6 +44,7 @@ void Main_Form::ConnectAnalyses() {
 
 void Main_Form::Analyse(const std::function<void(const AnalysisTools&)>& analysis) {
   const AnalysisTools tools = {*this, *components_, [this] { WriteClusterFiles(session_, *this, ClusterTexts()); }};
+  if (advice_.isEmpty() && PointsLoaded(session_) && !TimesSpanLoaded()) advice_ = kTimesMissing;
   Work([&] { analysis(tools); });
 }
 
@@ -51,6 +55,7 @@ void Main_Form::AnalysePlaces(const std::function<void(const AnalysisTools&)>& a
 
 QString Main_Form::MissingFileAdvice() const {
   if (!NextStep().isEmpty()) return {};
+  if (!NumberIn(range_->txtStartTime) || !NumberIn(range_->txtEndTime)) return kTimesMissing;
   if (!FileUtility::FileExists(session_.DataDirectory + "\\..\\" + PositionName()))
     return "\"Position file\" names a file of the folder above the data; pallomir-cli import makes it.";
   if (!FileUtility::FileExists(SpikeFilePath(session_.File.Path)))
@@ -107,6 +112,7 @@ void Main_Form::cmdShowWaveforms_Click() {
 }
 
 void Main_Form::cmdShowAvgWaveforms_Click() {
+  if (NextStep().isEmpty()) advice_ = "The average waveform is in Analysis Report.";
   Analyse([this](const AnalysisTools& tools) { ShowAvgWaveforms(session_, tools); });
 }
 
@@ -139,7 +145,9 @@ void Main_Form::ArmCenter(bool armed) {
 
 void Main_Form::Projections_CenterChosen(Vertex at) {
   const QScopeGuard served = qScopeGuard([this] { ArmCenter(false); });
-  WriteCenterFile(session_, *this, analyses_->txtCenterFile->text().toStdString(), {at.X, at.Y});
+  const QString name = analyses_->txtCenterFile->text();
+  WriteCenterFile(session_, *this, name.toStdString(), {at.X, at.Y});
+  status_->setText(QString("The centre was written to %1, one folder above the data.").arg(name));
 }
 
 }  // namespace pallomir

@@ -73,9 +73,12 @@ void Main_Form::cmdDeleteCluster_Click() {
 }
 
 void Main_Form::cmdDeleteAllClusters_Click() {
+  const bool any = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) > 0;
   DeleteEveryCluster(session_);
+  // Also where nothing is loaded, and the picture cannot be drawn afresh.
+  advice_ = any ? "All clusters were deleted. Undo brings them back." : "There was no cluster to delete.";
   AfterEdit();
-  status_->setText("All clusters were deleted. Undo brings them back.");
+  status_->setText(advice_);
 }
 
 void Main_Form::cmdDeleteClusterBounds_Click() {

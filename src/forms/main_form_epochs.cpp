@@ -2,12 +2,14 @@
 
 #include <QtWidgets>
 
+#include "controls/controls.h"
 #include "files/error.h"
 #include "forms/load_multiple_epochs_form.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
 #include "forms/time_epochs_form.h"
 #include "timesel/epochs.h"
+#include "timesel/record_range.h"
 
 namespace pallomir {
 
@@ -40,8 +42,15 @@ void Main_Form::cboEpochs_Click() {
   range_->txtEndTime->setText(QString::fromStdString(epoch.End));
   range_->txtStartEvent->setText(QString::number(session_.EpochStartRecord[item]));
   range_->txtEndEvent->setText(QString::number(session_.EpochEndRecord[item]));
-  if (session_.EpochStartRecord[item] == 0 && session_.EpochEndRecord[item] == 0)
+  const double first = session_.EpochStartRecord[item], last = session_.EpochEndRecord[item];
+  if (first == 0 && last == 0) {
     status_->setText("The records of this epoch are not known yet: Define Epochs, Get Event IDs finds them.");
+    return;
+  }
+  const auto start = TimeOfRecord(session_, first), end = TimeOfRecord(session_, last);
+  if (start < NumberIn(range_->txtStartTime) || end > NumberIn(range_->txtEndTime))
+    status_->setText(
+        "These records are those of an earlier search: Define Epochs, Get Event IDs finds the epoch's own.");
 }
 
 void Main_Form::cmdDefineEpochs_Click() {
@@ -72,6 +81,7 @@ void Main_Form::mnuLoadMultipleEpochs_Click() {
 }
 
 void Main_Form::cmdLoad_Click() {
+  advice_ = "Tick the epochs to load. Define Epochs, Get Event IDs finds their records.";
   const EpochRange range = RangeOfSelected(multipleEpochs_->Choices());
   range_->txtStartEvent->setText(QString::number(range.StartRecord));
   range_->txtEndEvent->setText(QString::number(range.EndRecord));
@@ -97,7 +107,8 @@ void Main_Form::frmLoadMultipleEpochs_Unload() {
   session_.MultipleEpochs = false;
   multipleEpochs_ = nullptr;
   range_->cmdLoadPoints->setEnabled(true);
-  status_->setText("Choose a range and load points to go on.");
+  projections_->ShowHint();
+  status_->setText("Type Start and End into the record boxes, Enter after each: that is the whole recording again.");
 }
 
 }  // namespace pallomir

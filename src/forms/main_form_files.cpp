@@ -5,6 +5,7 @@
 #include "clusters/autosave.h"
 #include "clusters/boundaries_file.h"
 #include "clusters/undo.h"
+#include "controls/controls.h"
 #include "controls/run_command.h"
 #include "files/error.h"
 #include "files/file_utility.h"
@@ -54,6 +55,8 @@ void Main_Form::cmdWriteCBFile_Click() {
   if (files_->txtCBFileWrite->text().trimmed().isEmpty())
     throw CommandError("Type a name for the boundaries file first.");
   WriteCBFile(session_, *this, BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString()));
+  if (std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0)
+    status_->setText("No cluster has a boundary, and none was written. The earlier file stands beside it as .bak.");
 }
 
 QString Main_Form::BoundariesAdvice() const {
@@ -97,7 +100,7 @@ void Main_Form::ShowRead(const std::function<bool()>& read) {
   if (read()) {
     Redraw();
     const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);
-    status_->setText(QString("Read; %1 clusters have boundaries now.").arg(clusters));
+    status_->setText(QString("Read; clusters with boundaries now: %1.").arg(clusters));
     return;
   }
   status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
@@ -109,7 +112,11 @@ ClusterFileTexts Main_Form::ClusterTexts() const {
 }
 
 void Main_Form::cmdWriteClustFile_Click() {
+  if (!NumberIn(range_->txtStartTime) || !NumberIn(range_->txtEndTime))
+    advice_ = "Enter in both record boxes fills in their times.";
   Work([&] { WriteClusterFiles(session_, *this, ClusterTexts()); });
+  if (!PointsLoaded(session_))
+    status_->setText("No points are loaded, and no spikes were written. Earlier files are kept as OLD.");
   if (session_.TemporaryMode)
     status_->setText("Only the files of the analyses were written: one ended early. Let one run to its end first.");
 }

@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "controls/controls.h"
+#include "controls/toolkit_values.h"
 #include "files/number_text.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
@@ -26,6 +27,8 @@ int32_t RecordIn(const QLineEdit* box, int32_t otherwise) {
 }  // namespace
 
 void Main_Form::cmdLoadPoints_Click() {
+  if (range_->txtStartEvent->text().isEmpty() && range_->txtEndEvent->text().isEmpty())
+    advice_ = "Type Start and End into the record boxes, Enter after each: that is the whole recording.";
   const int32_t start = RecordIn(range_->txtStartEvent, session_.LoadStartRecord);
   const int32_t end = RecordIn(range_->txtEndEvent, session_.LoadEndRecord);
   session_.MultipleEpochs = false;
@@ -42,9 +45,19 @@ void Main_Form::LoadRange(int32_t start, int32_t end) {
   if (closing_) return;
   Redraw();
   RefreshClusters();
-  status_->setText(QString("%1 points loaded in %2 s.")
-                       .arg(QString::fromStdString(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
-                       .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2));
+  const QString loaded = QString("%1 points loaded in %2 s.")
+                             .arg(FromText(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
+                             .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2);
+  status_->setText(TimesSpanLoaded() ? loaded
+                                     : loaded + " The times beside do not span them: Enter in both record boxes.");
+}
+
+bool Main_Form::TimesSpanLoaded() const {
+  const auto start = NumberIn(range_->txtStartTime), end = NumberIn(range_->txtEndTime);
+  const auto stamps = session_.Points.Stamps().first(session_.Points.Rows());
+  if (!start || !end || stamps.empty()) return false;
+  const auto [first, last] = std::minmax_element(stamps.begin(), stamps.end());
+  return *start <= static_cast<double>(*first) && static_cast<double>(*last) <= *end;
 }
 
 void Main_Form::txtStartTime_DblClick() {

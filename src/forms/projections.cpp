@@ -149,7 +149,8 @@ void Projections::ShowCount() {
   const auto loaded = static_cast<int64_t>(session_.Points.Rows());
   count_->setText(
       QString("%1 of %2 points drawn")
-          .arg(QString::fromStdString(Grouped(static_cast<int64_t>(shown_))), QString::fromStdString(Grouped(loaded))));
+          .arg(QString::fromStdString(Grouped(static_cast<int64_t>(shown_))), QString::fromStdString(Grouped(loaded))) +
+      (session_.Display[0] ? "" : ", cluster 0 is hidden"));
 }
 
 void Projections::StartSlowRedraw() {
@@ -238,7 +239,12 @@ QString Projections::Hint() const {
   if (!PointsLoaded(session_)) return "Load points to see them here.";
   if (drawn_ && !view_.Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
   if (slow_.isActive()) return "Drawing one point at a time; Esc, or another right click on Redraw, stops it.";
+  for (const int p : {session_.XParameter, session_.YParameter})
+    if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
+      return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
   const ProjectionOptions options = options_();
+  if (options.CenterArmed && (session_.XParameter != kPosX || session_.YParameter != kPosY))
+    return "For the centre of the maze show PosX against PosY first, then click it; Esc gives that up.";
   if (options.CenterArmed)
     return options.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
                         : "Click the centre of the maze to write the center file; Esc gives that up.";
@@ -252,9 +258,9 @@ QString Projections::Hint() const {
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
-  return QString(
-             here ? "Cluster %1 holds %2 points. A polygon drawn here replaces its boundary; elsewhere it narrows it."
-                  : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
+  return QString(here ? "Cluster %1 holds %2 points. A polygon drawn here replaces its boundary; in another projection "
+                        "it narrows it."
+                      : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
       .arg(c)
       .arg(QString::fromStdString(Grouped(PointsInCluster(session_, c))));
 }

@@ -179,7 +179,9 @@ void TimeEpochs::cmdLoadEventsFile_Click() {
     const std::string listing =
         EventsListing(QDir::toNativeSeparators(path).toStdString(), chkFilter_->isChecked(), *this);
     txtEventsFile_->setPlainText(QString::fromStdString(listing));
-    hint_->setText(QString("%1 lines from %2").arg(txtEventsFile_->blockCount() - 1).arg(QFileInfo(path).fileName()));
+    hint_->setText(QString("%1 lines from %2. Double-click an event to select its time.")
+                       .arg(txtEventsFile_->blockCount() - 1)
+                       .arg(QFileInfo(path).fileName()));
   } catch (const Interrupted&) {
     hint_->setText("Stopped; no events were listed.");
   }

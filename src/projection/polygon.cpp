@@ -20,6 +20,7 @@ ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   const int b = BoundaryToDraw(session, session.Clusters[c]);
   if (b == kBoundariesPerCluster)
     return {"Cluster " + std::to_string(c) + " has all the 21 boundaries that a cluster can have."};
+  const UndoSnapshot earlier = session.Undo;
   SaveUndoSnapshot(session);
   Cluster& cluster = session.Clusters[c];
   if (b == cluster.BoundaryCount && ++cluster.BoundaryCount == 1) {
@@ -27,7 +28,7 @@ ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Ve
     session.ClusterDefined[c] = true;
   }
   cluster.Boundaries[b] = {session.XParameter, session.YParameter, 1, {click}};
-  open = OpenPolygon{c, static_cast<int16_t>(b)};
+  open = OpenPolygon{c, static_cast<int16_t>(b), earlier};
   return {};
 }
 
@@ -63,6 +64,13 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   ClassifyCluster(session, open->Cluster);
   open.reset();
   return outcome;
+}
+
+void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open) {
+  if (!open) return;
+  UndoLastChange(session);
+  session.Undo = open->Earlier;
+  open.reset();
 }
 
 void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open) {

@@ -12,6 +12,8 @@ namespace pallomir {
 struct OpenPolygon {
   int16_t Cluster = 0;
   int16_t Boundary = 0;
+  /// What Undo would have brought back before the polygon was begun.
+  UndoSnapshot Earlier{};
 };
 
 /// What came of a click.
@@ -32,6 +34,9 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
 /// vertices that a boundary can hold, it is closed without this one, and Refused says so. Nothing happens when no
 /// polygon is open.
 ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click);
+
+/// Takes an open polygon back: the cut is that before its first click, and Undo brings back what it would have then.
+void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open);
 
 /// Gives up a polygon whose cluster or projection is no longer the present one; it stays in the table as drawn so far.
 void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open);

@@ -1,5 +1,6 @@
 // The program while it works, while it ends, and where a command could not run.
 
+#include "clusters/classify.h"
 #include "form_tests.h"
 #include "program.h"
 
@@ -76,6 +77,44 @@ class AtWorkTest : public QObject {
     QCOMPARE(program.Shared.YParameter, int16_t{51});
     QString count = program.View()->findChild<QLabel*>("count")->text();
     QCOMPARE(count.remove(QRegularExpression("[^0-9a-z]")), "3000of3000pointsdrawn");
+  }
+
+  void APolygonTakenBackLeavesUndoAsItWas() {
+    Program program;
+    program.Load();
+    program.Click("lblNewCluster(1)");
+    program.DrawPolygon({{100, 10}, {900, 10}, {500, 80}});
+    const int64_t first = PointsInCluster(program.Shared, 1);
+    program.DrawPolygon({{400, 10}, {600, 10}, {500, 80}});
+    const int64_t second = PointsInCluster(program.Shared, 1);
+    QVERIFY(first > second && second > 0);
+    for (const QPointF& corner : {QPointF(200, 20), QPointF(300, 30)})
+      QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(corner.x(), corner.y()));
+    QTest::keyClick(program.View(), Qt::Key_Escape);
+    QCOMPARE(PointsInCluster(program.Shared, 1), second);
+    program.Click("cmdUndo");
+    QCOMPARE(PointsInCluster(program.Shared, 1), first);
+  }
+
+  void RecordsAndTimesThatDisagreeAreTold() {
+    Program program;
+    program.Load();
+    QVERIFY(!Status(program).contains("span"));
+    program.Type("txtEndTime", "1500000");
+    program.Click("cmdLoadPoints");
+    QVERIFY(Status(program).contains("do not span"));
+    // An epoch whose records an earlier search found for other times.
+    auto* epochs = program.Get<QComboBox>("cboEpochs");
+    epochs->addItem("run: 1600000 1700000");
+    program.Shared.EpochStartRecord[0] = 10;
+    program.Shared.EpochEndRecord[0] = 90;
+    epochs->setCurrentIndex(0);
+    emit epochs->activated(0);
+    QVERIFY(Status(program).contains("earlier search"));
+    program.Shared.EpochStartRecord[0] = 600;
+    program.Shared.EpochEndRecord[0] = 700;
+    emit epochs->activated(0);
+    QCOMPARE(Status(program), "");
   }
 
   void AFormWithUnsavedWorkKeepsTheProgramOpen() {
