@@ -2,26 +2,43 @@
 #include <QCommandLineParser>
 #include <QFileInfo>
 #include <QIcon>
+#include <algorithm>
 
 #include "controls/dialogs.h"
 #include "controls/theme.h"
 #include "forms/main_form.h"
 #include "session/session.h"
 
-int main(int argumentCount, char** arguments) {
-  QApplication application(argumentCount, arguments);
-  QApplication::setApplicationName("pallomir");
-  QApplication::setApplicationDisplayName("Pallomir");
-  QApplication::setApplicationVersion(PALLOMIR_VERSION);
-  pallomir::ApplyTheme(application);
-  QApplication::setDesktopFileName("pallomir");
-  QApplication::setWindowIcon(QIcon(":/icons/pallomir.svg"));
-  QCommandLineParser line;
+namespace {
+
+/// What may stand on the command line. Help and version are answered before there has to be a display.
+void Describe(QCommandLineParser& line) {
   line.setApplicationDescription("Cuts clusters of spikes out of tetrode recordings.");
   line.addHelpOption();
   line.addVersionOption();
   line.addPositionalArgument("file", "The parameter file (.Ntt.parms) to open; a dialog asks for one otherwise.",
                              "[file]");
+}
+
+bool AsksAboutTheProgram(int argumentCount, char** arguments) {
+  const QByteArrayList questions = {"-h", "--help", "-v", "--version"};
+  return std::any_of(arguments + 1, arguments + argumentCount, [&](const char* a) { return questions.contains(a); });
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  QCommandLineParser line;
+  Describe(line);
+  QCoreApplication::setApplicationName("pallomir");
+  QCoreApplication::setApplicationVersion(PALLOMIR_VERSION);
+  if (AsksAboutTheProgram(argumentCount, arguments)) line.process(QCoreApplication(argumentCount, arguments));
+
+  QApplication application(argumentCount, arguments);
+  QApplication::setApplicationDisplayName("Pallomir");
+  pallomir::ApplyTheme(application);
+  QApplication::setDesktopFileName("pallomir");
+  QApplication::setWindowIcon(QIcon(":/icons/pallomir.svg"));
   line.process(application);
   pallomir::Session session;
   // A parameter file on the command line, as a file manager names it, is what the dialog would have been answered with.

@@ -25,8 +25,7 @@ QString Figure(double value) {
 
 QString NamedFigure(const QString& name, double value, std::string_view unit) {
   if (!std::isfinite(value)) return {};
-  return name + " " + Figure(value) + (unit.empty() ? "" : " ") +
-         FromText(unit);
+  return name + " " + Figure(value) + (unit.empty() ? "" : " ") + FromText(unit);
 }
 
 QString Whole(double count) {
