@@ -19,6 +19,7 @@ QSize PlotSurface::DeviceSize() const {
 
 void PlotSurface::SetPicture(QImage picture, const View& view) {
   picture_ = std::move(picture);
+  picture_.setDevicePixelRatio(devicePixelRatioF());
   view_ = view;
   update();
 }

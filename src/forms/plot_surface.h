@@ -21,6 +21,7 @@ class PlotSurface : public QWidget {
   /// Size in device pixels, at least 1 x 1.
   QSize DeviceSize() const;
 
+  /// A picture of DeviceSize() device pixels.
   void SetPicture(QImage picture, const View& view);
 
   /// What is read there while there is no picture: a heading, and lines below it.
