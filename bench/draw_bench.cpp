@@ -4,7 +4,7 @@
 #include <QPainter>
 
 #include "clusters/classify.h"
-#include "forms/cluster_panel.h"
+#include "controls/toolkit_values.h"
 #include "projection/draw_points.h"
 #include "support.h"
 
