@@ -224,8 +224,8 @@ void ResultWindow::Present() {
   plot_->setFocus();
 }
 
-/// In turns on the left and on the right, each pair a little below the one before; a place that was left is taken
-/// again.
+/// In turns on the right, where the controls are not, and on the left, each pair a little below the one before; a place
+/// that was left is taken again.
 void ResultWindow::Place() {
   std::vector<int> taken;
   for (const QWidget* window : QApplication::topLevelWidgets())
@@ -237,7 +237,7 @@ void ResultWindow::Place() {
   resize(kSize.boundedTo({room.width() / 2 - frame / 4, room.height() - frame}));
   const int step = place_ / 2 * kCascade;
   const int right = std::max(room.width() - room.width() / 2, 1);
-  move(room.topLeft() + QPoint(place_ % 2 * right + step % std::max(room.width() - right - width(), kCascade),
+  move(room.topLeft() + QPoint((1 - place_ % 2) * right + step % std::max(room.width() - right - width(), kCascade),
                                step % std::max(room.height() - height(), kCascade)));
 }
 
