@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "session/quiet_world.h"
 #include "session/session.h"
-#include "session/world.h"
 
 namespace pallomir::bench {
 
@@ -32,14 +32,5 @@ Session OpenSession(Channels channels = Channels::Tetrode);
 
 /// A polygon of `vertices` corners about the middle of the first cloud, on MPeak-1 and MPeak-2; a star when `star`.
 Boundary Polygon(int vertices, bool star = false);
-
-class QuietWorld : public World {
- public:
-  void ShowMessage(std::string_view, std::string_view) override {}
-  void AppendMessage(std::string_view) override {}
-  void ShowProgress(int) override {}
-  void HideProgress() override {}
-  bool PumpEvents() override { return true; }
-};
 
 }  // namespace pallomir::bench

@@ -6,6 +6,7 @@
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/text_header.h"
+#include "session/quiet_world.h"
 #include "session/work_pace.h"
 #include "tools/figures.h"
 #include "tools/info/describe_file.h"
@@ -14,16 +15,6 @@
 namespace pallomir {
 
 namespace {
-
-/// Nobody watches the reading of positions, and only the shell stops it.
-class Unwatched : public World {
- public:
-  void ShowMessage(std::string_view, std::string_view) override {}
-  void AppendMessage(std::string_view) override {}
-  void ShowProgress(int) override {}
-  void HideProgress() override {}
-  bool PumpEvents() override { return true; }
-};
 
 uint64_t Unknown(const std::vector<double>& column) {
   return static_cast<uint64_t>(std::count_if(column.begin(), column.end(), [](double v) { return std::isnan(v); }));
@@ -34,7 +25,7 @@ uint64_t Unknown(const std::vector<double>& column) {
 std::string DescribePositions(std::string_view path) {
   FileReader file(path);
   const auto body = BodyBehindHeader(ReadText(path, kTextHeaderLimit));
-  Unwatched world;
+  QuietWorld world;
   WorkPace pace(world);
   Positions positions;
   ReadPositionText(file, body.value_or(TextBody{}).Begin, pace, positions);
