@@ -5,8 +5,10 @@
 #include <QtWidgets>
 #include <functional>
 
+#include "components/compute_maps.h"
 #include "controls/dialogs.h"
 #include "support.h"
+#include "viewers/report_form.h"
 #include "walk.h"
 
 namespace pallomir::bench {
@@ -18,7 +20,8 @@ void ToWindow(benchmark::State& state, const std::function<void(Components&)>& c
   QuietWorld world;
   DesktopDialogs dialogs;
   QWidget parent;
-  DesktopComponents components(world, dialogs, &parent, {});
+  Session session;
+  DesktopComponents components(session, world, dialogs, &parent, {});
   WalkFile("");  // written before the clock runs
   for (auto _ : state) {
     command(components);
@@ -65,6 +68,77 @@ void ShowHeadDirection(Components& components) {
   plot->ComputeDirection(WalkFile("ttmp"), WalkFile("Pos.p"), WalkFile("cl-tmp"));
   plot->ShowDirection(WalkFile("ttmp.dir"), "Single", "Cluster 7");
 }
+
+/// As long a report as half the spikes of the benchmark make, all of one cluster.
+Report LongReport() {
+  const Positions& places = WalkInBox().Places;
+  SpikeTimes spikes{{places.Time.front(), places.Time.back()}, {}, 0, 0};
+  const int64_t count = Spikes() / 2, duration = spikes.Range.Last - spikes.Range.First;
+  Report report;
+  for (int64_t i = 0; i < count; ++i) {
+    spikes.Times.push_back(spikes.Range.First + duration / count * i);
+    report.Spikes.MaxHeight.push_back(static_cast<float>(100 + i * 7919 % 1000));
+  }
+  report.Spikes.Time = spikes.Times;
+  report.Spikes.First = spikes.Range.First;
+  report.Spikes.Last = spikes.Range.Last;
+  report.Path = TrackWithin(places, spikes.Range);
+  report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
+  report.Rate = RateMapOf(places, report.Path, spikes);
+  report.Occupancy = OccupancyMapOf(places, report.Path, spikes.Range);
+  report.Places = PlacesOfSpikes(report.SampleOf, report.Path.X, report.Path.Y, {320, 240});
+  return report;
+}
+
+/// Answers where to save.
+class SavingDialogs : public DesktopDialogs {
+ public:
+  QString SaveFile(QWidget*, const FileDialogOptions&) override { return QString::fromStdString(Path); }
+  const std::string Path = RecordingFolder() + "/report.pdf";
+};
+
+/// The sheet from its contents until it is painted, or from the menu until its PDF stands on the disk.
+void ReportSheet(benchmark::State& state, bool save) {
+  constexpr qint64 kLargestPdf = 3'000'000;
+  const Report report = LongReport();
+  QuietWorld world;
+  SavingDialogs dialogs;
+  for (auto _ : state) {
+    state.PauseTiming();
+    QPointer<ReportForm> form(new ReportForm(world, dialogs, nullptr, "TT1", 7));
+    if (!save) state.ResumeTiming();
+    form->Show(report, "Cluster 7");
+    QApplication::processEvents();
+    if (save) {
+      state.ResumeTiming();
+      form->findChild<QAction*>("mnuFileSave")->trigger();
+      if (QFileInfo(QString::fromStdString(dialogs.Path)).size() > kLargestPdf) state.SkipWithError("a large PDF");
+    }
+    state.PauseTiming();
+    delete form;
+    state.ResumeTiming();
+  }
+}
+
+void ShowReport(benchmark::State& state) {
+  ReportSheet(state, false);
+}
+BENCHMARK(ShowReport)
+    ->Name("report of half the spikes to its window/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
+
+void SaveReport(benchmark::State& state) {
+  ReportSheet(state, true);
+}
+BENCHMARK(SaveReport)
+    ->Name("report of half the spikes to a PDF/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->Iterations(1)
+    ->Repetitions(5);
 
 [[maybe_unused]] const bool added = [] {
   const std::pair<const char*, void (*)(Components&)> commands[] = {

@@ -73,8 +73,11 @@ int DesktopDialogs::Print(QWidget* parent, QPrinter& printer) {
 }
 
 bool DesktopDialogs::Confirm(QWidget* parent, const QString& question) {
-  return QMessageBox::warning(parent, QApplication::applicationDisplayName(), question,
-                              QMessageBox::Yes | QMessageBox::No, QMessageBox::No) == QMessageBox::Yes;
+  QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), question,
+                  QMessageBox::Yes | QMessageBox::No, parent);
+  box.setTextFormat(Qt::PlainText);  // it names files
+  box.setDefaultButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
 }
 
 }  // namespace pallomir

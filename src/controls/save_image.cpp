@@ -13,6 +13,12 @@ const CommandError kNoMemory("There is not enough memory for the picture.");
 
 }  // namespace
 
+QImage MakeImage(QSize size, QImage::Format format) {
+  QImage image(size, format);
+  if (image.isNull()) throw kNoMemory;
+  return image;
+}
+
 QByteArray PngOf(const QImage& image) {
   QByteArray bytes;
   QBuffer buffer(&bytes);

@@ -2,9 +2,13 @@
 
 #include <QByteArray>
 #include <QImage>
+#include <QSize>
 #include <string_view>
 
 namespace pallomir {
+
+/// An image that nothing was drawn on yet. Throws CommandError when there is no memory for it.
+QImage MakeImage(QSize size, QImage::Format format);
 
 /// A picture as a PNG file's bytes. Throws CommandError when there is no memory for them.
 QByteArray PngOf(const QImage& image);

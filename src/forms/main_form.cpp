@@ -23,8 +23,8 @@ namespace pallomir {
 
 Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
   projections_ = std::make_unique<Projections>(session_, *this, [this] { return Options(); });
-  components_ = std::make_unique<DesktopComponents>(*this, dialogs_, this, [this] {
-    return std::make_unique<ReportSource>(*this, dialogs_, this, session_.CurrentCluster);
+  components_ = std::make_unique<DesktopComponents>(session_, *this, dialogs_, this, [this] {
+    return std::make_unique<ReportSource>(session_, *this, dialogs_, this, session_.CurrentCluster);
   });
   LayOut();
   ConnectRange();

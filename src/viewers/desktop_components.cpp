@@ -3,6 +3,7 @@
 #include "components/compute_direction.h"
 #include "components/compute_maps.h"
 #include "components/compute_trains.h"
+#include "controls/titles.h"
 #include "viewers/direction_window.h"
 #include "viewers/map_window.h"
 #include "viewers/train_windows.h"
@@ -13,6 +14,7 @@ namespace {
 
 /// Where a component works and shows.
 struct Desktop {
+  const Session& TheSession;
   World& TheWorld;
   Dialogs& TheDialogs;
   QWidget* Parent;
@@ -20,7 +22,8 @@ struct Desktop {
   /// A window is its own: it goes when it is closed, or with its parent.
   template <class Window, class... More>
   void Show(const std::string& title, const std::string& file, More... more) const {
-    (new Window(Parent, TheDialogs, QString::fromStdString(title), file, more...))->Present();
+    const ResultTitle full{QString::fromStdString(title), TetrodeOf(TheSession)};
+    (new Window(Parent, TheDialogs, full, file, more...))->Present();
   }
 };
 
@@ -87,15 +90,15 @@ class DesktopDirectionPlot : public DirectionPlot {
 }  // namespace
 
 std::unique_ptr<MapEngine> DesktopComponents::MakeMapEngine() {
-  return std::make_unique<DesktopMapEngine>(Desktop{world_, dialogs_, parent_});
+  return std::make_unique<DesktopMapEngine>(Desktop{session_, world_, dialogs_, parent_});
 }
 
 std::unique_ptr<TrainPlot> DesktopComponents::MakeTrainPlot() {
-  return std::make_unique<DesktopTrainPlot>(Desktop{world_, dialogs_, parent_});
+  return std::make_unique<DesktopTrainPlot>(Desktop{session_, world_, dialogs_, parent_});
 }
 
 std::unique_ptr<DirectionPlot> DesktopComponents::MakeDirectionPlot() {
-  return std::make_unique<DesktopDirectionPlot>(Desktop{world_, dialogs_, parent_});
+  return std::make_unique<DesktopDirectionPlot>(Desktop{session_, world_, dialogs_, parent_});
 }
 
 }  // namespace pallomir

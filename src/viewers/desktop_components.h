@@ -5,6 +5,7 @@
 
 #include "components/components.h"
 #include "controls/dialogs.h"
+#include "session/session.h"
 #include "session/world.h"
 
 class QWidget;
@@ -17,9 +18,14 @@ class DesktopComponents : public Components {
  public:
   using SpikeSourceMaker = std::function<std::unique_ptr<SpikeSource>()>;
 
-  /// `dialogs` has to outlive the windows, `world` the components that are made.
-  DesktopComponents(World& world, Dialogs& dialogs, QWidget* parent, SpikeSourceMaker makeSpikeSource)
-      : world_(world), dialogs_(dialogs), parent_(parent), makeSpikeSource_(std::move(makeSpikeSource)) {}
+  /// `dialogs` has to outlive the windows, `session` and `world` the components that are made.
+  DesktopComponents(const Session& session, World& world, Dialogs& dialogs, QWidget* parent,
+                    SpikeSourceMaker makeSpikeSource)
+      : session_(session),
+        world_(world),
+        dialogs_(dialogs),
+        parent_(parent),
+        makeSpikeSource_(std::move(makeSpikeSource)) {}
 
   std::unique_ptr<MapEngine> MakeMapEngine() override;
   std::unique_ptr<TrainPlot> MakeTrainPlot() override;
@@ -27,6 +33,7 @@ class DesktopComponents : public Components {
   std::unique_ptr<SpikeSource> MakeSpikeSource() override { return makeSpikeSource_(); }
 
  private:
+  const Session& session_;
   World& world_;
   Dialogs& dialogs_;
   QWidget* parent_;

@@ -13,7 +13,7 @@ class DirectionWindow : public ResultWindow {
 
  public:
   /// Throws CommandError when the direction file cannot be read.
-  DirectionWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view directionFile);
+  DirectionWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view directionFile);
 
  protected:
   void Restyle(const PlotStyle& style) override;

@@ -13,14 +13,14 @@ class MapWindow : public ResultWindow {
 
  public:
   /// `colours` is what it begins with. Throws CommandError when the map file cannot be read.
-  MapWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view mapFile, ColourScale colours);
+  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile, ColourScale colours);
 
  protected:
   void Restyle(const PlotStyle& style) override;
   QString ReadOut(QPointF at) const override;
 
  private:
-  MapWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view mapFile, ColourScale colours,
+  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile, ColourScale colours,
             MapResult result);
 
   void MakePlot();

@@ -9,6 +9,7 @@
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/save_image.h"
+#include "controls/titles.h"
 #include "files/error.h"
 #include "files/save_file.h"
 #include "viewers/figures.h"
@@ -73,6 +74,7 @@ QString NoteText(const ClusterNote& note) {
 QLabel* MakeText(const QString& name, double points, bool bold = false) {
   auto* label = new QLabel;
   label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);  // notes and file names are shown in it
   QFont font = label->font();
   font.setPointSizeF(points);
   font.setBold(bold);
@@ -82,11 +84,14 @@ QLabel* MakeText(const QString& name, double points, bool bold = false) {
 
 }  // namespace
 
-ReportForm::ReportForm(World& world, Dialogs& dialogs, QWidget* parent)
-    : QMainWindow(parent), world_(world), dialogs_(dialogs) {
+ReportForm::ReportForm(World& world, Dialogs& dialogs, QWidget* parent, const QString& tetrode, int c)
+    : QMainWindow(parent),
+      world_(world),
+      dialogs_(dialogs),
+      fileName_(FileNameWithTetrode(tetrode, {QString("cluster %1").arg(c), "report"})) {
   setAttribute(Qt::WA_DeleteOnClose);
   setObjectName("frmReport");
-  setWindowTitle("Analysis Report Sheet");
+  setWindowTitle(TitleWithTetrode("Analysis Report Sheet", tetrode, c));
   LayOut();
   MakeMenu();
   const QSize room = screen()->availableGeometry().size() - QSize(20, 60);
@@ -214,7 +219,7 @@ void ReportForm::mnuFilePrint_Click() {
 
 void ReportForm::mnuFileSave_Click() {
   const QString path = dialogs_.SaveFile(
-      this, {"Save Report", "PDF document (*.pdf)|*.pdf|PNG picture (*.png)|*.png", "report.pdf", "pdf"});
+      this, {"Save Report", "PDF document (*.pdf)|*.pdf|PNG picture (*.png)|*.png", fileName_ + ".pdf", "pdf"});
   if (path.isEmpty()) return;
   const std::string native = QDir::toNativeSeparators(path).toStdString();
   if (path.endsWith(".png", Qt::CaseInsensitive)) {

@@ -19,7 +19,8 @@ class ReportForm : public QMainWindow {
   Q_OBJECT
 
  public:
-  ReportForm(World& world, Dialogs& dialogs, QWidget* parent);
+  /// About cluster `c` of the tetrode.
+  ReportForm(World& world, Dialogs& dialogs, QWidget* parent, const QString& tetrode, int c);
 
   void Show(const Report& report, const QString& title);
 
@@ -36,6 +37,7 @@ class ReportForm : public QMainWindow {
 
   World& world_;
   Dialogs& dialogs_;
+  QString fileName_;
   QWidget* sheet_;
   QLabel* lblReportTitle_;
   QLabel* lblTime_;

@@ -1,6 +1,7 @@
 #include "viewers/report_source.h"
 
 #include "analyses/report.h"
+#include "controls/titles.h"
 #include "files/platform.h"
 #include "viewers/report_form.h"
 
@@ -8,7 +9,7 @@ namespace pallomir {
 
 void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool, double) {
   const Report report = MakeReport(world_, files, cluster_);
-  auto* form = new ReportForm(world_, dialogs_, parent_);
+  auto* form = new ReportForm(world_, dialogs_, parent_, TetrodeOf(session_), cluster_);
   form->Show(report, QString("Cluster %1 - %2")
                          .arg(cluster_)
                          .arg(QString::fromStdString(PathText(PlatformPath(files.SpikeFile).filename()))));

@@ -2,6 +2,7 @@
 
 #include "components/components.h"
 #include "controls/dialogs.h"
+#include "session/session.h"
 #include "session/world.h"
 
 class QWidget;
@@ -11,12 +12,13 @@ namespace pallomir {
 /// Makes the report of cluster `c` and shows it in a sheet of its own.
 class ReportSource : public SpikeSource {
  public:
-  ReportSource(World& world, Dialogs& dialogs, QWidget* parent, int c)
-      : world_(world), dialogs_(dialogs), parent_(parent), cluster_(c) {}
+  ReportSource(const Session& session, World& world, Dialogs& dialogs, QWidget* parent, int c)
+      : session_(session), world_(world), dialogs_(dialogs), parent_(parent), cluster_(c) {}
 
   void ShowReport(const ReportFiles& files, const std::string& mode, bool option, double number) override;
 
  private:
+  const Session& session_;
   World& world_;
   Dialogs& dialogs_;
   QWidget* parent_;

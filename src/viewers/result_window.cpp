@@ -2,6 +2,7 @@
 
 #include "controls/controls.h"
 #include "controls/run_command.h"
+#include "controls/titles.h"
 #include "files/file_reader.h"
 #include "files/platform.h"
 #include "files/save_file.h"
@@ -17,15 +18,18 @@ constexpr char kHint[] = "The wheel zooms, a drag moves, a double click shows al
 
 }  // namespace
 
-ResultWindow::ResultWindow(QWidget* parent, Dialogs& dialogs, const QString& title, const QString& kind,
+ResultWindow::ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const QString& kind,
                            std::string_view resultFile)
-    : QWidget(parent, Qt::Window), dialogs_(dialogs), data_(ReadText(resultFile)) {
+    : QWidget(parent, Qt::Window),
+      dialogs_(dialogs),
+      fileName_(FileNameWithTetrode(title.Tetrode, {title.Title, kind})),
+      data_(ReadText(resultFile)) {
   const QString name = QString::fromStdString(PathText(PlatformPath(resultFile).filename()));
   dataEnding_ = name.section('.', -1);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_QuitOnClose, false);
   setObjectName("ResultWindow");
-  setWindowTitle(title + " - " + kind);
+  setWindowTitle(TitleWithTetrode(title.Title + " - " + kind, title.Tetrode));
 
   plot_ = Named(new QCustomPlot, "plot", windowTitle(), {});
   plot_->setFocusPolicy(Qt::StrongFocus);
@@ -262,7 +266,7 @@ void ResultWindow::Save(const FileDialogOptions& options, Write write) {
 
 void ResultWindow::cmdSavePicture_Click() {
   Save({"Save picture", "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf",
-        windowTitle() + ".png", "png"},
+        fileName_ + ".png", "png"},
        [this](const std::string& path) {
          const QScopeGuard screen = qScopeGuard([this] { Dress(ScreenStyle(*this)); });
          Dress(PrintStyle(*this));
@@ -272,7 +276,7 @@ void ResultWindow::cmdSavePicture_Click() {
 
 void ResultWindow::cmdSaveData_Click() {
   Save({"Save data", "Result (*." + dataEnding_ + ")|*." + dataEnding_ + "|All files (*.*)|*.*",
-        windowTitle() + "." + dataEnding_, dataEnding_},
+        fileName_ + "." + dataEnding_, dataEnding_},
        [this](const std::string& path) {
          SaveFile file(path);
          file.Write(data_);

@@ -12,6 +12,12 @@
 
 namespace pallomir {
 
+/// What a result is of: the title that the command gave, "Cluster 2", and the tetrode.
+struct ResultTitle {
+  QString Title;
+  QString Tetrode;
+};
+
 /// A window of its own that shows one result and stays open beside others: the plot, what is under the pointer, what
 /// the result was made of, and buttons to keep it. The wheel zooms, a drag moves, a double click shows all again.
 class ResultWindow : public QWidget {
@@ -24,7 +30,7 @@ class ResultWindow : public QWidget {
  protected:
   /// `kind` says what the result is ("Rate map"). The result file is kept as it is now, to be saved later. Throws
   /// CommandError when it cannot be read.
-  ResultWindow(QWidget* parent, Dialogs& dialogs, const QString& title, const QString& kind,
+  ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const QString& kind,
                std::string_view resultFile);
 
   /// Gives the plot's body the colours and fonts of `style`: those of the screen, or for a while those of print.
@@ -76,6 +82,7 @@ class ResultWindow : public QWidget {
   void Save(const FileDialogOptions& options, Write write);
 
   Dialogs& dialogs_;
+  QString fileName_;
   std::string data_;
   QString dataEnding_;
   int place_ = -1;

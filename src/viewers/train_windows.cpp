@@ -16,7 +16,7 @@ QString Percent(double share) {
 
 }  // namespace
 
-AutocorrelationWindow::AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const QString& title,
+AutocorrelationWindow::AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
                                              std::string_view resultFile)
     : HistogramWindow(parent, dialogs, title, "Autocorrelation", resultFile) {
   const AutocorrelationResult result = ReadAutocorrelationFile(resultFile);
@@ -42,7 +42,7 @@ AutocorrelationWindow::AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, 
   }
 }
 
-IntervalWindow::IntervalWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view resultFile)
+IntervalWindow::IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile)
     : HistogramWindow(parent, dialogs, title, "Log ISI", resultFile) {
   const IntervalResult result = ReadIntervalFile(resultFile);
   const LogIntervals& intervals = result.Intervals;

@@ -11,7 +11,7 @@ class AutocorrelationWindow : public HistogramWindow {
 
  public:
   /// Throws CommandError when the result file cannot be read.
-  AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view resultFile);
+  AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
 };
 
 /// The intervals between spikes on a logarithmic scale.
@@ -20,7 +20,7 @@ class IntervalWindow : public HistogramWindow {
 
  public:
   /// Throws CommandError when the result file cannot be read.
-  IntervalWindow(QWidget* parent, Dialogs& dialogs, const QString& title, std::string_view resultFile);
+  IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
 };
 
 }  // namespace pallomir

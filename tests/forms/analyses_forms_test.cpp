@@ -140,7 +140,7 @@ class AnalysesFormsTest : public QObject {
     for (QWidget* window : Windows())
       if (window->objectName() == "frmReport") sheet = window;
     QVERIFY(sheet);
-    QCOMPARE(sheet->windowTitle(), "Analysis Report Sheet");
+    QCOMPARE(sheet->windowTitle(), "Analysis Report Sheet — TT1, cluster 3");
     QCOMPARE(Box<QLabel>(sheet, "lblReportTitle")->text(), "Cluster 3 - TT1.Ntt");
     QVERIFY(Box<QLabel>(sheet, "lblFigures")
                 ->text()
@@ -152,6 +152,7 @@ class AnalysesFormsTest : public QObject {
 
     program.Answers.FilesToOpen = {program.Path("report.pdf"), program.Path("report.png")};
     for (int i = 0; i < 2; ++i) sheet->findChild<QAction*>("mnuFileSave")->trigger();
+    QCOMPARE(program.Answers.Asked.FileName, "TT1 cluster 3 report.pdf");
     QVERIFY(QFileInfo(program.Path("report.pdf")).size() > 5000);
     QVERIFY(!QImage(program.Path("report.png")).isNull());
     program.Answers.PrintTo = program.Path("printed.pdf");

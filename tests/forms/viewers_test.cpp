@@ -4,6 +4,9 @@
 
 #include "components/direction_file.h"
 #include "components/map_file.h"
+#include "controls/save_image.h"
+#include "controls/titles.h"
+#include "files/error.h"
 #include "form_tests.h"
 #include "program.h"
 #include "support/recording_world.h"
@@ -21,7 +24,12 @@ struct Desk {
   RecordingWorld TheWorld;
   ScriptedDialogs Answers;
   QWidget Parent;
-  DesktopComponents Make{TheWorld, Answers, &Parent, [] { return nullptr; }};
+  Session Shared = [] {
+    Session session;
+    session.File.Path = "C:\\data\\TT1\\TT1.Ntt.parms";
+    return session;
+  }();
+  DesktopComponents Make{Shared, TheWorld, Answers, &Parent, [] { return nullptr; }};
   QSet<QWidget*> Known;
 
   QWidget* Opened() {
@@ -94,7 +102,7 @@ class ViewersTest : public QObject {
   void MapsStandAsTheCameraSawThem() {
     Desk desk;
     QWidget* window = desk.ShowMap(SmallMap());
-    QCOMPARE(window->windowTitle(), "Cluster 7 - Rate map");
+    QCOMPARE(window->windowTitle(), "Cluster 7 - Rate map — TT1");
     QCOMPARE(Figures(window), "Peak 8 spikes/s    Mean 1.25 spikes/s    Spatial information 0.5 bits/spike");
     QCOMPARE(Said(window, "usage"), "Used 12 of 15 spikes.");
     // From 10 to 17.5 cm and 20 to 25 cm, the smallest y at the top, and bins are square.
@@ -108,6 +116,22 @@ class ViewersTest : public QObject {
     QCOMPARE(Hover(window, At(window, 13.8, 21.2)), "x 13.8, y 21.2 cm: 4 spikes/s");
     QVERIFY(Hover(window, At(window, 16, 24)).endsWith("cm: not visited"));
     QVERIFY(Hover(window, {1, 1}).startsWith("The wheel zooms"));
+  }
+
+  void WindowsAndFilesAreNamedAfterTheTetrode() {
+    Session session;
+    QCOMPARE(TitleWithTetrode("Projections", TetrodeOf(session)), "Projections");
+    session.File.Path = "C:\\data\\spikes.parms";
+    QCOMPARE(TetrodeOf(session), "spikes.parms");
+    session.File.Path = "C:\\data\\TT1.ntt.parms";
+    QCOMPARE(TitleWithTetrode("Projections", TetrodeOf(session)), "Projections — TT1");
+    QCOMPARE(TitleWithTetrode("Waveforms", TetrodeOf(session), 2), "Waveforms — TT1, cluster 2");
+    QCOMPARE(FileNameWithTetrode("TT1", {"Cluster 2", "Log ISI"}), "TT1 cluster 2 log ISI");
+  }
+
+  void WhatHasNoMemoryIsASentence() {
+    const auto tooLarge = [] { MakeImage({INT_MAX / 8, INT_MAX / 8}, QImage::Format_RGB32); };
+    QVERIFY_THROWS_EXCEPTION(CommandError, tooLarge());
   }
 
   void ColoursAreChosen() {
@@ -142,7 +166,7 @@ class ViewersTest : public QObject {
     result.Grid.Values[7] = 1;
     result.Grid.Values[0] = kNotKnown;
     QWidget* window = desk.ShowMap(result);
-    QCOMPARE(window->windowTitle(), "Cluster 7 - Spatial autocorrelation");
+    QCOMPARE(window->windowTitle(), "Cluster 7 - Spatial autocorrelation — TT1");
     QVERIFY(qobject_cast<QCPColorMap*>(Plot(window)->plottable(0))->dataRange() == QCPRange(-1, 1));
     QCOMPARE(ColourAt(window, -2, -1.2), ColourAt(window, -2.4, 1.2));
     QCOMPARE(ColourAt(window, -6, -3.4), QColor(Qt::white));
@@ -157,7 +181,7 @@ class ViewersTest : public QObject {
     const auto plot = desk.Make.MakeTrainPlot();
     plot->PlotAutoCorr(desk.Folder / "cl", desk.Folder / "t", desk.Folder / "tmp.acorr", "Single", "Cluster 7");
     QWidget* near = desk.Opened();
-    QCOMPARE(near->windowTitle(), "Cluster 7 - Autocorrelation");
+    QCOMPARE(near->windowTitle(), "Cluster 7 - Autocorrelation — TT1");
     QCOMPARE(Figures(near), "4 spikes    1 pair closer than 2 ms");
     QCOMPARE(Hover(near, At(near, 3.5, 0.5)), "3 to 4 ms: 1 pair");
     QCOMPARE(Hover(near, At(near, -3.5, 0.5)), "-4 to -3 ms: 1 pair");
@@ -224,7 +248,7 @@ class ViewersTest : public QObject {
       return Bytes(desk.Folder / name);
     };
     QCOMPARE(save("cmdSaveData", "kept.rmap"), shown);
-    QCOMPARE(desk.Answers.Asked.FileName, "Cluster 7 - Rate map.rmap");
+    QCOMPARE(desk.Answers.Asked.FileName, "TT1 cluster 7 rate map.rmap");
     const QSize size = Plot(window)->size();
     QCOMPARE(QImage::fromData(save("cmdSavePicture", "a.png")).size(), 3 * size);
     QSvgRenderer svg(save("cmdSavePicture", "a.svg"));
