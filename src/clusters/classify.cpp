@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstring>
+#include <limits>
 #include <numeric>
 #include <string>
+#include <vector>
 
 #include "clusters/inside_test.h"
 #include "files/error.h"
@@ -123,6 +126,23 @@ class Survivors {
   Flags flags_;
 };
 
+/// Marks the points whose value is not finite.
+PALLOMIR_HOT_LOOP
+void MarkNotFinite(const float* values, size_t count, uint8_t* odd) {
+  constexpr float kLargest = std::numeric_limits<float>::max();
+  for (size_t i = 0; i < count; ++i)
+    odd[i] = static_cast<uint8_t>(odd[i] | static_cast<int>(!(std::abs(values[i]) <= kLargest)));
+}
+
+/// The parameters in which a cluster was cut, each once.
+std::vector<int16_t> ParametersOf(const Cluster& cluster) {
+  std::vector<int16_t> parameters;
+  for (int b = 0; b < cluster.BoundaryCount; ++b)
+    for (const int16_t p : {cluster.Boundaries[b].XParameter, cluster.Boundaries[b].YParameter})
+      if (std::find(parameters.begin(), parameters.end(), p) == parameters.end()) parameters.push_back(p);
+  return parameters;
+}
+
 void CheckCluster(int c) {
   if (c < 0 || c > kClusters) throw CommandError("Cluster " + std::to_string(c) + " does not exist.");
 }
@@ -184,6 +204,23 @@ int64_t PointsInCluster(const Session& session, int c) {
   for (int slot = 0; slot < points.SlotsInUse(); ++slot)
     count += std::count(points.Slot(slot).begin(), points.Slot(slot).begin() + end, c);
   return count;
+}
+
+int64_t PointsNotFinite(const Session& session, int c) {
+  CheckCluster(c);
+  const PointTable& points = session.Points;
+  if (!points.Entered(c)) return 0;
+  const std::vector<int16_t> parameters = ParametersOf(session.Clusters[c]);
+  int64_t found = 0;
+  for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
+    const size_t count = std::min(kBlock, points.Rows() - begin);
+    Flags odd{}, member{};
+    for (const int16_t p : parameters) MarkNotFinite(points.Column(p).data() + begin, count, odd.data());
+    for (int slot = 0; slot < points.SlotsInUse(); ++slot)
+      MarkMembers(points.Slot(slot).data() + begin, count, static_cast<int16_t>(c), member.data());
+    for (size_t i = 0; i < count; ++i) found += odd[i] & member[i];
+  }
+  return found;
 }
 
 }  // namespace pallomir

@@ -20,4 +20,8 @@ void ClearCluster(Session& session, int c);
 /// Loaded points in cluster c; for c = 0 the points in no cluster.
 int64_t PointsInCluster(const Session& session, int c);
 
+/// The points of cluster c that have no place on some projection in which it was cut: a value there is not finite. Such
+/// a value never rejects a point, so they are members wherever their other values lie.
+int64_t PointsNotFinite(const Session& session, int c);
+
 }  // namespace pallomir

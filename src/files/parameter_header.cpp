@@ -4,6 +4,7 @@
 #include <cmath>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files/bytes.h"
 #include "files/file_reader.h"
@@ -36,6 +37,16 @@ size_t PrintableLength(std::string_view text) {
   return static_cast<size_t>(end - text.begin());
 }
 
+/// The lengths that a header other than our own may have, likeliest first.
+std::vector<size_t> PossibleLengths(std::string_view beginning) {
+  std::vector<size_t> lengths;
+  if (beginning.starts_with('#')) lengths.push_back(kRawHeaderBytes);
+  for (size_t length = std::min(PrintableLength(beginning), kTextHeaderLimit); length > 0; --length)
+    if (beginning[length - 1] == '\n') lengths.push_back(length);
+  lengths.push_back(0);
+  return lengths;
+}
+
 }  // namespace
 
 long ParameterHeaderLength(FileReader& file) {
@@ -45,11 +56,15 @@ long ParameterHeaderLength(FileReader& file) {
   const auto isAll = [&](long header) { return file.Length() == static_cast<uint64_t>(header); };
 
   if (const long own = TextHeaderLength(beginning); own >= 0 && (isAll(own) || fits(own))) return own;
-  if (beginning.starts_with('#') && (isAll(kAcquisitionHeader) || fits(kAcquisitionHeader))) return kAcquisitionHeader;
-  const std::string_view printable(beginning.data(), std::min(PrintableLength(beginning), kTextHeaderLimit));
-  for (size_t length = printable.size(); length > 0; --length)
-    if (printable[length - 1] == '\n' && fits(length)) return static_cast<long>(length);
-  return fits(0) ? 0 : -1;
+  if (beginning.starts_with('#') && isAll(kAcquisitionHeader)) return kAcquisitionHeader;
+  long withPieceAtEnd = -1;
+  for (const size_t length : PossibleLengths(beginning)) {
+    if (!fits(length)) continue;
+    // A first stamp whose low byte is that of a line end looks like the end of one more line.
+    if ((file.Length() - length) % kRowBytes == 0) return static_cast<long>(length);
+    if (withPieceAtEnd < 0) withPieceAtEnd = static_cast<long>(length);
+  }
+  return withPieceAtEnd;
 }
 
 int64_t RowCount(uint64_t fileLength, long headerLength) {

@@ -11,10 +11,11 @@ class FileReader;
 inline constexpr size_t kRowBytes = 544;
 inline constexpr size_t kStampBytes = 8;
 
-/// The length of the header before the rows, or -1 when the file is not a parameter file. Tried in this order: our own
-/// header, 16384 bytes when the file begins with "#", each line end within its leading printable text (longest first),
-/// no header; the first after which the stamps of the first rows make sense (below 1e17, not all zero) is taken. A
-/// file of one of the first two headers and nothing else holds no rows.
+/// The length of the header before the rows, or -1 when the file is not a parameter file. Our own header counts first.
+/// Then come 16384 bytes when the file begins with "#", each line end within its leading printable text (longest
+/// first), and no header: the first of them behind which there are whole rows only, else the first of them. Behind a
+/// header the stamps of the first rows have to make sense (below 1e17, not all zero); a file of one of the first two
+/// headers and nothing else holds no rows.
 long ParameterHeaderLength(FileReader& file);
 
 /// Number of rows behind a header: (length - header) / 544, rounded to nearest, halves to even.

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <random>
 
 #include "clusters/inside_test.h"
@@ -48,6 +49,19 @@ TEST(ClassifyCluster, TakesThePointsInsideEveryBoundaryEachInItsOwnProjection) {
   Cut(session, 7, {RectangleOf(0, 0, 2, 2)});
   EXPECT_EQ(ListOf(session, 0), List{7});
   EXPECT_EQ(ListOf(session, 1), List{}) << "leaves while no point is in two clusters";
+}
+
+TEST(PointsNotFinite, AreTheMembersWithoutAPlaceWhereTheClusterWasCut) {
+  const float nan = std::nanf(""), infinite = INFINITY;
+  Session session = SessionWith({{1, 1}, {nan, 1}, {1, infinite}, {nan, nan}, {50, 50}, {1, 1}});
+  session.Points.Column(7)[0] = nan;  // on no projection of the cluster
+  Cut(session, 2, {kAll});
+  Cut(session, 4, {RectangleOf(0, 0, 2, 2), RectangleOf(0, 0, 1e6F, 1e6F, 1, 7)});
+  EXPECT_EQ(PointsInCluster(session, 2), 6);
+  EXPECT_EQ(PointsNotFinite(session, 2), 3);
+  EXPECT_EQ(PointsInCluster(session, 4), 5);
+  EXPECT_EQ(PointsNotFinite(session, 4), 4);
+  for (const int none : {0, 1}) EXPECT_EQ(PointsNotFinite(session, none), 0);
 }
 
 TEST(ClearCluster, TakesBoundariesAndMembersAwayWhereThereAreAny) {

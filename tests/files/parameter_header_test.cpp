@@ -30,7 +30,14 @@ TEST(ParameterHeader, IsFoundBeforeTheRows) {
   const std::string lines = "made by a script\r\n134 features\n";
   // What follows the text looks like more of it, up to a line end within the first stamp: "1\n" and printable bytes.
   const std::string tricky = BytesOf(MeasuredRows(3, 0x3532'0A31));
+  // The low byte of the first stamp is that of a line end.
+  const std::string lineEnd = BytesOf(MeasuredRows(3, 0x4C4B'0A)), late = BytesOf(MeasuredRows(3, 0x0A0D'0A0A));
   const std::tuple<const char*, std::string, size_t> cases[] = {
+      {"none, a stamp like a line end", lineEnd, 0},
+      {"none, a stamp like four line ends", late, 0},
+      {"lines, then a stamp like a line end", lines + lineEnd, lines.size()},
+      {"acquisition system's, then a stamp like a line end", acquired + lineEnd, 16384},
+      {"lines of text, a piece of a row at the end", lines + rows + "piece", lines.size()},
       {"our own", own + rows, own.size()},
       {"our own, no rows", own, own.size()},
       {"acquisition system's", acquired + rows, 16384},
