@@ -24,8 +24,8 @@ double StampAt(FileReader& file, const Session& session, const RecordGeometry& g
   const double position =
       std::nearbyint(record * static_cast<double>(geometry.RecordBytes) + static_cast<double>(geometry.Header));
   unsigned char stamp[kStampBytes];
-  // Before record 0 lies the header; and no file is longer than 9e18 bytes.
-  const bool readable = std::nearbyint(record) >= 0 && position < 9e18;
+  // Before record 0, by a part of a record too, lies the header; and no file is longer than 9e18 bytes.
+  const bool readable = position >= static_cast<double>(geometry.Header) && position < 9e18;
   if (!readable || file.ReadUpTo(static_cast<uint64_t>(position), stamp, sizeof stamp) < sizeof stamp)
     throw CommandError("Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
                        "ERROR");

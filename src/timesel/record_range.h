@@ -22,7 +22,9 @@ std::optional<RecordTime> RecordAtStart(const Session& session, World& world, do
 /// when the geometry is unknown. Throws CommandError when already record 0 lies after the end.
 std::optional<RecordTime> RecordAtEnd(const Session& session, World& world, double end);
 
-/// The stamp of a record. Nothing when the geometry is unknown; throws CommandError when the file does not hold it.
+/// The stamp of a record, read at (record x its bytes) behind the header, rounded to a whole byte. Nothing when the
+/// geometry is unknown; throws CommandError when the file does not hold it, or it lies before record 0 by however
+/// little.
 std::optional<double> TimeOfRecord(const Session& session, double record);
 
 }  // namespace pallomir
