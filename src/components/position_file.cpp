@@ -34,11 +34,28 @@ void SortByTime(Positions& positions) {
   Permute(positions.Direction, order);
 }
 
-/// Trackers that do not see the head write 0 throughout.
 void JudgeDirections(Positions& positions) {
-  std::vector<double>& direction = positions.Direction;
+  const std::vector<double>& direction = positions.Direction;
   positions.HasDirection = std::any_of(direction.begin(), direction.end(), [](double d) { return d > 0; });
-  if (!positions.HasDirection) std::fill(direction.begin(), direction.end(), kNotKnown);
+  if (!positions.HasDirection) ForgetDirections(positions);
+}
+
+/// Appends what the file holds, as recorded.
+void ReadRecorded(World& world, std::string_view path, FileReader& file, Positions& positions) {
+  const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
+  const long ownHeader = TextHeaderLength(beginning);
+  WorkPace pace(world);
+  if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
+    const auto header = VideoHeaderLength(beginning, file.Length());
+    if (!header)
+      throw CommandError(file.Name() + " is not a position file: its bytes are neither text nor video frames.");
+    positions.Angles = kVideoAngles;
+    ReadFrames(file, *header, pace, positions);
+    return;
+  }
+  const auto headerLength = static_cast<size_t>(std::max(ownHeader, 0L));
+  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, headerLength), file.Name());
+  ReadPositionText(file, headerLength, pace, positions);
 }
 
 }  // namespace
@@ -53,23 +70,28 @@ void AppendSample(Positions& positions, const PositionSample& sample) {
   positions.Direction.push_back(!known ? kNotKnown : sample.Direction == 360 ? 0 : sample.Direction);
 }
 
+void RepairSamples(Positions& positions) {
+  if (positions.Disordered > 0) SortByTime(positions);
+  JudgeDirections(positions);
+}
+
+void ForgetDirections(Positions& positions) {
+  positions.HasDirection = false;
+  std::fill(positions.Direction.begin(), positions.Direction.end(), kNotKnown);
+}
+
+void TurnAngles(Positions& positions) {
+  for (double& direction : positions.Direction)
+    if (!std::isnan(direction)) direction = HeadingOf(direction, positions.Angles);
+}
+
 Positions ReadPositions(World& world, std::string_view path) {
   FileReader file(path);
   Positions positions;
   positions.Name = file.Name();
-  const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
-  const long ownHeader = TextHeaderLength(beginning);
-  WorkPace pace(world);
-  if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
-    const auto header = VideoHeaderLength(beginning, file.Length());
-    if (!header)
-      throw CommandError(file.Name() + " is not a position file: its bytes are neither text nor video frames.");
-    ReadFrames(file, *header, pace, positions);
-  } else {
-    ReadPositionText(file, static_cast<size_t>(std::max(ownHeader, 0L)), pace, positions);
-  }
-  if (positions.Disordered > 0) SortByTime(positions);
-  JudgeDirections(positions);
+  ReadRecorded(world, path, file, positions);
+  RepairSamples(positions);
+  TurnAngles(positions);
   return positions;
 }
 

@@ -53,6 +53,14 @@ std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fil
   return {};
 }
 
+void AppendFrame(Positions& positions, const unsigned char* record) {
+  const PositionSample frame = FrameAt(record);
+  if (frame.Time > kFarthestStamp)
+    ++positions.Unreadable;
+  else
+    AppendSample(positions, frame);
+}
+
 void ReadFrames(FileReader& file, size_t header, WorkPace& pace, Positions& positions) {
   constexpr size_t kBlockFrames = (size_t{1} << 20) / kFrameBytes;
   const uint64_t frames = (file.Length() - header) / kFrameBytes;
@@ -60,13 +68,7 @@ void ReadFrames(FileReader& file, size_t header, WorkPace& pace, Positions& posi
   for (uint64_t first = 0; first < frames; first += kBlockFrames) {
     const size_t count = static_cast<size_t>(std::min<uint64_t>(kBlockFrames, frames - first));
     file.Read(header + first * kFrameBytes, block.data(), count * kFrameBytes);
-    for (size_t f = 0; f < count; ++f) {
-      const PositionSample frame = FrameAt(block.data() + f * kFrameBytes);
-      if (frame.Time > kFarthestStamp)
-        ++positions.Unreadable;
-      else
-        AppendSample(positions, frame);
-    }
+    for (size_t f = 0; f < count; ++f) AppendFrame(positions, block.data() + f * kFrameBytes);
     pace.Reached(static_cast<double>(first) / static_cast<double>(frames));
   }
 }

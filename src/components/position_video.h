@@ -18,7 +18,10 @@ inline constexpr size_t kFramesLookedAt = 64;
 /// more or all 0, places beyond 100000 pixels).
 std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fileLength);
 
-/// Appends all whole frames; one whose stamp is beyond kFarthestStamp counts as unreadable.
+/// Appends a frame's record; one whose stamp is beyond kFarthestStamp counts as unreadable instead.
+void AppendFrame(Positions& positions, const unsigned char* record);
+
+/// Appends all whole frames.
 void ReadFrames(FileReader& file, size_t header, WorkPace& pace, Positions& positions);
 
 }  // namespace pallomir

@@ -9,16 +9,6 @@ namespace pallomir {
 
 namespace {
 
-double MedianInterval(const std::vector<int64_t>& time) {
-  if (time.size() < 2) return 0;
-  std::vector<int64_t> intervals(time.size() - 1);
-  for (size_t i = 0; i < intervals.size(); ++i) intervals[i] = time[i + 1] - time[i];
-  const auto middle = intervals.begin() + static_cast<std::ptrdiff_t>(intervals.size() / 2);
-  std::nth_element(intervals.begin(), middle, intervals.end());
-  if (intervals.size() % 2 == 1) return static_cast<double>(*middle);
-  return (static_cast<double>(*middle) + static_cast<double>(*std::max_element(intervals.begin(), middle))) / 2;
-}
-
 void SetHolds(Track& track) {
   const size_t count = track.Time.size();
   track.Hold.resize(count);
@@ -27,13 +17,19 @@ void SetHolds(Track& track) {
   if (count > 0) track.Hold.back() = std::min(MedianInterval(track.Time), static_cast<double>(kLongestHold));
 }
 
+/// The place that is `elapsed` of `span` microseconds on the way from `from` to `to`.
+Place Between(Place from, Place to, int64_t elapsed, int64_t span) {
+  const double share = span > 0 ? static_cast<double>(elapsed) / static_cast<double>(span) : 0;
+  return {from.X + share * (to.X - from.X), from.Y + share * (to.Y - from.Y)};
+}
+
 /// Lays the lost samples between the good samples `before` and `after` on the line between these.
 void LayOnLine(Track& track, size_t before, size_t after) {
-  const auto span = static_cast<double>(track.Time[after] - track.Time[before]);
+  const Place from{track.X[before], track.Y[before]}, to{track.X[after], track.Y[after]};
   for (size_t i = before + 1; i < after; ++i) {
-    const double share = span > 0 ? static_cast<double>(track.Time[i] - track.Time[before]) / span : 0;
-    track.X[i] = track.X[before] + share * (track.X[after] - track.X[before]);
-    track.Y[i] = track.Y[before] + share * (track.Y[after] - track.Y[before]);
+    const Place place = Between(from, to, track.Time[i] - track.Time[before], track.Time[after] - track.Time[before]);
+    track.X[i] = place.X;
+    track.Y[i] = place.Y;
   }
 }
 
@@ -69,6 +65,33 @@ Track TrackWithin(const Positions& positions, const TimeRange& range) {
   SetHolds(track);
   BridgeLostRuns(track);
   return track;
+}
+
+SeenPlaces::SeenPlaces(const Positions& positions) {
+  for (size_t i = 0; i < positions.Time.size(); ++i)
+    if (!std::isnan(positions.X[i])) seen_.push_back({positions.Time[i], {positions.X[i], positions.Y[i]}});
+}
+
+std::optional<Place> SeenPlaces::At(int64_t time) const {
+  const auto after =
+      std::lower_bound(seen_.begin(), seen_.end(), time, [](const Seen& seen, int64_t t) { return seen.Time < t; });
+  if (after == seen_.end()) return {};
+  if (after->Time == time) return after->At;
+  if (after == seen_.begin()) return {};
+  const auto before = after - 1;
+  const int64_t span = after->Time - before->Time;
+  if (span > kLongestBridge) return {};
+  return Between(before->At, after->At, time - before->Time, span);
+}
+
+double MedianInterval(const std::vector<int64_t>& time) {
+  if (time.size() < 2) return 0;
+  std::vector<int64_t> intervals(time.size() - 1);
+  for (size_t i = 0; i < intervals.size(); ++i) intervals[i] = time[i + 1] - time[i];
+  const auto middle = intervals.begin() + static_cast<std::ptrdiff_t>(intervals.size() / 2);
+  std::nth_element(intervals.begin(), middle, intervals.end());
+  if (intervals.size() % 2 == 1) return static_cast<double>(*middle);
+  return (static_cast<double>(*middle) + static_cast<double>(*std::max_element(intervals.begin(), middle))) / 2;
 }
 
 std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {

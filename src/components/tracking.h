@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -32,6 +33,29 @@ struct Track {
 /// The samples of `positions` within `range`. A run of lost samples is laid on the line between the good samples that
 /// bracket it when these are at most kLongestBridge apart, in proportion to time; its directions stay unknown.
 Track TrackWithin(const Positions& positions, const TimeRange& range);
+
+struct Place {
+  double X, Y;  ///< pixels
+};
+
+/// Where the animal was at any time, by the samples that saw it: on the line between the one before and the one after,
+/// in proportion to time, when these are at most kLongestBridge apart.
+class SeenPlaces {
+ public:
+  explicit SeenPlaces(const Positions& positions);
+  /// Nothing where that is not known.
+  std::optional<Place> At(int64_t time) const;
+
+ private:
+  struct Seen {
+    int64_t Time;
+    Place At;
+  };
+  std::vector<Seen> seen_;
+};
+
+/// In microseconds, of times in order; 0 when there are fewer than two.
+double MedianInterval(const std::vector<int64_t>& time);
 
 /// Which way the animal went at each sample, in degrees, 0 to the right (+x), counter-clockwise as the
 /// camera sees it (90 is towards -y): from the first to the last sample seen

@@ -27,10 +27,14 @@ std::string Shown(const Positions& positions) {
 }
 
 TEST(PositionFile, IsToldApartByItsContent) {
-  const std::string frames = VideoFrame(1000, 10, 20, 90) + VideoFrame(2000, 0, 0, 0) + VideoFrame(3000, 5, -6, 0);
+  // Video frames count clockwise from +y, which is drawn downward; texts counter-clockwise from the right.
+  const std::string frames = VideoFrame(1000, 10, 20, 180) + VideoFrame(2000, 0, 0, 9) + VideoFrame(3000, 5, -6, 90);
   const std::string shown = "1000 100 200 900; 2000 - - -; 3000 50 -60 0; ";
   const std::pair<std::string, std::string> cases[] = {
       {TextHeader("PosFile") + "PixelsPerCm,4\r\n1000,10,20,90\r\n2000,0,0,-1\r\n3000,5,-6,0\r\n", shown},
+      {TextHeader("PosFile", {}, HeaderEntries(kVideoAngles)) +
+           "PixelsPerCm,4\r\n1000,10,20,180\n2000,0,0,-1\n3000,5,-6,90",
+       shown},
       {AcquisitionHeader() + frames, shown},
       {AcquisitionHeader() + frames + "part of a frame", shown},
       {frames, shown},
@@ -81,6 +85,10 @@ TEST(PositionFile, WhatIsSomethingElseIsRefused) {
       {"1 1e10 0\n", "Pos.p is not a position file: \"1 1e10 0\" is not a time, x, y and perhaps an angle."},
       {std::string(9000, 'x'),
        "Pos.p is not a position file: \"" + std::string(40, 'x') + "\" is not a time, x, y and perhaps an angle."},
+      {TextHeader("PosFile", {}, {{"AngleZero", "up"}}) + "1 2 3 4",
+       "Pos.p: AngleZero in the header has to be +x, +y, -x, -y or a number of degrees."},
+      {TextHeader("PosFile", {}, {{"AngleZero", "12"}, {"AngleSense", "left"}}) + "1 2 3 4",
+       "Pos.p: AngleSense in the header has to be \"cw\" or \"ccw\"."},
       {"PixelsPerCm,0\n1 2 3\n", "Pos.p: PixelsPerCm has to be a number above 0."},
       {spikes, "Pos.p is not a position file: its bytes are neither text nor video frames."},
       {std::string(4000, '\0'), "Pos.p is not a position file: its bytes are neither text nor video frames."},

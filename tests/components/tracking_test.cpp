@@ -46,6 +46,15 @@ TEST(Tracking, ShortLostRunsAreLaidOnALine) {
   EXPECT_EQ(track.Interpolated, 2);
 }
 
+TEST(Tracking, PlacesBetweenSamplesAreThoseThatALostSampleThereWouldHave) {
+  const std::vector<SampleRow> rows = {{100'000, 10, 20}, {200'000, 0, 0}, {350'000, 20, 10}, {600'001, 30, 30}};
+  const SeenPlaces places(PositionsOf(rows));
+  EXPECT_NEAR(places.At(200'000)->X, TrackOf(rows).X[1], 1e-12);
+  EXPECT_NEAR(places.At(200'000)->Y, TrackOf(rows).Y[1], 1e-12);
+  EXPECT_EQ(places.At(350'000)->X, 20);
+  for (const int64_t unknown : {99'999, 350'001, 600'002}) EXPECT_FALSE(places.At(unknown)) << unknown;
+}
+
 TEST(Tracking, OnlyTheTimeRangeCounts) {
   const Positions positions = PositionsOf({{10, 1, 1}, {20, 2, 2}, {30, 3, 3}, {40, 4, 4}});
   EXPECT_EQ(TrackWithin(positions, {20, 30}).Time, (std::vector<int64_t>{20, 30}));
