@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace pallomir {
 
@@ -10,6 +11,9 @@ std::string CountText(uint64_t count);
 
 /// `value` rounded to `decimals` places, without exponent.
 std::string RoundedText(double value, int decimals);
+
+/// A text that may come from anywhere, for a terminal: control characters, and bytes that are no UTF-8, become "\\x1B".
+std::string Escaped(std::string_view text);
 
 /// "20 min 0.500 s", "12.300 s".
 std::string DurationText(uint64_t microseconds);

@@ -1,8 +1,10 @@
 #include "tools/progress.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 
+#include "files/error.h"
 #include "tools/figures.h"
 
 namespace pallomir {
@@ -12,15 +14,37 @@ namespace {
 constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
 constexpr uint64_t kBarWidth = 40;
 
+volatile std::sig_atomic_t isToStop = 0;
+
+extern "C" void AskToStop(int signal) {
+  isToStop = 1;
+  std::signal(signal, SIG_DFL);
+}
+
+void ThrowIfToStop() {
+  if (isToStop) throw Interrupted();
+}
+
 }  // namespace
 
+void HeedRequestsToStop() {
+  for (const int signal : {SIGINT, SIGTERM})
+    if (std::signal(signal, AskToStop) == SIG_IGN) std::signal(signal, SIG_IGN);  // as who started it wants
+}
+
+bool IsToStop() {
+  return isToStop != 0;
+}
+
 void Progress::Begin(std::string_view units, uint64_t total) {
+  ThrowIfToStop();
   units_ = units;
   total_ = total;
   begin_ = drawn_ = Clock::now();
 }
 
 void Progress::Reached(uint64_t count) {
+  ThrowIfToStop();
   if (!isTerminal_) return;
   const auto now = Clock::now();
   if (now - drawn_ < kRedrawInterval) return;

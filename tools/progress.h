@@ -8,6 +8,11 @@
 
 namespace pallomir {
 
+/// From now on Ctrl-C, or being asked to end, is a request that the work heeds at its next look at its progress, so
+/// that no half-written file stays. A second one ends the program at once.
+void HeedRequestsToStop();
+bool IsToStop();
+
 /// Tells on a stream how long pieces of work go: a bar with the rate, redrawn ten times a second, where the stream is a
 /// terminal, and a line at the end of a piece of work that asks for it.
 class Progress {
@@ -17,7 +22,8 @@ class Progress {
   Progress(const Progress&) = delete;
   Progress& operator=(const Progress&) = delete;
 
-  /// `units` is what is counted ("spikes"), `total` how many there are. Takes over from the work before.
+  /// `units` is what is counted ("spikes"), `total` how many there are. Takes over from the work before. Both throw
+  /// Interrupted when the work is to stop.
   void Begin(std::string_view units, uint64_t total);
   void Reached(uint64_t count);
   /// Says how much was `done` ("Wrote") and how fast.

@@ -1,7 +1,5 @@
 #include "tools/info/facts.h"
 
-#include "tools/figures.h"
-
 namespace pallomir {
 
 namespace {
@@ -13,7 +11,7 @@ constexpr size_t kLabelWidth = 12;
 void Facts::Add(std::string_view label, std::string_view text) {
   std::string cell(label);
   cell.resize(kLabelWidth, ' ');
-  text_.append("  ").append(cell).append(text).append("\n");
+  text_.append("  ").append(cell).append(Escaped(text)).append("\n");
 }
 
 void Facts::AddStamps(const StampSeries& stamps, std::string_view units) {

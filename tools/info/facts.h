@@ -3,14 +3,16 @@
 #include <string>
 #include <string_view>
 
+#include "tools/figures.h"
 #include "tools/raw/stamp_series.h"
 
 namespace pallomir {
 
-/// What is known about a file, a line each: a label and a text. Oddities have the label "odd".
+/// What is known about a file, a line each: a label and a text. Oddities have the label "odd". Texts may hold anything;
+/// it is escaped.
 class Facts {
  public:
-  explicit Facts(std::string_view title) : text_(std::string(title) + "\n") {}
+  explicit Facts(std::string_view title) : text_(Escaped(title) + "\n") {}
 
   void Add(std::string_view label, std::string_view text);
   void Odd(std::string_view text) { Add("odd", text); }
