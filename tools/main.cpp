@@ -4,6 +4,7 @@
 #include <new>
 
 #include "files/error.h"
+#include "tools/figures.h"
 #include "tools/import/import_recording.h"
 #include "tools/info/describe_file.h"
 #include "tools/progress.h"
@@ -13,10 +14,48 @@ namespace {
 
 constexpr int kFailure = 1;
 constexpr int kWrongUsage = 2;
+constexpr int kStopped = 130;
 constexpr uint64_t kMostSampleSpikes = 50'000'000;
 
 void Print(const pallomir::ImportReport& report) {
-  for (const std::string& line : report.Lines()) std::cout << line << "\n";
+  for (const std::string& line : report.Lines()) std::cout << pallomir::Escaped(line) << "\n";
+}
+
+/// How the video file counts angles, and whether they mean anything.
+void AddAngleOptions(CLI::App& command, CLI::Option* video, pallomir::ImportRequest& import) {
+  const auto takeZero = [&import](const std::string& text) {
+    const auto zero = pallomir::AngleZeroFromText(text);
+    if (!zero) throw CLI::ValidationError("--angle-zero", text + " is none of +x, +y, -x, -y, nor a number");
+    import.Angles.Zero = *zero;
+  };
+  CLI::Option* zero = command.add_option_function<std::string>(
+      "--angle-zero", takeZero,
+      "Where the head points at angle 0: +x, +y, -x, -y, or degrees from +x towards +y; otherwise +y");
+  const auto takeSense = [&import](const std::string& text) { import.Angles.Clockwise = text == "cw"; };
+  CLI::Option* sense =
+      command
+          .add_option_function<std::string>("--angle-sense", takeSense,
+                                            "cw: angles grow from +y towards +x; ccw: from +x towards +y; otherwise cw")
+          ->check(CLI::IsMember({"cw", "ccw"}));
+  CLI::Option* up = command.add_flag("--y-up", import.Angles.YUp,
+                                     "The y of the angles, not that of the places, grows upward in the video picture");
+  CLI::Option* none = command.add_flag_callback(
+      "--no-angle", [&import] { import.HasAngles = false; }, "The angles of the video file mean nothing");
+  for (CLI::Option* option : {zero, sense, up}) option->needs(video)->excludes(none);
+  none->needs(video);
+}
+
+void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
+  CLI::App* command = app.add_subcommand("import", "Import a recording of the acquisition system");
+  command->add_option("--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required();
+  CLI::Option* video = command->add_option("--video", import.Video, "Video tracking file: .Nvt");
+  command->add_option("--events", import.Events, "Events file: .Nev");
+  command->add_option("--out", import.Out, "Folder of the recording, made where it is missing")->required();
+  command->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written into Pos.p")
+      ->check(CLI::PositiveNumber)
+      ->needs(video);
+  AddAngleOptions(*command, video, import);
+  command->add_flag("--replace", import.Replace, "Put new files in the places of those that hold something else");
 }
 
 int Run(int argc, char** argv) {
@@ -25,14 +64,8 @@ int Run(int argc, char** argv) {
   pallomir::Progress progress(std::cerr, pallomir::StandardErrorIsTerminal());
 
   pallomir::ImportRequest import;
-  CLI::App* importCommand = app.add_subcommand("import", "Import a recording of the acquisition system");
-  importCommand->add_option("--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required();
-  importCommand->add_option("--video", import.Video, "Video tracking file: .Nvt");
-  importCommand->add_option("--events", import.Events, "Events file: .Nev");
-  importCommand->add_option("--out", import.Out, "Folder of the recording, made where it is missing")->required();
-  importCommand->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written into Pos.p")
-      ->check(CLI::PositiveNumber);
-  importCommand->callback([&] { Print(ImportRecording(import, progress)); });
+  AddImport(app, import);
+  app.get_subcommand("import")->callback([&] { Print(ImportRecording(import, progress)); });
 
   pallomir::SampleRequest sample;
   CLI::App* sampleCommand = app.add_subcommand("sample", "Simulate a recording and import it");
@@ -41,6 +74,7 @@ int Run(int argc, char** argv) {
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleSpikes));
   sampleCommand->add_option("--seed", sample.Seed, "The same seed gives the same recording")->capture_default_str();
+  sampleCommand->add_flag("--replace", sample.Replace, "Go on where the folder holds something");
   sampleCommand->callback([&] { Print(MakeSample(sample, progress)); });
 
   std::string file;
@@ -59,13 +93,17 @@ int Run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  pallomir::HeedRequestsToStop();
   // By the time that an error is told, Run() has left and its progress bar is gone.
   try {
     return Run(argc, argv);
+  } catch (const pallomir::Interrupted&) {
+    std::cerr << "Stopped; no file is half written.\n";
+    return kStopped;
   } catch (const std::bad_alloc&) {
     std::cerr << "There is not enough memory.\n";
   } catch (const std::exception& error) {
-    std::cerr << error.what() << "\n";
+    std::cerr << pallomir::Escaped(error.what()) << "\n";
   }
   return kFailure;
 }

@@ -52,7 +52,8 @@ TEST(DamagedFiles, EndInASentenceOrAResultNeverInAFault) {
     const ImportRequest request{.Spikes = folder / (round % 4 ? "TT1.Ntt" : "SE1.Nse"),
                                 .Video = folder / "VT1.Nvt",
                                 .Events = folder / "Events.Nev",
-                                .Out = folder / "out"};
+                                .Out = folder / "out",
+                                .Replace = round % 12 == 0};
     Refusal([&] { EXPECT_FALSE(ImportRecording(request, progress).Lines().empty()); });
   }
 }

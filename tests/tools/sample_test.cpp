@@ -7,6 +7,7 @@
 
 #include "raw_files.h"
 #include "session/parameter_catalogue.h"
+#include "support/refusal.h"
 #include "tools/sample/curves.h"
 #include "tools/sample/make_sample.h"
 #include "tools/sample/sample_files.h"
@@ -53,7 +54,7 @@ TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
   EXPECT_EQ(Make(folder, "b", 3, 8).Spikes.Count, 3);
   // These bytes were made once; another machine, compiler or build that makes others is at fault.
   EXPECT_EQ(Hash(ReadText(folder / "a/raw/TT1.Ntt")), 3596238341574363010);
-  EXPECT_EQ(Hash(ReadText(folder / "a/raw/VT1.Nvt")), 8940206559015019605u);
+  EXPECT_EQ(Hash(ReadText(folder / "a/raw/VT1.Nvt")), 16300719987111710071u);
   EXPECT_EQ(Hash(ReadText(folder / "a/raw/Events.Nev")), 14776872789547491407u);
   EXPECT_NE(ReadText(folder / "a/raw/VT1.Nvt"), ReadText(folder / "b/raw/VT1.Nvt"));
   EXPECT_TRUE(ReadText(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
@@ -75,13 +76,33 @@ TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
     EXPECT_NE(events.find(text), std::string::npos) << text;
   std::array<std::array<bool, 20>, 20> visited{};
   size_t places = 0;
-  for (const Frame& frame : report.Video.Good) {
-    const auto x = static_cast<size_t>(frame.X - 120) / 20;
-    const auto y = static_cast<size_t>(frame.Y - 40) / 20;
-    ASSERT_TRUE(x < 20 && y < 20) << frame.X << " " << frame.Y;
+  const Positions& samples = report.Video.Samples;
+  for (size_t i = 0; i < samples.X.size(); ++i) {
+    if (std::isnan(samples.X[i])) continue;
+    const auto x = static_cast<size_t>(samples.X[i] - 120) / 20;
+    const auto y = static_cast<size_t>(samples.Y[i] - 40) / 20;
+    ASSERT_TRUE(x < 20 && y < 20) << samples.X[i] << " " << samples.Y[i];
     places += !std::exchange(visited[x][y], true);
   }
   EXPECT_GT(places, 380);
+  EXPECT_TRUE(report.Angles.Fits() && report.Angles.HasSense) << AnglesSentence(report.Angles);
+  EXPECT_GT(report.Angles.Assumed.Agreement, 0.9);
+}
+
+TEST(SampleFolder, ThatHoldsAnythingIsLeftAlone) {
+  const TemporaryFolder folder;
+  const std::string note = folder.Put("sample/note", "mine");
+  EXPECT_EQ(Refusal([&] { Make(folder, "sample", 10); }).find("The folder " + folder / "sample" + " is not empty"), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "sample/raw"));
+  std::ostringstream said;
+  Progress progress(said, false);
+  MakeSample({.Folder = folder / "sample", .Spikes = 10, .Replace = true}, progress);
+  EXPECT_EQ(ParameterRows(folder / "sample/TT1/TT1.Ntt.parms").Count(), 10);
+  std::filesystem::remove(folder / "sample/raw/VT1.Nvt");
+  std::filesystem::create_symlink(note, folder / "sample/raw/VT1.Nvt");
+  EXPECT_EQ(Refusal([&] { MakeSample({.Folder = folder / "sample", .Spikes = 10, .Replace = true}, progress); }),
+            folder / "sample/raw/VT1.Nvt" + " is a link, which is neither followed nor replaced; nothing was written.");
+  EXPECT_EQ(ReadText(note), "mine");
 }
 
 TEST_F(SampleRecording, EveryCellIsRefractoryAndHasItsShape) {

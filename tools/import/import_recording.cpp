@@ -7,7 +7,8 @@
 #include "files/number_text.h"
 #include "files/platform.h"
 #include "files/raw_header.h"
-#include "files/save_file.h"
+#include "files/text_header.h"
+#include "tools/import/output_file.h"
 #include "tools/import/position_file.h"
 #include "tools/import/spike_writer.h"
 #include "tools/raw/record_order.h"
@@ -26,18 +27,9 @@ RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, s
   return RawFile(path, *layout);
 }
 
-void MakeFolder(const std::filesystem::path& folder) {
-  std::error_code error;
-  std::filesystem::create_directories(folder, error);
-  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be made (" + error.message() + ").");
-}
-
-/// A copy byte by byte, also of what is not a whole record. A file that is there already is left alone.
-void CopyFile(const std::string& source, const std::filesystem::path& target, Progress& progress) {
-  std::error_code error;
-  if (std::filesystem::equivalent(PlatformPath(source), target, error)) return;
+/// A copy byte by byte, also of what is not a whole record.
+void CopyFile(const std::string& source, OutputFile& to, Progress& progress) {
   FileReader from(source);
-  SaveFile to(PathText(target));
   std::vector<unsigned char> block(kCopySize);
   progress.Begin("bytes copied", from.Length());
   for (uint64_t place = 0; place < from.Length(); place += block.size()) {
@@ -46,13 +38,6 @@ void CopyFile(const std::string& source, const std::filesystem::path& target, Pr
     to.Write(block.data(), count);
     progress.Reached(place + count);
   }
-  to.Commit();
-}
-
-void WriteVideoSampling(const std::filesystem::path& path, double frameRate) {
-  SaveFile file(PathText(path));
-  file.Write(std::to_string(VideoSampling(frameRate)));
-  file.Commit();
 }
 
 std::filesystem::path NameOf(const std::string& path) {
@@ -79,7 +64,8 @@ struct RawRecording {
 };
 
 /// Reads all but the waveforms.
-ImportReport LookThrough(RawRecording& raw, const RecordOrder& order, Progress& progress) {
+ImportReport LookThrough(const ImportRequest& request, RawRecording& raw, const RecordOrder& order,
+                         Progress& progress) {
   ImportReport report;
   report.SpikesName = raw.Spikes.Name();
   report.Spikes = order.Stamps();
@@ -89,6 +75,11 @@ ImportReport LookThrough(RawRecording& raw, const RecordOrder& order, Progress& 
     report.HasVideo = true;
     report.Video = ReadTracking(*raw.Video, progress);
     report.VideoTrailing = raw.Video->TrailingBytes();
+    Positions& samples = report.Video.Samples;
+    samples.PixelsPerCm = request.PixelsPerCm;
+    samples.Angles = request.Angles;
+    if (!request.HasAngles) ForgetDirections(samples);
+    report.Angles = CheckAngles(samples);
   }
   if (raw.Events) {
     report.HasEvents = true;
@@ -99,6 +90,34 @@ ImportReport LookThrough(RawRecording& raw, const RecordOrder& order, Progress& 
   return report;
 }
 
+/// One file.
+OutputGroup Alone(OutputFile file, std::function<void(OutputFile&)> make) {
+  OutputGroup group;
+  group.Files.push_back(std::move(file));
+  group.Make = [make = std::move(make)](std::span<OutputFile> files) { make(files[0]); };
+  return group;
+}
+
+/// What goes into the folder that all tetrodes share.
+void AddTracking(const ImportRequest& request, const Tracking& video, std::vector<OutputGroup>& groups) {
+  const std::filesystem::path out = PlatformPath(request.Out);
+  OutputFile sampling(out / "VideoSampling");
+  const bool hasVideo = !request.Video.empty();
+  if (hasVideo || !sampling.Stands())
+    groups.push_back(Alone(std::move(sampling),
+                           [&video](OutputFile& file) { file.Write(std::to_string(VideoSampling(video.FrameRate))); }));
+  if (hasVideo)
+    groups.push_back(Alone(OutputFile(out / "Pos.p", PositionHeader(video.Samples, request.Date)),
+                           [&video](OutputFile& file) { WritePositions(video.Samples, file); }));
+}
+
+std::vector<std::string> SourcesOf(const ImportRequest& request) {
+  std::vector<std::string> sources;
+  for (const std::string& source : {request.Spikes, request.Video, request.Events})
+    if (!source.empty()) sources.push_back(source);
+  return sources;
+}
+
 }  // namespace
 
 ImportReport ImportRecording(const ImportRequest& request, Progress& progress) {
@@ -106,21 +125,32 @@ ImportReport ImportRecording(const ImportRequest& request, Progress& progress) {
     throw CommandError("Pixels per cm must be a number above 0, not " + DoubleText(request.PixelsPerCm) + ".");
   RawRecording raw(request);
   const RecordOrder order(raw.Spikes, progress);
-  ImportReport report = LookThrough(raw, order, progress);
+  ImportReport report = LookThrough(request, raw, order, progress);
 
-  const std::filesystem::path out = PlatformPath(request.Out);
   const std::filesystem::path spikesName = NameOf(request.Spikes);
   const std::string stem = PathText(spikesName.stem());
-  const std::filesystem::path folder = out / PlatformPath(stem);
-  MakeFolder(folder);
+  const std::filesystem::path folder = PlatformPath(request.Out) / PlatformPath(stem);
   // The analysis report finds a tetrode's spike file by leaving ".parms" off the parameter file's name.
   const bool isTetrode = raw.Spikes.Layout().Kind == RawKind::Tetrode;
-  CopyFile(request.Spikes, folder / (isTetrode ? PlatformPath(stem + ".Ntt") : spikesName), progress);
-  if (raw.Events) CopyFile(request.Events, folder / NameOf(request.Events), progress);
-  WriteVideoSampling(out / "VideoSampling", report.Video.FrameRate);
-  WritePositionFile(out / "Pos.p", report.Video, request.PixelsPerCm, request.Date);
-  const SpikeOutputs outputs{folder / PlatformPath(stem + ".Ntt.parms"), folder / PlatformPath(stem + ".waveforms")};
-  report.SpikesPlaced = WriteSpikes(raw.Spikes, order, report.Video, outputs, request.Date, progress);
+  std::vector<OutputGroup> groups;
+  AddTracking(request, report.Video, groups);
+  groups.push_back(Alone(OutputFile(folder / (isTetrode ? PlatformPath(stem + ".Ntt") : spikesName)),
+                         [&](OutputFile& file) { CopyFile(request.Spikes, file, progress); }));
+  if (raw.Events)
+    groups.push_back(Alone(OutputFile(folder / NameOf(request.Events)),
+                           [&](OutputFile& file) { CopyFile(request.Events, file, progress); }));
+  const SeenPlaces places(report.Video.Samples);
+  OutputGroup& spikes = groups.emplace_back();
+  spikes.Files.emplace_back(folder / PlatformPath(stem + ".waveforms"));
+  spikes.Files.emplace_back(folder / PlatformPath(stem + ".Ntt.parms"), TextHeader("Parameters", request.Date));
+  spikes.Make = [&](std::span<OutputFile> files) {
+    report.SpikesPlaced = WriteSpikes(raw.Spikes, order, places, files[1], files[0], progress);
+  };
+  PutInPlace(groups, SourcesOf(request), request.Replace);
+  progress.End(spikes.Files[1].IsLeft() ? "Compared" : "Wrote");
+  for (const OutputGroup& group : groups)
+    for (const OutputFile& file : group.Files)
+      if (file.IsLeft()) report.Left.push_back(PathText(file.Path().filename()));
   return report;
 }
 

@@ -18,11 +18,19 @@ std::string RecordsLine(const std::string& name, const std::string& records, con
 
 std::string TrackingLine(const Tracking& video) {
   std::string line = "Tracking: " + RoundedText(video.FrameRate, 2) + " frames a second";
-  line += "; frames lost: " + CountText(video.Frames.size() - video.Good.size()) +
-          ", in runs: " + CountText(video.LostRuns);
-  line += "; gaps of more than " + DurationText(kLongestFrameGap) + ": " + CountText(video.Gaps);
+  line += "; frames lost: " + CountText(video.Lost) + ", in runs: " + CountText(video.LostRuns);
+  line += "; gaps of more than " + DurationText(kLongestBridge) + ": " + CountText(video.Gaps);
   if (video.Gaps > 0) line += ", the longest " + DurationText(video.LongestGap);
+  if (video.Samples.Unreadable > 0)
+    line += "; frames left out, as their stamps are beyond all time: " +
+            CountText(static_cast<uint64_t>(video.Samples.Unreadable));
   return line + ".";
+}
+
+std::string LeftLine(const std::vector<std::string>& names) {
+  std::string line;
+  for (const std::string& name : names) line += (line.empty() ? "" : ", ") + name;
+  return "Left, as the same stands there already: " + line + ".";
 }
 
 }  // namespace
@@ -37,8 +45,14 @@ std::vector<std::string> ImportReport::Lines() const {
     lines.push_back(TrackingLine(Video));
     lines.push_back("Places: " + CountText(SpikesPlaced) + " of " + CountText(Spikes.Count) +
                     " spikes lie in tracked time.");
+    lines.push_back("Head angles: " + AnglesSentence(Angles) + ".");
+  } else {
+    lines.push_back(
+        "Without a video file spikes have no places, PosX and PosY are 0; a Pos.p was neither made nor "
+        "touched.");
   }
   if (HasEvents) lines.push_back(RecordsLine("Events", "events", Events, EventsTrailing, false));
+  if (!Left.empty()) lines.push_back(LeftLine(Left));
   return lines;
 }
 

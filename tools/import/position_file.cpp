@@ -1,10 +1,8 @@
 #include "tools/import/position_file.h"
 
-#include <string>
+#include <cmath>
 
 #include "files/number_text.h"
-#include "files/platform.h"
-#include "files/save_file.h"
 #include "files/text_header.h"
 
 namespace pallomir {
@@ -13,22 +11,29 @@ namespace {
 
 constexpr size_t kWriteSize = size_t{1} << 18;
 
+/// Frames hold whole numbers.
+std::string WholeText(double value, int unknown) {
+  return std::to_string(std::isnan(value) ? unknown : std::lround(value));
+}
+
 }  // namespace
 
-void WritePositionFile(const std::filesystem::path& path, const Tracking& tracking, double pixelsPerCm,
-                       std::string_view date) {
-  SaveFile file(PathText(path));
-  std::string text = TextHeader("PosFile", date);
-  if (pixelsPerCm != 0) text.append("PixelsPerCm,").append(DoubleText(pixelsPerCm)).append("\r\n");
-  for (const Frame& frame : tracking.Frames) {
-    text.append(std::to_string(frame.Stamp)).append(",").append(std::to_string(frame.X)).append(",");
-    text.append(std::to_string(frame.Y)).append(",").append(std::to_string(frame.Direction)).append("\r\n");
+std::string PositionHeader(const Positions& recorded, std::string_view date) {
+  return TextHeader("PosFile", date,
+                    recorded.HasDirection ? HeaderEntries(recorded.Angles) : std::vector<HeaderEntry>{});
+}
+
+void WritePositions(const Positions& recorded, OutputFile& file) {
+  std::string text;
+  if (recorded.PixelsPerCm != 0) text.append("PixelsPerCm,").append(DoubleText(recorded.PixelsPerCm)).append("\r\n");
+  for (size_t i = 0; i < recorded.Time.size(); ++i) {
+    text.append(std::to_string(recorded.Time[i])).append(",").append(WholeText(recorded.X[i], 0)).append(",");
+    text.append(WholeText(recorded.Y[i], 0)).append(",").append(WholeText(recorded.Direction[i], -1)).append("\r\n");
     if (text.size() < kWriteSize) continue;
     file.Write(text);
     text.clear();
   }
   file.Write(text);
-  file.Commit();
 }
 
 }  // namespace pallomir

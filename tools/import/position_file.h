@@ -1,15 +1,18 @@
 #pragma once
 
-#include <filesystem>
+#include <string>
 #include <string_view>
 
-#include "tools/import/tracking.h"
+#include "components/position_file.h"
+#include "tools/import/output_file.h"
 
 namespace pallomir {
 
-/// Writes Pos.p: a text header, a line "PixelsPerCm,N" when `pixelsPerCm` is not 0, then a line "stamp,x,y,direction" a
-/// frame, lost ones included. Throws CommandError when it cannot be written.
-void WritePositionFile(const std::filesystem::path& path, const Tracking& tracking, double pixelsPerCm,
-                       std::string_view date);
+/// The text header of Pos.p, which tells by which convention its angles are counted.
+std::string PositionHeader(const Positions& recorded, std::string_view date);
+
+/// Writes what follows the header: a line "PixelsPerCm,N" where the scale is known, then a line "stamp,x,y,angle" a
+/// sample, lost ones included, with the angle as it was recorded and -1 where there is none.
+void WritePositions(const Positions& recorded, OutputFile& file);
 
 }  // namespace pallomir

@@ -1,12 +1,10 @@
 #include "tools/import/spike_writer.h"
 
+#include <algorithm>
 #include <array>
 
 #include "files/bytes.h"
 #include "files/parameter_header.h"
-#include "files/platform.h"
-#include "files/save_file.h"
-#include "files/text_header.h"
 #include "tools/import/spike_features.h"
 #include "waveforms/waveform_file.h"
 
@@ -31,14 +29,15 @@ void StoreWaveforms(std::span<const Waveform> channels, unsigned char* record) {
   }
 }
 
+/// No sample has a stamp beyond what the type of theirs holds.
+std::optional<Place> PlaceAt(const SeenPlaces& places, uint64_t stamp) {
+  return places.At(static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)));
+}
+
 }  // namespace
 
-uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const Tracking& tracking, const SpikeOutputs& outputs,
-                     std::string_view date, Progress& progress) {
-  SaveFile parameters(PathText(outputs.Parameters));
-  SaveFile waveforms(PathText(outputs.Waveforms));
-  parameters.Write(TextHeader("Parameters", date));
-
+uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
+                     OutputFile& waveforms, Progress& progress) {
   // What the channels of this file do not fill stays zero in every block.
   std::vector<unsigned char> raw(kBlockRecords * spikes.Layout().RecordBytes);
   std::vector<unsigned char> rows(kBlockRecords * kRowBytes);
@@ -54,19 +53,17 @@ uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const Tracking& 
       const auto samples = WaveformsOf(record, channels);
       const std::span<const Waveform> recorded(samples.data(), static_cast<size_t>(channels));
       const uint64_t stamp = spikes.StampOf(record);
-      const auto place = PlaceAt(tracking, stamp);
+      const auto place = PlaceAt(places, stamp);
       placed += place.has_value();
-      const auto [x, y] = place.value_or(TrackedPlace{0, 0});
-      StoreParameterRow(recorded, {stamp, first + r, x, y}, rows.data() + r * kRowBytes);
+      const auto [x, y] = place.value_or(Place{0, 0});
+      StoreParameterRow(recorded, {stamp, first + r, static_cast<float>(x), static_cast<float>(y)},
+                        rows.data() + r * kRowBytes);
       StoreWaveforms(recorded, records.data() + r * kWaveformRecordBytes);
     }
     parameters.Write(rows.data(), count * kRowBytes);
     waveforms.Write(records.data(), count * kWaveformRecordBytes);
     progress.Reached(first + count);
   }
-  parameters.Commit();
-  waveforms.Commit();
-  progress.End("Wrote");
   return placed;
 }
 

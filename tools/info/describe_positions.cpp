@@ -9,8 +9,10 @@
 #include "session/quiet_world.h"
 #include "session/work_pace.h"
 #include "tools/figures.h"
+#include "tools/import/angle_check.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
+#include "tools/progress.h"
 
 namespace pallomir {
 
@@ -20,23 +22,34 @@ uint64_t Unknown(const std::vector<double>& column) {
   return static_cast<uint64_t>(std::count_if(column.begin(), column.end(), [](double v) { return std::isnan(v); }));
 }
 
+/// Nobody watches, but the work can be stopped.
+class StoppableWorld : public QuietWorld {
+ public:
+  bool PumpEvents() override { return !IsToStop(); }
+};
+
 }  // namespace
 
 std::string DescribePositions(std::string_view path) {
   FileReader file(path);
-  const auto body = BodyBehindHeader(ReadText(path, kTextHeaderLimit));
-  QuietWorld world;
+  const std::string beginning = ReadText(path, kTextHeaderLimit);
+  const auto body = BodyBehindHeader(beginning);
+  const size_t header = body.value_or(TextBody{}).Begin;
+  StoppableWorld world;
   WorkPace pace(world);
   Positions positions;
-  ReadPositionText(file, body.value_or(TextBody{}).Begin, pace, positions);
+  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, header), file.Name());
+  ReadPositionText(file, header, pace, positions);
   StampSeries stamps;  // has no times before 0
   for (const int64_t time : positions.Time) stamps.Add(static_cast<uint64_t>(std::max<int64_t>(time, 0)));
+  RepairSamples(positions);
 
   Facts facts(file.Name() + ": positions of the animal");
   facts.Add("samples", CountText(stamps.Count));
   facts.Add("header", body ? std::to_string(body->Begin) + " bytes" : "none");
   if (positions.PixelsPerCm > 0) facts.Add("scale", DoubleText(positions.PixelsPerCm) + " pixels a cm");
   facts.AddStamps(stamps, "samples");
+  facts.Add("angles", AnglesSentence(CheckAngles(positions)));
   const uint64_t lost = Unknown(positions.X), undirected = Unknown(positions.Direction);
   if (lost > 0) facts.Odd("samples that lost the animal: " + CountText(lost));
   if (undirected > lost) facts.Odd("samples without direction: " + CountText(undirected));

@@ -1,9 +1,11 @@
+#include <algorithm>
 #include <map>
 
 #include "files/number_text.h"
 #include "files/raw_file.h"
 #include "files/raw_header.h"
 #include "tools/figures.h"
+#include "tools/import/angle_check.h"
 #include "tools/import/tracking.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
@@ -25,8 +27,8 @@ void AddRecords(Facts& facts, const RawFile& file) {
 
 /// Lines of the header as they stand there, those that are present.
 void AddHeaderLines(Facts& facts, const RawFile& file) {
-  for (const std::string_view key :
-       {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt", "InputInverted", "Resolution"})
+  for (const std::string_view key : {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt",
+                                     "InputInverted", "Resolution", "DirectionOffset"})
     if (const std::string text = HeaderText(file.Header(), key); !text.empty())
       facts.Add("header", std::string(key) + " " + text.substr(0, 80));
 }
@@ -51,11 +53,9 @@ void AddSpikes(Facts& facts, RawFile& file, Progress& progress) {
   for (const auto& [cell, count] : cells) facts.Add("cell " + std::to_string(cell), CountText(count) + " spikes");
 }
 
-std::string PrintableText(const unsigned char* bytes, size_t size) {
-  std::string text;
-  for (size_t b = 0; b < size && bytes[b] != 0; ++b)
-    if (bytes[b] >= 32 && bytes[b] <= 126) text.push_back(static_cast<char>(bytes[b]));
-  return text;
+/// The text of a field that a zero ends.
+std::string FieldText(const unsigned char* bytes, size_t size) {
+  return std::string(bytes, std::find(bytes, bytes + size, 0));
 }
 
 void AddEvents(Facts& facts, RawFile& file, Progress& progress) {
@@ -64,7 +64,7 @@ void AddEvents(Facts& facts, RawFile& file, Progress& progress) {
   uint64_t others = 0;
   file.ForEachRecord(progress, [&](const unsigned char* record, uint64_t) {
     stamps.Add(file.StampOf(record));
-    const std::string text = PrintableText(record + kEventText, kEventTextBytes);
+    const std::string text = FieldText(record + kEventText, kEventTextBytes);
     if (texts.size() < kTextsListed || texts.contains(text))
       ++texts[text];
     else
@@ -80,11 +80,16 @@ void AddFrames(Facts& facts, RawFile& file, Progress& progress) {
   facts.AddStamps(tracking.Stamps, "frames");
   if (tracking.FrameRate > 0)
     facts.Add("sampling", RoundedText(tracking.FrameRate, 2) + " frames a second by the median interval");
-  if (const size_t lost = tracking.Frames.size() - tracking.Good.size(); lost > 0)
-    facts.Odd("frames that lost the animal: " + CountText(lost) + ", in runs: " + CountText(tracking.LostRuns));
+  facts.Add("angles", AnglesSentence(CheckAngles(tracking.Samples)));
+  if (tracking.Lost > 0)
+    facts.Odd("frames that lost the animal: " + CountText(tracking.Lost) +
+              ", in runs: " + CountText(tracking.LostRuns));
   if (tracking.Gaps > 0)
-    facts.Odd("gaps between frames of more than " + DurationText(kLongestFrameGap) + ": " + CountText(tracking.Gaps) +
+    facts.Odd("gaps between frames of more than " + DurationText(kLongestBridge) + ": " + CountText(tracking.Gaps) +
               ", the longest " + DurationText(tracking.LongestGap));
+  if (tracking.Samples.Unreadable > 0)
+    facts.Odd("frames whose stamps are beyond all time: " +
+              CountText(static_cast<uint64_t>(tracking.Samples.Unreadable)));
 }
 
 }  // namespace

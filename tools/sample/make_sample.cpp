@@ -5,6 +5,7 @@
 
 #include "files/error.h"
 #include "files/platform.h"
+#include "tools/import/output_file.h"
 #include "tools/sample/sample_files.h"
 
 namespace pallomir {
@@ -23,13 +24,24 @@ uint64_t Duration(uint64_t spikes) {
   return exact / kWalkInterval * kWalkInterval;
 }
 
+void RefuseUsedFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  const auto status = std::filesystem::symlink_status(folder, error);
+  if (!std::filesystem::exists(status)) return;
+  const bool isEmpty = std::filesystem::is_empty(folder, error);
+  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be read (" + error.message() + ").");
+  if (!isEmpty)
+    throw CommandError("The folder " + PathText(folder) +
+                       " is not empty; nothing was written. Name a new folder, or say --replace: files of the sample "
+                       "then take the places of those with the same names.");
+}
+
 }  // namespace
 
 ImportReport MakeSample(const SampleRequest& request, Progress& progress) {
+  if (!request.Replace) RefuseUsedFolder(PlatformPath(request.Folder));
   const std::filesystem::path raw = PlatformPath(request.Folder) / "raw";
-  std::error_code error;
-  std::filesystem::create_directories(raw, error);
-  if (error) throw CommandError("The folder " + PathText(raw) + " cannot be made (" + error.message() + ").");
+  MakeFolder(raw);
 
   const uint64_t duration = Duration(request.Spikes);
   const double share = std::min(1.0, static_cast<double>(request.Spikes) / static_cast<double>(kFullRates));
@@ -42,7 +54,9 @@ ImportReport MakeSample(const SampleRequest& request, Progress& progress) {
                              .Events = PathText(raw / "Events.Nev"),
                              .Out = request.Folder,
                              .PixelsPerCm = kSamplePixelsPerCm,
+                             .Replace = request.Replace,
                              .Date = kDate};
+  for (const std::string& path : {import.Spikes, import.Video, import.Events}) RefuseOddTarget(PlatformPath(path), {});
   WriteSampleSpikes(import.Spikes, cellSpikes, request.Spikes, duration, draws.Part(kWaveforms), progress);
   WriteSampleVideo(import.Video, walk, draws.Part(kVideo), progress);
   WriteSampleEvents(import.Events, duration);

@@ -55,8 +55,8 @@ void StoreFrame(uint64_t time, const WalkStep* step, Draws& draws, unsigned char
   if (step) {
     x = Pixels(step->X, kBoxLeft, draws);
     y = Pixels(step->Y, kBoxTop, draws);
-    // Counter-clockwise as the camera sees it, whose y grows downward.
-    angle = static_cast<int32_t>(std::lround((1 - step->Heading) * 360.0)) % 360;
+    // Clockwise from +y, as kVideoAngles says; headings go from +x towards +y.
+    angle = static_cast<int32_t>(std::lround((1.25 - step->Heading) * 360.0)) % 360;
   }
   StoreLittleEndian(record + kVideoLayout.StampOffset, kSampleStart + time);
   StoreLittleEndian(record + kFrameX, x);

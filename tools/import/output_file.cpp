@@ -1,0 +1,142 @@
+#include "tools/import/output_file.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "files/error.h"
+#include "files/platform.h"
+#include "files/text_header.h"
+
+namespace pallomir {
+
+namespace {
+
+/// A header's lines without those that tell of program and date.
+std::string WhatCounts(std::string_view header) {
+  std::string text;
+  while (!header.empty()) {
+    const std::string_view line = header.substr(0, header.find('\n') + 1);
+    if (!line.starts_with("# Pallomir ") && !line.starts_with("# Date: ")) text += line;
+    header.remove_prefix(line.empty() ? header.size() : line.size());
+  }
+  return text;
+}
+
+/// Files that have not been found to be left, if any.
+std::vector<OutputFile*> Open(OutputGroup& group, bool standingOnly) {
+  std::vector<OutputFile*> open;
+  for (OutputFile& file : group.Files)
+    if (!file.IsLeft() && (!standingOnly || file.Stands())) open.push_back(&file);
+  return open;
+}
+
+void CompareWithWhatStands(OutputGroup& group) {
+  const auto files = Open(group, true);
+  if (files.empty()) return;
+  for (OutputFile* file : files) file->BeginComparing();
+  group.Make(group.Files);
+  for (OutputFile* file : files) file->EndComparing();
+}
+
+void WriteBeside(OutputGroup& group) {
+  const auto files = Open(group, false);
+  if (files.empty()) return;
+  for (OutputFile* file : files) MakeFolder(file->Path().parent_path());
+  for (OutputFile* file : files) file->BeginWriting();
+  group.Make(group.Files);
+  for (OutputFile* file : files) file->EndWriting();
+}
+
+}  // namespace
+
+void MakeFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be made (" + error.message() + ").");
+}
+
+void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::string> sources) {
+  std::error_code error;
+  const auto status = std::filesystem::symlink_status(path, error);
+  const std::string name = PathText(path);
+  if (!std::filesystem::exists(status)) return;
+  if (std::filesystem::is_symlink(status))
+    throw CommandError(name + " is a link, which is neither followed nor replaced; nothing was written.");
+  if (std::filesystem::is_directory(status)) throw CommandError(name + " is a folder; nothing was written.");
+  if (!std::filesystem::is_regular_file(status)) throw CommandError(name + " is no regular file; nothing was written.");
+  for (const std::string& source : sources)
+    if (std::filesystem::equivalent(path, PlatformPath(source), error) && !error)
+      throw CommandError(name + " is " + source +
+                         " itself, where a file would be put; nothing was written. Name another folder.");
+}
+
+OutputFile::OutputFile(std::filesystem::path path, std::string header)
+    : path_(std::move(path)), header_(std::move(header)) {}
+
+bool OutputFile::Stands() const {
+  std::error_code error;
+  return std::filesystem::exists(std::filesystem::symlink_status(path_, error));
+}
+
+void OutputFile::BeginComparing() {
+  standing_ = std::make_unique<FileReader>(PathText(path_));
+  compared_ = 0;
+  if (header_.empty()) return;
+  std::string beginning(std::min<uint64_t>(standing_->Length(), kTextHeaderLimit), '\0');
+  standing_->Read(0, beginning.data(), beginning.size());
+  const long length = TextHeaderLength(beginning);
+  if (length < 0) Differs();
+  compared_ = static_cast<uint64_t>(length);
+  if (WhatCounts(header_) != WhatCounts(std::string_view(beginning).substr(0, compared_))) Differs();
+}
+
+void OutputFile::EndComparing() {
+  if (compared_ != standing_->Length()) Differs();
+  standing_.reset();
+  left_ = true;
+}
+
+void OutputFile::BeginWriting() {
+  save_ = std::make_unique<SaveFile>(PathText(path_), SaveFile::Links::Replace);
+  save_->Write(header_);
+  writing_ = true;
+}
+
+void OutputFile::EndWriting() {
+  save_->Finish();
+  writing_ = false;
+}
+
+void OutputFile::Write(const void* bytes, size_t count) {
+  if (writing_) save_->Write(bytes, count);
+  if (!standing_) return;
+  std::vector<char> there(count);
+  if (standing_->ReadUpTo(compared_, there.data(), count) != count || std::memcmp(bytes, there.data(), count) != 0)
+    Differs();
+  compared_ += count;
+}
+
+void OutputFile::Commit() {
+  if (save_ && !left_) save_->Commit();
+  save_.reset();
+}
+
+void OutputFile::Differs() const {
+  throw CommandError(PathText(path_) +
+                     " stands there already and holds something else than these files and options make; nothing was "
+                     "written. --replace puts the new file in its place.");
+}
+
+void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace) {
+  for (const OutputGroup& group : groups)
+    for (const OutputFile& file : group.Files) RefuseOddTarget(file.Path(), sources);
+  if (!replace)
+    for (OutputGroup& group : groups) CompareWithWhatStands(group);
+  for (OutputGroup& group : groups) WriteBeside(group);
+  if (!replace)
+    for (OutputGroup& group : groups) CompareWithWhatStands(group);
+  for (OutputGroup& group : groups)
+    for (OutputFile& file : group.Files) file.Commit();
+}
+
+}  // namespace pallomir
