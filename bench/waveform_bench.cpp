@@ -57,7 +57,7 @@ void OverlayOurs(benchmark::State& state, int recorded) {
     WaveformFile file(name);
     WaveformRecord record;
     picture.Clear();
-    for (int64_t r = 0; file.Read(r, record); ++r) picture.Draw(record, static_cast<int>(r % 7), false);
+    for (int64_t r = 0; file.Read(r, record); ++r) picture.Draw(record, static_cast<int>(r % 7));
     picture.Pixels().Paint(palette, reinterpret_cast<uint32_t*>(image.bits()), kSide);
   }
 }

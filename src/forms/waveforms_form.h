@@ -3,14 +3,12 @@
 #include <QDialog>
 #include <QTimer>
 #include <optional>
-#include <vector>
 
 #include "controls/dialogs.h"
 #include "session/session.h"
 #include "session/world.h"
-#include "waveforms/spike_stepping.h"
-#include "waveforms/waveform_file.h"
-#include "waveforms/waveform_picture.h"
+#include "waveforms/spikes_on_view.h"
+#include "waveforms/waveform_view.h"
 
 class QCheckBox;
 class QComboBox;
@@ -29,6 +27,10 @@ class Waveforms : public QDialog {
  public:
   Waveforms(const Session& session, World& world, Dialogs& dialogs, QWidget* parent);
 
+ protected:
+  /// Esc stops the drawing that is under way; else it closes the window.
+  void keyPressEvent(QKeyEvent* event) override;
+
  private:
   void LayOut();
   QWidget* MakeTicks();
@@ -44,18 +46,20 @@ class Waveforms : public QDialog {
   void cmdClear_Click();
   void cmdSavePicture_Click();
 
-  /// Steps with `step` and draws the spike that it comes to, if any.
+  void RequirePoints() const;
+  /// Brings the spike that `step` comes to on view, if there is one.
   template <class Step>
   bool StepWith(Step step);
-  void Draw(const ShownSpike& spike);
-  /// Draws a record as high as the user wants; `record` is changed on the way.
-  void DrawRecord(WaveformRecord& record, int cluster);
-  /// A turn of Show All: one spike, or with Overlay as many as a short while takes.
-  void ShowSome();
-  void SetArea(const View& view);
+  template <class Step>
+  void StepOnce(Step step, const QString& none);
+  /// Draws for a short while: what is waiting, then what Show All comes to. What is left is for the timer's next turn.
+  void DrawOn(WaveformFile& file);
+  bool DrawNext(WaveformFile& file);
+  void StopDrawing();
   /// The spikes on view are drawn again: on a surface of another size, or another part of the drawing.
-  void DrawAgain();
+  void DrawAgain(const View& area);
   void ShowPicture();
+  QString OnView() const;
   ClusterTicks Ticked() const;
   int32_t Counter() const;
   void SetCounter(int32_t counter);
@@ -63,11 +67,13 @@ class Waveforms : public QDialog {
   const Session& session_;
   World& world_;
   Dialogs& dialogs_;
-  std::optional<WaveformFile> file_;
-  std::vector<ShownSpike> onView_;
-  std::optional<WaveformPicture> picture_;
+  SpikesOnView onView_{WholeWaveformView(1, 1)};
   std::optional<Vertex> zoomAnchor_;
-  QTimer showAll_;
+  QTimer turn_;
+  /// Show All is on.
+  bool running_ = false;
+  /// Drawing has taken more than one turn, and the status line tells how far it is.
+  bool inTurns_ = false;
   QTimer resized_;
   PlotSurface* surface_;
   std::array<QCheckBox*, kTicks> chkCluster_{};

@@ -75,6 +75,8 @@ void TraceRaster::Clear() {
 void TraceRaster::DrawTrace(std::span<const int32_t> columns, std::span<const int32_t> rows, uint8_t code) {
   const auto [highest, lowest] = std::minmax_element(rows.begin(), rows.end());
   if (rows.empty() || *lowest < 0 || *highest >= height_ || columns.back() < 0 || columns.front() >= width_) return;
+  // Most traces of a tetrode are: they stand for wires that it does not have.
+  if (*lowest == *highest) return FillRow(*lowest, columns.front(), columns.back(), code);
   // Vertices that share a column are joined within it.
   size_t begin = 0;
   for (size_t k = 1; k < columns.size(); ++k) {
@@ -118,12 +120,9 @@ void TraceRaster::FillColumn(int32_t column, int32_t top, int32_t bottom, uint8_
   std::fill_n(bytes_.begin() + static_cast<std::ptrdiff_t>(Place(column, top)), bottom - top + 1, code);
 }
 
-void TraceRaster::FillEmpty(int32_t row, int32_t left, int32_t right, uint8_t code) {
+void TraceRaster::FillRow(int32_t row, int32_t left, int32_t right, uint8_t code) {
   if (row < 0 || row >= height_) return;
-  for (int32_t c = std::max(left, 0); c <= std::min(right, width_ - 1); ++c) {
-    uint8_t& pixel = bytes_[Place(c, row)];
-    if (pixel == 0) pixel = code;
-  }
+  for (int32_t c = std::max(left, 0); c <= std::min(right, width_ - 1); ++c) bytes_[Place(c, row)] = code;
 }
 
 void TraceRaster::Paint(std::span<const uint32_t, 256> palette, uint32_t* pixels, size_t stride) const {

@@ -30,8 +30,8 @@ class TraceRaster {
   /// Draws rows `top`..`bottom`, both included, of a column.
   void FillColumn(int32_t column, int32_t top, int32_t bottom, uint8_t code);
 
-  /// Draws columns `left`..`right`, both included, of a row where nothing is drawn yet.
-  void FillEmpty(int32_t row, int32_t left, int32_t right, uint8_t code);
+  /// Draws columns `left`..`right`, both included, of a row.
+  void FillRow(int32_t row, int32_t left, int32_t right, uint8_t code);
 
   /// Turns the picture into lines of pixels, `stride` of them from line to line, palette[code] for each.
   void Paint(std::span<const uint32_t, 256> palette, uint32_t* pixels, size_t stride) const;

@@ -28,12 +28,6 @@ void RowsOf(const int16_t* samples, double base, double scale, int32_t* rows) {
   }
 }
 
-bool IsRecorded(const int16_t* samples) {
-  int any = 0;
-  for (int j = 0; j < kBlockSamples; ++j) any |= samples[j];
-  return any != 0;
-}
-
 double ColumnShift(int block) {
   return block % 2 == 1 ? kColumnShift : 0;
 }
@@ -49,34 +43,24 @@ WaveformPicture::WaveformPicture(const View& view) : view_(view), raster_(view.W
 
 void WaveformPicture::Clear() {
   raster_.Clear();
-  flatDrawn_.fill(false);
 }
 
-void WaveformPicture::Draw(const WaveformRecord& record, int cluster, bool inverted) {
+void WaveformPicture::Draw(const WaveformRecord& record, int cluster, double unitsACount) {
   if (!view_.Drawable()) return;
   // The lines through sample 8 are drawn before each trace, the last time before the last trace: this comes to the
   // same, and takes them once.
   const auto code = static_cast<uint8_t>(ColourCode(cluster));
-  for (int block = 0; block < kLastBlock; ++block) DrawBlock(record, block, code, inverted);
+  for (int block = 0; block < kLastBlock; ++block) DrawBlock(record, block, code, unitsACount);
   DrawMarkers();
-  DrawBlock(record, kLastBlock, code, inverted);
+  DrawBlock(record, kLastBlock, code, unitsACount);
 }
 
-void WaveformPicture::DrawBlock(const WaveformRecord& record, int block, uint8_t code, bool inverted) {
+void WaveformPicture::DrawBlock(const WaveformRecord& record, int block, uint8_t code, double unitsACount) {
   const int16_t* samples = record.data() + block * kBlockSamples;
-  if (!IsRecorded(samples)) return DrawNotRecorded(block);
   const double scale = view_.PixelY(1) - view_.PixelY(0);
   Coordinates rows;
-  RowsOf(samples, view_.PixelY(-kBlockShift * block), inverted ? -scale : scale, rows.data());
+  RowsOf(samples, view_.PixelY(-kBlockShift * block), unitsACount * scale, rows.data());
   raster_.DrawTrace(columns_[block % 2], rows, code);
-}
-
-void WaveformPicture::DrawNotRecorded(int block) {
-  if (flatDrawn_[block]) return;
-  flatDrawn_[block] = true;
-  const Coordinates& columns = columns_[block % 2];
-  raster_.FillEmpty(NearestPixel(view_.PixelY(-kBlockShift * block)), columns.front(), columns.back(),
-                    kNotRecordedCode);
 }
 
 void WaveformPicture::DrawMarkers() {

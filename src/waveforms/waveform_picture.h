@@ -9,9 +9,6 @@
 
 namespace pallomir {
 
-/// Codes of what is not in the colour of a cluster (these have ColourCode(cluster)): blocks that were not recorded.
-inline constexpr uint8_t kNotRecordedCode = 255;
-
 /// The drawing of the waveform viewer on a surface of device pixels; waveforms drawn without Clear() between them lie
 /// over each other. 10,000 waveforms of 32 recorded channels take 0.76 s on 900 x 900 pixels, a painter 10 s.
 class WaveformPicture {
@@ -23,22 +20,19 @@ class WaveformPicture {
 
   void Clear();
 
-  /// Draws the 32 traces of a record in the colour code of `cluster`, and the white lines through sample 8, which lie
-  /// over all traces but the last. A block without any sample but 0 was not recorded: it is a flat line beneath the
-  /// traces. `inverted` turns the traces upside down.
-  void Draw(const WaveformRecord& record, int cluster, bool inverted);
+  /// Draws the 32 traces of a record in the colour code of `cluster`, a count `unitsACount` units high (negative:
+  /// upside down), and the white lines through sample 8, which lie over all traces but the last.
+  void Draw(const WaveformRecord& record, int cluster, double unitsACount = 1);
 
  private:
   using Coordinates = std::array<int32_t, kBlockSamples>;
-  void DrawBlock(const WaveformRecord& record, int block, uint8_t code, bool inverted);
-  void DrawNotRecorded(int block);
+  void DrawBlock(const WaveformRecord& record, int block, uint8_t code, double unitsACount);
   void DrawMarkers();
 
   View view_;
   TraceRaster raster_;
-  std::array<Coordinates, 2> columns_{};           ///< of the samples of even and odd blocks
-  std::array<int32_t, 2> markers_{};               ///< columns of the white lines
-  std::array<bool, kWaveformBlocks> flatDrawn_{};  ///< not recorded, and on the picture already
+  std::array<Coordinates, 2> columns_{};  ///< of the samples of even and odd blocks
+  std::array<int32_t, 2> markers_{};      ///< columns of the white lines
 };
 
 }  // namespace pallomir

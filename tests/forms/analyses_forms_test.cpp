@@ -1,4 +1,4 @@
-// Looking at a cluster from the controls: analyses, waveforms, the report.
+// Looking at a cluster from the controls: analyses, the report.
 
 #include <qcustomplot.h>
 
@@ -6,7 +6,6 @@
 #include "form_tests.h"
 #include "program.h"
 #include "support/spike_files.h"
-#include "waveforms/waveform_file.h"
 
 using namespace pallomir;
 
@@ -56,73 +55,6 @@ class AnalysesFormsTest : public QObject {
     QCOMPARE(program.Answers.Messages.takeLast(), "|Must specify a Position File");
     QCOMPARE(rate->property("Tag").toString(), "Gray");
     QVERIFY(program.Shared.TemporaryMode);
-  }
-
-  void WaveformsAreSteppedThrough() {
-    Program program(20);
-    QByteArray bytes;
-    for (int n = 0; n < 15; ++n) {
-      WaveformRecord record{};
-      for (int k = 0; k < 128; ++k) record[k] = static_cast<int16_t>(10 * n + 50);
-      for (const int16_t value : record) {
-        unsigned char two[2];
-        StoreLittleEndian(two, value);
-        bytes.append(reinterpret_cast<const char*>(two), 2);
-      }
-    }
-    program.Write("TT1/TT1.waveforms", bytes);
-    program.Load();
-    program.Type("txtStartEvent", "2");
-    program.Click("cmdLoadPoints");
-    program.Click("cmdShowWaveforms");
-    QApplication::processEvents();
-    QWidget* form = program.Get("Waveforms");
-    const auto record = [&] { return Box(form, "txtTimestamp")->text(); };
-    const auto press = [&](const char* name) { Box<QPushButton>(form, name)->click(); };
-    press("cmdBack");
-    QCOMPARE(record(), "");
-    press("cmdForward");  // cluster 0 is ticked: no cluster was chosen
-    press("cmdForward");
-    QCOMPARE(record(), "3");
-    QVERIFY(Drawn(form) > 0);
-    press("cmdBack");
-    press("cmdBack");
-    QCOMPARE(record(), "2");
-    press("cmdClear");
-    QCOMPARE(Drawn(form), 0);
-
-    // Nothing is stored for records 15 to 19: the drawing stays, and the status line says so.
-    for (int i = 0; i < 13; ++i) press("cmdForward");
-    const int drawn = Drawn(form);
-    QCOMPARE(record(), "15");
-    QVERIFY(drawn > 0);
-    QVERIFY(Box<QLabel>(form, "status")->text().contains("No waveform is stored for spike 15"));
-    Box<QCheckBox>(form, "chkCluster(0)")->setChecked(false);
-    press("cmdResetToStart");
-    press("cmdForward");
-    QCOMPARE(Drawn(form), 0);
-
-    // Over each other, all of them; a second press ends it.
-    Box<QCheckBox>(form, "chkCluster(0)")->setChecked(true);
-    Box<QCheckBox>(form, "chkOverlay")->setChecked(true);
-    press("cmdResetToStart");
-    press("cmdShowAll");
-    QTRY_COMPARE(record(), "19");
-    QTRY_VERIFY(Box<QLabel>(form, "status")->text().startsWith("13 spikes on view"));
-    program.Answers.FilesToOpen = {program.Path("traces.png")};
-    QTest::keyClick(form, Qt::Key_S);
-    QVERIFY(!QImage(program.Path("traces.png")).isNull());
-    QVERIFY(program.Answers.Messages.isEmpty());
-  }
-
-  void AMissingWaveformFileIsASentence() {
-    Program program;
-    program.Load();
-    program.Click("cmdShowWaveforms");
-    QApplication::processEvents();
-    Box<QPushButton>(program.Get("Waveforms"), "cmdForward")->click();
-    QCOMPARE(program.Answers.Messages.size(), 1);
-    QVERIFY(program.Answers.Messages[0].contains("TT1.waveforms"));
   }
 
   void TheReportIsShownPrintedAndSaved() {
@@ -192,15 +124,6 @@ class AnalysesFormsTest : public QObject {
     for (QWidget* window : QApplication::topLevelWidgets())
       if (window->isVisible()) windows << window;
     return windows;
-  }
-
-  /// Pixels of the drawing that are not black.
-  static int Drawn(const QWidget* form) {
-    const QImage image = Box<QWidget>(form, "waveforms")->grab().toImage().convertToFormat(QImage::Format_RGB32);
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y)
-      for (int x = 0; x < image.width(); ++x) count += (image.pixel(x, y) & 0xFFFFFF) != 0;
-    return count;
   }
 };
 

@@ -24,7 +24,7 @@ FUZZ_TARGET(FuzzWaveformFile) {
   for (const int64_t n : {asked, asked % 4, int64_t{0}}) {
     const bool there = n >= 0 && n < static_cast<int64_t>(size / kWaveformRecordBytes);
     REQUIRE(file.Read(n, record) == there);
-    picture.Draw(record, head[10] % 31, head[11] % 2 == 1);
+    picture.Draw(record, head[10] % 31, head[11] % 2 == 1 ? -1 : 1.0 / (1 + head[11]));
   }
   std::array<uint32_t, 256> palette{};
   for (size_t code = 0; code < palette.size(); ++code) palette[code] = static_cast<uint32_t>(code);

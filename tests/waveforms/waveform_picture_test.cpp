@@ -104,7 +104,7 @@ TEST(WaveformPicture, DrawsBlocksInTwoColumnsWithLinesThroughSampleEight) {
   for (const int block : {2, 5, 31}) record[32 * block + 8] = 40;  // a peak
   record[32 * 2 + 31] = -7;
   WaveformPicture picture(UnitView());
-  picture.Draw(record, 4, false);
+  picture.Draw(record, 4);
   const uint8_t four = static_cast<uint8_t>(ColourCode(4));
   EXPECT_EQ(PixelAt(picture, 0, -400), four);
   EXPECT_EQ(PixelAt(picture, 31, -407), four);
@@ -114,8 +114,8 @@ TEST(WaveformPicture, DrawsBlocksInTwoColumnsWithLinesThroughSampleEight) {
   EXPECT_EQ(PixelAt(picture, 36 + 31, -6200), four);
   EXPECT_EQ(PixelAt(picture, 32, -400), 0);
   EXPECT_EQ(PixelAt(picture, 35, -1000), 0);
-  for (const auto& [x, y] : {std::pair(3, 0), {3, -800}, {36 + 3, -200}})
-    EXPECT_EQ(PixelAt(picture, x, y), kNotRecordedCode) << x << ", " << y;
+  for (const auto& [x, y] : {std::pair(0, 0), {31, -800}, {36 + 3, -200}})
+    EXPECT_EQ(PixelAt(picture, x, y), four) << "not recorded, and a trace as any other: " << x << ", " << y;
   // The lines lie over every trace but the last.
   EXPECT_EQ(PixelAt(picture, 8, 150), kWhite);
   EXPECT_EQ(PixelAt(picture, 8, 151), 0);
@@ -133,25 +133,30 @@ TEST(WaveformPicture, OverlaysClearsAndInverts) {
   high.fill(50);
   low.fill(-30);
   WaveformPicture picture(UnitView());
-  picture.Draw(high, 1, false);
-  picture.Draw(low, 2, false);
+  picture.Draw(high, 1);
+  picture.Draw(low, 2);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 + 50), ColourCode(1));
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 - 30), ColourCode(2));
   picture.Clear();
-  picture.Draw(high, 3, true);
+  picture.Draw(high, 3, -1);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 + 50), 0);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 - 50), ColourCode(3));
-  // A flat line of what was not recorded does not hide a trace, whichever is drawn first.
-  picture.Draw(WaveformRecord{}, 4, false);
-  picture.Draw(WaveformRecord{}, 4, false);
-  EXPECT_EQ(PixelAt(picture, 20, -200 * 6), kNotRecordedCode);
-  EXPECT_EQ(PixelAt(picture, 20, -200 * 6 - 50), ColourCode(3));
+  // Blocks that were not recorded lie over what was drawn before, as the others do.
   high.fill(-400);  // block 6 lies where block 8 has its middle
-  picture.Clear();
-  picture.Draw(high, 1, false);
-  std::fill_n(high.begin() + 32 * 8, 32, int16_t{0});
-  picture.Draw(high, 1, false);
+  picture.Draw(high, 1);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 8), ColourCode(1));
+  picture.Draw(WaveformRecord{}, 4);
+  EXPECT_EQ(PixelAt(picture, 20, -200 * 8), ColourCode(4));
+  // How high traces are drawn moves them, and nothing else: -400 counts of a tenth, and counts that come to nothing.
+  picture.Clear();
+  picture.Draw(high, 1, 0.1);
+  EXPECT_EQ(PixelAt(picture, 20, -200 * 8 - 40), ColourCode(1));
+  EXPECT_EQ(PixelAt(picture, 20, -200 * 8), 0);
+  picture.Draw(high, 2, 0.001);
+  EXPECT_EQ(PixelAt(picture, 20, -200 * 8), ColourCode(2));
+  picture.Clear();
+  high.fill(0);
+  picture.Draw(high, 1);
 
   std::array<uint32_t, 256> palette{};
   palette[ColourCode(1)] = 0xABCDEF;
@@ -181,11 +186,11 @@ TEST(WaveformPicture, ZoomsToARectangleAndNoFurtherThanThereIsSomethingToSee) {
   WaveformRecord record;
   for (size_t i = 0; i < record.size(); ++i) record[i] = i % 2 ? INT16_MAX : INT16_MIN;
   WaveformPicture close(ZoomedWaveformView(WholeWaveformView(3000, 50), {10, -300}, {10.2F, -298}));
-  close.Draw(record, 1, false);
+  close.Draw(record, 1);
   WaveformPicture small(WholeWaveformView(9, 7));
-  small.Draw(record, 1, false);
+  small.Draw(record, 1);
   EXPECT_EQ(small.Pixels().At(2, 3), ColourCode(1));
-  WaveformPicture(WholeWaveformView(1, 1)).Draw(record, 1, false);
+  WaveformPicture(WholeWaveformView(1, 1)).Draw(record, 1);
 }
 
 }  // namespace
