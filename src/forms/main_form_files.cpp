@@ -116,7 +116,10 @@ void Main_Form::cmdWriteClustFile_Click() {
     advice_ = "Enter in both record boxes fills in their times.";
   Work([&] { WriteClusterFiles(session_, *this, ClusterTexts()); });
   if (!PointsLoaded(session_))
-    status_->setText("No points are loaded, and no spikes were written. Earlier files are kept as OLD.");
+    status_->setText(QString(session_.Points.Rows() == 0
+                                 ? "No points are loaded, and no spikes were written."
+                                 : "The range was given up: one spike was written, the first one of it.") +
+                     " Earlier files of clusters are kept as OLD; that of the unclassified spikes was replaced.");
   if (session_.TemporaryMode)
     status_->setText("Only the files of the analyses were written: one ended early. Let one run to its end first.");
 }

@@ -1,5 +1,7 @@
 #include "session/point_table.h"
 
+#include <algorithm>
+
 #include "files/error.h"
 
 namespace pallomir {
@@ -37,6 +39,19 @@ PointRecord PointTable::Record(size_t i) const {
   for (int slot = 0; slot < SlotsInUse(); ++slot) record.Clusters[slot] = slots_[slot][i];
   record.Stamp = stamps_[i];
   return record;
+}
+
+void PointTable::KeepFirst(size_t rows) {
+  if (rows >= rows_) return;
+  PointTable kept(rows);
+  for (int p = 0; p < kParameterSlots; ++p) std::copy_n(Column(p).begin(), rows, kept.Column(p).begin());
+  std::copy_n(stamps_.begin(), rows, kept.stamps_.begin());
+  for (const auto& slot : slots_) {
+    kept.AddSlot();
+    std::copy_n(slot.begin(), rows, kept.slots_.back().begin());
+  }
+  kept.entered_ = entered_;
+  *this = std::move(kept);
 }
 
 }  // namespace pallomir

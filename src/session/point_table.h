@@ -62,6 +62,9 @@ class PointTable {
 
   PointRecord Record(size_t i) const;
 
+  /// Gives all rows up but the first `rows`.
+  void KeepFirst(size_t rows);
+
  private:
   size_t rows_ = 0;
   size_t stride_ = 0;

@@ -45,8 +45,10 @@ struct Session {
   ParameterFile File;
   std::string DataDirectory;
 
+  /// The loaded rows: none before the first load, then one for each record of the range. What goes through them goes
+  /// by Points.Rows(), and so by the range.
   PointTable Points;
-  /// Records that Points holds, bounds included; 0 and 0 while nothing has been loaded.
+  /// The range, bounds included. 0 and 0 is that of no load: of one that was given up a row stays.
   int32_t LoadStartRecord = 0;
   int32_t LoadEndRecord = 0;
   /// On from start-up until the first load has ended.
@@ -98,7 +100,7 @@ struct Session {
   bool TemporaryMode = false;
 };
 
-/// True once a range of points has been loaded.
+/// True while a range of points is loaded. What looks at points asks this before it starts.
 inline bool PointsLoaded(const Session& session) {
   return session.LoadStartRecord != 0 || session.LoadEndRecord != 0;
 }

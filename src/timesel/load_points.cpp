@@ -3,14 +3,39 @@
 #include "clusters/classify.h"
 #include "files/error.h"
 #include "session/point_reader.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
+
+namespace {
+
+/// The points have been replaced: a user who wants to stop gets the whole cut all the same.
+void Classify(Session& session, World& world) {
+  WorkPace pace(world);
+  bool stop = false;
+  for (int c = 1; c <= kClusters; ++c) {
+    ClassifyCluster(session, c);
+    if (stop) continue;
+    try {
+      pace.Reached(static_cast<double>(c) / kClusters);
+    } catch (const Interrupted&) {
+      stop = true;
+    }
+  }
+}
+
+}  // namespace
 
 void LoadPoints(Session& session, World& world, int32_t start, int32_t end) {
   if (start > end) throw CommandError("Start time must be <= to Stop time", "ERROR");
   if (start == 0 && end == 0) throw CommandError("Must Define Event IDs Using Define Epochs Command", "ERROR");
   ReadPoints(session, world, start, end);
-  ClassifyAllClusters(session);
+  Classify(session, world);
+}
+
+void GiveUpRange(Session& session) {
+  session.LoadStartRecord = session.LoadEndRecord = 0;
+  session.Points.KeepFirst(1);
 }
 
 }  // namespace pallomir

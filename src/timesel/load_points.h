@@ -11,4 +11,7 @@ namespace pallomir {
 /// turned round or both ends are 0, and whatever ReadPoints throws; the session is then as it was.
 void LoadPoints(Session& session, World& world, int32_t start, int32_t end);
 
+/// Gives the loaded range up: it is 0 to 0 then, which is one row, and of the points the first one stays.
+void GiveUpRange(Session& session);
+
 }  // namespace pallomir

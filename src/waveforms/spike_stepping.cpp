@@ -8,9 +8,7 @@ namespace {
 
 /// The largest counter; kBeforeFirstSpike when no points are loaded.
 int32_t LastSpike(const Session& session) {
-  const auto rows = static_cast<int64_t>(session.Points.Rows());
-  const int64_t span = int64_t{session.LoadEndRecord} - session.LoadStartRecord;
-  return static_cast<int32_t>(std::min(span, rows - 1));
+  return static_cast<int32_t>(session.Points.Rows()) - 1;
 }
 
 std::optional<ShownSpike> SpikeAt(const Session& session, const ClusterTicks& ticks, int32_t counter) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "clusters/classify.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
@@ -23,6 +24,38 @@ TEST(LoadPoints, ClassifiesClustersInIncreasingOrder) {
   EXPECT_EQ(ListOf(session, 10), (std::vector{3, 5, 30}));
   EXPECT_EQ(ListOf(session, 19), (std::vector{3, 30}));
   EXPECT_EQ(ListOf(session, 20), (std::vector<int>{}));  // the record behind the last point
+}
+
+TEST(LoadPoints, IsWholeOnceThePointsHaveBeenReplaced) {
+  const TemporaryFolder folder;
+  Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
+  RecordingWorld world;
+  for (const int c : {3, 30}) AddBoundary(session, c, RectangleOf(-1, -1, 1e6F, 1e6F));
+  world.Slow = true;
+  world.InterruptAt = 3;  // two pumps while reading
+  LoadPoints(session, world, 10, 29);
+  EXPECT_GE(world.Pumps, 3);
+  EXPECT_EQ(ListOf(session, 19), (std::vector{3, 30}));
+}
+
+TEST(LoadPoints, OfARangeThatWasGivenUpOneRowIsLeft) {
+  const TemporaryFolder folder;
+  Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
+  RecordingWorld world;
+  for (const int c : {3, 5}) AddBoundary(session, c, RectangleOf(-1, -1, 1e6F, 1e6F));
+  GiveUpRange(session);
+  EXPECT_EQ(session.Points.Rows(), 0U) << "nothing was loaded before";
+  LoadPoints(session, world, 10, 29);
+  const PointRecord first = session.Points.Record(0);
+  GiveUpRange(session);
+  EXPECT_FALSE(PointsLoaded(session));
+  ASSERT_EQ(session.Points.Rows(), 1U);
+  EXPECT_EQ(session.Points.Record(0).Parameters, first.Parameters);
+  EXPECT_EQ(session.Points.Record(0).Stamp, first.Stamp);
+  EXPECT_EQ(ListOf(session, 0), (std::vector{3, 5}));
+  EXPECT_EQ(session.Points.Record(1).Parameters, PointRecord().Parameters) << "the record behind the last point";
+  ClearCluster(session, 3);
+  EXPECT_EQ(ListOf(session, 0), std::vector{5});
 }
 
 TEST(LoadPoints, RefusesARangeThatIsTurnedRoundOrNotDefined) {
