@@ -161,6 +161,12 @@ void Main_Form::EndProgram() {
 }
 
 bool Main_Form::CloseForms() {
+  if (timeEpochs_ && timeEpochs_->StopWork()) {
+    // The search ends first; then the program does.
+    connect(timeEpochs_, &TimeEpochs::Idle, this, &Main_Form::close,
+            static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection | Qt::UniqueConnection));
+    return false;
+  }
   const std::initializer_list<QDialog*> forms = {timeEpochs_.data(), clNote_.data()};
   for (QDialog* form : forms)
     if (form && form->isVisible() && !form->close()) return false;

@@ -156,6 +156,8 @@ class Main_Form : public QMainWindow, public World {
   /// Whether the times typed, by which cluster files and analyses go, hold all loaded points.
   bool TimesSpanLoaded() const;
   std::vector<std::string> EpochItems() const;
+  /// What is not well with the records of an epoch that was chosen.
+  QString AboutRecords(int32_t first, int32_t last) const;
   ProjectionOptions Options() const;
   void Redraw();
   /// For what takes effect at the next redraw: none is asked for while nothing is loaded.

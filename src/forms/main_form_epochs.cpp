@@ -3,12 +3,14 @@
 #include <QtWidgets>
 
 #include "controls/controls.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "forms/load_multiple_epochs_form.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
 #include "forms/time_epochs_form.h"
 #include "timesel/epochs.h"
+#include "timesel/load_points.h"
 #include "timesel/record_range.h"
 
 namespace pallomir {
@@ -35,22 +37,30 @@ void Main_Form::cboEpochs_Click() {
   const int item = range_->cboEpochs->currentIndex();
   const std::string text = range_->cboEpochs->currentText().toStdString();
   if (item < 0 || text.size() < kShortestItem) return;
-  if (item >= static_cast<int>(kEpochs))
-    throw CommandError("Epoch " + std::to_string(item) + " has no records: there is room for 30.", "ERROR");
+  if (item >= static_cast<int>(kEpochs)) {
+    status_->setText(QString("Epoch %1 has no records: there is room for 30.").arg(item));
+    return;
+  }
   const Epoch epoch = EpochOfItem(text);
   range_->txtStartTime->setText(QString::fromStdString(epoch.Start));
   range_->txtEndTime->setText(QString::fromStdString(epoch.End));
   range_->txtStartEvent->setText(QString::number(session_.EpochStartRecord[item]));
   range_->txtEndEvent->setText(QString::number(session_.EpochEndRecord[item]));
-  const double first = session_.EpochStartRecord[item], last = session_.EpochEndRecord[item];
-  if (first == 0 && last == 0) {
-    status_->setText("The records of this epoch are not known yet: Define Epochs, Get Event IDs finds them.");
-    return;
+  status_->setText(AboutRecords(session_.EpochStartRecord[item], session_.EpochEndRecord[item]));
+}
+
+QString Main_Form::AboutRecords(int32_t first, int32_t last) const {
+  if (first == 0 && last == 0)
+    return "The records of this epoch are not known yet: Define Epochs, Get Event IDs finds them.";
+  try {
+    const auto start = TimeOfRecord(session_, first), end = TimeOfRecord(session_, last);
+    if (start < NumberIn(range_->txtStartTime) || end > NumberIn(range_->txtEndTime))
+      return "These records are those of an earlier search: Define Epochs, Get Event IDs finds the epoch's own.";
+  } catch (const CommandError& error) {
+    // To choose is not to load yet: no box.
+    return FromText(error.what());
   }
-  const auto start = TimeOfRecord(session_, first), end = TimeOfRecord(session_, last);
-  if (start < NumberIn(range_->txtStartTime) || end > NumberIn(range_->txtEndTime))
-    status_->setText(
-        "These records are those of an earlier search: Define Epochs, Get Event IDs finds the epoch's own.");
+  return {};
 }
 
 void Main_Form::cmdDefineEpochs_Click() {
@@ -103,7 +113,7 @@ void Main_Form::cmdLoad_Click() {
 void Main_Form::frmLoadMultipleEpochs_Unload() {
   for (QLineEdit* box : {range_->txtStartEvent, range_->txtEndEvent, range_->txtStartTime, range_->txtEndTime})
     box->clear();
-  session_.LoadStartRecord = session_.LoadEndRecord = 0;
+  GiveUpRange(session_);
   session_.MultipleEpochs = false;
   multipleEpochs_ = nullptr;
   range_->cmdLoadPoints->setEnabled(true);

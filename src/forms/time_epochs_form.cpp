@@ -6,6 +6,7 @@
 #include "controls/run_command.h"
 #include "controls/toolkit_values.h"
 #include "files/error.h"
+#include "session/work_pace.h"
 #include "timesel/events_file.h"
 
 namespace pallomir {
@@ -104,7 +105,7 @@ void TimeEpochs::LayOut() {
   progress_->setRange(0, 32767);
   progress_->setTextVisible(false);
   auto* stop = MakeButton("cmdStopSearch", "Stop", "Stop the search; what was found stays (Esc)");
-  connect(stop, &QPushButton::clicked, this, [this] { stop_ = true; });
+  connect(stop, &QPushButton::clicked, this, &TimeEpochs::StopWork);
   report_ = new QWidget;
   auto* reportColumn = new QVBoxLayout(report_);
   reportColumn->setContentsMargins(0, 0, 0, 0);
@@ -168,27 +169,55 @@ void TimeEpochs::cmdLoadEventsFile_Click() {
   const QString path = dialogs_.OpenFile(
       this, {"Select Events File", "Neuralynx Events File (*.Nev)|*.Nev|All files (*.*)|*.*", "Events.Nev", {}});
   if (path.isEmpty()) return;
-  const QScopeGuard done = qScopeGuard([this] {
-    busy_ = stop_ = false;
-    commands_->setEnabled(true);
-    txtEventsFile_->setFocus();
+  Work(txtEventsFile_, [&] {
+    QString outcome = "%1 lines from %2. Double-click an event to select its time.";
+    try {
+      const std::string listing =
+          EventsListing(QDir::toNativeSeparators(path).toStdString(), chkFilter_->isChecked(), *this);
+      txtEventsFile_->clear();
+      ShowListing(listing);
+    } catch (const Interrupted&) {
+      outcome = "Stopped; %1 lines are listed.";
+    }
+    outcome = outcome.arg(txtEventsFile_->blockCount() - 1);
+    hint_->setText(outcome.contains("%2") ? outcome.arg(QFileInfo(path).fileName()) : outcome);
   });
-  busy_ = true;
-  commands_->setEnabled(false);
-  try {
-    const std::string listing =
-        EventsListing(QDir::toNativeSeparators(path).toStdString(), chkFilter_->isChecked(), *this);
-    txtEventsFile_->setPlainText(QString::fromStdString(listing));
-    hint_->setText(QString("%1 lines from %2. Double-click an event to select its time.")
-                       .arg(txtEventsFile_->blockCount() - 1)
-                       .arg(QFileInfo(path).fileName()));
-  } catch (const Interrupted&) {
-    hint_->setText("Stopped; no events were listed.");
+}
+
+void TimeEpochs::ShowListing(std::string_view listing) {
+  // A million lines take the text box seconds.
+  constexpr size_t kPiece = 65536;
+  WorkPace pace(*this);
+  for (size_t at = 0; at < listing.size();) {
+    const size_t end = std::min(listing.find('\n', at + kPiece), listing.size() - 1) + 1;
+    const QString piece = FromText(listing.substr(at, end - at));
+    if (at == 0) {
+      txtEventsFile_->setPlainText(piece);  // which leaves the cursor at the beginning
+    } else {
+      QTextCursor cursor(txtEventsFile_->document());
+      cursor.movePosition(QTextCursor::End);
+      cursor.insertText(piece);
+    }
+    at = end;
+    pace.Reached(static_cast<double>(at) / static_cast<double>(listing.size()));
   }
 }
 
+void TimeEpochs::Work(QWidget* next, const std::function<void()>& work) {
+  const QScopeGuard done = qScopeGuard([this, next] {
+    busy_ = stop_ = false;
+    commands_->setEnabled(true);
+    next->setFocus();
+    emit Idle();
+  });
+  busy_ = true;
+  commands_->setEnabled(false);
+  work();
+}
+
 void TimeEpochs::SelectStamp(QTextCursor cursor) {
-  const auto digits = cursor.block().text().section(' ', 0, 0).size();
+  const QString line = cursor.block().text();
+  const auto digits = std::find_if_not(line.begin(), line.end(), [](QChar c) { return c.isDigit(); }) - line.begin();
   cursor.setPosition(cursor.block().position());
   cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, static_cast<int>(digits));
   txtEventsFile_->setTextCursor(cursor);
@@ -201,25 +230,19 @@ void TimeEpochs::TakeSelection(QLineEdit* box) {
 }
 
 void TimeEpochs::cmdFindEventNumbers_Click() {
-  const QScopeGuard done = qScopeGuard([this] {
-    busy_ = stop_ = false;
-    commands_->setEnabled(true);
-    findChild<QPushButton*>("cmdFindEventNumbers")->setFocus();
-    HideProgress();
-    ShowRecords();
+  Work(findChild<QPushButton*>("cmdFindEventNumbers"), [this] {
+    const QScopeGuard done = qScopeGuard([this] { ShowRecords(); });
+    txtEventIDProgress_->clear();
+    ShowReport(true);
+    try {
+      FindEventIDs(session_, *this, Typed());
+      txtEventIDProgress_->moveCursor(QTextCursor::Start);
+      ShowMessage("Done Finding Event IDs", {});
+      ShowReport(false);
+    } catch (const Interrupted&) {
+      hint_->setText("Stopped; the rows reported above were found.");
+    }
   });
-  busy_ = true;
-  commands_->setEnabled(false);
-  txtEventIDProgress_->clear();
-  ShowReport(true);
-  try {
-    FindEventIDs(session_, *this, Typed());
-    txtEventIDProgress_->moveCursor(QTextCursor::Start);
-    ShowMessage("Done Finding Event IDs", {});
-    ShowReport(false);
-  } catch (const Interrupted&) {
-    hint_->setText("Stopped; the rows reported above were found.");
-  }
 }
 
 void TimeEpochs::ShowReport(bool shown) {
@@ -251,9 +274,13 @@ void TimeEpochs::cmdCancel_Click() {
   QDialog::reject();
 }
 
+bool TimeEpochs::StopWork() {
+  stop_ = busy_;
+  return busy_;
+}
+
 void TimeEpochs::reject() {
-  stop_ = true;
-  if (busy_) return;
+  if (StopWork()) return;
   if (ItemsOf(Typed()) == before_ || dialogs_.Confirm(this, "Leave without keeping the epochs that you changed?"))
     QDialog::reject();
 }
@@ -298,6 +325,8 @@ void TimeEpochs::AppendMessage(std::string_view line) {
 
 void TimeEpochs::ShowProgress(int value) {
   progress_->setValue(value);
+  if (report_->isHidden())
+    hint_->setText(QString("Listing the events: %1 %. Esc stops it.").arg(100 * value / progress_->maximum()));
 }
 
 void TimeEpochs::HideProgress() {

@@ -2,7 +2,9 @@
 
 #include <QDialog>
 #include <QStringList>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/dialogs.h"
@@ -35,9 +37,14 @@ class TimeEpochs : public QDialog, public World {
   void HideProgress() override;
   bool PumpEvents() override;
 
+  /// Stops a search or a listing that is under way; false when none is.
+  bool StopWork();
+
  signals:
   /// The user is done: the items that cboEpochs is to hold.
   void Done(const QStringList& items);
+  /// A search or a listing has ended.
+  void Idle();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -47,7 +54,10 @@ class TimeEpochs : public QDialog, public World {
  private:
   void LayOut();
   void Connect();
+  /// Runs what may take long, with all but Stop and Esc shut off; `next` has the focus afterwards.
+  void Work(QWidget* next, const std::function<void()>& work);
   void cmdLoadEventsFile_Click();
+  void ShowListing(std::string_view listing);
   void TakeSelection(QLineEdit* box);
   void cmdFindEventNumbers_Click();
   void cmdSave_Click();

@@ -30,10 +30,8 @@ double Number(size_t row, const char* box, const std::string& text) {
 std::vector<double> ReadStamps(const Session& session, World& world, const RecordGeometry& geometry) {
   FileReader file(session.File.Path);
   std::vector<double> stamps;
-  const auto count = static_cast<double>(session.File.RecordCount);
   ScanStamps(file, session, world, geometry, [&](int64_t, std::span<const double> block) {
     stamps.insert(stamps.end(), block.begin(), block.end());
-    world.ShowProgress(static_cast<int>(32767 * (static_cast<double>(stamps.size()) / count)));
     return false;
   });
   return stamps;

@@ -11,6 +11,7 @@
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/raw_layout.h"
+#include "session/work_pace.h"
 #include "timesel/timestamp.h"
 
 namespace pallomir {
@@ -19,7 +20,6 @@ namespace {
 
 constexpr auto kHeader = static_cast<int64_t>(kRawHeaderBytes);
 constexpr auto kRecord = static_cast<int64_t>(kEventsLayout.RecordBytes);
-constexpr int64_t kMostLines = 1'000'000;
 
 std::string Printable(const unsigned char* begin, const unsigned char* end) {
   std::string text;
@@ -51,6 +51,7 @@ std::string EventsListing(const std::string& path, bool filter, World& world) {
   const auto last = static_cast<int64_t>(std::nearbyint(places));
   constexpr int64_t kBlock = 4096;
   std::vector<unsigned char> bytes(static_cast<size_t>(std::clamp<int64_t>(last + 1, 0, kBlock) * kRecord));
+  WorkPace pace(world);
   std::string listing;
   int64_t lines = 0;
   for (int64_t n = 0; n <= last; n += kBlock) {
@@ -63,12 +64,10 @@ std::string EventsListing(const std::string& path, bool filter, World& world) {
       const unsigned char* record = bytes.data() + r * kRecord;
       const std::string event = Printable(record + kEventText, record + kEventText + kEventTextBytes);
       if (filter && Filtered(event)) continue;
-      if (++lines > kMostLines)
-        throw CommandError(file.Name() + " lists more than a million events: no form can show them. Tick \"Do not " +
-                           "display TTL and AD Errors\", or choose an events file.");
+      if (++lines > kMostEvents) return listing + "Only the first million events are listed: the file holds more.\r\n";
       listing += StampText(TimestampFromBytes(record + kEventsLayout.StampOffset)) + "  " + event + "\r\n";
     }
-    if (!world.PumpEvents()) throw Interrupted();
+    pace.Reached(static_cast<double>(n) / static_cast<double>(last + 1));
   }
   return listing;
 }

@@ -7,6 +7,7 @@
 #include "files/file_utility.h"
 #include "files/parameter_header.h"
 #include "files/raw_layout.h"
+#include "session/work_pace.h"
 #include "timesel/timestamp.h"
 
 namespace pallomir {
@@ -23,11 +24,11 @@ std::optional<RecordGeometry> GeometryOf(const std::string& path) {
 void ScanStamps(FileReader& file, const Session& session, World& world, const RecordGeometry& geometry,
                 const std::function<bool(int64_t first, std::span<const double> stamps)>& visit) {
   constexpr int64_t kBlock = 1024;
-  constexpr int64_t kPumpEvery = 256 * kBlock;
   const int64_t count = session.File.RecordCount;
   const auto held = static_cast<size_t>(std::clamp<int64_t>(count, 0, kBlock));
   std::vector<unsigned char> bytes(held * geometry.RecordBytes);
   std::vector<double> stamps(held);
+  WorkPace pace(world);
   for (int64_t first = 0; first < count; first += kBlock) {
     const auto records = static_cast<size_t>(std::min(kBlock, count - first));
     const size_t got =
@@ -40,7 +41,7 @@ void ScanStamps(FileReader& file, const Session& session, World& world, const Re
       stamps[r] = TimestampFromBytes(bytes.data() + place);
     }
     if (visit(first, {stamps.data(), records})) return;
-    if (first % kPumpEvery == 0 && !world.PumpEvents()) throw Interrupted();
+    pace.Reached(static_cast<double>(first) / static_cast<double>(count));
   }
 }
 

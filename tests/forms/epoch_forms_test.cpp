@@ -159,6 +159,40 @@ class EpochFormsTest : public QObject {
       QCOMPARE(program.Text(box), "");
   }
 
+  void OfTheClosedFormsRangeAllCommandsSeeOneRow() {
+    Program program(1000);
+    program.Load();
+    program.Click("lblNewCluster(3)");
+    program.DrawPolygon({{50, 5}, {950, 5}, {950, 95}, {50, 95}});
+    SetEpochs(program, {{100, 600}});
+    QWidget* form = const_cast<QWidget*>(Several(program));
+    Box<QCheckBox>(form, "chkSelectEpoch(0)")->click();
+    Box<QPushButton>(form, "cmdLoad")->click();
+    QCOMPARE(program.Shared.Points.Rows(), size_t{501});
+    form->close();
+    program.Type("txtStartTime", "0");
+    program.Type("txtEndTime", "9999999");
+    program.Get<QPlainTextEdit>("txtMessages")->clear();
+    program.Click("cmdWriteClustFile");
+    QVERIFY(program.Answers.Messages.isEmpty());
+    // Record 100 is the range's first; MPeak-2 is 0 there, beside the cluster.
+    QCOMPARE(program.Messages(),
+             "Wrote Cluster 3: 0 points\nWrote Cluster 0 (Undefined points): 1 points\nDone Writing CLFiles");
+    QFile written(program.Path("TT1/Undefined_cl-maze1"));
+    QVERIFY(written.open(QIODevice::ReadOnly));
+    const QByteArray lines = written.readAll();
+    QVERIFY(lines.contains("\r\n9999999\r\n100,100,0,") && lines.count("\r\n100,") == 1 && !lines.contains("\r\n101,"));
+    QVERIFY(Status(program).contains("one spike was written"));
+    // And whatever looks at points is refused alike.
+    program.Click("cmdShowWaveforms");
+    Box<QPushButton>(program.Get("Waveforms"), "cmdForward")->click();
+    program.Click("cmdRedraw");
+    QCOMPARE(program.Answers.Messages, QStringList(2, "|Need to Load Points first"));
+    program.Answers.Messages.clear();
+    program.Click("cmdClusterInfo");
+    QVERIFY(program.Messages().endsWith("Cluster 3: 0 points"));
+  }
+
   void ChoosingKeepsToTheListsPositions() {
     Program program;
     program.Load();
@@ -172,6 +206,76 @@ class EpochFormsTest : public QObject {
     QCOMPARE(program.Text("txtStartEvent"), "7");
     Choose(program, 3);
     QCOMPARE(program.Text("txtStartEvent") + " " + program.Text("txtStartTime"), "0 12");
+  }
+
+  void ChoosingAnEpochRaisesNoBox() {
+    Program program;
+    program.Load();
+    SetEpochs(program, {{100, 5000}});
+    Choose(program, 0);
+    QCOMPARE(program.Text("txtEndEvent"), "5000");
+    QVERIFY(Status(program).contains("Record 5000 is not in TT1.Ntt.parms"));
+    QFile::remove(program.Path("TT1/TT1.Ntt.parms"));
+    Choose(program, 0);
+    for (int i = 0; i < 30; ++i) program.Get<QComboBox>("cboEpochs")->addItem("more: 1 2");
+    Choose(program, 30);
+    QVERIFY(Status(program).contains("Epoch 30 has no records"));
+    QVERIFY(program.Answers.Messages.isEmpty());
+  }
+
+  void ExitDuringASearchEndsItAndThenTheProgram() {
+    for (const bool closeBox : {false, true}) {
+      Program program(1000);
+      program.Load();
+      const QWidget* form = Epochs(program);
+      for (const char* name : {"txtEpochLabel(%1)", "txtStart(%1)", "txtEnd(%1)"})
+        for (int row = 0; row < 30; ++row) Box(form, QString(name).arg(row))->setText("1500000");
+      bool pressed = false;
+      QTimer::singleShot(0, &program.Form, [&] {
+        pressed = true;
+        if (closeBox)
+          program.Form.close();
+        else
+          program.Click("cmdExit");
+        QVERIFY(program.Form.isVisible());
+      });
+      Box<QPushButton>(form, "cmdFindEventNumbers")->click();
+      QVERIFY(pressed);
+      QVERIFY2(program.Answers.Messages.isEmpty(), "it did not run to its end");
+      QTRY_VERIFY(!program.Form.isVisible());
+      QVERIFY(QFile::exists(program.Path("TT1/cbfile.exit.txt")));
+    }
+  }
+
+  void ALongListingIsSeenAndStopped() {
+    Program program;
+    program.Start();
+    std::string events = AcquisitionHeader();
+    for (uint64_t n = 0; n < 20'000; ++n) events += EventRecord(n, "lap");
+    program.Write("Events.Nev", QByteArray::fromStdString(events));
+    const QWidget* form = Epochs(program);
+    auto* listing = Box<QPlainTextEdit>(form, "txtEventsFile");
+    auto* hint = Box<QLabel>(form, "hint");
+    const auto load = [&] {
+      program.Answers.FilesToOpen = {program.Path("Events.Nev")};
+      Box<QPushButton>(form, "cmdLoadEventsFile")->click();
+    };
+    load();
+    QVERIFY(hint->text().startsWith("20001 lines from Events.Nev."));
+    QCOMPARE(listing->document()->findBlockByNumber(19'999).text(), "19999  lap");
+    QCOMPARE(listing->document()->findBlockByNumber(20'000).text(), "0  ");
+    QVERIFY(listing->textCursor().atStart());
+    // Stopped on the way, it keeps whole lines.
+    connect(listing, &QPlainTextEdit::blockCountChanged, listing, [&](int blocks) {
+      if (blocks > 1)
+        QTimer::singleShot(0, listing, [&] { QTest::keyClick(const_cast<QWidget*>(form), Qt::Key_Escape); });
+    });
+    load();
+    QVERIFY(form->isVisible());
+    QVERIFY(hint->text().startsWith("Stopped; "));
+    QVERIFY(listing->blockCount() > 1000 && listing->blockCount() < 20'002);
+    QCOMPARE(listing->document()->lastBlock().text(), "");
+    QCOMPARE(hint->text(), QString("Stopped; %1 lines are listed.").arg(listing->blockCount() - 1));
   }
 
  private:
@@ -196,6 +300,7 @@ class EpochFormsTest : public QObject {
       program.Shared.EpochEndRecord[k] = end;
     }
   }
+  static QString Status(const Program& program) { return program.Form.statusBar()->findChild<QLabel*>()->text(); }
   static void Choose(const Program& program, int item) {
     auto* list = program.Get<QComboBox>("cboEpochs");
     list->setCurrentIndex(item);

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "files/error.h"
+#include "files/raw_layout.h"
 #include "support/events_files.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
@@ -73,7 +75,19 @@ TEST_F(EventsFile, StampsHaveFifteenDigitsAtMost) {
     EXPECT_EQ(Listing(AcquisitionHeader() + EventRecord(stamp, "")), text + "  \r\n0  \r\n");
 }
 
-TEST_F(EventsFile, LongOnesAreStoppedOrRefused) {
+TEST_F(EventsFile, TheFirstMillionLinesAreListedAndThatThereAreMore) {
+  const std::string path = folder.Put("Events.Nev", AcquisitionHeader());
+  const std::string note = "Only the first million events are listed: the file holds more.\r\n";
+  for (const auto& [records, more] : {std::pair(999'999, false), {1'000'000, true}}) {
+    std::filesystem::resize_file(path, kRawHeaderBytes + uintmax_t{184} * static_cast<unsigned>(records));
+    const std::string listing = EventsListing(path, false, world);
+    EXPECT_EQ(std::count(listing.begin(), listing.end(), '\n'), kMostEvents + (more ? 1 : 0)) << records;
+    EXPECT_EQ(listing.ends_with("0  \r\n" + note), more) << records;
+  }
+  EXPECT_FALSE(world.ProgressVisible);
+}
+
+TEST_F(EventsFile, MissingOnesAreRefusedAndLongOnesStopped) {
   EXPECT_NE(Refusal([&] { EventsListing(folder / "none.Nev", false, world); }), "");
   world.InterruptAt = 1;
   EXPECT_THROW(Listing(AcquisitionHeader()), Interrupted);

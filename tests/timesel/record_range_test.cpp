@@ -99,7 +99,12 @@ TEST_F(RecordRange, LongFilesAreScannedToTheirEndAndCanBeLeft) {
   const Session session = Recording(stamps);
   for (const int64_t record : {4095, 4096, 4097, 9999})
     EXPECT_EQ(RecordAtStart(session, world, 10.0 * static_cast<double>(record) - 1)->Record, record);
-  world.InterruptAt = world.Pumps + 1;
+  // Seen and stopped while it goes on.
+  world.Slow = true;
+  EXPECT_NE(Refusal([&] { RecordAtStart(session, world, 1e9); }), "");
+  ASSERT_FALSE(world.Progress.empty());
+  EXPECT_TRUE(world.Progress.back() > 20000 && !world.ProgressVisible);
+  world.InterruptAt = world.Pumps + 3;
   EXPECT_THROW(RecordAtStart(session, world, 1e9), Interrupted);
 }
 
