@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 #include "clusters/classify.h"
 #include "clusters/editing.h"
@@ -120,6 +121,25 @@ bool ReadThenClassify(Session& session, std::string_view path, Forget forget, Re
   return true;
 }
 
+/// True when all of a file's content can be read, and there is some boundary in it.
+bool HoldsBoundaries(std::string_view text) {
+  const auto body = BodyBehindHeader(text);
+  if (!body) return false;
+  const auto scratch = std::make_unique<Session>();
+  RecordReader reader(*scratch, text.substr(body->Begin), {}, body->FirstLine);
+  Boundary boundary;
+  bool any = false;
+  try {
+    for (; !reader.AtEnd(); any = true) {
+      reader.ClusterNumber();
+      reader.ReadBoundary(boundary);
+    }
+  } catch (const CommandError&) {
+    return false;
+  }
+  return any;
+}
+
 }  // namespace
 
 std::string BoundariesFilePath(const Session& session, std::string_view name) {
@@ -127,7 +147,7 @@ std::string BoundariesFilePath(const Session& session, std::string_view name) {
 }
 
 void WriteCBFile(const Session& session, World& world, std::string_view path) {
-  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path);
+  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path, HoldsBoundaries);
   SaveFile file(path);
   file.Write(TextHeader("CBFile"));
   for (int c = 1; c <= kClusters; ++c) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "files/error.h"
+#include "files/file_calls.h"
 #include "files/platform.h"
 
 namespace pallomir {
@@ -17,9 +18,11 @@ FileReader::FileReader(std::string_view path) {
   if (!std::filesystem::is_regular_file(native, error)) throw CommandError(std::string(path) + " is not a plain file.");
   // Reads are large, so the stream's own buffer would only add a copy.
   stream_.rdbuf()->pubsetbuf(nullptr, 0);
-  stream_.open(native, std::ios::binary);
-  length_ = std::filesystem::file_size(native, error);
-  if (!stream_ || error) throw CommandError(std::string(path) + " cannot be opened for reading.");
+  if (!Faulted(FileCall::Open)) stream_.open(native, std::ios::binary);
+  // Of the file that was opened: its name may stand for another one by now.
+  const auto end = stream_.is_open() ? stream_.seekg(0, std::ios::end).tellg() : std::streampos(-1);
+  if (end < 0) throw CommandError(std::string(path) + " cannot be opened for reading.");
+  length_ = static_cast<uint64_t>(end);
 }
 
 size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {

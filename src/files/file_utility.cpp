@@ -1,6 +1,7 @@
 #include "files/file_utility.h"
 
 #include "files/error.h"
+#include "files/file_calls.h"
 #include "files/file_reader.h"
 #include "files/parameter_header.h"
 #include "files/platform.h"
@@ -41,18 +42,27 @@ long GetHeaderLength(std::string_view path) {
   }
 }
 
-void RenameFile(std::string_view from, std::string_view to) {
-  std::error_code error;
-  std::filesystem::rename(PlatformPath(from), PlatformPath(to), error);
+bool RenameFile(std::string_view from, std::string_view to) {
+  const std::filesystem::path target = PlatformPath(to);
+  std::error_code error, ignored;
+  if (Faulted(FileCall::Rename))
+    error.assign(errno, std::generic_category());
+  else
+    std::filesystem::rename(PlatformPath(from), target, error);
+  if (error == std::errc::no_such_file_or_directory && std::filesystem::exists(target.parent_path(), ignored))
+    return false;
   if (error)
     throw CommandError(std::string(from) + " cannot be renamed to " + std::string(to) + " (" + error.message() + ").");
+  return true;
 }
 
-void SafeguardFile(std::string_view path) {
+void SafeguardFile(std::string_view path, const std::function<bool(std::string_view)>& worthKeeping) {
+  // A link's own place is taken; what it points to is not written to, and needs no copy.
+  std::error_code error;
+  if (std::filesystem::is_symlink(PlatformPath(path), error)) return;
   const std::string content = ReadText(path);
   const std::string copy = std::string(path) + ".bak";
-  const bool headerOnly = TextHeaderLength(content) == static_cast<long>(content.size());
-  if (headerOnly && FileExists(copy)) return;
+  if (FileExists(copy) && !worthKeeping(content)) return;
   SaveFile file(copy);
   file.Write(content);
   file.Commit();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -24,12 +25,13 @@ uint64_t FileLength(std::string_view path);
 long GetHeaderLength(std::string_view path);
 
 /// Gives a file another name, and takes the place of the file, if any, that had it: at every moment one of the two
-/// stands under the new name. Throws CommandError when that fails; both are then as they were.
-void RenameFile(std::string_view from, std::string_view to);
+/// stands under the new name. False when there is no file `from` (any more). Throws CommandError when that fails; both
+/// are then as they were.
+bool RenameFile(std::string_view from, std::string_view to);
 
-/// Keeps a copy of an existing file beside it, under its name + ".bak", all or nothing; the file itself is untouched. A
-/// file that holds nothing but a header does not displace an earlier copy. Throws CommandError when no copy can be
-/// made.
-void SafeguardFile(std::string_view path);
+/// Keeps a copy of an existing file beside it, under its name + ".bak", all or nothing; the file itself is untouched.
+/// `worthKeeping` is asked about the content, in the caller's format: what cannot be read, or holds nothing, does not
+/// displace an earlier copy. Throws CommandError when no copy can be made.
+void SafeguardFile(std::string_view path, const std::function<bool(std::string_view content)>& worthKeeping);
 
 }  // namespace pallomir::FileUtility

@@ -1,6 +1,7 @@
 #include "files/platform.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cstdint>
 #include <fstream>
 #include <new>
@@ -9,11 +10,14 @@
 #ifdef _WIN32
 #define NOMINMAX
 #include <io.h>
+#include <process.h>
 #include <windows.h>
 #else
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
@@ -69,6 +73,137 @@ std::FILE* OpenFile(const std::filesystem::path& path, const char* mode) {
   return std::fopen(path.c_str(), mode);
 #endif
 }
+
+#ifdef _WIN32
+
+// A file that is open here cannot be removed by another program, which is the lock on it. The lock that is asked for
+// lies behind any content, which stays readable so.
+
+static bool TakeLock(std::FILE* file) {
+  OVERLAPPED place{};
+  place.OffsetHigh = 0x40000000;
+  const auto handle = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(file)));
+  return LockFileEx(handle, LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0, &place);
+}
+
+std::FILE* MakeFile(const std::filesystem::path& path) {
+  std::FILE* const file = _wfopen(path.c_str(), L"wbxN");
+  if (file) TakeLock(file);
+  return file;
+}
+
+std::FILE* OpenLocked(const std::filesystem::path& path, IfMissing missing, bool& taken) {
+  taken = false;
+  std::error_code error;
+  const auto kind = std::filesystem::symlink_status(path, error).type();
+  const bool make = kind == std::filesystem::file_type::not_found && missing == IfMissing::Make;
+  if (!make && kind != std::filesystem::file_type::regular) return nullptr;
+  std::FILE* file = _wfopen(path.c_str(), make ? L"wb+xN" : L"rb+N");
+  if (!file || TakeLock(file)) return file;
+  taken = true;
+  std::fclose(file);
+  return nullptr;
+}
+
+void EmptyFile(std::FILE* file) {
+  std::rewind(file);
+  _chsize_s(_fileno(file), 0);
+}
+
+std::error_code RenameAndClose(std::FILE* file, const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::fclose(file);
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  return error;
+}
+
+void RemoveAndClose(std::FILE* file, const std::filesystem::path& path) {
+  std::fclose(file);
+  std::error_code error;
+  std::filesystem::remove(path, error);
+}
+
+std::string ThisProgram() {
+  char host[MAX_COMPUTERNAME_LENGTH + 1] = "";
+  DWORD size = sizeof host;
+  GetComputerNameA(host, &size);
+  return "process " + std::to_string(_getpid()) + " on " + host;
+}
+
+#else
+
+enum class Lock { Held, Taken, NotThere, Unknown };
+
+/// NotThere: the name stands for another file by now, or for none. Unknown: the file system has no locks.
+static Lock TakeLock(int descriptor, const std::filesystem::path& path) {
+  if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) return errno == EWOULDBLOCK ? Lock::Taken : Lock::Unknown;
+  struct stat opened {
+  }, named{};
+  const bool same = fstat(descriptor, &opened) == 0 && lstat(path.c_str(), &named) == 0 &&
+                    opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+  return same ? Lock::Held : Lock::NotThere;
+}
+
+std::FILE* MakeFile(const std::filesystem::path& path) {
+  const int descriptor = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  if (descriptor < 0) return nullptr;
+  const Lock lock = TakeLock(descriptor, path);
+  if (lock == Lock::Held || lock == Lock::Unknown) return fdopen(descriptor, "wb");
+  // Another program's RemoveLeftovers() came between.
+  close(descriptor);
+  errno = EEXIST;
+  return nullptr;
+}
+
+std::FILE* OpenLocked(const std::filesystem::path& path, IfMissing missing, bool& taken) {
+  taken = false;
+  const bool make = missing == IfMissing::Make;
+  for (;;) {
+    // Opening a pipe would wait for its other end.
+    constexpr int kPlainly = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    int descriptor = open(path.c_str(), O_RDWR | kPlainly | (make ? O_CREAT : 0), 0666);
+    const bool ours = descriptor >= 0;
+    // Another user's file may not be written to, but it tells whether that user's program runs.
+    if (!ours && make) descriptor = open(path.c_str(), O_RDONLY | kPlainly);
+    if (descriptor < 0) return nullptr;
+    struct stat opened {};
+    const bool plain = fstat(descriptor, &opened) == 0 && S_ISREG(opened.st_mode) && opened.st_nlink <= 1;
+    const Lock lock = plain ? TakeLock(descriptor, path) : Lock::Unknown;
+    if (lock == Lock::Held && ours) return fdopen(descriptor, "rb+");
+    // What nobody holds, or can hold, makes room for a file of our own.
+    const bool inTheWay = make && plain && (lock == Lock::Unknown || lock == Lock::Held);
+    const bool removed = inTheWay && unlink(path.c_str()) == 0;
+    close(descriptor);
+    taken = lock == Lock::Taken;
+    if (lock != Lock::NotThere && !(removed && lock == Lock::Held)) return nullptr;
+  }
+}
+
+void EmptyFile(std::FILE* file) {
+  std::rewind(file);
+  if (ftruncate(fileno(file), 0) != 0) return;
+}
+
+std::error_code RenameAndClose(std::FILE* file, const std::filesystem::path& from, const std::filesystem::path& to) {
+  std::error_code error;
+  std::filesystem::rename(from, to, error);
+  std::fclose(file);
+  return error;
+}
+
+void RemoveAndClose(std::FILE* file, const std::filesystem::path& path) {
+  std::error_code error;
+  std::filesystem::remove(path, error);
+  std::fclose(file);
+}
+
+std::string ThisProgram() {
+  char host[256] = "";
+  gethostname(host, sizeof host - 1);
+  return "process " + std::to_string(getpid()) + " on " + host;
+}
+
+#endif
 
 uint64_t PeakMemory() {
 #ifdef _WIN32

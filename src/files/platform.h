@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 // Everything that differs between operating systems; platform.cpp is the only file that may ask which one it is.
 
@@ -47,6 +48,29 @@ void FlushFolder(const std::filesystem::path& folder);
 
 /// Opens a file with C's fopen() under a path of the operating system.
 std::FILE* OpenFile(const std::filesystem::path& path, const char* mode);
+
+/// Makes a file for writing under a name that nothing has, not even a link, and holds the system's lock on it until it
+/// is closed: so RemoveLeftovers() tells it from what a dead program left. Null when it cannot be made, with errno set:
+/// EEXIST when another name may do.
+std::FILE* MakeFile(const std::filesystem::path& path);
+
+/// Opens a plain file, never through a link, for reading and writing, and takes the system's lock on it. Null when that
+/// cannot be; `taken` tells whether that is because another program, or another part of this one, holds the lock.
+enum class IfMissing { Make, Leave };
+std::FILE* OpenLocked(const std::filesystem::path& path, IfMissing missing, bool& taken);
+
+/// Takes away all that a file held.
+void EmptyFile(std::FILE* file);
+
+/// Gives a file that is still open, and locked, the name `to`, and closes it: the file that had the name, or the link,
+/// is replaced.
+std::error_code RenameAndClose(std::FILE* file, const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Takes a file that is still open away, and closes it.
+void RemoveAndClose(std::FILE* file, const std::filesystem::path& path);
+
+/// The program that runs, for who meets its lock: "process 4711 on rig2".
+std::string ThisProgram();
 
 /// The most memory that the program has had in use, in bytes; 0 where the system does not tell.
 uint64_t PeakMemory();

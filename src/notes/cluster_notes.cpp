@@ -95,9 +95,26 @@ class NoteReader {
   int line_ = 0;
 };
 
+ByCluster<ClusterNote> NotesFrom(std::string_view text) {
+  ByCluster<ClusterNote> notes;
+  NoteReader reader(text);
+  for (int c = 0; c <= kClusters; ++c) notes[c] = reader.Read(c);
+  reader.RequireEnd();
+  return notes;
+}
+
+/// True when all of a file's content can be read, and some cluster is graded or remarked on.
+bool HoldsNotes(std::string_view text) {
+  try {
+    return NotesFrom(text) != ByCluster<ClusterNote>();
+  } catch (const CommandError&) {
+    return false;
+  }
+}
+
 void SafeguardWherePossible(const std::string& path) {
   try {
-    FileUtility::SafeguardFile(path);
+    FileUtility::SafeguardFile(path, HoldsNotes);
   } catch (const CommandError&) {
     // Notes in a folder that cannot be written to may be read all the same.
   }
@@ -118,13 +135,7 @@ void CheckRemarks(int c, std::string_view remarks) {
 }
 
 ByCluster<ClusterNote> NotesIn(std::string_view path) {
-  ByCluster<ClusterNote> notes;
-  if (!FileUtility::FileExists(path)) return notes;
-  const std::string text = ReadText(path);
-  NoteReader reader(text);
-  for (int c = 0; c <= kClusters; ++c) notes[c] = reader.Read(c);
-  reader.RequireEnd();
-  return notes;
+  return FileUtility::FileExists(path) ? NotesFrom(ReadText(path)) : ByCluster<ClusterNote>();
 }
 
 bool ReadNotes(Session& session) {
@@ -138,7 +149,7 @@ bool ReadNotes(Session& session) {
 void WriteNotes(const Session& session) {
   for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
   const std::string path = NotesFilePath(session);
-  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path);
+  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path, HoldsNotes);
   SaveFile file(path);
   for (const ClusterNote& note : session.Notes)
     file.Write(std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n");

@@ -23,9 +23,7 @@ constexpr double kShareWritten = 0.85;
 /// A file of lines that is being written beside the one it will replace.
 class LineFile {
  public:
-  LineFile(const std::string& path, std::string_view beginning) : file_(path, SaveFile::Links::Replace) {
-    file_.Write(beginning);
-  }
+  LineFile(const std::string& path, std::string_view beginning) : file_(path) { file_.Write(beginning); }
 
   /// Where a line of up to SpikeLines::kRoom characters may be put.
   char* Room() {
@@ -158,8 +156,7 @@ bool KeepAsOld(const Session& session, const std::string& name, int c) {
   const std::string path = ClusterFilePath(session, name, c), old = OldClusterFilePath(session, name, c);
   if (!FileUtility::FileExists(path)) return false;
   const bool older = FileUtility::FileExists(old);
-  FileUtility::RenameFile(path, old);
-  return older;
+  return FileUtility::RenameFile(path, old) && older;
 }
 
 void ReportWritten(World& world, const LineFiles& files, const ClusterSet& placed) {

@@ -12,6 +12,7 @@
 #include "clusters/undo.h"
 #include "files/file_reader.h"
 #include "files/text_header.h"
+#include "support/injected_fault.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
@@ -181,9 +182,10 @@ TEST(BoundariesFile, WritesThatFailLeaveTheEarlierFile) {
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
   const std::string first = ReadText(desk.Folder / "cut.txt");
-  // Nothing can be made beside it: a folder stands where the new file would be written.
-  std::filesystem::create_directory(desk.Folder / "cut.txt.saving~");
-  EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("cut")); }), "");
+  {
+    const InjectedFault nothingBeside(3, FileCall::Open);
+    EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("cut")); }), "");
+  }
   EXPECT_EQ(ReadText(desk.Folder / "cut.txt"), first);
   // A name that is a folder, or in one that is not there.
   std::filesystem::create_directory(desk.Folder / "folder.txt");
@@ -203,6 +205,19 @@ TEST(BoundariesFile, AnEarlierCutSurvivesBesideTheNewOne) {
   WriteCBFile(empty, desk.World, desk.Path("cut"));
   WriteCBFile(empty, desk.World, desk.Path("cut"));
   EXPECT_EQ(ReadText(desk.Folder / "cut.txt.bak"), full);
+}
+
+TEST(BoundariesFile, ABrokenOneDoesNotTakeTheCopysPlace) {
+  Desk desk;
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+  const std::string good = ReadText(desk.Folder / "cut.txt");
+  WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+  for (const std::string& broken : {std::string(), std::string("no header"), good.substr(0, good.size() - 9)}) {
+    desk.Folder.Put("cut.txt", broken);
+    WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
+    EXPECT_EQ(ReadText(desk.Folder / "cut.txt.bak"), good);
+  }
 }
 
 TEST(Autosave, IsDueAfterFiveMinutesAndAfterMidnight) {

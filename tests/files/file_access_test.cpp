@@ -4,6 +4,7 @@
 #include "files/file_reader.h"
 #include "files/file_utility.h"
 #include "files/save_file.h"
+#include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 
@@ -82,11 +83,10 @@ TEST_F(SavedFile, TakesTheOldOnesPlaceOnlyWhenItIsWhole) {
 }
 
 TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
-  // What is written beside the file goes to a device that is always full.
   const std::string sentence =
       path + " could not be written to the end (No space left on device); what stood there before is untouched.";
   for (const size_t count : {5, 1'000'000}) {  // found out at the end, or on the way
-    fs::create_symlink("/dev/full", path + ".saving~");
+    const InjectedFault full(1, count == 5 ? FileCall::Flush : FileCall::Write);
     EXPECT_EQ(Refusal([&] { Save(path, std::string(count, 'x')); }), sentence);
   }
   EXPECT_EQ(ReadText(path), "old");
@@ -101,19 +101,83 @@ TEST_F(SavedFile, IsRefusedWhereNoFileCanStand) {
 
 TEST_F(SavedFile, IsRenamed) {
   const std::string other = folder.Put("other", "new");
-  FileUtility::RenameFile(other, path);
+  EXPECT_TRUE(FileUtility::RenameFile(other, path));
+  EXPECT_FALSE(FileUtility::RenameFile(other, path));
   EXPECT_EQ(ReadText(path), "new");
   EXPECT_TRUE(Tidy());
   EXPECT_EQ(Refusal([&] { FileUtility::RenameFile(path, folder / "no/x"); }),
             path + " cannot be renamed to " + folder / "no/x" + " (No such file or directory).");
 }
 
-TEST_F(SavedFile, GoesWhereALinkPoints) {
-  fs::create_directory(folder / "links");
-  fs::create_symlink("../cbfile.txt", folder / "links/to");
-  Save(folder / "links/to", "new");
-  EXPECT_TRUE(fs::is_symlink(folder / "links/to"));
+TEST_F(SavedFile, TakesTheLinksPlaceAndLeavesWhatItPointsTo) {
+  fs::create_symlink("cbfile.txt", folder / "link");
+  fs::create_symlink("nothing", folder / "dangling");
+  for (const char* name : {"link", "dangling"}) {
+    Save(folder / name, "new");
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(folder / name))) << name;
+    EXPECT_EQ(ReadText(folder / name), "new");
+  }
+  EXPECT_EQ(ReadText(path), "old");
+  EXPECT_FALSE(fs::exists(folder / "nothing"));
+}
+
+TEST_F(SavedFile, ReplacesNothingButPlainFiles) {
+  ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
+  EXPECT_EQ(Refusal([&] { Save(folder / "pipe", "new"); }),
+            folder / "pipe" + " is not a plain file; nothing was written.");
+  EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+TEST_F(SavedFile, IsWrittenByTwoAtOnce) {
+  SaveFile one(path), other(path);
+  one.Write("one");
+  other.Write("the other");
+  one.Commit();
+  EXPECT_EQ(ReadText(path), "one");
+  other.Commit();
+  EXPECT_EQ(ReadText(path), "the other");
+  EXPECT_TRUE(Tidy());
+}
+
+TEST_F(SavedFile, PiecesOfDeadProgramsGoAndThoseOfRunningOnesStay) {
+  folder.Put("cl-maze1.3.0123456789abcdef.saving~", "half of a cl");
+  folder.Put("elsewhere/victim", "a stranger's");
+  fs::create_symlink("elsewhere/victim", folder / "x.saving~");
+  ASSERT_EQ(mkfifo((folder / "pipe.saving~").c_str(), 0600), 0);
+  SaveFile running(path), finished(folder / "other");
+  finished.Finish();
+  RemoveLeftovers(folder / "");
+  EXPECT_FALSE(fs::exists(folder / "cl-maze1.3.0123456789abcdef.saving~"));
+  EXPECT_EQ(ReadText(folder / "elsewhere/victim"), "a stranger's");
+  running.Write("new");
+  running.Commit();
+  finished.Commit();
   EXPECT_EQ(ReadText(path), "new");
+}
+
+TEST_F(SavedFile, IsSafeguardedOnlyByWhatIsWorthIt) {
+  const auto worth = [](std::string_view content) { return content != "broken"; };
+  const std::string copy = path + ".bak";
+  for (const auto& [content, kept] :
+       std::initializer_list<std::pair<const char*, const char*>>{{"broken", "broken"},  // there was no copy yet
+                                                                  {"good", "good"},
+                                                                  {"broken", "good"},
+                                                                  {"better", "better"}}) {
+    folder.Put("cbfile.txt", content);
+    FileUtility::SafeguardFile(path, worth);
+    EXPECT_EQ(ReadText(copy), kept);
+    EXPECT_EQ(ReadText(path), content);
+  }
+  // The copy is not written through a link, and none is made of what a link points to.
+  fs::remove(copy);
+  folder.Put("victim", "a stranger's");
+  fs::create_symlink("victim", copy);
+  FileUtility::SafeguardFile(path, worth);
+  EXPECT_EQ(ReadText(folder / "victim"), "a stranger's");
+  EXPECT_EQ(ReadText(copy), "better");
+  fs::create_symlink("victim", folder / "link");
+  FileUtility::SafeguardFile(folder / "link", worth);
+  EXPECT_FALSE(fs::exists(folder / "link.bak"));
 }
 
 }  // namespace

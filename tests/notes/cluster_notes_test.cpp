@@ -8,6 +8,7 @@
 #include <map>
 
 #include "files/file_reader.h"
+#include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 
@@ -127,7 +128,7 @@ TEST(ClusterNotes, SurviveAFolderThatTakesNoFile) {
   EXPECT_NE(Refusal([&] { WriteNotes(desk.Shared); }), "");
   EXPECT_EQ(desk.Saved(), before);
   std::filesystem::remove(desk.Folder / "ClNotes.bak");
-  std::filesystem::create_symlink("/dev/full", desk.Folder / "ClNotes.saving~");
+  const InjectedFault full(2, FileCall::Flush);
   EXPECT_NE(Refusal([&] { WriteNotes(desk.Shared); }).find("No space left on device"), std::string::npos);
   EXPECT_EQ(desk.Saved(), before);
 }
