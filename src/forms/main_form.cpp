@@ -6,6 +6,7 @@
 #include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/platform.h"
+#include "files/save_file.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/cl_note_form.h"
@@ -82,7 +83,7 @@ bool Main_Form::ChooseParameterFile() {
     range_->txtCurDir->setCursorPosition(0);
     try {
       OpenParameterFile(session_, QDir::toNativeSeparators(chosen).toStdString());
-      return true;
+      if (EnterFolder()) return true;
     } catch (const ProgramEnd& end) {
       ShowMessage(end.what(), end.Title());
       return false;
@@ -90,6 +91,20 @@ bool Main_Form::ChooseParameterFile() {
       ShowMessage(error.what(), error.Title());
     }
   }
+}
+
+bool Main_Form::EnterFolder() {
+  folder_ = FolderLock(session_.DataDirectory);
+  if (folder_.Taken()) {
+    const std::string holder = "Another program is at work in this folder: " + folder_.Holder() + ".";
+    if (!dialogs_.Confirm(this, FromText(holder + "\n\nOpen " + session_.DataDirectory +
+                                         " all the same? Nothing would be saved there of its own accord then, neither "
+                                         "when you leave nor in between; what you write yourself would be.")))
+      return false;
+    AppendMessage(holder + " No autosave, exit copy or axis scales are written here; what you write yourself is.");
+  }
+  for (const char* place : {"", "\\.."}) RemoveLeftovers(session_.DataDirectory + place);
+  return true;
 }
 
 void Main_Form::Run(const std::function<void()>& handler) {
@@ -202,6 +217,7 @@ void Main_Form::closeEvent(QCloseEvent* event) {
   }
   closing_ = true;
   Timer1_->stop();
+  folder_ = FolderLock();
   projections_->Supersede();
   projections_->StopSlowRedraw();
   projections_->hide();

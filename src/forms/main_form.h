@@ -11,6 +11,7 @@
 
 #include "clusters/axis_scaling.h"
 #include "controls/dialogs.h"
+#include "files/folder_lock.h"
 #include "forms/input_held_back.h"
 #include "forms/projections.h"
 #include "session/defaults_file.h"
@@ -151,6 +152,8 @@ class Main_Form : public QMainWindow, public World {
   /// What is missing before most commands can run.
   QString NextStep() const;
   bool ChooseParameterFile();
+  /// Takes the data directory for this program, or asks when another has it. False when the user rather not enters.
+  bool EnterFolder();
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
   /// Whether the times typed, by which cluster files and analyses go, hold all loaded points.
@@ -204,6 +207,8 @@ class Main_Form : public QMainWindow, public World {
 
   Session& session_;
   Dialogs& dialogs_;
+  /// Of the data directory. Where another program has it, nothing is saved but what the user orders.
+  FolderLock folder_;
   std::unique_ptr<Components> components_;
   RangePanel* range_;
   AxesPanel* axes_;

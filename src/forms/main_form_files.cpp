@@ -7,6 +7,7 @@
 #include "clusters/undo.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
+#include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "forms/analyses_panel.h"
@@ -126,7 +127,7 @@ void Main_Form::cmdWriteClustFile_Click() {
 
 void Main_Form::Timer1_Timer() {
   const float now = SecondsSinceMidnight();
-  if (working_ || !AutosaveDue(now, lastAutosave_)) return;
+  if (working_ || folder_.Taken() || !AutosaveDue(now, lastAutosave_)) return;
   lastAutosave_ = now;
   try {
     WriteCBFile(session_, *this, AutosavePath(session_));
@@ -193,7 +194,7 @@ void Main_Form::StartAutosave() {
 }
 
 void Main_Form::SaveBeforeTheEnd() {
-  if (session_.DefinitionCounter == 0) return;
+  if (session_.DefinitionCounter == 0 || folder_.Taken()) return;
   try {
     WriteCBFile(session_, *this, AutosavePath(session_));
   } catch (const std::exception& error) {
@@ -206,6 +207,11 @@ void Main_Form::cmdExit_Click() {
 }
 
 bool Main_Form::SaveOnExit() {
+  if (folder_.Taken())
+    return std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0 ||
+           dialogs_.Confirm(this, FromText("The folder belongs to another program (" + folder_.Holder() +
+                                           "), so no exit copy of your cut is written. Write CBFile saves it under a "
+                                           "name of its own.\n\nLeave now?"));
   files_->txtCBFileWrite->setText("cbfile.exit");
   try {
     cmdWriteCBFile_Click();
