@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "components/position_file.h"
+#include "files/folder_lock.h"
 #include "raw_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
@@ -141,6 +142,21 @@ TEST_F(SecondImport, NeverWritesOverALinkAFolderOrASource) {
   EXPECT_EQ(Failure(first), first.Spikes + " is " + first.Spikes + " itself, where a file would be put;" + nothing +
                                 " Name another folder.");
   EXPECT_EQ(ReadText(first.Spikes), ReadText(tetrode1));
+}
+
+TEST_F(SecondImport, ChangesNothingInAFolderThatAProgramWorksIn) {
+  const auto before = Held();
+  const FolderLock working(folder / "out/TT1");
+  EXPECT_EQ(Failure(first), "");  // there is nothing to be changed
+  first.PixelsPerCm = 5;
+  first.Video.clear();
+  first.Replace = true;
+  EXPECT_EQ(Failure(first).find("The folder " + folder / "out/TT1" + " is in use by process "), 0);
+  for (const auto& [path, bytes] : before) {
+    if (std::filesystem::is_regular_file(path)) {
+      EXPECT_EQ(ReadText(path), bytes) << path;
+    }
+  }
 }
 
 TEST_F(SecondImport, GivesTheDirectionsThatTheAnalysesTakeFromTheRawFile) {

@@ -1,15 +1,41 @@
 #include "tools/import/output_file.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
+#include <set>
+#include <thread>
 
 #include "files/error.h"
+#include "files/folder_lock.h"
 #include "files/platform.h"
 #include "files/text_header.h"
+#include "tools/progress.h"
 
 namespace pallomir {
 
 namespace {
+
+/// How long other imports may take to put their files in place.
+constexpr auto kPatience = std::chrono::seconds(30);
+constexpr auto kNextLook = std::chrono::milliseconds(20);
+
+/// Waits up to `patience` for whoever works in the folder, and removes what others that were killed left there.
+FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds patience) {
+  const auto begin = std::chrono::steady_clock::now();
+  while (true) {
+    FolderLock lock(PathText(folder));
+    if (!lock.Taken()) {
+      RemoveLeftovers(PathText(folder));
+      return lock;
+    }
+    if (IsToStop()) throw Interrupted();
+    if (std::chrono::steady_clock::now() - begin >= patience)
+      throw CommandError("The folder " + PathText(folder) + " is in use by " + lock.Holder() +
+                         "; nothing was written. Try again when it has ended.");
+    std::this_thread::sleep_for(kNextLook);
+  }
+}
 
 /// A header's lines without those that tell of program and date.
 std::string WhatCounts(std::string_view header) {
@@ -97,7 +123,7 @@ void OutputFile::EndComparing() {
 }
 
 void OutputFile::BeginWriting() {
-  save_ = std::make_unique<SaveFile>(PathText(path_), SaveFile::Links::Replace);
+  save_ = std::make_unique<SaveFile>(PathText(path_));
   save_->Write(header_);
   writing_ = true;
 }
@@ -132,7 +158,18 @@ void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sour
     for (const OutputFile& file : group.Files) RefuseOddTarget(file.Path(), sources);
   if (!replace)
     for (OutputGroup& group : groups) CompareWithWhatStands(group);
+  std::set<std::filesystem::path> folders;
+  for (OutputGroup& group : groups)
+    for (const OutputFile* file : Open(group, false)) folders.insert(file->Path().parent_path());
+  if (folders.empty()) return;
+  const std::filesystem::path own = groups.back().Files.back().Path().parent_path();
+  std::vector<FolderLock> locks;
+  if (folders.erase(own) > 0) {
+    MakeFolder(own);
+    locks.push_back(LockOf(own, {}));
+  }
   for (OutputGroup& group : groups) WriteBeside(group);
+  for (const std::filesystem::path& folder : folders) locks.push_back(LockOf(folder, kPatience));
   if (!replace)
     for (OutputGroup& group : groups) CompareWithWhatStands(group);
   for (OutputGroup& group : groups)

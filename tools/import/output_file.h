@@ -64,7 +64,8 @@ struct OutputGroup {
 
 /// Makes the groups' files, those of the first group first. Nothing is put in place unless everything can be: throws
 /// CommandError before anything is written when a file stands there that is not a plain one, is one of `sources`, or,
-/// without `replace`, holds something else. What came to stand there meanwhile is judged in the same way.
+/// without `replace`, holds something else. What came to stand there meanwhile is judged in the same way. The folder of
+/// the last group must not be in use by another program; the others are locked while files are put in place.
 void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace);
 
 }  // namespace pallomir
