@@ -19,7 +19,6 @@
 #include "tools/import/import_recording.h"
 #include "tools/raw_files.h"
 #include "tools/sample/make_sample.h"
-#include "tools/target_lock.h"
 
 namespace pallomir {
 
@@ -81,9 +80,7 @@ void ImportTetrode(const std::string& folder, const std::string& tetrode, int ve
   }
   std::ostringstream said;
   Progress progress(said, false);
-  const std::string out = folder + "/out";
-  const TargetLock lock(out, tetrode, said);
-  ImportRecording({.Spikes = raw, .Out = out, .Date = "2026-01-01 00:00:00"}, progress);
+  ImportRecording({.Spikes = raw, .Out = folder + "/out", .Replace = true, .Date = "2026-01-01 00:00:00"}, progress);
 }
 
 std::vector<SavingCommand> SavingCommands() {
@@ -118,7 +115,7 @@ std::vector<SavingCommand> SavingCommands() {
          image.fill(Qt::white);
          SavePictureBytes(PngOf(image), folder + "/TT1/rate map.png");
        }},
-      {"import", [](const std::string& folder, int version) { ImportTetrode(folder, "TT1", version); }, false},
+      {"import", [](const std::string& folder, int version) { ImportTetrode(folder, "TT1", version); }},
       {"sample",
        [](const std::string& folder, int version) {
          std::ostringstream said;

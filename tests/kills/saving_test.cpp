@@ -195,7 +195,7 @@ void ExpectFourAtOnce(const std::function<void(int program, int round)>& run) {
 
 TEST(WritersAtOnce, LeaveWholeFiles) {
   for (const SavingCommand& command : SavingCommands()) {
-    if (!command.OverEarlier) continue;
+    if (!command.OverEarlier || command.Name == "import") continue;
     const TemporaryFolder folder, alone;
     // The OLD file and the copy are of any version.
     std::map<std::string, std::set<std::string>> whole;
