@@ -30,8 +30,11 @@ size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {
   count = static_cast<size_t>(std::min<uint64_t>(count, length_ - offset));
   stream_.clear();
   stream_.seekg(static_cast<std::streamoff>(offset));
-  stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
-  if (stream_.bad()) throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
+  const bool there = stream_.good();
+  if (there) stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
+  // Fewer bytes than asked for are the end of the file only where the disk reports no fault.
+  if (!there || stream_.bad())
+    throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
   return static_cast<size_t>(stream_.gcount());
 }
 

@@ -114,6 +114,7 @@ void Main_Form::Run(const std::function<void()>& handler) {
   }
   status_->clear();
   advice_.clear();
+  stopped_ = "Stopped; everything is as it was before.";
   try {
     if (!RunCommand(*this, handler)) status_->setText(advice_.isEmpty() ? NextStep() : advice_);
   } catch (const ProgramEnd& end) {
@@ -121,7 +122,7 @@ void Main_Form::Run(const std::function<void()>& handler) {
     SaveBeforeTheEnd();
     EndProgram();
   } catch (const Interrupted&) {
-    status_->setText("Stopped; everything is as it was before.");
+    status_->setText(stopped_);
   }
 }
 
@@ -168,6 +169,11 @@ void Main_Form::HideProgress() {
 bool Main_Form::PumpEvents() {
   QCoreApplication::processEvents();
   return !stopWork_;
+}
+
+void Main_Form::StopHeard() {
+  // A program that is to close does not wait for what was.
+  if (!closeAfterWork_) stopWork_ = false;
 }
 
 void Main_Form::EndProgram() {

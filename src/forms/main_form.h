@@ -61,6 +61,7 @@ class Main_Form : public QMainWindow, public World {
   void ShowProgress(int value) override;
   void HideProgress() override;
   bool PumpEvents() override;
+  void StopHeard() override;
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -156,6 +157,8 @@ class Main_Form : public QMainWindow, public World {
   bool EnterFolder();
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
+  /// A load has ended early and left no points.
+  void ShowNoPoints();
   /// Whether the times typed, by which cluster files and analyses go, hold all loaded points.
   bool TimesSpanLoaded() const;
   std::vector<std::string> EpochItems() const;
@@ -228,6 +231,8 @@ class Main_Form : public QMainWindow, public World {
   bool autosaveFailed_ = false;
   /// What a command that ended early says to do next, in the status line.
   QString advice_;
+  /// What holds once a command was stopped.
+  QString stopped_;
   /// Digits typed for a cluster number, and when the first one was.
   int typedCluster_ = 0;
   QElapsedTimer typedAt_;

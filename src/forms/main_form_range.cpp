@@ -41,15 +41,27 @@ void Main_Form::cmdLoadPoints_Click() {
 void Main_Form::LoadRange(int32_t start, int32_t end) {
   QElapsedTimer clock;
   clock.start();
-  Work([&] { LoadPoints(session_, *this, start, end); });
+  const bool loaded = PointsLoaded(session_);
+  try {
+    Work([&] { LoadPoints(session_, *this, start, end); });
+  } catch (...) {
+    if (loaded && !PointsLoaded(session_)) ShowNoPoints();
+    throw;
+  }
   if (closing_) return;
   Redraw();
   RefreshClusters();
-  const QString loaded = QString("%1 points loaded in %2 s.")
-                             .arg(FromText(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
-                             .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2);
-  status_->setText(TimesSpanLoaded() ? loaded
-                                     : loaded + " The times beside do not span them: Enter in both record boxes.");
+  const QString done = QString("%1 points loaded in %2 s.")
+                           .arg(FromText(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
+                           .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2);
+  status_->setText(TimesSpanLoaded() ? done : done + " The times beside do not span them: Enter in both record boxes.");
+}
+
+void Main_Form::ShowNoPoints() {
+  projections_->Clear();
+  projections_->ShowHint();
+  RefreshClusters();
+  stopped_ = "Stopped; what was loaded before could not be read again: no points are loaded now.";
 }
 
 bool Main_Form::TimesSpanLoaded() const {

@@ -63,7 +63,11 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   resized_.setSingleShot(true);
   resized_.setInterval(0);
   connect(&resized_, &QTimer::timeout, this, [this] {
-    if (PointsLoaded(session_) && drawn_) RunCommand(world_, [this] { Redraw(); });
+    // During a load there are no points: those that are there when it has ended are drawn in the new size.
+    if (!PointsLoaded(session_) && options_().Busy)
+      QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
+    else if (PointsLoaded(session_) && drawn_)
+      RunCommand(world_, [this] { Redraw(); });
   });
   slow_.setInterval(kSlowTick);
   connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { SlowTick(); }); });

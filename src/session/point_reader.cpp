@@ -1,29 +1,23 @@
 #include "session/point_reader.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <new>
 #include <optional>
-#include <vector>
+#include <utility>
 
-#include "files/bytes.h"
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
 #include "files/parameter_header.h"
-#include "files/platform.h"
 #include "files/text_items.h"
+#include "session/row_reader.h"
 #include "session/start_up.h"
-#include "session/transpose.h"
 
 namespace pallomir {
 
 namespace {
-
-constexpr int kProgressMaximum = 32767;
-constexpr auto kPumpInterval = std::chrono::milliseconds(20);
 
 std::optional<double> VideoRate(const std::string& path) {
   try {
@@ -49,107 +43,8 @@ void CheckRange(const Session& session, int32_t first, int32_t last) {
                        "ERROR");
 }
 
-/// Hides the progress bar however the reading ends.
-struct ProgressShown {
-  explicit ProgressShown(World& world) : world_(world) { world_.ShowProgress(0); }
-  ~ProgressShown() { world_.HideProgress(); }
-  ProgressShown(const ProgressShown&) = delete;
-  ProgressShown& operator=(const ProgressShown&) = delete;
-  World& world_;
-};
-
-/// Tells the world how far the reading is, and ends it when the user wants so.
-class Pacer {
- public:
-  Pacer(World& world, int64_t first, int64_t rows)
-      : world_(world),
-        first_(first),
-        tenth_(std::llrint(static_cast<double>(rows) / 10)),
-        step_(static_cast<float>(rows) / 32766.0F) {}
-
-  /// Rows up to `end` (exclusive) are read.
-  void Reached(int64_t end) {
-    const int64_t multiple = (end - 1) / tenth_ * tenth_;
-    if (multiple >= first_ && multiple != shown_) {
-      shown_ = multiple;
-      const float value = static_cast<float>(multiple - first_) / step_;
-      world_.ShowProgress(std::min(kProgressMaximum, static_cast<int>(std::lrint(value))));
-    }
-    const auto now = std::chrono::steady_clock::now();
-    if (now - pumped_ < kPumpInterval) return;
-    pumped_ = now;
-    if (!world_.PumpEvents()) throw Interrupted();
-  }
-
- private:
-  World& world_;
-  int64_t first_;
-  int64_t tenth_;
-  float step_;
-  int64_t shown_ = -1;
-  std::chrono::steady_clock::time_point pumped_ = std::chrono::steady_clock::now();
-};
-
-/// What was met while reading.
-struct Findings {
-  ColumnRanges Ranges;
-  int64_t OddRows = 0;
-  int64_t FirstOddRow = -1;
-  size_t MissingBytes = 0;
-};
-
-/// Rows that are read at a time: 261 kB, which are still in the second-level cache when they are spread.
-constexpr size_t kBlockRows = 30 * kTileRows;
-
-/// A load stops before it takes the last of the machine's memory, and looks that often, in blocks.
-constexpr uint64_t kMemoryLeft = 256'000'000;
-constexpr size_t kMemoryBlocks = 256;
-
-/// Reads `count` rows from row `row` on into the buffer, zeros behind them. Only the file's last row may be there in
-/// part; its missing bytes are counted.
-void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool last, std::vector<unsigned char>& buffer,
-               Findings& findings) {
-  const size_t wanted = count * kRowBytes;
-  const size_t got = file.ReadUpTo(header + row * kRowBytes, buffer.data(), wanted);
-  if (got < wanted && (!last || wanted - got >= kRowBytes))
-    throw CommandError(file.Name() + " ended early, at record " + std::to_string(row + got / kRowBytes) + ".");
-  findings.MissingBytes = wanted - got;
-  std::fill(buffer.begin() + got, buffer.end(), 0);
-}
-
-/// Spreads the buffer's rows over the columns from record k on. Whole tiles: the columns are padded to take them, and
-/// the buffer's rows behind `count` are zero.
-void SpreadBlock(const std::vector<unsigned char>& buffer, size_t count, size_t k, PointTable& points,
-                 Findings& findings) {
-  ColumnPointers columns;
-  for (size_t tile = 0; tile < count; tile += kTileRows) {
-    const unsigned char* rows = buffer.data() + tile * kRowBytes;
-    for (int p = 0; p < kParameters; ++p) columns[p] = points.Column(p).data() + k + tile;
-    const bool odd = TransposeTile(rows, columns, findings.Ranges);
-    for (size_t r = 0; r < std::min(kTileRows, count - tile); ++r) {
-      points.Stamps()[k + tile + r] = LoadLittleEndian<uint64_t>(rows + r * kRowBytes);
-      if (odd && HasOddValue(rows + r * kRowBytes) && findings.OddRows++ == 0)
-        findings.FirstOddRow = static_cast<int64_t>(k + tile + r);
-    }
-  }
-}
-
-Findings ReadRows(FileReader& file, long header, int64_t first, PointTable& points, Pacer& pacer) {
-  Findings findings;
-  const size_t rows = points.Rows();
-  std::vector<unsigned char> buffer(kBlockRows * kRowBytes);
-  for (size_t k = 0; k < rows; k += kBlockRows) {
-    const size_t count = std::min(kBlockRows, rows - k);
-    if (k % (kMemoryBlocks * kBlockRows) == 0 && FreeMemory() < kMemoryLeft) throw std::bad_alloc();
-    ReadBlock(file, header, first + k, count, k + count == rows, buffer, findings);
-    SpreadBlock(buffer, count, k, points, findings);
-    pacer.Reached(first + k + count);
-  }
-  return findings;
-}
-
 /// The first load of a run gives every parameter its data range, which always holds 0, and its axis.
-void TakeRanges(Session& session, const Findings& findings) {
+void TakeRanges(Session& session, const RowFindings& findings) {
   for (int p = 0; p < kParameters; ++p) {
     const float low = findings.Ranges.Minimum(p), high = findings.Ranges.Maximum(p);
     if (high > session.DataMaximum[p]) session.DataMaximum[p] = session.AxisMaximum[p] = high;
@@ -157,7 +52,7 @@ void TakeRanges(Session& session, const Findings& findings) {
   }
 }
 
-void Report(World& world, const Findings& findings, int32_t first, int32_t last) {
+void Report(World& world, const RowFindings& findings, int32_t first, int32_t last) {
   if (findings.OddRows > 0)
     world.AppendMessage(
         Grouped(findings.OddRows) + " of the loaded records hold values that are not numbers (the first is record " +
@@ -165,6 +60,100 @@ void Report(World& world, const Findings& findings, int32_t first, int32_t last)
   if (findings.MissingBytes > 0)
     world.AppendMessage("Record " + std::to_string(last) + " is incomplete: the file lacks its last " +
                         std::to_string(findings.MissingBytes) + " bytes, which count as 0.");
+}
+
+/// The file has to be the one whose records were counted. One that has taken its place is counted, for the next load.
+void CheckSameFile(ParameterFile& opened, FileReader& file) {
+  const long header = ParameterHeaderLength(file);
+  if (header < 0)
+    throw CommandError(file.Name() + " is no longer a parameter file: it has been replaced since it was opened. Put " +
+                       "the right file in its place and load again; what was loaded before is still here.");
+  const int64_t records = RowCount(file.Length(), header);
+  if (header == opened.HeaderLength && records == opened.RecordCount) return;
+  const auto described = [](int64_t count, long length) {
+    return Grouped(count) + " records behind a header of " + Grouped(length) + " bytes";
+  };
+  const std::string before = described(opened.RecordCount, opened.HeaderLength);
+  opened.HeaderLength = header;
+  opened.RecordCount = records;
+  throw CommandError(file.Name() + " has been replaced since it was opened: it held " + before + " and holds " +
+                     described(records, header) + " now. Check the range, then load again; what was loaded before is " +
+                     "still here.");
+}
+
+/// The points that are to make room for a load, without their values: these can be read again.
+class FormerPoints {
+ public:
+  /// Takes them out of the session, which then holds none.
+  explicit FormerPoints(Session& session)
+      : points_(std::exchange(session.Points, PointTable())),
+        first_(std::exchange(session.LoadStartRecord, 0)),
+        last_(std::exchange(session.LoadEndRecord, 0)) {
+    if (first_ != 0 || last_ != 0) points_.ReleaseValues();
+  }
+
+  /// Puts them back into the session and returns an empty text; where they cannot be had again, a sentence.
+  std::string PutBack(Session& session, World& world, FileReader& file) {
+    if (first_ == 0 && last_ == 0) {
+      session.Points = std::move(points_);
+      return {};
+    }
+    world.StopHeard();
+    const std::string why = ReadAgain(session.File.HeaderLength, world, file);
+    if (!why.empty()) return "What was loaded before could not be read again (" + why + "): no points are loaded now.";
+    session.Points = std::move(points_);
+    session.LoadStartRecord = first_;
+    session.LoadEndRecord = last_;
+    return {};
+  }
+
+ private:
+  std::string ReadAgain(long header, World& world, FileReader& file) {
+    try {
+      PointTable again(points_.Rows());
+      ReadRows(file, header, first_, again, world);
+      if (!std::ranges::equal(again.Stamps(), points_.Stamps())) return file.Name() + " holds other spikes there now";
+      points_.TakeValues(std::move(again));
+      return {};
+    } catch (const std::bad_alloc&) {
+      return "there is not enough memory";
+    } catch (const Interrupted&) {
+      return "that was stopped too";
+    } catch (const CommandError& error) {
+      return std::string(error.what(), std::string_view(error.what()).find_last_not_of('.') + 1);
+    }
+  }
+
+  PointTable points_;
+  int32_t first_, last_;
+};
+
+/// Loads the rows in place of what is loaded, the memory of which is given back first: two tables side by side would
+/// take twice the memory. What ends the load early, or a sentence about it, is thrown once the former points are back.
+void Load(Session& session, World& world, FileReader& file, int32_t first, int32_t last) {
+  const auto rows = static_cast<size_t>(int64_t{last} - first + 1);
+  FormerPoints former(session);
+  try {
+    PointTable points(rows);
+    const RowFindings findings = ReadRows(file, session.File.HeaderLength, first, points, world);
+    session.Points = std::move(points);
+    session.LoadStartRecord = first;
+    session.LoadEndRecord = last;
+    if (session.FirstLoad) TakeRanges(session, findings);
+    Report(world, findings, first, last);
+  } catch (const std::bad_alloc&) {
+    const std::string lost = former.PutBack(session, world, file);
+    throw CommandError("There is not enough memory for records " + std::to_string(first) + " to " +
+                       std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +
+                       " MB). Load a smaller range" +
+                       (lost.empty() ? "; what was loaded before is still here." : ". " + lost));
+  } catch (const CommandError& error) {
+    const std::string lost = former.PutBack(session, world, file);
+    throw CommandError(error.what() + (lost.empty() ? "" : " " + lost), error.Title());
+  } catch (const Interrupted&) {
+    if (const std::string lost = former.PutBack(session, world, file); !lost.empty()) world.AppendMessage(lost);
+    throw;
+  }
 }
 
 }  // namespace
@@ -180,24 +169,10 @@ void CheckVideoSampling(const Session& session) {
 void ReadPoints(Session& session, World& world, int32_t first, int32_t last) {
   CheckVideoSampling(session);
   if (IsParameterFileName(session.File.Path)) {
-    CheckRange(session, first, last);
-    const auto rows = static_cast<size_t>(int64_t{last} - first + 1);
     FileReader file(session.File.Path);
-    try {
-      PointTable points(rows);
-      const ProgressShown progress(world);
-      Pacer pacer(world, first, static_cast<int64_t>(rows));
-      const Findings findings = ReadRows(file, session.File.HeaderLength, first, points, pacer);
-      session.Points = std::move(points);
-      session.LoadStartRecord = first;
-      session.LoadEndRecord = last;
-      if (session.FirstLoad) TakeRanges(session, findings);
-      Report(world, findings, first, last);
-    } catch (const std::bad_alloc&) {
-      throw CommandError("There is not enough memory for records " + std::to_string(first) + " to " +
-                         std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +
-                         " MB). Load a smaller range; what was loaded before is still here.");
-    }
+    CheckSameFile(session.File, file);
+    CheckRange(session, first, last);
+    Load(session, world, file, first, last);
   }
   world.PumpEvents();
   session.FirstLoad = false;

@@ -1,6 +1,7 @@
 #include "session/point_table.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "files/error.h"
 
@@ -16,10 +17,22 @@ size_t ColumnStride(size_t values) {
 
 }  // namespace
 
-PointTable::PointTable(size_t rows) : rows_(rows), stride_(ColumnStride(rows + 1)), stamps_(rows + 1) {
+PointTable::PointTable(size_t rows) : rows_(rows), stride_(ColumnStride(rows + 1)) {
   // The unused slot has a column too: nothing but zeros, which costs no memory until it is written.
-  memory_ = AllocateLargeMemory(stride_ * kParameterSlots * sizeof(float));
-  columns_ = static_cast<float*>(memory_.get());
+  valueMemory_ = AllocateLargeMemory(stride_ * kParameterSlots * sizeof(float));
+  columns_ = static_cast<float*>(valueMemory_.get());
+  stampMemory_ = AllocateLargeMemory((rows + 1) * sizeof(uint64_t));
+  stamps_ = static_cast<uint64_t*>(stampMemory_.get());
+}
+
+void PointTable::ReleaseValues() {
+  valueMemory_.reset();
+  columns_ = nullptr;
+}
+
+void PointTable::TakeValues(PointTable&& from) {
+  valueMemory_ = std::move(from.valueMemory_);
+  columns_ = from.columns_;
 }
 
 void PointTable::AddSlot() {
@@ -45,7 +58,7 @@ void PointTable::KeepFirst(size_t rows) {
   if (rows >= rows_) return;
   PointTable kept(rows);
   for (int p = 0; p < kParameterSlots; ++p) std::copy_n(Column(p).begin(), rows, kept.Column(p).begin());
-  std::copy_n(stamps_.begin(), rows, kept.stamps_.begin());
+  std::copy_n(stamps_, rows, kept.stamps_);
   for (const auto& slot : slots_) {
     kept.AddSlot();
     std::copy_n(slot.begin(), rows, kept.slots_.back().begin());

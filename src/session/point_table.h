@@ -27,7 +27,8 @@ struct PointRecord {
 /// column exists only once some point is in more clusters than there are columns before it.
 class PointTable {
  public:
-  /// A table of `rows` rows, all zero. Throws std::bad_alloc when memory does not suffice.
+  /// A table of `rows` rows, all zero; memory is taken only as it is written to. Throws std::bad_alloc when memory does
+  /// not suffice.
   explicit PointTable(size_t rows = 0);
 
   size_t Rows() const { return rows_; }
@@ -37,8 +38,8 @@ class PointTable {
   std::span<const float> Column(int parameter) const { return {columns_ + parameter * stride_, rows_ + 1}; }
 
   /// Stamps in microseconds, M + 1 of them.
-  std::span<uint64_t> Stamps() { return stamps_; }
-  std::span<const uint64_t> Stamps() const { return stamps_; }
+  std::span<uint64_t> Stamps() { return {stamps_, rows_ + 1}; }
+  std::span<const uint64_t> Stamps() const { return {stamps_, rows_ + 1}; }
 
   int SlotsInUse() const { return static_cast<int>(slots_.size()); }
   std::span<int16_t> Slot(int slot) { return slots_[slot]; }
@@ -65,12 +66,20 @@ class PointTable {
   /// Gives all rows up but the first `rows`.
   void KeepFirst(size_t rows);
 
+  /// Gives the memory of the values back, nearly all that the table takes, and keeps stamps and lists. Until
+  /// TakeValues() no column may be asked for.
+  void ReleaseValues();
+
+  /// Takes over the values of a table of as many rows.
+  void TakeValues(PointTable&& from);
+
  private:
   size_t rows_ = 0;
   size_t stride_ = 0;
-  LargeMemory memory_;
+  LargeMemory valueMemory_;
+  LargeMemory stampMemory_;
   float* columns_ = nullptr;
-  std::vector<uint64_t> stamps_;
+  uint64_t* stamps_ = nullptr;
   std::vector<std::vector<int16_t>> slots_;
   std::array<bool, kClusterSlots> entered_{};
 };

@@ -21,6 +21,9 @@ class World {
 
   /// Lets the user interface process pending events. False when the user wants the running work to stop.
   virtual bool PumpEvents() = 0;
+
+  /// Work that was to stop is putting back what was: from here on PumpEvents() is false only for a new wish to stop.
+  virtual void StopHeard() {}
 };
 
 }  // namespace pallomir

@@ -1,5 +1,7 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "files/file_reader.h"
 #include "files/file_utility.h"
@@ -28,6 +30,17 @@ TEST(FileReader, SaysWhatIsWrongAndWhere) {
   EXPECT_EQ(Refusal([&] { file.Read(7, bytes, 4); }), "ten ended early, at byte 10.");
   file.Read(0, bytes, 10);
   EXPECT_EQ(std::string(bytes), "0123456789");
+}
+
+TEST(FileReader, TakesAFailedSeekForAFaultNotForTheEnd) {
+  const TemporaryFolder folder;
+  FileReader file(folder.Put("ten", "0123456789"));
+  // The descriptor that it opened last is taken away from it.
+  const int next = open("/dev/null", O_RDONLY);
+  close(next);
+  close(next - 1);
+  char byte = 0;
+  EXPECT_EQ(Refusal([&] { file.ReadUpTo(4, &byte, 1); }), "Reading ten failed at byte 4.");
 }
 
 TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {

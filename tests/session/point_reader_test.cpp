@@ -5,9 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <functional>
 #include <limits>
 
 #include "files/error.h"
+#include "files/platform.h"
 #include "files/text_header.h"
 #include "session/start_up.h"
 #include "support/parameter_files.h"
@@ -138,20 +140,112 @@ TEST_F(PointReader, RefusesARangeAndKeepsWhatWasLoaded) {
     EXPECT_EQ(Refusal([&, f = first, l = last] { ReadPoints(session, world, f, l); }), "ERROR: Records " + sentence);
     ExpectLoaded(session, 2, 12);
   }
-  std::filesystem::resize_file(session.File.Path, kHeader.size() + 14 * 544 + 543);
-  EXPECT_EQ(Refusal([&] { ReadPoints(session, world, 4, 18); }), "TT1.Ntt.parms ended early, at record 14.");
-  ExpectLoaded(session, 2, 12);
-  EXPECT_FALSE(world.ProgressVisible);
 }
 
-TEST_F(PointReader, InterruptionKeepsWhatWasLoaded) {
+TEST_F(PointReader, NoticesAFileThatTookThePlaceOfTheOneOpened) {
+  const std::string sentence =
+      "TT1.Ntt.parms has been replaced since it was opened: it held 20 records behind a "
+      "header of " +
+      std::to_string(kHeader.size()) + " bytes and holds ";
+  const std::string what = " bytes now. Check the range, then load again; what was loaded before is still here.";
+  const std::tuple<std::string, std::string, int64_t> cases[] = {
+      {kHeader + BytesOf(NumberedRows(14)), "14 records behind a header of " + std::to_string(kHeader.size()), 14},
+      {BytesOf(NumberedRows(20)), "20 records behind a header of 0", 20}};
+  for (const auto& [bytes, now, records] : cases) {
+    Session session = Loaded();
+    folder.Put("TT1/TT1.Ntt.parms", bytes);
+    EXPECT_EQ(Refusal([&] { ReadPoints(session, world, 4, 18); }), sentence + now + what);
+    ExpectLoaded(session, 2, 12);
+    EXPECT_EQ(session.File.RecordCount, records);
+    ReadPoints(session, world, 4, 13);
+    ExpectLoaded(session, 4, 13);
+  }
   Session session = Loaded();
-  RecordingWorld impatient;
+  folder.Put("TT1/TT1.Ntt.parms", "nothing of the kind");
+  EXPECT_EQ(Refusal([&] { ReadPoints(session, world, 4, 13); }),
+            "TT1.Ntt.parms is no longer a parameter file: it has been replaced since it was opened. Put the right file "
+            "in its place and load again; what was loaded before is still here.");
+  ExpectLoaded(session, 2, 12);
+}
+
+/// What happens to the file, or what else the user does, while a load runs.
+struct EventfulWorld : RecordingWorld {
+  std::function<void(int pump)> Happens;
+  bool PumpEvents() override {
+    const bool goOn = RecordingWorld::PumpEvents();
+    if (Happens) Happens(Pumps);
+    return goOn;
+  }
+  void StopHeard() override { ++Heard; }
+  int Heard = 0;
+};
+
+TEST_F(PointReader, PutsBackWhatWasLoadedWithItsMembershipLists) {
+  Session session = Loaded();
+  session.Points.AddSlot();
+  session.Points.Slot(0)[3] = 7;
+  session.Points.SetEntered(7, true);
+  EventfulWorld impatient;
   impatient.Slow = true;
   impatient.InterruptAt = 1;
+  impatient.Happens = [&](int pump) { EXPECT_EQ(PointsLoaded(session), false) << pump; };
   EXPECT_THROW(ReadPoints(session, impatient, 0, 19), Interrupted);
   ExpectLoaded(session, 2, 12);
+  EXPECT_EQ(ListOf(session, 3), std::vector{7});
+  EXPECT_TRUE(session.Points.Entered(7));
+  EXPECT_EQ(impatient.Heard, 1);
   EXPECT_FALSE(impatient.ProgressVisible);
+  EXPECT_EQ(impatient.Log, std::vector<std::string>());
+}
+
+TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
+  const std::string gone = "): no points are loaded now.", was = "What was loaded before could not be read again (";
+  const auto cut = [&](size_t rows) {
+    std::filesystem::resize_file(folder / "TT1/TT1.Ntt.parms", kHeader.size() + rows * 544);
+  };
+  // What the file is at the pump that stops the load, and what is said.
+  const std::pair<std::function<void(EventfulWorld&)>, std::string> cases[] = {
+      {[&](EventfulWorld&) { folder.Put("TT1/TT1.Ntt.parms", kHeader + BytesOf(std::vector<FileRow>(20))); },
+       "TT1.Ntt.parms holds other spikes there now"},
+      {[&](EventfulWorld&) { cut(10); }, "TT1.Ntt.parms ended early, at record 10"},
+      {[](EventfulWorld& world) { world.InterruptAt = 2; }, "that was stopped too"}};
+  for (const auto& [happens, why] : cases) {
+    Session session = Loaded();
+    EventfulWorld eventful;
+    eventful.Slow = true;
+    eventful.InterruptAt = 1;
+    eventful.Happens = [&, what = happens](int pump) {
+      if (pump == 1) what(eventful);
+    };
+    EXPECT_THROW(ReadPoints(session, eventful, 0, 19), Interrupted);
+    EXPECT_EQ(eventful.Log, std::vector{was + why + gone});
+    EXPECT_FALSE(PointsLoaded(session));
+    EXPECT_EQ(session.Points.Rows(), 0);
+  }
+}
+
+TEST_F(PointReader, RefusesWhatMemoryDoesNotHoldBeforeItTakesAny) {
+  Session session = Loaded();
+  const auto records = static_cast<int32_t>(std::min<uint64_t>(FreeMemory() / 544 + 1000, 1'000'000'000));
+  // Rows at the beginning, and a hole behind them.
+  std::filesystem::resize_file(session.File.Path, kHeader.size() + uint64_t{544} * records);
+  Refusal([&] { ReadPoints(session, world, 0, 10); });  // it is not the file that was opened
+  const uint64_t before = PeakMemory();
+  EXPECT_TRUE(Refusal([&] {
+                ReadPoints(session, world, 0, records - 1);
+              }).starts_with("There is not enough memory for records 0 to "));
+  EXPECT_LT(PeakMemory() - before, 50'000'000);
+  ExpectLoaded(session, 2, 12);
+}
+
+TEST_F(PointReader, ASecondLoadTakesNoMoreMemoryThanTheFirst) {
+  std::vector<FileRow> rows(60'000);
+  for (FileRow& row : rows) row.Values.fill(1), row.Stamp = 1;
+  Session session = SessionOn(folder, kHeader + BytesOf(rows));
+  ReadPoints(session, world, 0, 59'999);
+  const uint64_t first = PeakMemory();
+  ReadPoints(session, world, 1, 59'999);
+  EXPECT_LT(PeakMemory() - first, 8'000'000);
 }
 
 TEST_F(PointReader, ShowsProgressAtRowsWhoseNumberIsAMultipleOfATenth) {
