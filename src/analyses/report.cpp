@@ -49,6 +49,9 @@ void AddRemarks(Report& report, const std::string& whyNoDirection) {
     AddRemark(report, "Angles are about the middle of the tracked area: no center file was read.");
   if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel.");
   if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // else it stands on the map
+  if (report.Spikes.WithoutHeight > 0)
+    AddRemark(report, Counted(report.Spikes.WithoutHeight, " spike has", " spikes have") +
+                          " a peak that is not a number, and no height.");
   const ClusterMeasures& measures = report.Measures;
   if (!measures.InMicrovolts) AddRemark(report, "The spike file does not say what a count is worth.");
   if (measures.Missing > 0)
@@ -81,11 +84,14 @@ Report MakeReport(World& world, const ReportFiles& files, int c) {
   report.DirectionOfTravel = direction.OfTravel;
   AddPlaces(report, files.CenterFile);
   report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
-  const auto duration = static_cast<double>(spikes.Range.Last - spikes.Range.First);
+  const bool timed = spikes.Range.MakesSense();
+  const auto duration = timed ? static_cast<double>(spikes.Range.Last - spikes.Range.First) : 0.0;
   report.Refractory = RefractoryFiguresOf(spikes.Times, duration, {.Censored = report.Measures.DeadTime});
   if (duration > 0) report.MeanRate = static_cast<double>(spikes.Times.size()) / duration * kMicroseconds;
   WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
   AddRemarks(report, direction.Explanation);
+  if (!timed)
+    AddRemark(report, "An end of the time range is no time of a recording: rate and contamination are not told.");
   return report;
 }
 

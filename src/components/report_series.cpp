@@ -4,11 +4,13 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "components/angles.h"
 #include "components/position_file.h"
 #include "components/spike_times.h"
 #include "files/number_text.h"
+#include "files/text_case.h"
 
 namespace pallomir {
 
@@ -19,13 +21,23 @@ constexpr size_t kFirstPeak = 1;  // before it the record number
 constexpr size_t kPeaks = 16;     // behind them the stamp
 using Items = std::array<double, kItems>;
 
+/// The number of an item: NaN for what the writer puts where a value is not finite, and for what no peak can be.
+std::optional<double> NumberOf(std::string_view text) {
+  if (const auto number = NumberFromText(text))
+    return std::abs(*number) <= std::numeric_limits<float>::max() ? *number : kNotKnown;
+  text = Trimmed(text);
+  if (text.starts_with('-')) text.remove_prefix(1);
+  if (SameButForCase(text, "nan") || SameButForCase(text, "inf")) return kNotKnown;
+  return {};
+}
+
 /// The numbers of a line, apart by commas. False when they are not `count`.
 bool ParseLine(std::string_view line, size_t count, Items& items) {
   for (size_t k = 0; k < count; ++k) {
     const size_t comma = line.find(',');
     if ((comma == std::string_view::npos) != (k + 1 == count)) return false;
-    const auto number = NumberFromText(line.substr(0, comma));
-    if (!number || std::abs(*number) > 1e38) return false;  // peaks are kept in single precision
+    const auto number = NumberOf(line.substr(0, comma));
+    if (!number) return false;
     items[k] = *number;
     if (comma != std::string_view::npos) line.remove_prefix(comma + 1);
   }
@@ -37,11 +49,13 @@ struct Spike {
   std::array<float, kPeaks> Peaks;
 };
 
-/// The highest of the peaks that were recorded.
+/// The highest of the peaks that were recorded; NaN where one of them is not finite.
 float HighestOf(const Spike& spike, const std::array<bool, kPeaks>& recorded) {
   float highest = -std::numeric_limits<float>::infinity();
-  for (size_t k = 0; k < kPeaks; ++k)
+  for (size_t k = 0; k < kPeaks; ++k) {
+    if (std::isnan(spike.Peaks[k])) return spike.Peaks[k];
     if (recorded[k]) highest = std::max(highest, spike.Peaks[k]);
+  }
   return std::isfinite(highest) ? highest : 0;
 }
 
@@ -59,11 +73,12 @@ ClusterLines ReadClusterLines(World& world, std::string_view clusterFile) {
       --linesOfRange;
       return;
     }
-    if (!ParseLine(line.Text, kItems, items) || !IsStamp(items.back())) line.Refuse("is not a spike");
+    if (!ParseLine(line.Text, kItems, items)) line.Refuse("is not a spike");
+    if (!IsStamp(items.back())) return;
     Spike spike{std::llrint(items.back()), {}};
     for (size_t k = 0; k < kPeaks; ++k) {
       spike.Peaks[k] = static_cast<float>(items[kFirstPeak + k]);
-      recorded[k] = recorded[k] || spike.Peaks[k] != 0;
+      recorded[k] = recorded[k] || (spike.Peaks[k] != 0 && !std::isnan(spike.Peaks[k]));
     }
     if (range.Holds(spike.Time)) spikes.push_back(spike);
   });
@@ -75,6 +90,11 @@ ClusterLines ReadClusterLines(World& world, std::string_view clusterFile) {
   for (const Spike& spike : spikes) {
     lines.Time.push_back(spike.Time);
     lines.MaxHeight.push_back(HighestOf(spike, recorded));
+    lines.WithoutHeight += std::isnan(lines.MaxHeight.back());
+  }
+  if (!range.MakesSense() && !lines.Time.empty()) {
+    lines.First = std::max(range.First, lines.Time.front());
+    lines.Last = std::min(range.Last, lines.Time.back());
   }
   return lines;
 }

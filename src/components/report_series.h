@@ -13,15 +13,18 @@ namespace pallomir {
 struct ClusterLines {
   std::vector<int64_t> Time;  ///< microseconds
   /// The highest of the spike's peaks, raw counts. The file has the peaks of channels 1 to 8 and 10 to 17 but not the
-  /// parameter MaxHeight (peak minus valley); channels whose peak is 0 in every line were not recorded.
+  /// parameter MaxHeight (peak minus valley); channels whose peak is 0 in every line were not recorded. NaN where a
+  /// peak is not finite.
   std::vector<float> MaxHeight;
-  int64_t First = 0;  ///< time range of the file, microseconds; spikes outside of it are left out
+  int64_t WithoutHeight = 0;  ///< spikes with such a peak
+  int64_t First = 0;          ///< time range of the file, microseconds; spikes outside of it are left out. An end
+                              ///< that is no time of a recording is that of the spikes
   int64_t Last = 0;
 };
 
 /// Reads a cluster file: a text header, which may be absent, start and end of the time range, then a line a spike: the
-/// record number, the peaks of channels 1 to 8 and 10 to 17, the stamp. Throws CommandError naming the line that is
-/// something else, Interrupted when the user stops it.
+/// record number, the peaks of channels 1 to 8 and 10 to 17, the stamp. Spikes whose stamp makes no sense are left out.
+/// Throws CommandError naming the line that is something else, Interrupted when the user stops it.
 ClusterLines ReadClusterLines(World& world, std::string_view clusterFile);
 
 /// A place in the units of the tracker, pixels: x to the right and y downward, as on the video picture.

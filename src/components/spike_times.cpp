@@ -25,6 +25,10 @@ int64_t Whole(double microseconds) {
 
 }  // namespace
 
+bool TimeRange::MakesSense() const {
+  return First > -kFarthestStamp && Last < kFarthestStamp;
+}
+
 void NumberedLine::Refuse(std::string_view what) const {
   throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": \"" + std::string(Text.substr(0, 40)) +
                      "\" " + std::string(what) + ".");
@@ -59,7 +63,11 @@ SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::strin
   int64_t before = INT64_MIN;
   ForEachNumberedLine(world, timeFile, [&](const NumberedLine& line) {
     const auto number = NumberFromText(line.Text);
-    if (!number || !IsStamp(*number)) line.Refuse("is not the stamp of a spike");
+    if (!number) line.Refuse("is not the stamp of a spike");
+    if (!IsStamp(*number)) {
+      ++spikes.Unreadable;
+      return;
+    }
     const int64_t stamp = std::llrint(*number);
     spikes.Disordered += stamp < before;
     before = stamp;

@@ -14,6 +14,8 @@ struct TimeRange {
   int64_t First = 0;
   int64_t Last = 0;
   bool Holds(int64_t time) const { return time >= First && time <= Last; }
+  /// False where an end of it is no time of a recording: its length means nothing.
+  bool MakesSense() const;
 };
 
 /// When a cluster fired.
@@ -21,6 +23,7 @@ struct SpikeTimes {
   TimeRange Range;             ///< only what lies within counts
   std::vector<int64_t> Times;  ///< microseconds, within the range, in order
   int64_t Outside = 0;         ///< spikes left out because they are not within the range
+  int64_t Unreadable = 0;      ///< spikes left out because their stamp makes no sense
   int64_t Disordered = 0;      ///< spikes earlier than the one before them in the file; they have been sorted
 };
 
@@ -42,7 +45,7 @@ void ForEachNumberedLine(World& world, std::string_view path, const std::functio
 TimeRange ReadTimeRange(std::string_view clusterFile);
 
 /// The stamps of a time file, one a line behind its header, that lie within the range of the cluster file. Throws
-/// CommandError naming the line that holds something else.
+/// CommandError naming the line that holds no number.
 SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile);
 
 }  // namespace pallomir

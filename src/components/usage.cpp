@@ -16,6 +16,7 @@ constexpr Count kCounts[] = {
     {"Spikes", &Usage::Spikes},
     {"SpikesUsed", &Usage::SpikesUsed},
     {"SpikesOutside", &Usage::SpikesOutside},
+    {"SpikesUnreadable", &Usage::SpikesUnreadable},
     {"SpikesDisordered", &Usage::SpikesDisordered},
     {"Samples", &Usage::Samples},
     {"SamplesLost", &Usage::SamplesLost},
@@ -34,6 +35,7 @@ std::string Subject(int64_t count, const std::string& what) {
 void SetSpikes(Usage& usage, const SpikeTimes& spikes) {
   usage.Spikes = usage.SpikesUsed = static_cast<int64_t>(spikes.Times.size());
   usage.SpikesOutside = spikes.Outside;
+  usage.SpikesUnreadable = spikes.Unreadable;
   usage.SpikesDisordered = spikes.Disordered;
 }
 
@@ -52,6 +54,9 @@ std::string UsageText(const Usage& usage) {
   };
   say(usage.Spikes, "Used " + Grouped(usage.SpikesUsed) + " of " + Grouped(usage.Spikes) + " spikes.");
   say(usage.SpikesOutside, Subject(usage.SpikesOutside, "spike") + " outside the time range.");
+  say(usage.SpikesUnreadable, Grouped(usage.SpikesUnreadable) +
+                                  (usage.SpikesUnreadable == 1 ? " spike has" : " spikes have") +
+                                  " no stamp that makes sense: left out.");
   say(usage.SpikesDisordered, Subject(usage.SpikesDisordered, "spike") + " out of time order and sorted.");
   say(usage.SamplesLost,
       "The animal was lost in " + Grouped(usage.SamplesLost) + " of " + Grouped(usage.Samples) + " position samples.");

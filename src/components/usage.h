@@ -16,6 +16,7 @@ struct Usage {
   int64_t Spikes = 0;               ///< of the cluster, within the time range
   int64_t SpikesUsed = 0;           ///< of these, the ones that the result is made of
   int64_t SpikesOutside = 0;        ///< of the cluster, not within the time range
+  int64_t SpikesUnreadable = 0;     ///< of the cluster, without a stamp that makes sense
   int64_t SpikesDisordered = 0;     ///< earlier than the one before; sorted
   int64_t Samples = 0;              ///< of the position file, within the time range
   int64_t SamplesLost = 0;          ///< of these, without a place

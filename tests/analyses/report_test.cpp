@@ -71,6 +71,16 @@ TEST_F(ReportOfCluster, RemarksTellWhatTheSpikeFileLacksOrHasTooMuchOf) {
   EXPECT_EQ(Make(files, SpikeFileHeader() + three + SpikeBytes(4'000, 100)).Remarks, start);
 }
 
+TEST_F(ReportOfCluster, AnEndThatIsNoTimeLeavesRateAndContaminationOpen) {
+  const Report report = Make({0, 18446744073709551615.0}, {1'000, 2'500, 70'000});
+  EXPECT_EQ(report.Rate.Used.Spikes, 3);
+  EXPECT_TRUE(std::isnan(report.MeanRate));
+  EXPECT_FALSE(report.Refractory.Foreign);
+  EXPECT_EQ(report.Remarks, std::string("Used 2 of 3 spikes. ") + kNoCentre +
+                                " An end of the time range is no time of a recording: rate and contamination are not "
+                                "told.");
+}
+
 TEST_F(ReportOfCluster, CentreAndNoteAreTakenWhereTheyCanBeRead) {
   std::string notes;
   for (int c = 0; c <= kClusters; ++c) notes += std::to_string(c) + ",\"\",\"of " + std::to_string(c) + "\"\r\n";

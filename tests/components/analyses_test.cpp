@@ -96,6 +96,16 @@ TEST_F(Analyses, TrainsAndDirection) {
   EXPECT_NEAR(ReadDirectionFile(folder / "ttmp.dir").Tuning.VectorDirection, 315, 3);
 }
 
+TEST_F(Analyses, SpikesWithoutAUsableStampAreLeftOutAndTold) {
+  const AnalysisFiles files = PutSpikes(folder, {0, 1'000'000}, {1'000, 2'500});
+  folder.Put("ttmp", "1000\r\n1.84467440737096E+19\r\n2500\r\n-2e18\r\n");
+  ComputeLogISI(world, files.Cluster, files.Time, folder / "tmp.isi");
+  const IntervalResult result = ReadIntervalFile(folder / "tmp.isi");
+  EXPECT_EQ(result.Intervals.Intervals, 1);
+  EXPECT_EQ(result.Used.SpikesUnreadable, 2);
+  EXPECT_EQ(UsageText(result.Used), "Used 2 of 2 spikes. 2 spikes have no stamp that makes sense: left out.");
+}
+
 TEST_F(Analyses, AnEmptyPlotSaysWhy) {
   const std::string good = "0 15 25 9\n30000 35 25 9\n60000 15 25 9\n";
   struct Case {
@@ -152,7 +162,7 @@ TEST_F(Analyses, FaultyFilesAreNamed) {
   EXPECT_EQ(rate(folder.Put("c", TextHeader("Cl-File")), files.Time), "c ended early, at line 6.");
   EXPECT_EQ(rate(files.Cluster, folder.Put("t", TextHeader("TFile") + "12\r\n1,2\r\n")),
             "t, line 7: \"1,2\" is not the stamp of a spike.");
-  EXPECT_EQ(rate(files.Cluster, folder.Put("t", "1e19")), "t, line 1: \"1e19\" is not the stamp of a spike.");
+  EXPECT_EQ(rate(files.Cluster, folder.Put("t", "nan")), "t, line 1: \"nan\" is not the stamp of a spike.");
   EXPECT_FALSE(FileUtility::FileExists(folder / "tmp.rmap"));
 
   const std::string header = TextHeader("RateMap");
