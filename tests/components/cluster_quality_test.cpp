@@ -115,23 +115,52 @@ TEST(Refractory, ContaminationGivesTheShortIntervalsBack) {
     const RefractoryFigures figures = RefractoryFiguresOf(times, c.Duration, {.Censored = c.Censored});
     EXPECT_EQ(figures.Short, c.Pairs);
     EXPECT_DOUBLE_EQ(*figures.Share, static_cast<double>(c.Pairs) / static_cast<double>(times.size() - 1));
-    ASSERT_TRUE(figures.Contamination);
-    const double f = *figures.Contamination, n = static_cast<double>(times.size());
+    ASSERT_TRUE(figures.Foreign && !figures.Foreign->TooMany);
+    const double f = figures.Foreign->Share, n = static_cast<double>(times.size());
     EXPECT_LT(f, 0.5);
     EXPECT_NEAR(2 * (2000 - c.Censored) * n * n * (1 - f) * f / c.Duration, c.Pairs, 1e-9 * c.Pairs);
+    EXPECT_TRUE(figures.Least.Share < f && f < figures.Most.Share);
   }
 }
 
 TEST(Refractory, SaysWhatCannotBeTold) {
   EXPECT_FALSE(RefractoryFiguresOf({}, 1e9, {}).Share);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(1, 0), 1e9, {}).Contamination);
-  EXPECT_EQ(RefractoryFiguresOf(Train(50, 0), 1e9, {}).Contamination, 0);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 0, {}).Contamination);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 1e9, {.Censored = 2000}).Contamination);
+  EXPECT_FALSE(RefractoryFiguresOf(Train(1, 0), 1e9, {}).Foreign);
+  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 0, {}).Foreign);
+  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 1e9, {.Censored = 2000}).Foreign);
   const RefractoryFigures many = RefractoryFiguresOf(Train(900, 100), 1e9, {});
-  EXPECT_TRUE(many.TooMany && many.Share && !many.Contamination);
+  EXPECT_TRUE(many.Share && many.Foreign->TooMany && many.Most.TooMany);
+  EXPECT_EQ(many.Foreign->Share, 0.5);
   const std::vector<int64_t> edge{0, 2000, 3999};
   EXPECT_EQ(RefractoryFiguresOf(edge, 1e9, {}).Short, 1) << "2 ms are not below 2 ms";
+}
+
+TEST(Refractory, NoViolationDoesNotProveACleanCluster) {
+  const RefractoryFigures clean = RefractoryFiguresOf(Train(2000, 0), 1e9, {});
+  EXPECT_EQ(clean.Foreign->Share, 0);
+  EXPECT_EQ(clean.Least.Share, 0);
+  // 3.69 violations are the most that none is seen of with 2.5 %: (1 - f) f = 3.69 T / (2 * 2 ms * 2000^2).
+  const double f = clean.Most.Share;
+  EXPECT_NEAR((1 - f) * f, -std::log(0.025) * 1e9 / (2 * 2000 * 4e6), 5e-4);
+}
+
+TEST(BinomialInterval, IsThatOfClopperAndPearson) {
+  // The ends where the tail sums of the binomial distribution, in 60 digits, are 0.025.
+  const std::tuple<int64_t, int64_t, double, double> cases[] = {
+      {0, 10, 0, 1 - std::pow(0.025, 0.1)},
+      {10, 10, std::pow(0.025, 0.1), 1},
+      {1, 10, 0.0025285785444617843, 0.44501611702819543},
+      {5, 100, 0.016431879182052158, 0.11283491110546276},
+      {7, 20, 0.15390920478454115, 0.5921885345328282},
+      {3, 4511, 0.00013716844844435447, 0.0019422900008122912},
+      {0, 1'000'000, 0, 3.688872650231545e-06}};
+  for (const auto& [hits, trials, low, high] : cases) {
+    const Interval interval = BinomialInterval(hits, trials);
+    EXPECT_NEAR(interval.Low, low, 1e-10 * low) << hits << " of " << trials;
+    EXPECT_NEAR(interval.High, high, 1e-9 * high) << hits << " of " << trials;
+  }
+  const Interval half = BinomialInterval(500'000, 1'000'000);
+  EXPECT_NEAR(half.Low + half.High, 1, 1e-9);
 }
 
 }  // namespace
