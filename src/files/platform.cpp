@@ -23,12 +23,30 @@
 
 namespace pallomir {
 
+#ifndef _WIN32
+namespace {
+
+// Here "\\" may stand in a name, and bytes that are no UTF-8. In the system's own notation such a "\\" is written as
+// the overlong form that UTF-8 forbids, and that form's first byte, which no valid text holds, is doubled up likewise:
+// every name keeps its bytes.
+constexpr std::string_view kBackslash = "\xC1\x9C";
+constexpr std::string_view kMark = "\xC1\x81";
+constexpr char kMarkByte = '\xC1';
+
+}  // namespace
+#endif
+
 std::filesystem::path PlatformPath(std::string_view path) {
 #ifdef _WIN32
   return std::filesystem::path(std::u8string(path.begin(), path.end()));
 #else
-  std::string native(path);
-  std::replace(native.begin(), native.end(), '\\', '/');
+  std::string native;
+  for (size_t i = 0; i < path.size(); ++i) {
+    const std::string_view here = path.substr(i, 2);
+    const bool marked = here == kBackslash || here == kMark;
+    native += marked ? (here == kMark ? kMarkByte : '\\') : path[i] == '\\' ? '/' : path[i];
+    i += marked;
+  }
   return native;
 #endif
 }
@@ -38,8 +56,26 @@ std::string PathText(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();
   return std::string(text.begin(), text.end());
 #else
-  return path.string();
+  std::string text;
+  for (const char byte : path.native()) {
+    if (byte == '\\')
+      text += kBackslash;
+    else if (byte == kMarkByte)
+      text += kMark;
+    else
+      text += byte;
+  }
+  return text;
 #endif
+}
+
+std::string ReadablePath(std::string_view text) {
+  std::string readable(text);
+#ifndef _WIN32
+  for (size_t at = 0; (at = readable.find(kBackslash, at)) != std::string::npos; ++at)
+    readable.replace(at, kBackslash.size(), "\\");
+#endif
+  return readable;
 }
 
 bool FlushToDisk(std::FILE* file) {

@@ -30,11 +30,16 @@
 namespace pallomir {
 
 /// The path that the operating system understands for a path in the system's own notation: UTF-8, with "\" between
-/// its parts.
+/// its parts ("/" too). What comes from the operating system gets into that notation by PathText() alone.
 std::filesystem::path PlatformPath(std::string_view path);
 
-/// The text, in UTF-8, of a path of the operating system.
+/// A path of the operating system in the system's own notation. PlatformPath() leads back to the same file whatever its
+/// name is: one that is not UTF-8 keeps its bytes, and a "\" within a name, where the operating system allows that, is
+/// told apart from one between names.
 std::string PathText(const std::filesystem::path& path);
+
+/// A sentence or path as a user reads it: a "\" within a name looks like one.
+std::string ReadablePath(std::string_view text);
 
 /// Sees to it that what was written to `file` is on the disk, not only in memory. False when it failed.
 bool FlushToDisk(std::FILE* file);

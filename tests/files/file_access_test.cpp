@@ -5,6 +5,7 @@
 
 #include "files/file_reader.h"
 #include "files/file_utility.h"
+#include "files/platform.h"
 #include "files/save_file.h"
 #include "support/injected_fault.h"
 #include "support/refusal.h"
@@ -51,6 +52,20 @@ TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
   EXPECT_EQ(ReadText(folder / "TT1 ä" + "\\Defaults", 2), "he");
   EXPECT_TRUE(FileUtility::FileExists(folder / "TT1 ä" + "\\..\\Defaults"));
   EXPECT_FALSE(FileUtility::FileExists(folder / "TT1 ä"));
+}
+
+TEST(Paths, OfAnyNameLeadBackToTheFile) {
+  const TemporaryFolder folder;
+  for (const std::string name : {"a\\b", "\\", "caf\xE9", "\xC1\x9C", "\xC1\xC1\x81", "\xC1", "tést"}) {
+    const fs::path native = fs::path(folder / "") / name;
+    fs::create_directory(native);
+    std::ofstream(native / "Defaults") << name;
+    const std::string directory = PathText(native);
+    EXPECT_EQ(PlatformPath(directory), native);
+    EXPECT_EQ(ReadText(directory + "\\Defaults"), name);
+    EXPECT_EQ(ReadText(directory + "\\..\\" + PathText(name) + "\\Defaults"), name);
+  }
+  EXPECT_EQ(ReadablePath("W" + PathText("\\x") + "\\Defaults is empty."), "W\\x\\Defaults is empty.");
 }
 
 TEST(FileUtilities, RemoveExtensionKeepsFolders) {
