@@ -41,15 +41,21 @@ std::optional<float> SingleIn(const QLineEdit* box) {
 }
 
 QLabel* MakeLabel(const QString& caption, QWidget* buddy) {
-  auto* label = new QLabel(caption);
+  auto* label = new QLabel;
+  label->setTextFormat(Qt::PlainText);
+  label->setText(caption);
   label->setBuddy(buddy);
   return label;
 }
 
 QLabel* MakeHeading(const QString& caption) {
-  auto* label = new QLabel(caption);
+  QLabel* label = MakeLabel(caption);
   label->setProperty("heading", true);
   return label;
+}
+
+QString PlainToolTip(const QString& text) {
+  return Qt::mightBeRichText(text) ? "<span>" + text.toHtmlEscaped() + "</span>" : text;
 }
 
 QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int spacing) {

@@ -33,9 +33,13 @@ std::optional<double> NumberIn(const QLineEdit* box);
 /// The same in single precision; what is beyond its range is the last number within.
 std::optional<float> SingleIn(const QLineEdit* box);
 
-/// The label of `buddy`, which its mnemonic focuses.
+/// A label that takes every text as it stands, whatever tags it holds: file names and remarks come from elsewhere. With
+/// `buddy`, which its mnemonic focuses.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy = nullptr);
 QLabel* MakeHeading(const QString& caption);
+
+/// A tooltip that shows a text as it stands.
+QString PlainToolTip(const QString& text);
 
 /// Lays widgets out side by side; a null pointer stands for stretch.
 QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int spacing = 6);

@@ -4,6 +4,7 @@
 #include <QString>
 #include <string_view>
 
+#include "files/platform.h"
 #include "session/session.h"
 
 // The session's values as the toolkit's.
@@ -14,8 +15,9 @@ inline QColor ScreenColour(Colour colour) {
   return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
 }
 
+/// For the eye: bytes that are no UTF-8 show as a mark, so a path does not come back from it.
 inline QString FromText(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return QString::fromStdString(ReadablePath(text));
 }
 
 }  // namespace pallomir

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "controls/chosen_path.h"
 #include "controls/run_command.h"
 #include "controls/toolkit_values.h"
 #include "files/error.h"
@@ -77,18 +78,20 @@ bool Main_Form::ChooseParameterFile() {
                                                     {},
                                                     "Ntt.parms"});
     // The run's files lie where the chosen one does.
-    if (!chosen.isEmpty()) QDir::setCurrent(QFileInfo(chosen).absolutePath());
-    session_.DataDirectory = QDir::toNativeSeparators(QDir::currentPath()).toStdString();
-    range_->txtCurDir->setText(QString::fromStdString(session_.DataDirectory));
+    const std::string path = PathOf(chosen);
+    std::error_code error;
+    if (!chosen.isEmpty()) std::filesystem::current_path(PlatformPath(path).parent_path(), error);
+    session_.DataDirectory = PathText(std::filesystem::current_path(error));
+    range_->txtCurDir->setText(FromText(session_.DataDirectory));
     range_->txtCurDir->setCursorPosition(0);
     try {
-      OpenParameterFile(session_, QDir::toNativeSeparators(chosen).toStdString());
+      OpenParameterFile(session_, path);
       if (EnterFolder()) return true;
     } catch (const ProgramEnd& end) {
       ShowMessage(end.what(), end.Title());
       return false;
-    } catch (const CommandError& error) {
-      ShowMessage(error.what(), error.Title());
+    } catch (const CommandError& refused) {
+      ShowMessage(refused.what(), refused.Title());
     }
   }
 }

@@ -5,6 +5,7 @@
 #include "clusters/autosave.h"
 #include "clusters/boundaries_file.h"
 #include "clusters/undo.h"
+#include "controls/chosen_path.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/toolkit_values.h"
@@ -168,7 +169,7 @@ void Main_Form::cmdSaveDefaults_Click() {
   const QString path = dialogs_.SaveFile(
       this, {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}});
   if (path.isEmpty()) return;
-  WriteDefaults(session_, PresentDefaults(), QDir::toNativeSeparators(path).toStdString());
+  WriteDefaults(session_, PresentDefaults(), PathOf(path));
   status_->setText("The defaults were saved.");
 }
 

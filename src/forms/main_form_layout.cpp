@@ -71,7 +71,7 @@ void Main_Form::LayOut() {
   auto* central = new QWidget;
   central->setLayout(column);
   setCentralWidget(central);
-  status_ = new QLabel;
+  status_ = MakeLabel({});
   status_->setProperty("quiet", true);
   status_->setContentsMargins(8, 0, 0, 0);
   setAttribute(Qt::WA_AlwaysShowToolTips);

@@ -2,6 +2,7 @@
 
 #include <QtGui>
 
+#include "controls/save_image.h"
 #include "controls/toolkit_values.h"
 #include "projection/draw_points.h"
 
@@ -37,7 +38,7 @@ void DrawReadableText(QPainter& painter, QPointF place, const QString& text, QCo
 }  // namespace
 
 QImage MakeGround(const Session& session, const View& view, double pixelRatio, bool drawBoundaries) {
-  QImage ground(view.Width, view.Height, QImage::Format_RGB32);
+  QImage ground = MakeImage({view.Width, view.Height}, QImage::Format_RGB32);
   ground.fill(session.WhiteBackground ? Qt::white : Qt::black);
   if (drawBoundaries && view.Drawable()) {
     QPainter painter(&ground);
@@ -64,17 +65,19 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, b
 QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session) {
   std::array<QRgb, 256> palette{};
   for (int c = 0; c < kClusterSlots; ++c) palette[ColourCode(c)] = ScreenColour(session.Colours[c]).rgb();
-  QImage picture = ground.copy();
+  QImage picture = MakeImage(ground.size(), ground.format());
+  picture.setDevicePixelRatio(ground.devicePixelRatio());
   for (int y = 0; y < raster.Height(); ++y) {
     auto* pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    const auto* under = reinterpret_cast<const QRgb*>(ground.constScanLine(y));
     const auto codes = raster.Row(y);
-    for (int x = 0; x < raster.Width(); ++x) pixels[x] = codes[x] ? palette[codes[x]] : pixels[x];
+    for (int x = 0; x < raster.Width(); ++x) pixels[x] = codes[x] ? palette[codes[x]] : under[x];
   }
   return picture;
 }
 
 QImage PointsAlone(const Raster& raster, QColor colour) {
-  QImage picture(raster.Width(), raster.Height(), QImage::Format_ARGB32_Premultiplied);
+  QImage picture = MakeImage({raster.Width(), raster.Height()}, QImage::Format_ARGB32_Premultiplied);
   for (int y = 0; y < raster.Height(); ++y) {
     auto* pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
     const auto codes = raster.Row(y);
@@ -84,7 +87,7 @@ QImage PointsAlone(const Raster& raster, QColor colour) {
 }
 
 QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette) {
-  QImage image(traces.Width(), traces.Height(), QImage::Format_RGB32);
+  QImage image = MakeImage({traces.Width(), traces.Height()}, QImage::Format_RGB32);
   traces.Paint(palette, reinterpret_cast<uint32_t*>(image.bits()), static_cast<size_t>(image.bytesPerLine() / 4));
   return image;
 }

@@ -5,7 +5,9 @@
 #include <random>
 
 #include "clusters/classify.h"
+#include "controls/controls.h"
 #include "controls/run_command.h"
+#include "controls/save_image.h"
 #include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/number_text.h"
@@ -32,10 +34,10 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
       "No points are loaded yet",
       {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
        "3.  Choose a cluster by its number, then click its corners here,", "     the last one with the right button."});
-  message_ = new QLabel;
+  message_ = MakeLabel({});
   message_->setObjectName("message");
-  pointer_ = new QLabel;
-  count_ = new QLabel;
+  pointer_ = MakeLabel({});
+  count_ = MakeLabel({});
   count_->setObjectName("count");
   for (QLabel* label : {pointer_, count_}) label->setProperty("quiet", true);
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -219,7 +221,7 @@ void Projections::Clear() {
   Supersede();
   StopOverlap();
   StopSlowRedraw();
-  ground_ = QImage(surface_->DeviceSize(), QImage::Format_RGB32);
+  ground_ = MakeImage(surface_->DeviceSize(), QImage::Format_RGB32);
   ground_.setDevicePixelRatio(surface_->devicePixelRatioF());
   ground_.fill(session_.WhiteBackground ? Qt::white : Qt::black);
   drawn_ = false;
@@ -234,7 +236,7 @@ void Projections::Supersede() {
 
 void Projections::Say(const QString& text) {
   message_->setText(text);
-  message_->setToolTip(text);
+  message_->setToolTip(PlainToolTip(text));
 }
 
 QString Projections::Hint() const {

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "controls/chosen_path.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/toolkit_values.h"
@@ -54,7 +55,7 @@ void TimeEpochs::LayOut() {
     };
   };
   const auto records = [this](int row) {
-    lblRecords_[row] = Named(new QLabel, Indexed("lblRecords", row), QString("Records of epoch %1").arg(row),
+    lblRecords_[row] = Named(MakeLabel({}), Indexed("lblRecords", row), QString("Records of epoch %1").arg(row),
                              "First and last spike record, as the last search for this row found them");
     lblRecords_[row]->setProperty("quiet", true);
     lblRecords_[row]->setMinimumWidth(lblRecords_[row]->fontMetrics().horizontalAdvance("0000000 - 0000000"));
@@ -113,7 +114,7 @@ void TimeEpochs::LayOut() {
   reportColumn->addLayout(Row({progress_, stop}));
   report_->hide();
 
-  hint_ = new QLabel;
+  hint_ = MakeLabel({});
   hint_->setObjectName("hint");
   hint_->setProperty("quiet", true);
   auto* column = new QVBoxLayout(this);
@@ -172,8 +173,7 @@ void TimeEpochs::cmdLoadEventsFile_Click() {
   Work(txtEventsFile_, [&] {
     QString outcome = "%1 lines from %2. Double-click an event to select its time.";
     try {
-      const std::string listing =
-          EventsListing(QDir::toNativeSeparators(path).toStdString(), chkFilter_->isChecked(), *this);
+      const std::string listing = EventsListing(PathOf(path), chkFilter_->isChecked(), *this);
       txtEventsFile_->clear();
       ShowListing(listing);
     } catch (const Interrupted&) {

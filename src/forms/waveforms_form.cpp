@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "controls/chosen_path.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/save_image.h"
@@ -190,8 +191,7 @@ void Waveforms::cmdSavePicture_Click() {
       dialogs_.SaveFile(this, {"Save Picture", "PNG picture (*.png)|*.png|All files (*.*)|*.*",
                                FileNameWithTetrode(TetrodeOf(session_), {"Waveforms"}) + ".png", "png"});
   if (path.isEmpty()) return;
-  SavePictureBytes(PngOf(ImageOf(onView_.Picture().Pixels(), Palette(session_))),
-                   QDir::toNativeSeparators(path).toStdString());
+  SavePictureBytes(PngOf(ImageOf(onView_.Picture().Pixels(), Palette(session_))), PathOf(path));
   status_->setText("Saved " + QFileInfo(path).fileName() + ".");
 }
 

@@ -40,7 +40,7 @@ void Waveforms::LayOut() {
   connect(cboHeight_, &QComboBox::currentIndexChanged, this, [this] { DrawAgain(onView_.Picture().Area()); });
   txtTimestamp_ = MakeTextBox("txtTimestamp", "Record", "The record number of the spike on view", 9);
   txtTimestamp_->setReadOnly(true);
-  status_ = new QLabel;
+  status_ = MakeLabel({});
   status_->setObjectName("status");
   status_->setProperty("quiet", true);
   OnClick(cmdForward_, &Waveforms::cmdForward_Click);

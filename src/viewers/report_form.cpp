@@ -6,6 +6,7 @@
 #include <QPrinter>
 #include <QtWidgets>
 
+#include "controls/chosen_path.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/save_image.h"
@@ -43,18 +44,28 @@ QString OrNone(double value) {
   return std::isfinite(value) ? Figure(value) : QString("n/a");
 }
 
+QString Percent(const Contamination& contamination) {
+  return contamination.TooMany ? QString("> 50 %") : Percent(contamination.Share);
+}
+
 QString ContaminationText(const RefractoryFigures& figures) {
-  if (figures.TooMany) return "> 50 %";
-  return figures.Contamination ? Percent(*figures.Contamination) : QString("n/a");
+  if (!figures.Foreign) return "n/a";
+  return QString("%1 (95 %: %2 to %3)").arg(Percent(*figures.Foreign), Percent(figures.Least), Percent(figures.Most));
+}
+
+QString ViolationsText(const RefractoryFigures& figures) {
+  if (!figures.Share) return "n/a";
+  return QString("%1 of %2, %3")
+      .arg(Whole(static_cast<double>(figures.Short)), Whole(static_cast<double>(figures.Intervals)),
+           Percent(*figures.Share));
 }
 
 QString FiguresOf(const Report& report) {
   const Isolation& apart = report.Measures.Apart;
-  const QStringList first = {
-      "Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
-      "Mean rate " + OrNone(report.MeanRate) + " spikes/s",
-      "Intervals below 2 ms " + (report.Refractory.Share ? Percent(*report.Refractory.Share) : QString("n/a")),
-      "Contamination " + ContaminationText(report.Refractory)};
+  const QStringList first = {"Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
+                             "Mean rate " + OrNone(report.MeanRate) + " spikes/s",
+                             "Intervals below 2 ms " + ViolationsText(report.Refractory),
+                             "Contamination " + ContaminationText(report.Refractory)};
   const QStringList second = {"Isolation distance " + OrNone(apart.IsolationDistance),
                               "L-ratio " + OrNone(apart.LRatio),
                               "Spatial information " + OrNone(report.Rate.Information) + " bits/spike",
@@ -72,7 +83,7 @@ QString NoteText(const ClusterNote& note) {
 }
 
 QLabel* MakeText(const QString& name, double points, bool bold = false) {
-  auto* label = new QLabel;
+  auto* label = MakeLabel({});
   label->setObjectName(name);
   label->setTextFormat(Qt::PlainText);  // notes and file names are shown in it
   QFont font = label->font();
@@ -221,9 +232,9 @@ void ReportForm::mnuFileSave_Click() {
   const QString path = dialogs_.SaveFile(
       this, {"Save Report", "PDF document (*.pdf)|*.pdf|PNG picture (*.png)|*.png", fileName_ + ".pdf", "pdf"});
   if (path.isEmpty()) return;
-  const std::string native = QDir::toNativeSeparators(path).toStdString();
+  const std::string native = PathOf(path);
   if (path.endsWith(".png", Qt::CaseInsensitive)) {
-    QImage image(kPictureScale * sheet_->size(), QImage::Format_RGB32);
+    QImage image = MakeImage(kPictureScale * sheet_->size(), QImage::Format_RGB32);
     image.fill(Qt::white);
     {
       QCPPainter painter;

@@ -1,5 +1,6 @@
 #include "viewers/result_window.h"
 
+#include "controls/chosen_path.h"
 #include "controls/controls.h"
 #include "controls/run_command.h"
 #include "controls/titles.h"
@@ -42,9 +43,9 @@ ResultWindow::ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle&
   plot_->plotLayout()->addElement(title_);
   body_ = new QCPLayoutGrid;
 
-  readOut_ = new QLabel(kHint);
+  readOut_ = MakeLabel(kHint);
   readOut_->setObjectName("readOut");
-  usage_ = new QLabel;
+  usage_ = MakeLabel({});
   usage_->setObjectName("usage");
   for (QLabel* label : {readOut_, usage_}) {
     label->setProperty("quiet", true);
@@ -257,7 +258,7 @@ void ResultWindow::Save(const FileDialogOptions& options, Write write) {
   const QString path = dialogs_.SaveFile(this, options);
   if (path.isEmpty()) return;
   try {
-    write(path.toStdString());
+    write(PathOf(path));
     readOut_->setText("Saved " + path);
   } catch (const std::exception& error) {
     dialogs_.ShowMessage(this, QString::fromStdString(SentenceOf(error)), {});

@@ -1,5 +1,7 @@
 // The program while it works, while it ends, and where a command could not run.
 
+#include <filesystem>
+
 #include "clusters/classify.h"
 #include "form_tests.h"
 #include "program.h"
@@ -54,6 +56,58 @@ class AtWorkTest : public QObject {
       program.Click("cmdLoadPoints");
       QVERIFY(!PointsLoaded(program.Shared));
       QCOMPARE(Status(program), "Stopped; everything is as it was before.");
+    }
+  }
+
+  void AStoppedLoadBringsBackWhatWasLoaded() {
+    for (const bool again : {false, true}) {
+      Program program(300000);
+      program.Type("txtDelay", "100000");
+      program.Load();
+      program.Click("lblNewCluster(1)");
+      program.DrawPolygon({{100, 10}, {250000, 10}, {500, 80}});
+      const int64_t members = PointsInCluster(program.Shared, 1);
+      QVERIFY(members > 0);
+      QTimer timer;
+      connect(&timer, &QTimer::timeout, [&] { QTest::keyClick(program.Get("txtLower"), Qt::Key_Escape); });
+      timer.setSingleShot(!again);  // the second Esc stops the reading of what was loaded before
+      timer.start(0);
+      program.Click("cmdLoadPoints");
+      timer.stop();
+      QCOMPARE(PointsLoaded(program.Shared), !again);
+      QCOMPARE(program.Shared.Points.Rows(), size_t(again ? 0 : 300000));
+      QCOMPARE(PointsInCluster(program.Shared, 1), again ? 0 : members);
+      QCOMPARE(Status(program),
+               again ? "Stopped; what was loaded before could not be read again: no points are loaded now."
+                     : "Stopped; everything is as it was before.");
+      if (again) QVERIFY(program.Messages().contains("could not be read again (that was stopped too)"));
+      program.Click("cmdLoadPoints");
+      QCOMPARE(PointsInCluster(program.Shared, 1), members);
+    }
+  }
+
+  void AFolderOfAnyNameOpens() {
+    for (const char* name : {"a\\b", "caf\xE9"}) {
+      Program program;
+      program.Start();
+      QTemporaryDir parent;
+      const std::filesystem::path folder = std::filesystem::path(parent.path().toStdString()) / name;
+      std::filesystem::create_directory(folder);
+      std::filesystem::copy(program.Path("TT1/TT1.Ntt.parms").toStdString(), folder / "TT1.Ntt.parms");
+      std::filesystem::copy(program.Path("VideoSampling").toStdString(), folder / ".." / "VideoSampling");
+      Session session;
+      ScriptedDialogs dialogs;
+      dialogs.FilesToOpen = {QFile::decodeName(folder.c_str()) + "/TT1.Ntt.parms"};
+      {
+        Main_Form form(session, dialogs);
+        QVERIFY(form.Form_Load());
+        form.findChild<QAbstractButton*>("cmdLoadPoints")->click();
+        QCOMPARE(session.Points.Rows(), size_t{1000});
+        QCOMPARE(dialogs.Messages, QStringList());
+        form.close();
+      }
+      QVERIFY(std::filesystem::exists(folder / "cbfile.exit.txt"));
+      QDir::setCurrent(program.Path("TT1"));
     }
   }
 
