@@ -20,22 +20,19 @@ ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   const int b = BoundaryToDraw(session, session.Clusters[c]);
   if (b == kBoundariesPerCluster)
     return {"Cluster " + std::to_string(c) + " has all the 21 boundaries that a cluster can have."};
-  const UndoSnapshot earlier = session.Undo;
-  SaveUndoSnapshot(session);
   Cluster& cluster = session.Clusters[c];
+  open = OpenPolygon{c, static_cast<int16_t>(b), cluster, session.Undo};
+  SaveUndoSnapshot(session);
   if (b == cluster.BoundaryCount && ++cluster.BoundaryCount == 1) {
     ++session.DefinitionCounter;
     session.ClusterDefined[c] = true;
   }
   cluster.Boundaries[b] = {session.XParameter, session.YParameter, 1, {click}};
-  open = OpenPolygon{c, static_cast<int16_t>(b), earlier};
   return {};
 }
 
-/// False when the boundary is full. A corner that is the last one again, as of a double click, is there already: an
-/// edge of no length would take the comparison of its neighbours away.
+/// False when the boundary is full.
 bool Append(Boundary& boundary, Vertex vertex) {
-  if (boundary.Vertices[boundary.VertexCount - 1] == vertex) return true;
   if (boundary.VertexCount == kVerticesPerBoundary) return false;
   boundary.Vertices[boundary.VertexCount++] = vertex;
   return true;
@@ -68,8 +65,18 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
 
 void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open) {
   if (!open) return;
-  UndoLastChange(session);
-  session.Undo = open->Earlier;
+  const int c = open->Cluster;
+  const bool first = open->Before.BoundaryCount == 0;
+  if (session.Undo.Clusters[c] == open->Before) {
+    session.Undo = open->Earlier;
+  } else {
+    session.Undo.Clusters[c] = open->Before;
+    if (first) --session.Undo.DefinitionCounter;
+  }
+  session.Clusters[c] = open->Before;
+  session.ClusterDefined[c] = !first;
+  if (first) --session.DefinitionCounter;
+  ClassifyCluster(session, c);
   open.reset();
 }
 

@@ -12,6 +12,8 @@ namespace pallomir {
 struct OpenPolygon {
   int16_t Cluster = 0;
   int16_t Boundary = 0;
+  /// The cluster before the first click. Other commands take an undo snapshot too while the polygon is open.
+  pallomir::Cluster Before{};
   /// What Undo would have brought back before the polygon was begun.
   UndoSnapshot Earlier{};
 };
@@ -35,7 +37,8 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
 /// polygon is open.
 ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click);
 
-/// Takes an open polygon back: the cut is that before its first click, and Undo brings back what it would have then.
+/// Takes an open polygon back: its cluster is that before the first click. Undo brings back what it would have then or,
+/// where another command took its snapshot meanwhile, that snapshot without the polygon.
 void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open);
 
 /// Gives up a polygon whose cluster or projection is no longer the present one; it stays in the table as drawn so far.

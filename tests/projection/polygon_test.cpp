@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "clusters/undo.h"
 #include "support/sessions.h"
 
 namespace pallomir {
@@ -55,6 +56,37 @@ TEST_F(Drawing, APolygonReplacesTheOneInItsProjectionAndNoOther) {
   session.CurrentCluster = 4;
   Draw(high);
   EXPECT_EQ(session.DefinitionCounter, 2);
+}
+
+TEST_F(Drawing, TakenBackLeavesWhatWasThereWhateverSnapshotsCameMeanwhile) {
+  for (const bool replaced : {true, false}) {
+    for (const bool snapshotMeanwhile : {true, false}) {
+      session = SessionWith({{5, 5}, {50, 50}});
+      session.CurrentCluster = 3;
+      if (replaced) Draw(low);
+      const BoundaryTable before = session.Clusters;
+      const BoundaryTable undo = session.Undo.Clusters;
+      AddVertex(session, open, {40, 40});
+      AddVertex(session, open, {41, 40});
+      if (snapshotMeanwhile) SaveUndoSnapshot(session);
+      TakeBackPolygon(session, open);
+      EXPECT_FALSE(open);
+      EXPECT_EQ(session.Clusters, before);
+      EXPECT_EQ(session.DefinitionCounter, replaced ? 1 : 0);
+      EXPECT_EQ(session.ClusterDefined[3], replaced);
+      EXPECT_EQ(ListOf(session, 0), replaced ? std::vector{3} : std::vector<int>{});
+      EXPECT_EQ(ListOf(session, 1), std::vector<int>{});
+      EXPECT_EQ(session.Undo.Clusters, snapshotMeanwhile ? before : undo);
+      if (!snapshotMeanwhile) continue;
+      EXPECT_EQ(session.Undo.DefinitionCounter, session.DefinitionCounter);
+    }
+  }
+}
+
+TEST_F(Drawing, APressAtTheSamePlaceIsACornerToo) {
+  for (int k = 0; k < 3; ++k) AddVertex(session, open, {1, 1});
+  ClosePolygon(session, open, {1, 1});
+  EXPECT_EQ(Present().Boundaries[0], PolygonOf({{1, 1}, {1, 1}, {1, 1}, {1, 1}}));
 }
 
 TEST_F(Drawing, NeedsAClusterAndAnOpenPolygon) {
