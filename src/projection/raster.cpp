@@ -55,10 +55,22 @@ inline void FillRun(uint8_t* to, uint32_t code, uint32_t length) {
   }
 }
 
+/// How far row `row` of a disc reaches to either side of its centre.
+int HalfRow(double radius, int row) {
+  return static_cast<int>(std::sqrt(radius * radius - row * row));
+}
+
+int PixelsOfDisc(double radius) {
+  int size = 0;
+  for (int row = -static_cast<int>(radius); row <= radius; ++row) size += 2 * HalfRow(radius, row) + 1;
+  return size;
+}
+
 }  // namespace
 
 Raster::Raster(int width, int height, double radius, int pixel) : width_(width), height_(height) {
   radius = std::min(radius, kLargestRadius);
+  if (PixelsOfDisc(radius) < pixel * pixel) radius = 0;
   reach_ = radius > 0 ? static_cast<int>(radius) : pixel / 2;
   margin_ = 2 * reach_;
   stride_ = width_ + 2 * margin_;
@@ -75,7 +87,7 @@ void Raster::MakeShape(double radius, int pixel) {
     return;
   }
   for (int row = -reach_; row <= reach_; ++row) {
-    const int half = static_cast<int>(std::sqrt(radius * radius - row * row));
+    const int half = HalfRow(radius, row);
     shape_.push_back({std::ptrdiff_t{row} * stride_ - half, static_cast<uint32_t>(2 * half + 1)});
   }
 }

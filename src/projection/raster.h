@@ -15,7 +15,7 @@ namespace pallomir {
 class Raster {
  public:
   /// An empty picture of width x height device pixels; `radius` is that of the discs drawn on it, in device pixels,
-  /// and `pixel` the side of the square that stands for one pixel where radius is 0.
+  /// and `pixel` the side of the square that stands for one pixel where radius is 0, or its disc were smaller.
   Raster(int width, int height, double radius, int pixel);
   Raster() : Raster(1, 1, 0, 1) {}
 
