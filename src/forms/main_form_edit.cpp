@@ -8,6 +8,7 @@
 #include "controls/run_command.h"
 #include "forms/edit_panel.h"
 #include "forms/main_form.h"
+#include "projection/colours.h"
 
 namespace pallomir {
 
@@ -93,6 +94,7 @@ void Main_Form::cmdDeleteClusterBounds_Click() {
 
 void Main_Form::cmdHideCL0_Click() {
   session_.Display[0] = !session_.Display[0];
+  ShowClusters(session_);
   edit_->cmdHideCL0->setChecked(!session_.Display[0]);
   edit_->cmdHideCL0->setText(session_.Display[0] ? "Hide CL 0" : "Show CL 0");
   RedrawIfLoaded();

@@ -27,11 +27,9 @@ void BuildColourTable(Session& session) {
     if (session.DisplayAsZero[c]) session.Colours[c] = session.Colours[0];
 }
 
-void SetDisplayAsZero(Session& session, int c, bool asZero, bool disabled) {
-  session.DisplayAsZero[c] = asZero;
-  session.Colours[c] = asZero ? session.Colours[0] : kClusterColours[c];
-  if (asZero && !session.Display[0]) session.Display[c] = false;
-  if (!asZero) session.Display[c] = !disabled;
+void ShowClusters(Session& session) {
+  for (int c = 1; c <= kClusters; ++c)
+    session.Display[c] = !session.DisplayDisabled[c] && (session.Display[0] || !session.DisplayAsZero[c]);
 }
 
 }  // namespace pallomir

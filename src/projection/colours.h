@@ -8,8 +8,8 @@ namespace pallomir {
 /// fixed. Clusters displayed as cluster 0 take its colour.
 void BuildColourTable(Session& session);
 
-/// Displays cluster c as unclustered points are, or as itself again. While cluster 0 is not displayed, c is not either;
-/// `disabled` tells whether c's own display is switched off.
-void SetDisplayAsZero(Session& session, int c, bool asZero, bool disabled);
+/// Sets the display flags of clusters 1..30 by the switches, whichever came first: a cluster is drawn unless its own
+/// display is switched off, or it is shown as unclustered points are and those are not drawn.
+void ShowClusters(Session& session);
 
 }  // namespace pallomir

@@ -82,8 +82,10 @@ struct Session {
 
   ByCluster<Colour> Colours{};
   ByCluster<Colour> ReferenceColours{};
-  /// Whether points of a cluster are drawn, by cluster 0..30.
+  /// Whether points of a cluster are drawn, by cluster 0..30: see ShowClusters.
   ByCluster<bool> Display{};
+  /// Clusters whose own display is switched off.
+  ByCluster<bool> DisplayDisabled{};
   /// Clusters that are shown as unclustered points are.
   ByCluster<bool> DisplayAsZero{};
   bool AutomaticRedraw = true;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
+#include <vector>
 
 #include "support/sessions.h"
 
@@ -29,20 +31,23 @@ TEST(Colours, ClustersShownAsZeroFollowTheBackground) {
   }
 }
 
-TEST(Colours, ShowingAsZeroHidesWithClusterZeroAndIsTakenBackWhole) {
-  for (const bool zeroShown : {true, false})
-    for (const bool disabled : {true, false}) {
-      Session session = SessionWith({});
-      session.Display[0] = zeroShown;
-      session.Display[3] = !disabled;
-      SetDisplayAsZero(session, 3, true, disabled);
-      EXPECT_EQ(session.Colours[3], session.Colours[0]);
-      EXPECT_EQ(session.Display[3], zeroShown && !disabled);
-      SetDisplayAsZero(session, 3, false, disabled);
-      EXPECT_EQ(session.Colours[3], 0xFF8080);
-      EXPECT_EQ(session.Display[3], !disabled);
-      EXPECT_FALSE(session.DisplayAsZero[3]);
-    }
+TEST(Colours, SwitchesDecideWhatIsShownWhicheverCameFirst) {
+  enum Switch { kAsZero, kHideZero, kDisable };
+  std::vector<int> order = {kAsZero, kHideZero, kDisable};
+  do {
+    Session session = SessionWith({});
+    const auto flip = [&](int which) {
+      if (which == kAsZero) session.DisplayAsZero[3] = !session.DisplayAsZero[3];
+      if (which == kHideZero) session.Display[0] = !session.Display[0];
+      if (which == kDisable) session.DisplayDisabled[3] = !session.DisplayDisabled[3];
+      ShowClusters(session);
+      EXPECT_EQ(session.Display[3], !session.DisplayDisabled[3] && (session.Display[0] || !session.DisplayAsZero[3]));
+      EXPECT_TRUE(session.Display[4]) << "another cluster is left alone";
+    };
+    for (const int which : order) flip(which);
+    for (const int which : order) flip(which);
+    EXPECT_TRUE(session.Display[3]);
+  } while (std::next_permutation(order.begin(), order.end()));
 }
 
 }  // namespace
