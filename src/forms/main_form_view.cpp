@@ -48,9 +48,10 @@ void Main_Form::lstY_Axis_Up() {
   session_.XParameter = static_cast<int16_t>(axes_->lstX_Axis->currentRow());
   session_.YParameter = static_cast<int16_t>(axes_->lstY_Axis->currentRow());
   ShowPendingAxis();
-  const bool overlap = projections_->OverlapRunning();
   Redraw();
-  if (overlap) cmdShowOverlap_Click();
+  if (!projections_->OverlapRunning()) return;
+  projections_->StopOverlap();
+  cmdShowOverlap_Click();
 }
 
 void Main_Form::ShowAxes(int x, int y) {
@@ -166,13 +167,15 @@ void Main_Form::TypeClusterDigit(int digit) {
 }
 
 void Main_Form::chkDisableClusterDisplay_Click(int c) {
-  session_.Display[c] = !clusters_->chkDisableClusterDisplay[c]->isChecked();
+  session_.DisplayDisabled[c] = clusters_->chkDisableClusterDisplay[c]->isChecked();
+  ShowClusters(session_);
   if (session_.AutomaticRedraw) RedrawIfLoaded();
 }
 
 void Main_Form::chkDisplayClusterAsZero_Click(int c) {
-  SetDisplayAsZero(session_, c, clusters_->chkDisplayClusterAsZero[c]->isChecked(),
-                   clusters_->chkDisableClusterDisplay[c]->isChecked());
+  session_.DisplayAsZero[c] = clusters_->chkDisplayClusterAsZero[c]->isChecked();
+  BuildColourTable(session_);
+  ShowClusters(session_);
   if (session_.AutomaticRedraw) RedrawIfLoaded();
 }
 

@@ -4,14 +4,26 @@
 #include <span>
 
 #include "projection/raster.h"
+#include "projection/stroke.h"
 #include "projection/view.h"
 #include "session/session.h"
 #include "waveforms/trace_raster.h"
 
 namespace pallomir {
 
-/// What lies under the points: the background and the boundaries made in the session's projection.
-QImage MakeGround(const Session& session, const View& view, double pixelRatio, bool drawBoundaries);
+/// The image's pixels, of four bytes each.
+Canvas CanvasOf(QImage& image);
+
+/// About how many marks an axis of so many logical pixels has.
+int AxisTickCount(double length);
+
+struct GroundOptions {
+  bool Axes = true;
+  bool Boundaries = true;
+};
+
+/// What lies under the points: the background, the axes' lines, the boundaries made in the session's projection.
+QImage MakeGround(const Session& session, const View& view, double pixelRatio, const GroundOptions& options);
 
 /// The ground with the raster's points over it, in the session's colours.
 QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session);
@@ -21,8 +33,5 @@ QImage PointsAlone(const Raster& raster, QColor colour);
 
 /// The traces, palette[code] for each pixel's code.
 QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette);
-
-/// Draws ticks, numbers and the parameters' names along the left and lower edge.
-void DrawAxes(QImage& picture, const Session& session, const View& view);
 
 }  // namespace pallomir

@@ -2,6 +2,9 @@
 
 #include <QtWidgets>
 
+#include "forms/picture.h"
+#include "projection/counted_part.h"
+
 namespace pallomir {
 
 PlotSurface::PlotSurface(QWidget* parent) : QWidget(parent) {
@@ -18,9 +21,14 @@ QSize PlotSurface::DeviceSize() const {
 }
 
 void PlotSurface::SetPicture(QImage picture, const View& view) {
+  SetBlank(std::move(picture), [view] { return view; });
+}
+
+void PlotSurface::SetBlank(QImage picture, std::function<View()> scale) {
+  scale_ = std::move(scale);
   picture_ = std::move(picture);
   picture_.setDevicePixelRatio(devicePixelRatioF());
-  view_ = view;
+  composed_.reset();
   update();
 }
 
@@ -30,15 +38,14 @@ void PlotSurface::SetNotice(const QString& heading, const QStringList& lines) {
   update();
 }
 
-void PlotSurface::SetPolygon(std::vector<Vertex> vertices, QColor colour) {
-  polygon_ = std::move(vertices);
-  polygonColour_ = colour;
+void PlotSurface::SetPolygon(std::optional<ShownPolygon> polygon) {
+  polygon_ = std::move(polygon);
+  composed_.reset();
   update();
 }
 
 void PlotSurface::SetZoomAnchor(std::optional<Vertex> anchor) {
   zoomAnchor_ = anchor;
-  if (anchor) pointer_ = *anchor;
   update();
 }
 
@@ -49,12 +56,14 @@ void PlotSurface::SetBlink(QImage image) {
 
 Vertex PlotSurface::ValueAt(QPointF position) const {
   const double ratio = devicePixelRatioF();
-  return {static_cast<float>(view_.ValueX(position.x() * ratio)),
-          static_cast<float>(view_.ValueY(position.y() * ratio))};
+  const View scale = Scale();
+  return {static_cast<float>(scale.ValueX(position.x() * ratio)),
+          static_cast<float>(scale.ValueY(position.y() * ratio))};
 }
 
 QPointF PlotSurface::PositionOf(Vertex vertex) const {
-  const QPointF centre(view_.PixelX(vertex.X) + 0.5, view_.PixelY(vertex.Y) + 0.5);
+  const View scale = Scale();
+  const QPointF centre(scale.PixelX(vertex.X) + 0.5, scale.PixelY(vertex.Y) + 0.5);
   return centre / devicePixelRatioF();
 }
 
@@ -65,11 +74,12 @@ void PlotSurface::paintEvent(QPaintEvent*) {
     PaintNotice(painter);
     return;
   }
-  const QRectF whole(QPointF(), QSizeF(picture_.size()) / picture_.devicePixelRatio());
-  painter.drawImage(whole, picture_);
+  if (const View scale = Scale(); composed_ != scale) Compose(scale);
+  const QRectF whole(QPointF(), QSizeF(shown_.size()) / shown_.devicePixelRatio());
+  painter.drawImage(whole, shown_);
   if (!blink_.isNull()) painter.drawImage(whole, blink_);
   painter.setRenderHint(QPainter::Antialiasing);
-  PaintPolygon(painter);
+  PaintRubberBand(painter);
   PaintZoomRectangle(painter);
 }
 
@@ -90,40 +100,75 @@ void PlotSurface::PaintNotice(QPainter& painter) const {
   for (const QString& line : noticeLines_) painter.drawText(left, baseline += lineHeight, line);
 }
 
-void PlotSurface::PaintPolygon(QPainter& painter) const {
-  if (polygon_.empty() || !view_.Drawable()) return;
-  QPolygonF line;
-  for (const Vertex& vertex : polygon_) line << PositionOf(vertex);
-  painter.setPen(QPen(polygonColour_, 1.5));
-  painter.drawPolyline(line);
-  painter.setBrush(polygonColour_);
-  for (const QPointF& corner : line) painter.drawEllipse(corner, 2, 2);
-  painter.setPen(QPen(polygonColour_, 1, Qt::DashLine));
-  painter.drawLine(line.back(), PositionOf(pointer_));
+void PlotSurface::Compose(const View& scale) {
+  composed_ = scale;
+  shown_ = picture_;
+  if (!polygon_ || !scale.Drawable()) return;
+  const Boundary& shape = polygon_->Shape;
+  const std::span corners(shape.Vertices.data(), static_cast<size_t>(shape.VertexCount));
+  const PolygonFaults faults = FaultsOf(shape);
+  const double ratio = devicePixelRatioF();
+  const Canvas canvas = CanvasOf(shown_);
+  if (faults.Any()) ShadeCountedPart(canvas, scale, shape, static_cast<int>(std::ceil(2 * ratio)));
+  if (polygon_->Open) StrokePolygon(canvas, scale, corners, false, 1.5 * ratio, polygon_->Colour.rgb());
+  QPainter painter(&shown_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF near = QRectF(rect()).adjusted(-10, -10, 10, 10);
+  const auto ring = [&](int corner, double radius) {
+    const QPointF at = PositionOf(shape.Vertices[corner]);
+    if (near.contains(at)) painter.drawEllipse(at, radius, radius);
+  };
+  if (polygon_->Open) {
+    painter.setPen(polygon_->Colour);
+    painter.setBrush(polygon_->Colour);
+    for (int k = 0; k < shape.VertexCount; ++k) ring(k, 2);
+  }
+  painter.setBrush(Qt::NoBrush);
+  for (const QPen& pen : {QPen(QColor(60, 40, 0), 4), QPen(QColor(255, 176, 32), 2)}) {
+    painter.setPen(pen);
+    for (const int corner : faults.Inward) ring(corner, 7);
+    for (const int corner : faults.Repeated) ring(corner, 7);
+  }
+}
+
+void PlotSurface::PaintRubberBand(QPainter& painter) const {
+  if (!polygon_ || !polygon_->Open || !Scale().Drawable()) return;
+  const QPointF last = PositionOf(polygon_->Shape.Vertices[polygon_->Shape.VertexCount - 1]);
+  const auto seen = Clipped({last.x(), last.y(), pointer_.x(), pointer_.y()}, width(), height(), 2);
+  if (!seen) return;
+  painter.setPen(QPen(polygon_->Colour, 1, Qt::DashLine));
+  painter.drawLine(QPointF(seen->X0, seen->Y0), QPointF(seen->X1, seen->Y1));
 }
 
 void PlotSurface::PaintZoomRectangle(QPainter& painter) const {
-  if (!zoomAnchor_ || !view_.Drawable()) return;
-  const QRectF rectangle = QRectF(PositionOf(*zoomAnchor_), PositionOf(pointer_)).normalized();
+  if (!zoomAnchor_ || !Scale().Drawable()) return;
+  const QRectF rectangle = QRectF(PositionOf(*zoomAnchor_), pointer_).normalized();
   painter.setPen(QPen(QColor(130, 170, 255), 1));
   painter.setBrush(QColor(130, 170, 255, 40));
-  painter.drawRect(rectangle);
+  painter.drawRect(rectangle & QRectF(rect()).adjusted(-2, -2, 2, 2));
 }
 
 void PlotSurface::mousePressEvent(QMouseEvent* event) {
-  pointer_ = ValueAt(event->position());
-  emit Pressed(event->button(), pointer_);
+  pointer_ = pressed_ = event->position();
+  emit Pressed(event->button(), ValueAt(pointer_));
+}
+
+void PlotSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The second press of a double click is no press of its own, unless the hand has moved on.
+  constexpr double kSamePlace = 2;
+  const QPointF moved = event->position() - pressed_;
+  if (std::max(std::abs(moved.x()), std::abs(moved.y())) > kSamePlace) mousePressEvent(event);
 }
 
 void PlotSurface::mouseMoveEvent(QMouseEvent* event) {
-  pointer_ = ValueAt(event->position());
-  if (!polygon_.empty() || zoomAnchor_) update();
-  emit Moved(pointer_);
+  pointer_ = event->position();
+  if ((polygon_ && polygon_->Open) || zoomAnchor_) update();
+  emit Moved(ValueAt(pointer_));
 }
 
 void PlotSurface::mouseReleaseEvent(QMouseEvent* event) {
-  pointer_ = ValueAt(event->position());
-  emit Released(event->button(), pointer_);
+  pointer_ = event->position();
+  emit Released(event->button(), ValueAt(pointer_));
 }
 
 void PlotSurface::leaveEvent(QEvent*) {

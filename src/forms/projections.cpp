@@ -11,14 +11,15 @@
 #include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/number_text.h"
+#include "forms/axis_ruler.h"
 #include "forms/picture.h"
+#include "projection/counted_part.h"
 
 namespace pallomir {
 
 namespace {
 
 constexpr auto kFrame = std::chrono::milliseconds(30);
-constexpr int kSlowTick = 15;
 
 }  // namespace
 
@@ -49,11 +50,16 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   status->addWidget(pointer_, 1, 0);
   status->addWidget(count_, 1, 1, Qt::AlignRight);
   status->setColumnStretch(0, 1);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(0);
-  column->addWidget(surface_, 1);
-  column->addLayout(status);
+  xRuler_ = new AxisRuler(Qt::Horizontal, this);
+  yRuler_ = new AxisRuler(Qt::Vertical, this);
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(yRuler_, 0, 0);
+  grid->addWidget(surface_, 0, 1);
+  grid->addWidget(xRuler_, 1, 1);
+  grid->addLayout(status, 2, 0, 1, 2);
+  grid->setRowStretch(0, 1);
 
   connect(surface_, &PlotSurface::Pressed, this,
           [this](Qt::MouseButton button, Vertex at) { RunCommand(world_, [&] { Form_MouseDown(button, at); }); });
@@ -66,12 +72,15 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   resized_.setInterval(0);
   connect(&resized_, &QTimer::timeout, this, [this] {
     // During a load there are no points: those that are there when it has ended are drawn in the new size.
-    if (!PointsLoaded(session_) && options_().Busy)
-      QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
-    else if (PointsLoaded(session_) && drawn_)
+    if (!PointsLoaded(session_)) {
+      if (options_().Busy) QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
+    } else if (drawn_) {
       RunCommand(world_, [this] { Redraw(); });
+    } else {
+      ShowBlank();
+    }
   });
-  slow_.setInterval(kSlowTick);
+  slow_.setInterval(kFrame);
   connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { SlowTick(); }); });
   ShowHint();
 }
@@ -79,7 +88,6 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
 void Projections::Redraw() {
   if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
   StopSlowRedraw();
-  StopOverlap();
   const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
   const bool givenUp = open && !open_;
@@ -103,7 +111,8 @@ void Projections::Redraw() {
 bool Projections::DrawAllPoints() {
   const uint64_t generation = generation_;
   const ProjectionOptions options = options_();
-  auto shown = std::chrono::steady_clock::now();
+  // What is clicked from now on means the new picture: it is shown before the first look at the user interface.
+  std::chrono::steady_clock::time_point shown;
   for (size_t begin = 0; begin < session_.Points.Rows();) {
     const size_t end = begin + std::min(options.Batch, session_.Points.Rows() - begin);
     shown_ += DrawPoints(session_, view_, options.Drawing, begin, end, random_, raster_);
@@ -120,6 +129,10 @@ bool Projections::DrawAllPoints() {
   return true;
 }
 
+int Projections::DevicePixel() const {
+  return std::max(1, static_cast<int>(std::lround(surface_->devicePixelRatioF())));
+}
+
 void Projections::BeginPicture() {
   Supersede();
   pointer_->clear();
@@ -127,28 +140,50 @@ void Projections::BeginPicture() {
   const QSize size = surface_->DeviceSize();
   const double ratio = surface_->devicePixelRatioF();
   view_ = ViewOf(session_, size.width(), size.height());
-  ground_ = MakeGround(session_, view_, ratio, options.DrawBoundaries);
-  raster_ = Raster(size.width(), size.height(), PointRadius(session_.PointSize, size.width()),
-                   std::max(1, static_cast<int>(std::lround(ratio))));
-  axesOff_ = options.AxesOff;
+  ground_ = MakeGround(session_, view_, ratio, {!options.AxesOff, options.DrawBoundaries});
+  raster_ = Raster(size.width(), size.height(), PointRadius(session_.PointSize, size.width()), DevicePixel());
   drawn_ = true;
   shown_ = 0;
+  ShowRulers();
+}
+
+void Projections::ShowRulers() {
+  xRuler_->Clear();
+  yRuler_->Clear();
+  if (!drawn_ || options_().AxesOff || !view_.Drawable()) return;
+  const double ratio = surface_->devicePixelRatioF();
+  std::vector<AxisRuler::Mark> x, y;
+  for (const Tick& tick : AxisTicks(view_.Left, view_.Right, AxisTickCount(view_.Width / ratio)))
+    x.push_back({(view_.PixelX(tick.Value) + 0.5) / ratio, FromText(tick.Text)});
+  for (const Tick& tick : AxisTicks(view_.Bottom, view_.Top, AxisTickCount(view_.Height / ratio)))
+    y.push_back({(view_.PixelY(tick.Value) + 0.5) / ratio, FromText(tick.Text)});
+  xRuler_->Show(std::move(x), FromText(session_.ParameterNames[session_.XParameter]));
+  yRuler_->Show(std::move(y), FromText(session_.ParameterNames[session_.YParameter]));
 }
 
 void Projections::ShowPicture() {
-  QImage picture = WithPoints(ground_, raster_, session_);
-  if (!axesOff_) DrawAxes(picture, session_, view_);
-  surface_->SetPicture(std::move(picture), view_);
+  surface_->SetPicture(WithPoints(ground_, raster_, session_), view_);
   ShowPolygon();
+  ShowOverlap();
+}
+
+const Boundary* Projections::FaultyBoundary() const {
+  const int c = session_.CurrentCluster;
+  const Cluster& cluster = session_.Clusters[c];
+  if (open_ || c == 0 || !drawn_ || !session_.Display[c] || !options_().DrawBoundaries) return nullptr;
+  for (int b = 0; b < cluster.BoundaryCount; ++b)
+    if (OnView(session_, cluster.Boundaries[b]) && FaultsOf(cluster.Boundaries[b]).Any()) return &cluster.Boundaries[b];
+  return nullptr;
 }
 
 void Projections::ShowPolygon() {
-  std::vector<Vertex> vertices;
-  if (open_) {
-    const Boundary& boundary = BoundaryOf(session_, *open_);
-    vertices.assign(boundary.Vertices.begin(), boundary.Vertices.begin() + boundary.VertexCount);
-  }
-  surface_->SetPolygon(std::move(vertices), ScreenColour(session_.Colours[session_.CurrentCluster]));
+  const QColor colour = ScreenColour(session_.Colours[session_.CurrentCluster]);
+  if (open_)
+    surface_->SetPolygon(ShownPolygon{BoundaryOf(session_, *open_), colour, true});
+  else if (const Boundary* faulty = FaultyBoundary())
+    surface_->SetPolygon(ShownPolygon{*faulty, colour, false});
+  else
+    surface_->SetPolygon({});
 }
 
 void Projections::ShowCount() {
@@ -162,9 +197,11 @@ void Projections::ShowCount() {
 void Projections::StartSlowRedraw() {
   if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
   if (!isVisible()) show();
-  StopOverlap();
   BeginPicture();
+  ShowPicture();
   slowPoint_ = 0;
+  slowRest_ = 1;
+  slowClock_.start();
   slow_.start();
   ShowHint();
 }
@@ -180,20 +217,21 @@ void Projections::SlowTick() {
     StopSlowRedraw();
     return;
   }
-  shown_ += DrawPoints(session_, view_, options_().Drawing, slowPoint_, slowPoint_ + 1, random_, raster_);
-  ++slowPoint_;
+  // At most what a redraw does in one go; a slow screen drops behind instead of falling deaf.
+  constexpr size_t kMost = 250000;
+  const ProjectionOptions options = options_();
+  const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options.Batch) + slowRest_;
+  const size_t count = std::min(static_cast<size_t>(std::min(due, 1e15)), kMost);
+  slowRest_ = due - std::floor(due);
+  shown_ += DrawPoints(session_, view_, options.Drawing, slowPoint_, slowPoint_ + count, random_, raster_);
+  slowPoint_ += count;
+  if (count == 0) return;
   ShowPicture();
   ShowCount();
 }
 
-void Projections::StartOverlap(const OverlapPoints& points) {
-  const QSize size = surface_->DeviceSize();
-  const int pixel = std::max(1, static_cast<int>(std::lround(surface_->devicePixelRatioF())));
-  const double radius = static_cast<double>(size.width()) * session_.PointSize / 1000;
-  // Circles at every point size, but none that is smaller than a pixel.
-  overlap_ = Overlap{Raster(size.width(), size.height(), radius < pixel ? 0 : radius, pixel)};
-  const std::vector<uint8_t> codes(points.X.size(), 1);
-  overlap_->Points.Draw(view_, points.X.data(), points.Y.data(), codes.data(), codes.size());
+void Projections::StartOverlap(OverlapPoints points) {
+  overlap_ = Overlap{std::move(points)};
   Blink();
 }
 
@@ -207,26 +245,44 @@ void Projections::StopOverlap() {
 void Projections::Blink() {
   if (!overlap_) return;
   overlap_->White = !overlap_->White;
-  surface_->SetBlink(PointsAlone(overlap_->Points, overlap_->White ? Qt::white : Qt::black));
+  ShowOverlap();
+}
+
+void Projections::ShowOverlap() {
+  if (!overlap_) return;
+  const View scale = surface_->Scale();
+  const OverlapPoints& points = overlap_->Points;
+  // Circles at every point size.
+  Raster raster(scale.Width, scale.Height, static_cast<double>(scale.Width) * session_.PointSize / 1000, DevicePixel());
+  const std::vector<uint8_t> codes(points.X.size(), 1);
+  raster.Draw(scale, points.X.data(), points.Y.data(), codes.data(), codes.size());
+  surface_->SetBlink(PointsAlone(raster, overlap_->White ? Qt::white : Qt::black));
 }
 
 void Projections::GiveUpPolygon() {
   open_.reset();
-  StopOverlap();
   ShowPolygon();
   ShowHint();
 }
 
 void Projections::Clear() {
   Supersede();
-  StopOverlap();
   StopSlowRedraw();
+  drawn_ = false;
+  ShowBlank();
+  count_->clear();
+}
+
+void Projections::ShowBlank() {
   ground_ = MakeImage(surface_->DeviceSize(), QImage::Format_RGB32);
   ground_.setDevicePixelRatio(surface_->devicePixelRatioF());
   ground_.fill(session_.WhiteBackground ? Qt::white : Qt::black);
-  drawn_ = false;
-  surface_->SetPicture(ground_, ViewOf(session_, ground_.width(), ground_.height()));
-  count_->clear();
+  surface_->SetBlank(ground_, [this] {
+    const QSize size = surface_->DeviceSize();
+    return ViewOf(session_, size.width(), size.height());
+  });
+  ShowPolygon();
+  ShowRulers();
 }
 
 void Projections::Supersede() {
@@ -243,8 +299,9 @@ QString Projections::Hint() const {
   const int c = session_.CurrentCluster;
   const Cluster& cluster = session_.Clusters[c];
   if (!PointsLoaded(session_)) return "Load points to see them here.";
-  if (drawn_ && !view_.Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
-  if (slow_.isActive()) return "Drawing one point at a time; Esc, or another right click on Redraw, stops it.";
+  if (!surface_->Scale().Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
+  if (slow_.isActive())
+    return "Drawing one point at a time, as many a second as Draw Speed says. Redraw or Enter shows all, Esc stops.";
   for (const int p : {session_.XParameter, session_.YParameter})
     if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
       return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
@@ -255,12 +312,19 @@ QString Projections::Hint() const {
     return options.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
                         : "Click the centre of the maze to write the center file; Esc gives that up.";
   if (options.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+  if (open_ && FaultsOf(BoundaryOf(session_, *open_)).Any())
+    return QString("Cluster %1: %2 Esc takes it back.")
+        .arg(c)
+        .arg(FromText(FaultsOf(BoundaryOf(session_, *open_)).Sentence()));
   if (open_)
     return QString("Cluster %1: left click for the next corner, right click for the last one. Esc takes it back.")
         .arg(c);
   if (c == 0) return "Choose a cluster on the left, then click its corners here.";
   if (cluster.BoundaryCount == 0)
     return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
+  const QString points = FromText(Grouped(PointsInCluster(session_, c)));
+  if (const Boundary* faulty = FaultyBoundary())
+    return QString("Cluster %1 holds %2 points. %3").arg(c).arg(points, FromText(FaultsOf(*faulty).Sentence()));
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
@@ -268,7 +332,7 @@ QString Projections::Hint() const {
                         "it narrows it."
                       : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
       .arg(c)
-      .arg(QString::fromStdString(Grouped(PointsInCluster(session_, c))));
+      .arg(points);
 }
 
 void Projections::ShowHint() {
@@ -291,7 +355,7 @@ void Projections::ShowCluster() {
 void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
   const ProjectionOptions options = options_();
   if (options.Busy) return;
-  if (!PointsLoaded(session_) || (drawn_ && !view_.Drawable())) {
+  if (!PointsLoaded(session_) || !surface_->Scale().Drawable()) {
     ShowHint();
     return;
   }
@@ -330,16 +394,12 @@ void Projections::Form_MouseMove(Vertex at) {
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   if (!zoomAnchor_ || button != Qt::LeftButton) return;
   const Vertex anchor = *zoomAnchor_;
-  // What is seen of the rectangle is what is taken.
-  const auto within = [](double value, double a, double b) {
-    return static_cast<float>(std::clamp(value, std::min(a, b), std::max(a, b)));
-  };
-  at = {within(at.X, view_.Left, view_.Right), within(at.Y, view_.Top, view_.Bottom)};
+  const View scale = surface_->Scale();
   zoomAnchor_.reset();
   surface_->SetZoomAnchor({});
   if (options_().Busy) return;
-  const bool dragged = std::abs(view_.PixelX(at.X) - view_.PixelX(anchor.X)) >= 1 &&
-                       std::abs(view_.PixelY(at.Y) - view_.PixelY(anchor.Y)) >= 1;
+  const bool dragged = std::abs(scale.PixelX(at.X) - scale.PixelX(anchor.X)) >= 1 &&
+                       std::abs(scale.PixelY(at.Y) - scale.PixelY(anchor.Y)) >= 1;
   if (!dragged || !ZoomTo(session_, anchor, at)) {
     ShowHint();
     return;
@@ -360,6 +420,10 @@ void Projections::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_Down:
       emit StepAxes(0, 1);
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (slow_.isActive()) RunCommand(world_, [this] { Redraw(); });
       break;
     default:
       QWidget::keyPressEvent(event);

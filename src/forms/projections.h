@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -16,6 +17,8 @@
 class QLabel;
 
 namespace pallomir {
+
+class AxisRuler;
 
 /// What the projection view takes from the main form whenever it draws or is clicked.
 struct ProjectionOptions {
@@ -42,13 +45,13 @@ class Projections : public QWidget {
   /// loaded. A newer redraw, begun by whatever the user did meanwhile, ends an older one.
   void Redraw();
 
-  /// Draws the loaded points one at a time, in their order, until any other redraw.
+  /// Draws the loaded points one at a time, in their order, so many a second; any other redraw shows all at once.
   void StartSlowRedraw();
   void StopSlowRedraw();
   bool SlowRedrawRunning() const { return slow_.isActive(); }
 
-  /// Blinks points over the picture, white and black in turn at each Blink(), until StopOverlap() or any redraw.
-  void StartOverlap(const OverlapPoints& points);
+  /// Blinks points over whatever picture is on view, white and black in turn at each Blink(), until StopOverlap().
+  void StartOverlap(OverlapPoints points);
   void StopOverlap();
   void Blink();
   bool OverlapRunning() const { return overlap_.has_value(); }
@@ -98,9 +101,17 @@ class Projections : public QWidget {
   void ClickCorner(Vertex at, Qt::MouseButton button);
   /// False when a newer picture, or the end, came meanwhile.
   bool DrawAllPoints();
+  /// Side of the square that stands for a pixel.
+  int DevicePixel() const;
   void BeginPicture();
   void ShowPicture();
+  void ShowRulers();
+  /// An empty picture. While there is none of points, the scale is that of the ranges and the size now.
+  void ShowBlank();
+  /// The boundary of the current cluster that is on view, if its faults are to be shown.
+  const Boundary* FaultyBoundary() const;
   void ShowPolygon();
+  void ShowOverlap();
   QString Hint() const;
   void Say(const QString& text);
   void ShowCount();
@@ -110,6 +121,8 @@ class Projections : public QWidget {
   World& world_;
   std::function<ProjectionOptions()> options_;
   PlotSurface* surface_;
+  AxisRuler* xRuler_;
+  AxisRuler* yRuler_;
   QLabel* message_;
   QLabel* pointer_;
   QLabel* count_;
@@ -122,13 +135,12 @@ class Projections : public QWidget {
   View view_;
   QImage ground_;
   Raster raster_;
-  /// The overlap display: the points' shapes, and whether they are white now.
+  /// The overlap display: its points, and whether they are white now.
   struct Overlap {
-    Raster Points;
+    OverlapPoints Points;
     bool White = false;
   };
   std::optional<Overlap> overlap_;
-  bool axesOff_ = false;
   bool drawn_ = false;
   /// Counts pictures begun; a redraw that finds another number has been superseded.
   uint64_t generation_ = 0;
@@ -136,6 +148,9 @@ class Projections : public QWidget {
   /// A newer redraw was asked for while one runs.
   bool startOver_ = false;
   size_t slowPoint_ = 0;
+  QElapsedTimer slowClock_;
+  /// The part of a point that was due at the last tick.
+  double slowRest_ = 0;
   size_t shown_ = 0;
 };
 

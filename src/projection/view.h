@@ -26,6 +26,8 @@ struct View {
 
   /// False when an axis has no extent, or one that is not a number: nothing can be drawn.
   bool Drawable() const;
+
+  bool operator==(const View&) const = default;
 };
 
 /// The session's present projection. PosY on the vertical axis grows downward, as video coordinates do.
