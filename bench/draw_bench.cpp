@@ -2,10 +2,13 @@
 
 #include <QImage>
 #include <QPainter>
+#include <cmath>
+#include <vector>
 
 #include "clusters/classify.h"
 #include "controls/toolkit_values.h"
 #include "projection/draw_points.h"
+#include "projection/stroke.h"
 #include "support.h"
 
 namespace pallomir::bench {
@@ -97,6 +100,58 @@ void DrawNaiveDiscs(benchmark::State& state) {
   DrawNaive(state, true);
 }
 BENCHMARK(DrawNaiveDiscs)->Name("draw discs of size 3/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// Boundaries of 51 corners over a view: stars on it, or far beyond it on all sides.
+std::vector<Boundary> Stars(float reach) {
+  std::vector<Boundary> stars(30);
+  for (size_t c = 0; c < stars.size(); ++c) {
+    stars[c].VertexCount = kVerticesPerBoundary;
+    for (int k = 0; k < kVerticesPerBoundary; ++k) {
+      const double angle = 2 * M_PI * k * 20 / kVerticesPerBoundary + static_cast<double>(c);
+      stars[c].Vertices[k] = {0.5F + reach * static_cast<float>(std::cos(angle)),
+                              0.5F + reach * static_cast<float>(std::sin(angle))};
+    }
+  }
+  return stars;
+}
+
+void StrokeStars(benchmark::State& state, float reach) {
+  const std::vector<Boundary> stars = Stars(reach);
+  const View view{0, 1, 1, 0, kSide, kSide};
+  std::vector<uint32_t> pixels(size_t{kSide} * kSide);
+  for (auto _ : state)
+    for (const Boundary& star : stars)
+      StrokePolygon({pixels.data(), kSide, kSide, kSide}, view, star.Vertices, true, 1.3, 0xFFFF0000);
+  benchmark::DoNotOptimize(pixels.data());
+}
+
+void StrokeNear(benchmark::State& state) {
+  StrokeStars(state, 0.4F);
+}
+BENCHMARK(StrokeNear)->Name("30 boundaries of 51 corners/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void StrokeFar(benchmark::State& state) {
+  StrokeStars(state, 1e6F);
+}
+BENCHMARK(StrokeFar)->Name("30 boundaries that reach far out/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// The toolkit's painter, for boundaries that lie on the view.
+void StrokeNaive(benchmark::State& state) {
+  const std::vector<Boundary> stars = Stars(0.4F);
+  const View view{0, 1, 1, 0, kSide, kSide};
+  QImage image(kSide, kSide, QImage::Format_RGB32);
+  for (auto _ : state) {
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::red, 1.3));
+    for (const Boundary& star : stars) {
+      QPolygonF polygon;
+      for (const Vertex& vertex : star.Vertices) polygon << QPointF(view.PixelX(vertex.X), view.PixelY(vertex.Y));
+      painter.drawPolygon(polygon);
+    }
+  }
+}
+BENCHMARK(StrokeNaive)->Name("30 boundaries of 51 corners/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 }  // namespace
 

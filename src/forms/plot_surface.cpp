@@ -109,7 +109,7 @@ void PlotSurface::Compose(const View& scale) {
   const PolygonFaults faults = FaultsOf(shape);
   const double ratio = devicePixelRatioF();
   const Canvas canvas = CanvasOf(shown_);
-  if (faults.Any()) ShadeCountedPart(canvas, scale, shape, static_cast<int>(std::ceil(2 * ratio)));
+  if (faults.Any()) ShadeCountedPart(canvas, scale, shape);
   if (polygon_->Open) StrokePolygon(canvas, scale, corners, false, 1.5 * ratio, polygon_->Colour.rgb());
   QPainter painter(&shown_);
   painter.setRenderHint(QPainter::Antialiasing);

@@ -21,6 +21,13 @@ namespace {
 
 constexpr auto kFrame = std::chrono::milliseconds(30);
 
+/// How many points a cluster holds, and how many of them no picture shows.
+QString PointsHeld(const Session& session, int c) {
+  const QString held = FromText(Grouped(PointsInCluster(session, c))) + " points";
+  const int64_t unseen = PointsNotFinite(session, c);
+  return unseen == 0 ? held : held + QString(" (%1 with values that are not numbers)").arg(FromText(Grouped(unseen)));
+}
+
 }  // namespace
 
 Projections::Projections(Session& session, World& world, std::function<ProjectionOptions()> options)
@@ -322,15 +329,15 @@ QString Projections::Hint() const {
   if (c == 0) return "Choose a cluster on the left, then click its corners here.";
   if (cluster.BoundaryCount == 0)
     return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
-  const QString points = FromText(Grouped(PointsInCluster(session_, c)));
+  const QString points = PointsHeld(session_, c);
   if (const Boundary* faulty = FaultyBoundary())
-    return QString("Cluster %1 holds %2 points. %3").arg(c).arg(points, FromText(FaultsOf(*faulty).Sentence()));
+    return QString("Cluster %1 holds %2. %3").arg(c).arg(points, FromText(FaultsOf(*faulty).Sentence()));
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
-  return QString(here ? "Cluster %1 holds %2 points. A polygon drawn here replaces its boundary; in another projection "
+  return QString(here ? "Cluster %1 holds %2. A polygon drawn here replaces its boundary; in another projection "
                         "it narrows it."
-                      : "Cluster %1 holds %2 points. A polygon drawn here narrows it.")
+                      : "Cluster %1 holds %2. A polygon drawn here narrows it.")
       .arg(c)
       .arg(points);
 }

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numbers>
-
-#include "clusters/inside_test.h"
 
 namespace pallomir {
 
@@ -48,6 +47,57 @@ std::vector<std::pair<int, double>> TurnsOf(const Boundary& boundary, std::vecto
   return turns;
 }
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+/// Values from Low to High; none where Low is above.
+struct Span {
+  double Low = -kInfinity;
+  double High = kInfinity;
+};
+using Spans = std::vector<Span>;
+
+/// What edges that are compared with each other leave of a row: where all see a point on the one side, or all on the
+/// other.
+struct Sides {
+  Span One, Other;
+
+  void Cut(double at, bool rising) {
+    Span &after = rising ? One : Other, &before = rising ? Other : One;
+    after.Low = std::max(after.Low, at);
+    before.High = std::min(before.High, at);
+  }
+};
+
+void KeepWithin(const Sides& sides, Spans& spans) {
+  Spans kept;
+  for (const Span& span : spans)
+    for (const Span& side : {sides.One, sides.Other}) {
+      const Span both{std::max(span.Low, side.Low), std::min(span.High, side.High)};
+      if (both.Low <= both.High) kept.push_back(both);
+    }
+  spans = std::move(kept);
+}
+
+/// What the inside test accepts of the points at height y, but for single ones on an edge's line: an edge cuts the row
+/// in two, and one that sees all of it from its own line takes the comparison of its neighbours away.
+void AcceptedAt(double y, const Boundary& boundary, Spans& spans) {
+  spans.assign(1, {});
+  Sides sides;
+  for (int k = 0; k < boundary.VertexCount; ++k) {
+    const Vertex &from = boundary.Vertices[k], &to = boundary.Vertices[(k + 1) % boundary.VertexCount];
+    const double dx = double{to.X} - from.X, dy = double{to.Y} - from.Y, above = y - from.Y;
+    if (dy != 0) {
+      sides.Cut(from.X + dx * above / dy, dy > 0);
+    } else if (dx * above != 0) {
+      sides.Cut(dx * above < 0 ? -kInfinity : kInfinity, true);
+    } else {
+      KeepWithin(sides, spans);
+      sides = {};
+    }
+  }
+  KeepWithin(sides, spans);
+}
+
 }  // namespace
 
 PolygonFaults FaultsOf(const Boundary& boundary) {
@@ -75,20 +125,18 @@ std::string PolygonFaults::Sentence() const {
   return shaded + "the polygon crosses itself.";
 }
 
-void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary, int cell) {
-  const int columns = (canvas.Width + cell - 1) / cell;
-  const double middle = (cell - 1) / 2.0;
-  std::vector<float> x(static_cast<size_t>(columns)), y(x.size());
-  std::vector<uint8_t> inside(x.size());
-  for (int k = 0; k < columns; ++k) x[k] = static_cast<float>(view.ValueX(k * cell + middle));
-  for (int top = 0; top < canvas.Height; top += cell) {
-    std::fill(y.begin(), y.end(), static_cast<float>(view.ValueY(top + middle)));
-    std::fill(inside.begin(), inside.end(), uint8_t{1});
-    KeepInside(boundary, x.data(), y.data(), x.size(), inside.data());
-    for (int row = top; row < std::min(top + cell, canvas.Height); ++row) {
-      uint32_t* pixels = canvas.Pixels + row * canvas.Stride;
-      for (int k = 0; k < canvas.Width; ++k)
-        if (inside[k / cell]) pixels[k] = Mixed(pixels[k], kShade, kShadeShare);
+void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary) {
+  Spans spans;
+  for (int row = 0; row < canvas.Height; ++row) {
+    AcceptedAt(view.ValueY(row), boundary, spans);
+    uint32_t* pixels = canvas.Pixels + row * canvas.Stride;
+    for (const Span& span : spans) {
+      const auto [low, high] = std::minmax({view.PixelX(span.Low), view.PixelX(span.High)});
+      const double last = std::min(std::floor(high), canvas.Width - 1.0);
+      for (double k = std::max(std::ceil(low), 0.0); k <= last; ++k) {
+        uint32_t& pixel = pixels[static_cast<int>(k)];
+        pixel = Mixed(pixel, kShade, kShadeShare);
+      }
     }
   }
 }

@@ -24,7 +24,7 @@ struct PolygonFaults {
 };
 PolygonFaults FaultsOf(const Boundary& boundary);
 
-/// Shades what the inside test accepts of a view, `cell` pixels at a time.
-void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary, int cell);
+/// Shades what the inside test accepts of a view.
+void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary);
 
 }  // namespace pallomir

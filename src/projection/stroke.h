@@ -31,8 +31,8 @@ std::optional<Segment> Clipped(const Segment& line, int width, int height, doubl
 /// `over` laid on `under` with `share` 256ths.
 uint32_t Mixed(uint32_t under, uint32_t over, uint32_t share);
 
-/// Draws a smooth line `width` pixels wide. What it costs goes by the part on view: 4 us for one right across 900
-/// pixels, where the toolkit's painter needs 10 ms.
+/// Draws a smooth line `width` pixels wide. What it costs goes by the part on view, where the toolkit's painter takes
+/// some 500 times as long for a star of 51 corners.
 void Stroke(const Canvas& canvas, const Segment& line, double width, uint32_t colour);
 
 /// Draws the edges between vertices, and the closing one.

@@ -22,8 +22,8 @@ TEST(CountedPart, NamesTheCornersAtFault) {
       {"dart", {{0, 0}, {9, 0}, {3, 3}, {0, 9}}, {2}, {}, false},
       {"dart, the other way", {{0, 9}, {3, 3}, {9, 0}, {0, 0}}, {1}, {}, false},
       {"L, from its inner corner", {{4, 4}, {4, 9}, {0, 9}, {0, 0}, {9, 0}, {9, 4}}, {0}, {}, false},
-      {"there and back", {{0, 0}, {9, 0}, {9, 9}, {9, 4}, {0, 4}}, {2}, {}, false},
-      {"figure of eight", {{0, 0}, {9, 9}, {9, 0}, {0, 9}}, {2, 3}, {}, false},
+      {"there and back", {{0, 0}, {9, 0}, {9, 9}, {9, 4}, {0, 4}}, {2, 3}, {}, false},
+      {"figure of eight", {{0, 0}, {9, 9}, {9, 0}, {0, 9}}, {1, 2}, {}, false},
       {"star", {{5, 9}, {8, 0}, {0, 6}, {9, 6}, {2, 0}}, {}, {}, true},
       {"clicked twice", {{0, 0}, {9, 0}, {9, 0}, {9, 9}}, {}, {2}, false},
       {"closed where the last click was", {{0, 0}, {9, 0}, {9, 9}, {9, 9}}, {}, {3}, false},
@@ -42,9 +42,11 @@ TEST(CountedPart, NamesTheCornersAtFault) {
 TEST(CountedPart, IsWhatTheInsideTestAccepts) {
   const View view{0, 99, 99, 0, 100, 100};
   for (const Boundary& boundary :
-       {PolygonOf({{10, 10}, {90, 10}, {30, 30}, {10, 90}}), PolygonOf({{20, 20}, {80, 20}, {80, 20}, {80, 80}})}) {
+       {PolygonOf({{10.3F, 9.7F}, {89.6F, 10.4F}, {30.7F, 31.1F}, {9.2F, 90.3F}}),
+        PolygonOf({{20.3F, 20.6F}, {80.2F, 19.6F}, {80.2F, 19.6F}, {79.4F, 80.1F}}),
+        PolygonOf({{50.3F, 90.1F}, {80.7F, 5.2F}, {5.4F, 60.3F}, {90.2F, 59.6F}, {20.1F, 4.7F}})}) {
     std::vector<uint32_t> pixels(10000, 0xFF000000);
-    ShadeCountedPart({pixels.data(), 100, 100, 100}, view, boundary, 1);
+    ShadeCountedPart({pixels.data(), 100, 100, 100}, view, boundary);
     for (int y = 0; y < 100; ++y)
       for (int x = 0; x < 100; ++x)
         ASSERT_EQ(pixels[y * 100 + x] != 0xFF000000,
