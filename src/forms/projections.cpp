@@ -81,10 +81,8 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
     // During a load there are no points: those that are there when it has ended are drawn in the new size.
     if (!PointsLoaded(session_)) {
       if (options_().Busy) QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
-    } else if (drawn_) {
-      RunCommand(world_, [this] { Redraw(); });
     } else {
-      ShowBlank();
+      RunCommand(world_, [this] { drawn_ ? Redraw() : ShowBlank(); });
     }
   });
   slow_.setInterval(kFrame);
