@@ -19,19 +19,20 @@ void DeleteAllClusters(Session& session) {
   for (int c = 1; c <= kClusters; ++c) DeleteCluster(session, c);
 }
 
-bool CopyCluster(Session& session, std::optional<double> number) {
-  if (!number || !(*number > 0 && *number <= kClusters)) return false;
+CopyOutcome CopyCluster(Session& session, std::optional<double> number) {
+  if (!number || !(*number > 0 && *number <= kClusters)) return {};
   const int target = static_cast<int>(std::nearbyint(*number));
-  if (target == 0) return false;
+  if (target == 0) return {};
   SaveUndoSnapshot(session);
-  if (session.Clusters[target].BoundaryCount > 0) DeleteCluster(session, target);
+  const bool deleted = session.Clusters[target].BoundaryCount > 0;
+  if (deleted) DeleteCluster(session, target);
   const Cluster& source = session.Clusters[session.CurrentCluster];
-  if (source.BoundaryCount == 0) return false;
+  if (source.BoundaryCount == 0) return {target, deleted, false};
   session.Clusters[target] = source;
   session.ClusterDefined[target] = true;
   ++session.DefinitionCounter;
   ClassifyCluster(session, target);
-  return true;
+  return {target, deleted, true};
 }
 
 void DeleteCurrentCluster(Session& session) {

@@ -18,6 +18,8 @@ namespace pallomir {
 namespace {
 
 constexpr const char* kColour = "Color";
+constexpr const char* kAnalysisStopped =
+    "Stopped; cl-tmp and ttmp may be new. Let an analysis run to its end, or Write ClustFile writes only these.";
 constexpr const char* kTimesMissing = "Enter in both record boxes fills in their times.";
 
 std::string TagOf(const QWidget* button) {
@@ -45,6 +47,7 @@ void Main_Form::ConnectAnalyses() {
 void Main_Form::Analyse(const std::function<void(const AnalysisTools&)>& analysis) {
   const AnalysisTools tools = {*this, *components_, [this] { WriteClusterFiles(session_, *this, ClusterTexts()); }};
   if (advice_.isEmpty() && PointsLoaded(session_) && !TimesSpanLoaded()) advice_ = kTimesMissing;
+  stopped_ = kAnalysisStopped;
   Work([&] { analysis(tools); });
 }
 

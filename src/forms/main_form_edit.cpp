@@ -12,6 +12,19 @@
 
 namespace pallomir {
 
+namespace {
+
+/// What a copy from cluster `source` did. One that only deletes leaves the picture as it is.
+QString CopySentence(int source, const CopyOutcome& outcome) {
+  if (outcome.Copied) return QString("Cluster %1 was copied to cluster %2.").arg(source).arg(outcome.Target);
+  if (!outcome.Deleted) return QString("Cluster %1 has no boundary to copy.").arg(source);
+  const QString why =
+      source == outcome.Target ? "it was copied onto itself" : QString("cluster %1 is empty").arg(source);
+  return QString("Cluster %1 was deleted: %2. Undo brings it back, Redraw shows it gone.").arg(outcome.Target).arg(why);
+}
+
+}  // namespace
+
 void Main_Form::ConnectEdit() {
   OnClick(edit_->cmdUndo, &Main_Form::cmdUndo_Click);
   OnClick(edit_->cmdCopyCluster, &Main_Form::cmdCopyCluster_Click);
@@ -50,17 +63,18 @@ void Main_Form::cmdUndo_Click() {
 
 void Main_Form::cmdCopyCluster_Click() {
   if (!ClusterChosen()) return;
-  const QString target = edit_->txtCopyCluster->text();
-  const bool copied = CopyCluster(session_, NumberIn(edit_->txtCopyCluster));
+  const int source = session_.CurrentCluster;
+  const CopyOutcome outcome = CopyCluster(session_, NumberIn(edit_->txtCopyCluster));
+  if (outcome.Target == 0) {
+    status_->setText("Nothing was done: type the number of a cluster, 1 to 30, beside the button.");
+    return;
+  }
   projections_->GiveUpPolygon();
   RefreshClusters();
-  if (copied) {
-    Redraw();
-    status_->setText(QString("Cluster %1 was copied to %2.").arg(session_.CurrentCluster).arg(target));
-  } else {
-    RedrawIfLoaded();
-    status_->setText("Nothing was copied: that takes a number from 1 to 30, and a cluster with boundaries.");
-  }
+  // Also where nothing is loaded, and the picture cannot be drawn afresh.
+  advice_ = CopySentence(source, outcome);
+  if (outcome.Copied) Redraw();
+  status_->setText(advice_);
 }
 
 void Main_Form::cmdDeleteCluster_Click() {

@@ -64,7 +64,7 @@ void Main_Form::cmdWriteCBFile_Click() {
 QString Main_Form::BoundariesAdvice() const {
   QStringList names = QDir().entryList({"cbfile.*.txt"}, QDir::Files);
   for (QString& name : names) name.chop(4);
-  return names.isEmpty() ? "No boundaries file is here yet: Write CBFile makes one of your cut."
+  return names.isEmpty() ? "There is no boundaries file (cbfile) in this folder yet."
                          : "Boundaries files here: " + names.join(", ");
 }
 
@@ -99,6 +99,8 @@ void Main_Form::ShowRead(const std::function<bool()>& read) {
     projections_->GiveUpPolygon();
     RefreshClusters();
   });
+  advice_ =
+      "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.";
   if (read()) {
     Redraw();
     const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);

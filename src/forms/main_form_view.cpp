@@ -30,8 +30,13 @@ ProjectionOptions Main_Form::Options() const {
   options.CenterArmed = analyses_->CenterArmed();
   const double batch = std::nearbyint(NumberIn(display_->txtDelay).value_or(kUsualBatch));
   options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
-  if (display_->chkDownsample->isChecked())
-    if (const auto fraction = SingleIn(display_->txtDownsampleFraction)) options.Drawing.DownsampleFraction = *fraction;
+  if (display_->chkDownsample->isChecked()) {
+    const auto fraction = SingleIn(display_->txtDownsampleFraction);
+    if (fraction)
+      options.Drawing.DownsampleFraction = *fraction;
+    else
+      options.CountNote = ": the part to downsample to is not a number";
+  }
   if (session_.MultipleEpochs && multipleEpochs_) options.Drawing.RecordRanges = multipleEpochs_->RecordRanges();
   return options;
 }

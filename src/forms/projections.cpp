@@ -196,7 +196,7 @@ void Projections::ShowCount() {
   count_->setText(
       QString("%1 of %2 points drawn")
           .arg(QString::fromStdString(Grouped(static_cast<int64_t>(shown_))), QString::fromStdString(Grouped(loaded))) +
-      (session_.Display[0] ? "" : ", cluster 0 is hidden"));
+      (session_.Display[0] ? "" : ", cluster 0 is hidden") + options_().CountNote);
 }
 
 void Projections::StartSlowRedraw() {

@@ -31,6 +31,8 @@ struct ProjectionOptions {
   bool Busy = false;
   /// Points between two looks at the user interface, at least 1.
   size_t Batch = 1;
+  /// What has to be said beside the number of points drawn.
+  QString CountNote;
   DrawSettings Drawing;
 };
 

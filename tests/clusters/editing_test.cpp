@@ -30,17 +30,20 @@ Session CutSession() {
 TEST(CopyCluster, TakesWholeNumbersFrom1To30) {
   for (const double number : {0.0, 31.0, -2.0, 0.4, 30.2}) {
     Session session = CutSession();
-    EXPECT_FALSE(CopyCluster(session, number)) << number;
+    EXPECT_EQ(CopyCluster(session, number).Target, 0) << number;
     EXPECT_EQ(session.DefinitionCounter, 2);
     EXPECT_EQ(session.Undo.DefinitionCounter, 0) << "no snapshot is taken for " << number;
   }
   Session unnumbered = CutSession();
-  EXPECT_FALSE(CopyCluster(unnumbered, {}));
+  EXPECT_EQ(CopyCluster(unnumbered, {}).Target, 0);
   const std::pair<double, int> rounded[] = {{30, 30}, {0.6, 1}, {2.5, 2}, {3.5, 4}};
   for (const auto& [number, target] : rounded) {
     Session session = CutSession();
     const bool ontoItself = target == 4;
-    EXPECT_EQ(CopyCluster(session, number), !ontoItself);
+    const CopyOutcome outcome = CopyCluster(session, number);
+    EXPECT_EQ(outcome.Target, target);
+    EXPECT_EQ(outcome.Copied, !ontoItself);
+    EXPECT_EQ(outcome.Deleted, ontoItself);
     EXPECT_EQ(PointsInCluster(session, target), ontoItself ? 0 : 3);
     EXPECT_EQ(session.ClusterDefined[target], !ontoItself);
   }
@@ -48,7 +51,7 @@ TEST(CopyCluster, TakesWholeNumbersFrom1To30) {
 
 TEST(CopyCluster, ReplacesTheTargetAndIsUndone) {
   Session session = CutSession();
-  EXPECT_TRUE(CopyCluster(session, 7));
+  EXPECT_TRUE(CopyCluster(session, 7).Copied);
   EXPECT_EQ(session.Clusters[7], session.Clusters[4]);
   EXPECT_EQ(session.DefinitionCounter, 3);
   EXPECT_EQ(ListOf(session, 1), (std::vector<int>{4, 7}));
@@ -56,9 +59,10 @@ TEST(CopyCluster, ReplacesTheTargetAndIsUndone) {
   UndoLastChange(session);
   EXPECT_EQ(ListOf(session, 4), std::vector<int>{7});
   EXPECT_EQ(session.DefinitionCounter, 2);
-  // An empty cluster empties its target and asks for no redraw.
+  // An empty cluster empties its target.
   session.CurrentCluster = 9;
-  EXPECT_FALSE(CopyCluster(session, 7));
+  const CopyOutcome emptied = CopyCluster(session, 7);
+  EXPECT_TRUE(emptied.Deleted && !emptied.Copied);
   EXPECT_EQ(session.Clusters[7].BoundaryCount, 0);
   EXPECT_FALSE(session.ClusterDefined[7]);
 }

@@ -171,6 +171,71 @@ class AtWorkTest : public QObject {
     QCOMPARE(Status(program), "");
   }
 
+  void AStoppedAnalysisSaysWhatItLeaves() {
+    Program program(300000);
+    program.Load();
+    program.Click("lblNewCluster(1)");
+    program.DrawPolygon({{100, 10}, {250000, 10}, {250000, 80}});
+    QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
+    program.Click("cmdAutoCorr");
+    QVERIFY(program.Shared.TemporaryMode);
+    QVERIFY(Status(program).startsWith("Stopped; cl-tmp and ttmp may be new."));
+    // A command that was stopped later leaves no more than that.
+    QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
+    program.Click("cmdLoadPoints");
+    QCOMPARE(Status(program), "Stopped; everything is as it was before.");
+  }
+
+  void ACopySaysWhatItDid() {
+    Program program;
+    program.Load();
+    for (const int c : {4, 7}) {
+      program.Click(QString("lblNewCluster(%1)").arg(c));
+      program.DrawPolygon({{c * 100.0, 10}, {c * 100.0 + 150, 10}, {c * 100.0, 90}});
+    }
+    const QColor yellow(255, 255, 0);  // cluster 4
+    const int drawn = program.Pixels(yellow);
+    QVERIFY(drawn > 0);
+    // What names no cluster leaves everything alone, an open polygon too.
+    QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(500, 50));
+    const UndoSnapshot undo = program.Shared.Undo;
+    for (const char* text : {"", "0", "31", "abc"}) {
+      program.Type("txtCopyCluster", text);
+      program.Click("cmdCopyCluster");
+      QVERIFY(Status(program).startsWith("Nothing was done"));
+    }
+    QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(600, 50));
+    QCOMPARE(program.Shared.Clusters[7].Boundaries[0].VertexCount, 2);
+    QVERIFY(program.Shared.Undo.Clusters == undo.Clusters);
+    QTest::mousePress(program.Surface(), Qt::RightButton, {}, program.At(600, 80));
+
+    const auto copy = [&](int from, const char* to) {
+      program.Click(QString("lblNewCluster(%1)").arg(from));
+      program.Type("txtCopyCluster", to);
+      program.Click("cmdCopyCluster");
+      return Status(program);
+    };
+    QCOMPARE(copy(7, "0.6"), "Cluster 7 was copied to cluster 1.");
+    QCOMPARE(copy(20, "21"), "Cluster 20 has no boundary to copy.");
+    QCOMPARE(copy(20, "4"), "Cluster 4 was deleted: cluster 20 is empty. Undo brings it back, Redraw shows it gone.");
+    QVERIFY(program.Shared.Clusters[4].BoundaryCount == 0 && program.Pixels(yellow) == drawn);
+    QVERIFY(copy(7, "7").startsWith("Cluster 7 was deleted: it was copied onto itself."));
+    QCOMPARE(program.Shared.Clusters[7].BoundaryCount, int16_t{0});
+  }
+
+  void APartToDrawThatIsNoNumberIsTold() {
+    Program program;
+    program.Load();
+    auto* count = program.View()->findChild<QLabel*>("count");
+    program.Type("txtDownsampleFraction", "half");
+    QVERIFY(!count->text().contains("not a number"));
+    program.Click("chkDownsample");
+    QVERIFY(count->text().contains("not a number"));
+    program.Type("txtDownsampleFraction", "0.5");
+    program.Click("cmdRedraw");
+    QVERIFY(!count->text().contains("not a number"));
+  }
+
   void AFormWithUnsavedWorkKeepsTheProgramOpen() {
     Program program;
     program.Start();
@@ -212,7 +277,7 @@ class AtWorkTest : public QObject {
     program.Click("cmdRateMap");
     QVERIFY(Status(program).contains("Position file"));
     program.Click("cmdReadCBFile");
-    QVERIFY(Status(program).contains("Write CBFile"));
+    QCOMPARE(Status(program), "There is no boundaries file (cbfile) in this folder yet.");
     program.Click("cmdWriteCBFile");
     program.Type("txtCBFileRead", "cbfile.m2");
     program.Click("cmdReadCBFile");
