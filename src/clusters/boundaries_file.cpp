@@ -100,7 +100,7 @@ class RecordReader {
 /// Deletes clusters with `forget`, then has `read` take one record after the other, and classifies. False where the
 /// file has no header. When the reading fails, what was read stays, and Undo leads to the cut before.
 template <class Forget, class Read>
-bool ReadThenClassify(Session& session, std::string_view path, Forget forget, Read read) {
+bool ReadThenClassify(Session& session, std::string_view path, WorkPace* pace, Forget forget, Read read) {
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
   try {
     const std::string text = ReadText(path), name = PathText(PlatformPath(path).filename());
@@ -116,8 +116,7 @@ bool ReadThenClassify(Session& session, std::string_view path, Forget forget, Re
                            "earlier cut back.",
                        "ERROR");
   }
-  for (int c = 1; c <= kClusters; ++c)
-    if (session.ClusterDefined[c]) ClassifyCluster(session, c);
+  ClassifyClusters(session, session.ClusterDefined, pace);
   return true;
 }
 
@@ -159,10 +158,10 @@ void WriteCBFile(const Session& session, World& world, std::string_view path) {
   world.AppendMessage("Wrote CBFile " + std::string(path));
 }
 
-bool ReadCBFile(Session& session, std::string_view path) {
+bool ReadCBFile(Session& session, std::string_view path, WorkPace* pace) {
   int previous = 0;
   return ReadThenClassify(
-      session, path, [&] { DeleteAllClusters(session); },
+      session, path, pace, [&] { DeleteAllClusters(session); },
       [&](RecordReader& reader) {
         const int c = reader.ClusterNumber();
         const int b = c != previous ? reader.StartCluster(c) : reader.NextBoundary(c);
@@ -171,9 +170,9 @@ bool ReadCBFile(Session& session, std::string_view path) {
       });
 }
 
-bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected) {
+bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected, WorkPace* pace) {
   return ReadThenClassify(
-      session, path,
+      session, path, pace,
       [&] {
         for (int c = 1; c <= kClusters; ++c)
           if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);

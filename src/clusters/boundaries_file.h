@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "session/session.h"
+#include "session/work_pace.h"
 #include "session/world.h"
 
 namespace pallomir {
@@ -20,10 +21,11 @@ void WriteCBFile(const Session& session, World& world, std::string_view path);
 ///
 /// Throws CommandError naming the line where a number is out of its bounds, is none, or the file ends inside a record:
 /// the clusters read until then keep what was read, unclassified; Undo leads back to the cut before.
-bool ReadCBFile(Session& session, std::string_view path);
+bool ReadCBFile(Session& session, std::string_view path, WorkPace* pace = nullptr);
 
 /// Replaces only the chosen clusters, and keeps all their records even where they are not contiguous. Otherwise as
 /// ReadCBFile.
-bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected);
+bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected,
+                          WorkPace* pace = nullptr);
 
 }  // namespace pallomir

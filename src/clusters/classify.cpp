@@ -157,7 +157,7 @@ void RemoveFromLists(PointTable& points, int c) {
 
 }  // namespace
 
-void ClassifyCluster(Session& session, int c) {
+void ClassifyCluster(Session& session, int c, WorkPace* pace) {
   CheckCluster(c);
   const Cluster& cluster = session.Clusters[c];
   PointTable& points = session.Points;
@@ -169,6 +169,7 @@ void ClassifyCluster(Session& session, int c) {
   Survivors survivors;
   for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
     const size_t count = std::min(kBlock, points.Rows() - begin);
+    if (pace) pace->Reached(static_cast<double>(begin) / static_cast<double>(points.Rows()));
     inside.fill(1);
     for (int b = 0; b < cluster.BoundaryCount; ++b) {
       const Boundary& boundary = cluster.Boundaries[b];
@@ -184,8 +185,20 @@ void ClassifyCluster(Session& session, int c) {
   points.SetEntered(c, true);
 }
 
-void ClassifyAllClusters(Session& session) {
-  for (int c = 1; c <= kClusters; ++c) ClassifyCluster(session, c);
+void ClassifyClusters(Session& session, const ByCluster<bool>& wanted, WorkPace* pace) {
+  const auto steps = static_cast<int>(std::count(wanted.begin() + 1, wanted.end(), true));
+  int step = 0;
+  for (int c = 1; c <= kClusters; ++c) {
+    if (!wanted[c]) continue;
+    if (pace) pace->BeginStep(step++, steps);
+    ClassifyCluster(session, c, pace);
+  }
+}
+
+void ClassifyAllClusters(Session& session, WorkPace* pace) {
+  ByCluster<bool> all;
+  all.fill(true);
+  ClassifyClusters(session, all, pace);
 }
 
 void ClearCluster(Session& session, int c) {

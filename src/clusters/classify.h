@@ -3,16 +3,18 @@
 #include <cstdint>
 
 #include "session/session.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
 /// Re-evaluates every loaded point's membership in cluster c (0..30, else CommandError). A point that comes in joins
 /// the end of its list; one that stays keeps its place; one that leaves is taken out. A cluster without boundaries
-/// holds no point.
-void ClassifyCluster(Session& session, int c);
+/// holds no point. With a pace the user may stop it; the lists are then half of the one and half of the other cut.
+void ClassifyCluster(Session& session, int c, WorkPace* pace = nullptr);
 
-/// ClassifyCluster for c = 1..30 in increasing order.
-void ClassifyAllClusters(Session& session);
+/// ClassifyCluster for those of 1..30 that are wanted, in increasing order.
+void ClassifyClusters(Session& session, const ByCluster<bool>& wanted, WorkPace* pace = nullptr);
+void ClassifyAllClusters(Session& session, WorkPace* pace = nullptr);
 
 /// Takes cluster c's boundaries away and c out of every membership list. A cluster without boundaries is left alone.
 void ClearCluster(Session& session, int c);

@@ -19,7 +19,7 @@ void DeleteAllClusters(Session& session) {
   for (int c = 1; c <= kClusters; ++c) DeleteCluster(session, c);
 }
 
-CopyOutcome CopyCluster(Session& session, std::optional<double> number) {
+CopyOutcome CopyCluster(Session& session, std::optional<double> number, WorkPace* pace) {
   if (!number || !(*number > 0 && *number <= kClusters)) return {};
   const int target = static_cast<int>(std::nearbyint(*number));
   if (target == 0) return {};
@@ -31,7 +31,7 @@ CopyOutcome CopyCluster(Session& session, std::optional<double> number) {
   session.Clusters[target] = source;
   session.ClusterDefined[target] = true;
   ++session.DefinitionCounter;
-  ClassifyCluster(session, target);
+  ClassifyCluster(session, target, pace);
   return {target, deleted, true};
 }
 
@@ -45,7 +45,7 @@ void DeleteEveryCluster(Session& session) {
   DeleteAllClusters(session);
 }
 
-void DeleteClusterBounds(Session& session) {
+void DeleteClusterBounds(Session& session, WorkPace* pace) {
   SaveUndoSnapshot(session);
   const int c = session.CurrentCluster;
   Cluster& cluster = session.Clusters[c];
@@ -60,7 +60,7 @@ void DeleteClusterBounds(Session& session) {
       session.ClusterDefined[c] = false;
     }
   }
-  ClassifyCluster(session, c);
+  ClassifyCluster(session, c, pace);
 }
 
 }  // namespace pallomir

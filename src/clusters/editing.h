@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "session/session.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
@@ -24,13 +25,13 @@ struct CopyOutcome {
 /// What `cmdCopyCluster` does: the current cluster's boundaries replace those of cluster `number`, rounded. Nothing
 /// happens unless 0 < number <= 30 (nor where it rounds to 0); copied onto itself, or from an empty cluster, the target
 /// ends up empty.
-CopyOutcome CopyCluster(Session& session, std::optional<double> number);
+CopyOutcome CopyCluster(Session& session, std::optional<double> number, WorkPace* pace = nullptr);
 
 /// `cmdDeleteCluster` and `cmdDeleteAllClusters`: the undo snapshot, then the deletion.
 void DeleteCurrentCluster(Session& session);
 void DeleteEveryCluster(Session& session);
 
 /// Takes the current cluster's first boundary on the present projection away and classifies the cluster.
-void DeleteClusterBounds(Session& session);
+void DeleteClusterBounds(Session& session, WorkPace* pace = nullptr);
 
 }  // namespace pallomir

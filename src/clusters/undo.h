@@ -1,6 +1,7 @@
 #pragma once
 
 #include "session/session.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
@@ -10,6 +11,6 @@ void SaveUndoSnapshot(Session& session);
 
 /// Exchanges the present boundaries and counter with the snapshot, marks and classifies the clusters that then have
 /// boundaries. Done twice it leads back.
-void UndoLastChange(Session& session);
+void UndoLastChange(Session& session, WorkPace* pace = nullptr);
 
 }  // namespace pallomir

@@ -25,8 +25,8 @@ AnalysesPanel::AnalysesPanel(QWidget* parent) : QWidget(parent) {
                               "CenterCoords");
 
   auto* grid = new QGridLayout(this);
-  grid->setSpacing(5);
-  grid->setContentsMargins(8, 8, 8, 8);
+  grid->setSpacing(4);
+  grid->setContentsMargins(6, 5, 6, 5);
   grid->addWidget(cmdRateMap, 0, 0);
   grid->addWidget(cmdOccMap, 0, 1);
   grid->addWidget(cmd2DAutoCorr, 0, 2);

@@ -53,7 +53,7 @@ QFrame* ClusterPanel::MakePage(const QString& name, int firstCluster) {
   grid->addWidget(ColumnHeading("Others", "Draw all other clusters as unclustered points are drawn"), 0, 3);
   for (int line = 1; line <= 15; ++line) {
     MakeRow(grid, line, firstCluster + line - 1);
-    grid->setRowMinimumHeight(line, 18);
+    grid->setRowMinimumHeight(line, fontMetrics().height());
     grid->setRowStretch(line, 1);
   }
   grid->setColumnStretch(0, 1);

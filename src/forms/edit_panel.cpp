@@ -18,8 +18,8 @@ EditPanel::EditPanel(QWidget* parent) : QWidget(parent) {
   cmdShowOverlap = MakeButton("cmdShowOverlap", "Show Overlap", "Show overlapping cluster points");
 
   auto* grid = new QGridLayout(this);
-  grid->setSpacing(5);
-  grid->setContentsMargins(8, 8, 8, 8);
+  grid->setSpacing(4);
+  grid->setContentsMargins(6, 5, 6, 5);
   grid->addWidget(cmdUndo, 0, 0);
   grid->addWidget(cmdDeleteClusterBounds, 0, 1);
   grid->addLayout(Row({cmdCopyCluster, txtCopyCluster}), 0, 2);

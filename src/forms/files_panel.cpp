@@ -24,8 +24,8 @@ FilesPanel::FilesPanel(QWidget* parent) : QWidget(parent) {
   cmdExit = MakeButton("cmdExit", "Exit", "Leave Pallomir");
 
   auto* grid = new QGridLayout(this);
-  grid->setSpacing(5);
-  grid->setContentsMargins(8, 8, 8, 8);
+  grid->setSpacing(4);
+  grid->setContentsMargins(6, 5, 6, 5);
   grid->addWidget(cmdReadCBFile, 0, 0);
   grid->addWidget(txtCBFileRead, 0, 1);
   grid->addWidget(cmdWriteCBFile, 1, 0);

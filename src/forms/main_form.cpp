@@ -2,8 +2,10 @@
 
 #include <QtWidgets>
 
+#include "clusters/change_cut.h"
 #include "controls/chosen_path.h"
 #include "controls/run_command.h"
+#include "controls/titles.h"
 #include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/platform.h"
@@ -24,7 +26,9 @@
 namespace pallomir {
 
 Main_Form::Main_Form(Session& session, Dialogs& dialogs) : session_(session), dialogs_(dialogs) {
-  projections_ = std::make_unique<Projections>(session_, *this, [this] { return Options(); });
+  projections_ = std::make_unique<Projections>(
+      session_, *this, [this] { return Options(); },
+      [this](const auto& change) { return ChangeCutOnProjection(change); });
   components_ = std::make_unique<DesktopComponents>(session_, *this, dialogs_, this, [this] {
     return std::make_unique<ReportSource>(session_, *this, dialogs_, this, session_.CurrentCluster);
   });
@@ -58,6 +62,8 @@ bool Main_Form::Form_Load() {
     AppendMessage(std::string("Loading will fail: ") + end.what() + " (" + session_.DataDirectory +
                   "\\..\\VideoSampling must hold 30 or 60)");
   }
+  NameTetrode(this);
+  NameTetrode(projections_.get());
   PlaceWindows();
   projections_->show();
   InitialiseSession(session_);
@@ -69,6 +75,10 @@ bool Main_Form::Form_Load() {
   StartAutosave();
   range_->cmdLoadPoints->setFocus();
   return true;
+}
+
+void Main_Form::NameTetrode(QWidget* window) const {
+  window->setWindowTitle(TitleWithTetrode(window->windowTitle(), TetrodeOf(session_)));
 }
 
 bool Main_Form::ChooseParameterFile() {
@@ -144,6 +154,23 @@ void Main_Form::Work(const std::function<void()>& work) {
   working_ = true;
   qApp->installEventFilter(&atWork_);
   work();
+}
+
+void Main_Form::ChangeCut(const std::function<void(WorkPace&)>& change) {
+  Work([&] {
+    WorkPace pace(*this);
+    pallomir::ChangeCut(session_, [&] { change(pace); });
+  });
+}
+
+bool Main_Form::ChangeCutOnProjection(const std::function<void(WorkPace&)>& change) {
+  try {
+    ChangeCut(change);
+    return true;
+  } catch (const Interrupted&) {
+    status_->setText("Stopped; the polygon is open as before.");
+    return false;
+  }
 }
 
 void Main_Form::SayAtWork() {

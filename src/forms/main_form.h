@@ -16,6 +16,7 @@
 #include "forms/projections.h"
 #include "session/defaults_file.h"
 #include "session/session.h"
+#include "session/work_pace.h"
 #include "session/world.h"
 
 class QPlainTextEdit;
@@ -149,12 +150,18 @@ class Main_Form : public QMainWindow, public World {
   void Run(const std::function<void()>& handler);
   /// Runs what may take long: nothing else is let in meanwhile, Esc and closing the program stop it.
   void Work(const std::function<void()>& work);
+  /// Work that changes the cut: when it is stopped, the cut is as it was before.
+  void ChangeCut(const std::function<void(WorkPace&)>& change);
+  /// The same for the projection; false when it was stopped.
+  bool ChangeCutOnProjection(const std::function<void(WorkPace&)>& change);
   void SayAtWork();
   /// What is missing before most commands can run.
   QString NextStep() const;
   bool ChooseParameterFile();
   /// Takes the data directory for this program, or asks when another has it. False when the user rather not enters.
   bool EnterFolder();
+  /// Says in a window's title which tetrode it is of.
+  void NameTetrode(QWidget* window) const;
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
   /// A load has ended early and left no points.
@@ -196,7 +203,7 @@ class Main_Form : public QMainWindow, public World {
   /// Says which boundaries files there are, for who asked for another.
   QString BoundariesAdvice() const;
   std::string ReadPath() const;
-  void ShowRead(const std::function<bool()>& read);
+  void ShowRead(const std::function<bool(WorkPace&)>& read);
   Defaults PresentDefaults() const;
   void ReadDefaultsFiles();
   void StartAutosave();
@@ -238,6 +245,8 @@ class Main_Form : public QMainWindow, public World {
   QElapsedTimer typedAt_;
   QMenu* mnuscaleXaxis_;
   QMenu* mnuscaleYAxis_;
+  /// All but the menus and the status line.
+  QWidget* controls_;
   QPlainTextEdit* txtMessages_;
   QLabel* status_;
   std::unique_ptr<Projections> projections_;

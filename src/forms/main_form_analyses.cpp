@@ -128,6 +128,7 @@ void Main_Form::cmdClNote_Click() {
   const bool load = !clNote_;
   if (load) {
     clNote_ = new ClNoteForm(session_, *this, this);
+    NameTetrode(clNote_);
     connect(clNote_, &ClNoteForm::Unloaded, this, [this] { clNote_ = nullptr; });
   }
   clNote_->show();

@@ -56,7 +56,7 @@ void Main_Form::AfterEdit() {
 
 void Main_Form::cmdUndo_Click() {
   const bool change = session_.Undo.Clusters != session_.Clusters;
-  UndoLastChange(session_);
+  ChangeCut([this](WorkPace& pace) { UndoLastChange(session_, &pace); });
   AfterEdit();
   status_->setText(change ? "Undone; Undo again leads back." : "There was nothing to undo.");
 }
@@ -64,7 +64,8 @@ void Main_Form::cmdUndo_Click() {
 void Main_Form::cmdCopyCluster_Click() {
   if (!ClusterChosen()) return;
   const int source = session_.CurrentCluster;
-  const CopyOutcome outcome = CopyCluster(session_, NumberIn(edit_->txtCopyCluster));
+  CopyOutcome outcome;
+  ChangeCut([&](WorkPace& pace) { outcome = CopyCluster(session_, NumberIn(edit_->txtCopyCluster), &pace); });
   if (outcome.Target == 0) {
     status_->setText("Nothing was done: type the number of a cluster, 1 to 30, beside the button.");
     return;
@@ -99,7 +100,7 @@ void Main_Form::cmdDeleteAllClusters_Click() {
 void Main_Form::cmdDeleteClusterBounds_Click() {
   if (!ClusterChosen()) return;
   const int c = session_.CurrentCluster, before = session_.Clusters[c].BoundaryCount;
-  DeleteClusterBounds(session_);
+  ChangeCut([this](WorkPace& pace) { DeleteClusterBounds(session_, &pace); });
   AfterEdit();
   status_->setText(session_.Clusters[c].BoundaryCount < before
                        ? "The boundary was deleted. Undo brings it back."

@@ -74,7 +74,7 @@ void Main_Form::cmdReadCBFile_Click() {
   if (session_.FirstLoad) throw CommandError("Need to Load Points first");
   advice_ = BoundariesAdvice();
   if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
-  ShowRead([&] { return ReadCBFile(session_, path); });
+  ShowRead([&](WorkPace& pace) { return ReadCBFile(session_, path, &pace); });
 }
 
 void Main_Form::mnuReadSelectedClusters_Click() {
@@ -83,6 +83,7 @@ void Main_Form::mnuReadSelectedClusters_Click() {
   if (!FileUtility::FileExists(ReadPath())) throw CommandError("CBFile does not exist", "ERROR");
   if (!chooseClusters_) {
     chooseClusters_ = new ChooseClusterForm(this);
+    NameTetrode(chooseClusters_);
     connect(chooseClusters_, &ChooseClusterForm::Go, this, [this] { Run([this] { cmdGo_Click(); }); });
   }
   chooseClusters_->show();
@@ -91,17 +92,20 @@ void Main_Form::mnuReadSelectedClusters_Click() {
 
 void Main_Form::cmdGo_Click() {
   chooseClusters_->hide();
-  ShowRead([this] { return ReadSelectedClusters(session_, ReadPath(), chooseClusters_->Chosen()); });
+  ShowRead(
+      [this](WorkPace& pace) { return ReadSelectedClusters(session_, ReadPath(), chooseClusters_->Chosen(), &pace); });
 }
 
-void Main_Form::ShowRead(const std::function<bool()>& read) {
+void Main_Form::ShowRead(const std::function<bool(WorkPace&)>& read) {
   const QScopeGuard shown = qScopeGuard([this] {
     projections_->GiveUpPolygon();
     RefreshClusters();
   });
   advice_ =
       "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.";
-  if (read()) {
+  bool understood = false;
+  ChangeCut([&](WorkPace& pace) { understood = read(pace); });
+  if (understood) {
     Redraw();
     const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);
     status_->setText(QString("Read; clusters with boundaries now: %1.").arg(clusters));

@@ -7,6 +7,7 @@
 #include "forms/files_panel.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
+#include "forms/status_line.h"
 
 namespace pallomir {
 
@@ -52,7 +53,9 @@ void Main_Form::LayOut() {
   txtMessages_->setReadOnly(true);
   txtMessages_->setTabChangesFocus(true);
   txtMessages_->setPlaceholderText("Messages");
-  txtMessages_->setFixedHeight(3 * txtMessages_->fontMetrics().lineSpacing() + 10);
+  // Takes the room that the controls leave.
+  txtMessages_->setMinimumHeight(2 * txtMessages_->fontMetrics().lineSpacing() + 10);
+  txtMessages_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 
   auto* middle = new QHBoxLayout;
   middle->setSpacing(10);
@@ -62,16 +65,21 @@ void Main_Form::LayOut() {
   column->setContentsMargins(10, 6, 10, 0);
   column->setSpacing(4);
   column->addWidget(range_);
-  column->addWidget(Line());
-  column->addLayout(middle, 1);
+  column->addLayout(middle);
   column->addWidget(Line());
   column->addWidget(display_);
   column->addWidget(tabs);
-  column->addWidget(txtMessages_);
-  auto* central = new QWidget;
-  central->setLayout(column);
-  setCentralWidget(central);
-  status_ = MakeLabel({});
+  column->addWidget(txtMessages_, 1);
+  controls_ = new QWidget;
+  controls_->setLayout(column);
+  // On a screen that is too low for them the controls are scrolled.
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(controls_);
+  setCentralWidget(scroll);
+  status_ = new StatusLine;
   status_->setProperty("quiet", true);
   status_->setContentsMargins(8, 0, 0, 0);
   setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -82,13 +90,17 @@ void Main_Form::LayOut() {
 
 void Main_Form::PlaceWindows() {
   // Side by side on the screen, with room for the frames that the desktop adds.
-  constexpr int kFrame = 6, kTitle = 30;
+  constexpr int kFrame = 6, kTitle = 30, kHighest = 900, kNarrowest = 560, kNarrowestView = 400, kWidestView = 1100;
   const QRect screen = this->screen()->availableGeometry().adjusted(kFrame, kTitle, -kFrame, -kFrame);
-  const int height = std::clamp(screen.height(), minimumSizeHint().height(), 900);
-  const int width = std::max(minimumSizeHint().width(), 560);
+  const int height = std::min(screen.height(), kHighest), bars = menuBar()->sizeHint().height() + statusBar()->height();
+  const QSize least = controls_->minimumSizeHint();
+  const int scrollBar = least.height() + bars > height ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+  centralWidget()->setMinimumWidth(least.width() + scrollBar);
+  const int width = std::max(least.width() + scrollBar, kNarrowest);
   setGeometry(screen.left(), screen.top(), width, height);
   const int left = screen.left() + width + 2 * kFrame;
-  projections_->setGeometry(left, screen.top(), std::clamp(screen.right() - left, 400, 1100), height);
+  projections_->setGeometry(left, screen.top(), std::clamp(screen.right() + 1 - left, kNarrowestView, kWidestView),
+                            height);
 }
 
 void Main_Form::MakeMenus() {

@@ -30,8 +30,13 @@ QString PointsHeld(const Session& session, int c) {
 
 }  // namespace
 
-Projections::Projections(Session& session, World& world, std::function<ProjectionOptions()> options)
-    : session_(session), world_(world), options_(std::move(options)), random_(std::random_device{}()) {
+Projections::Projections(Session& session, World& world, std::function<ProjectionOptions()> options,
+                         CutChange changeCut)
+    : session_(session),
+      world_(world),
+      options_(std::move(options)),
+      changeCut_(std::move(changeCut)),
+      random_(std::random_device{}()) {
   setObjectName("Projections");
   setWindowTitle("Projections");
   setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -48,11 +53,14 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   count_ = MakeLabel({});
   count_->setObjectName("count");
   for (QLabel* label : {pointer_, count_}) label->setProperty("quiet", true);
-  message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  // What is said below the picture never widens the window.
+  for (QLabel* label : {message_, pointer_}) label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  count_->setMinimumWidth(1);
 
   auto* status = new QGridLayout;
   status->setContentsMargins(8, 2, 8, 3);
   status->setVerticalSpacing(1);
+  status->setHorizontalSpacing(12);
   status->addWidget(message_, 0, 0, 1, 2);
   status->addWidget(pointer_, 1, 0);
   status->addWidget(count_, 1, 1, Qt::AlignRight);
@@ -379,8 +387,11 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
 void Projections::ClickCorner(Vertex at, Qt::MouseButton button) {
   if (button != Qt::LeftButton && button != Qt::RightButton) return;
   if (button == Qt::RightButton && !open_) return;
-  const ClickOutcome outcome =
-      button == Qt::LeftButton ? AddVertex(session_, open_, at) : ClosePolygon(session_, open_, at);
+  ClickOutcome outcome;
+  if (button == Qt::LeftButton)
+    outcome = AddVertex(session_, open_, at);
+  else if (!changeCut_([&](WorkPace& pace) { outcome = ClosePolygon(session_, open_, at, &pace); }))
+    return;
   ShowPolygon();
   emit BoundariesChanged();
   if (outcome.Closed) Redraw();
@@ -389,11 +400,12 @@ void Projections::ClickCorner(Vertex at, Qt::MouseButton button) {
 }
 
 void Projections::Form_MouseMove(Vertex at) {
-  pointer_->setText(QString("%1 = %2    %3 = %4")
-                        .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
-                             QString::fromStdString(SingleText(at.X)),
-                             QString::fromStdString(session_.ParameterNames[session_.YParameter]),
-                             QString::fromStdString(SingleText(at.Y))));
+  const QString place = QString("%1 = %2    %3 = %4")
+                            .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
+                                 QString::fromStdString(SingleText(at.X)),
+                                 QString::fromStdString(session_.ParameterNames[session_.YParameter]),
+                                 QString::fromStdString(SingleText(at.Y)));
+  pointer_->setText(pointer_->fontMetrics().elidedText(place, Qt::ElideRight, pointer_->width()));
 }
 
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {

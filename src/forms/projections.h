@@ -12,6 +12,7 @@
 #include "projection/polygon.h"
 #include "projection/uniform_numbers.h"
 #include "session/session.h"
+#include "session/work_pace.h"
 #include "session/world.h"
 
 class QLabel;
@@ -41,7 +42,10 @@ class Projections : public QWidget {
   Q_OBJECT
 
  public:
-  Projections(Session& session, World& world, std::function<ProjectionOptions()> options);
+  /// Runs a change of the cut that may take long; false when the user stopped it, and all is as it was.
+  using CutChange = std::function<bool(const std::function<void(WorkPace&)>& change)>;
+
+  Projections(Session& session, World& world, std::function<ProjectionOptions()> options, CutChange changeCut);
 
   /// Clears and repaints the view with the session's present projection. Throws CommandError when no points are
   /// loaded. A newer redraw, begun by whatever the user did meanwhile, ends an older one.
@@ -122,6 +126,7 @@ class Projections : public QWidget {
   Session& session_;
   World& world_;
   std::function<ProjectionOptions()> options_;
+  CutChange changeCut_;
   PlotSurface* surface_;
   AxisRuler* xRuler_;
   AxisRuler* yRuler_;

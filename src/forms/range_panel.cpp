@@ -1,18 +1,23 @@
 #include "forms/range_panel.h"
 
+#include "controls/path_box.h"
+
 namespace pallomir {
 
 namespace {
 
+constexpr const char* kDataDirectory =
+    "The folder of the parameter file. All files of the run lie here or one folder up.";
 constexpr const char* kLookUpRecord = "Double-click, or press Enter, to look up the time of this record.";
 constexpr const char* kSnapTime = "Double-click, or press Enter, to move to the nearest spike inside the range.";
 
 }  // namespace
 
 RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
-  txtCurDir = MakeTextBox("txtCurDir", "Data directory",
-                          "The folder of the parameter file. All files of the run lie here or one folder up.", 10);
-  txtCurDir->setReadOnly(true);
+  txtCurDir = Named(new PathBox, "txtCurDir", "Data directory", kDataDirectory);
+  connect(txtCurDir, &QLineEdit::textChanged, this, [this](const QString& path) {
+    txtCurDir->setToolTip("<qt>" + path.toHtmlEscaped() + "<br>" + kDataDirectory + "</qt>");
+  });
   txtParamFile = MakeTextBox("txtParamFile", "Parameter file",
                              "This is a relic fromk when the program allowed .oparms files to be created.  It is still "
                              "here so tat Defautls files can still be read, but it is made invisible",

@@ -52,13 +52,13 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
   return {};
 }
 
-ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click) {
+ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click, WorkPace* pace) {
   AbandonIfElsewhere(session, open);
   if (!open) return {};
   ClickOutcome outcome{{}, true};
   if (!Append(session.Clusters[open->Cluster].Boundaries[open->Boundary], click))
     outcome.Refused = "A boundary can have 51 corners: it was closed at the last one.";
-  ClassifyCluster(session, open->Cluster);
+  ClassifyCluster(session, open->Cluster, pace);
   open.reset();
   return outcome;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "session/session.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
@@ -35,7 +36,7 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
 /// A right click: adds the last vertex, closes the polygon and classifies its cluster. Where the polygon has all the
 /// vertices that a boundary can hold, it is closed without this one, and Refused says so. Nothing happens when no
 /// polygon is open.
-ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click);
+ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click, WorkPace* pace = nullptr);
 
 /// Takes an open polygon back: its cluster is that before the first click. Undo brings back what it would have then or,
 /// where another command took its snapshot meanwhile, that snapshot without the polygon.

@@ -36,20 +36,20 @@ void PointTable::TakeValues(PointTable&& from) {
 }
 
 void PointTable::AddSlot() {
-  if (slots_.size() == kClusterSlots) throw CommandError("A point cannot be in more than 31 clusters.");
-  slots_.emplace_back(rows_ + 1);
+  if (lists_.Slots.size() == kClusterSlots) throw CommandError("A point cannot be in more than 31 clusters.");
+  lists_.Slots.emplace_back(rows_ + 1);
 }
 
 int PointTable::Memberships(size_t i) const {
   int count = 0;
-  while (count < SlotsInUse() && slots_[count][i] != 0) ++count;
+  while (count < SlotsInUse() && lists_.Slots[count][i] != 0) ++count;
   return count;
 }
 
 PointRecord PointTable::Record(size_t i) const {
   PointRecord record;
   for (int p = 0; p < kParameterSlots; ++p) record.Parameters[p] = Column(p)[i];
-  for (int slot = 0; slot < SlotsInUse(); ++slot) record.Clusters[slot] = slots_[slot][i];
+  for (int slot = 0; slot < SlotsInUse(); ++slot) record.Clusters[slot] = lists_.Slots[slot][i];
   record.Stamp = stamps_[i];
   return record;
 }
@@ -59,11 +59,11 @@ void PointTable::KeepFirst(size_t rows) {
   PointTable kept(rows);
   for (int p = 0; p < kParameterSlots; ++p) std::copy_n(Column(p).begin(), rows, kept.Column(p).begin());
   std::copy_n(stamps_, rows, kept.stamps_);
-  for (const auto& slot : slots_) {
+  for (int slot = 0; slot < SlotsInUse(); ++slot) {
     kept.AddSlot();
-    std::copy_n(slot.begin(), rows, kept.slots_.back().begin());
+    std::copy_n(Slot(slot).begin(), rows, kept.Slot(slot).begin());
   }
-  kept.entered_ = entered_;
+  kept.lists_.Entered = lists_.Entered;
   *this = std::move(kept);
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "files/platform.h"
@@ -19,6 +20,12 @@ struct PointRecord {
   std::array<float, kParameterSlots> Parameters{};
   std::array<int16_t, kClusterSlots> Clusters{};
   uint64_t Stamp = 0;
+};
+
+/// The membership lists of all points: their slots, and which clusters any of them may hold.
+struct MembershipLists {
+  std::vector<std::vector<int16_t>> Slots;
+  std::array<bool, kClusterSlots> Entered{};
 };
 
 /// The loaded rows as columns: record i of rows 0..M-1, and record M, which is all zero.
@@ -41,22 +48,23 @@ class PointTable {
   std::span<uint64_t> Stamps() { return {stamps_, rows_ + 1}; }
   std::span<const uint64_t> Stamps() const { return {stamps_, rows_ + 1}; }
 
-  int SlotsInUse() const { return static_cast<int>(slots_.size()); }
-  std::span<int16_t> Slot(int slot) { return slots_[slot]; }
-  std::span<const int16_t> Slot(int slot) const { return slots_[slot]; }
+  int SlotsInUse() const { return static_cast<int>(lists_.Slots.size()); }
+  std::span<int16_t> Slot(int slot) { return lists_.Slots[slot]; }
+  std::span<const int16_t> Slot(int slot) const { return lists_.Slots[slot]; }
 
   /// Adds the next slot's column, all zero. Throws CommandError for a 32nd.
   void AddSlot();
 
   /// Empties every membership list.
-  void ClearMemberships() {
-    slots_.clear();
-    entered_.fill(false);
-  }
+  void ClearMemberships() { lists_ = {}; }
+
+  const MembershipLists& Lists() const { return lists_; }
+  /// Gives all points the lists that they had before; of this table, as it was then.
+  void SetLists(MembershipLists lists) { lists_ = std::move(lists); }
 
   /// Whether any list may hold cluster c. Who enters points sets it; it spares looking through lists that cannot.
-  bool Entered(int c) const { return entered_[c]; }
-  void SetEntered(int c, bool entered) { entered_[c] = entered; }
+  bool Entered(int c) const { return lists_.Entered[c]; }
+  void SetEntered(int c, bool entered) { lists_.Entered[c] = entered; }
 
   /// How many clusters point i is in.
   int Memberships(size_t i) const;
@@ -80,8 +88,7 @@ class PointTable {
   LargeMemory stampMemory_;
   float* columns_ = nullptr;
   uint64_t* stamps_ = nullptr;
-  std::vector<std::vector<int16_t>> slots_;
-  std::array<bool, kClusterSlots> entered_{};
+  MembershipLists lists_;
 };
 
 }  // namespace pallomir

@@ -24,7 +24,7 @@ void WorkPace::Reached(double share) {
   pumped_ = now;
   if (now - begin_ >= kShowAfter) {
     shown_ = true;
-    world_.ShowProgress(static_cast<int>(std::clamp(share, 0.0, 1.0) * kProgressMaximum));
+    world_.ShowProgress(static_cast<int>((step_ + std::clamp(share, 0.0, 1.0)) / steps_ * kProgressMaximum));
   }
   if (!world_.PumpEvents()) throw Interrupted();
 }

@@ -15,6 +15,12 @@ class WorkPace {
   WorkPace(const WorkPace&) = delete;
   WorkPace& operator=(const WorkPace&) = delete;
 
+  /// What is reached from here on is the work of one step of several, the first being 0.
+  void BeginStep(int step, int steps) {
+    step_ = step;
+    steps_ = steps;
+  }
+
   /// `share` (0 to 1) of the present step is done. Cheap enough for every few microseconds of work. Throws Interrupted
   /// when the user wants it to stop.
   void Reached(double share);
@@ -26,6 +32,8 @@ class WorkPace {
   /// The user is looked at right away: whatever was clicked before shows.
   Clock::time_point pumped_{};
   bool shown_ = false;
+  int step_ = 0;
+  int steps_ = 1;
 };
 
 }  // namespace pallomir

@@ -4,9 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include "clusters/change_cut.h"
 #include "clusters/classify.h"
 #include "clusters/overlap.h"
 #include "clusters/undo.h"
+#include "files/error.h"
+#include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
 
@@ -109,6 +112,44 @@ TEST(Undo, ExchangesThePresentWithTheLastState) {
   EXPECT_EQ(PointsInCluster(fresh, 0), 9);
   UndoLastChange(fresh);
   EXPECT_EQ(fresh.Clusters, cut);
+}
+
+TEST(ChangeCut, LeavesEverythingAsItWasWhenItIsStopped) {
+  const std::function<void(Session&, WorkPace&)> changes[] = {
+      [](Session& session, WorkPace& pace) { UndoLastChange(session, &pace); },
+      [](Session& session, WorkPace& pace) { CopyCluster(session, 7, &pace); },
+      [](Session& session, WorkPace& pace) { DeleteClusterBounds(session, &pace); },
+      [](Session& session, WorkPace& pace) {
+        DeleteAllClusters(session);
+        AddBoundary(session, 9, RectangleOf(15, 15, 55, 55));
+        AddBoundary(session, 12, RectangleOf(5, 5, 35, 35));
+        ClassifyAllClusters(session, &pace);
+      }};
+  for (const auto& change : changes)
+    for (const int stop : {1, 2}) {
+      Session session = CutSession();
+      AddBoundary(session, 4, RectangleOf(5, 5, 25, 25, 1, 0));
+      SaveUndoSnapshot(session);
+      AddBoundary(session, 4, RectangleOf(5, 5, 25, 25));
+      ClassifyAllClusters(session);
+      const UndoSnapshot present{session.Clusters, session.DefinitionCounter}, undo = session.Undo;
+      RecordingWorld world;
+      world.Slow = true;
+      world.InterruptAt = stop;
+      WorkPace pace(world);
+      try {
+        ChangeCut(session, [&] { change(session, pace); });
+      } catch (const Interrupted&) {
+        EXPECT_EQ(session.Clusters, present.Clusters);
+        EXPECT_EQ(session.DefinitionCounter, present.DefinitionCounter);
+        EXPECT_EQ(session.Undo.Clusters, undo.Clusters);
+        EXPECT_TRUE(session.ClusterDefined[4] && session.ClusterDefined[7] && !session.ClusterDefined[9]);
+        EXPECT_EQ(ListOf(session, 1), (std::vector<int>{4, 7}));
+        EXPECT_EQ(PointsInCluster(session, 4), 2);
+        continue;
+      }
+      EXPECT_EQ(stop, 2) << "one cluster alone is classified between two looks";
+    }
 }
 
 TEST(Overlap, HoldsThePointsInTwoClustersOrMore) {

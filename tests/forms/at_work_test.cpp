@@ -111,6 +111,31 @@ class AtWorkTest : public QObject {
     }
   }
 
+  void EscapeStopsAChangeOfTheCut() {
+    Program program(300000);
+    program.Load();
+    program.Click("lblNewCluster(1)");
+    for (const int top : {90, 80}) program.DrawPolygon({{100, 10}, {250000, 10}, {250000, 1.0 * top}});
+    const int64_t members = PointsInCluster(program.Shared, 1);
+    // The press of Esc is heard at the first look, in the middle of the change.
+    const auto stopped = [&](const std::function<void()>& change) {
+      QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
+      change();
+      return Status(program).startsWith("Stopped") && PointsInCluster(program.Shared, 1) == members;
+    };
+    QVERIFY(stopped([&] { program.Click("cmdUndo"); }));
+    program.Click("cmdWriteCBFile");
+    QVERIFY(stopped([&] { program.Click("cmdReadCBFile"); }));
+    // A polygon whose closing was stopped is open still, without its last corner.
+    for (const QPointF& corner : {QPointF(100, 20), QPointF(1000, 20)})
+      QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(corner.x(), corner.y()));
+    QVERIFY(stopped([&] { QTest::mousePress(program.Surface(), Qt::RightButton, {}, program.At(1000, 50)); }));
+    QCOMPARE(program.Shared.Clusters[1].Boundaries[0].VertexCount, 2);
+    QTest::mousePress(program.Surface(), Qt::RightButton, {}, program.At(100, 90));
+    QCOMPARE(program.Shared.Clusters[1].Boundaries[0].VertexCount, 3);
+    QVERIFY(PointsInCluster(program.Shared, 1) < members);
+  }
+
   void AHeldKeyDoesNotPileRedrawsUp() {
     Program program(3000);
     program.Load();

@@ -517,6 +517,48 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Shared.AxisMaximum[0], 999.0F);
   }
 
+  void WindowsFitASmallScreen() {
+    // The client areas that screens of 1024 x 768 and 1366 x 768 leave, with frames and a task bar.
+    Program program;
+    program.Load();
+    program.Form.resize(560, 690);
+    QApplication::processEvents();
+    const auto* scroll = qobject_cast<QScrollArea*>(program.Form.centralWidget());
+    QVERIFY(!scroll->verticalScrollBar()->isVisible() && !scroll->horizontalScrollBar()->isVisible());
+    // Whatever is said below the controls and the picture, the windows stay as wide as they are.
+    const int wide = program.Form.minimumSizeHint().width(), narrow = program.View()->minimumSizeHint().width();
+    program.Form.statusBar()->findChild<QLabel*>()->setText(QString("what to do ").repeated(30));
+    program.View()->resize(400, 500);
+    program.Type("txtUpper", "1e30");
+    program.Click("cmdscaleXaxis");
+    program.Type("txtDownsampleFraction", "half");
+    program.Click("chkDownsample");
+    QTest::mouseMove(program.Surface(), QPoint(33, 55));
+    QApplication::processEvents();
+    QCOMPARE(program.Form.minimumSizeHint().width(), wide);
+    QCOMPARE(program.View()->minimumSizeHint().width(), narrow);
+    QCOMPARE(program.View()->width(), 400);
+    // A screen that is lower still scrolls; one that is higher gives its room to the messages.
+    program.Form.resize(560, 500);
+    QApplication::processEvents();
+    QVERIFY(scroll->verticalScrollBar()->isVisible());
+    program.Form.resize(560, 800);
+    QApplication::processEvents();
+    auto* messages = program.Get("txtMessages");
+    const int low = messages->height();
+    program.Form.resize(560, 1200);
+    QApplication::processEvents();
+    QCOMPARE(messages->height(), low + 400);
+  }
+
+  void WindowsNameTheTetrode() {
+    Program program;
+    program.Start();
+    QCOMPARE(program.Form.windowTitle(), QString("Cluster cutting controls — TT1"));
+    QCOMPARE(program.View()->windowTitle(), QString("Projections — TT1"));
+    QVERIFY(program.Get("txtCurDir")->toolTip().contains(program.Path("TT1")));
+  }
+
   void EveryControlCanBeReachedAndSaysWhatItIs() {
     Program program;
     program.Load();
