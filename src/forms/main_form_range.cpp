@@ -4,6 +4,7 @@
 
 #include "controls/controls.h"
 #include "controls/toolkit_values.h"
+#include "files/error.h"
 #include "files/number_text.h"
 #include "forms/main_form.h"
 #include "forms/range_panel.h"
@@ -51,17 +52,17 @@ void Main_Form::LoadRange(int32_t start, int32_t end) {
   if (closing_) return;
   Redraw();
   RefreshClusters();
-  const QString done = QString("%1 points loaded in %2 s.")
+  const QString told = QString("%1 points loaded in %2 s.")
                            .arg(FromText(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
                            .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2);
-  status_->setText(TimesSpanLoaded() ? done : done + " The times beside do not span them: Enter in both record boxes.");
+  status_->setText(TimesSpanLoaded() ? told : told + " The times beside do not span them: Enter in both record boxes.");
 }
 
 void Main_Form::ShowNoPoints() {
   projections_->Clear();
   projections_->ShowHint();
   RefreshClusters();
-  stopped_ = "Stopped; what was loaded before could not be read again: no points are loaded now.";
+  stopped_ = "Stopped; no points are loaded now, and the boundaries are as they were.";
 }
 
 bool Main_Form::TimesSpanLoaded() const {

@@ -59,9 +59,9 @@ void PointTable::KeepFirst(size_t rows) {
   PointTable kept(rows);
   for (int p = 0; p < kParameterSlots; ++p) std::copy_n(Column(p).begin(), rows, kept.Column(p).begin());
   std::copy_n(stamps_, rows, kept.stamps_);
-  for (int slot = 0; slot < SlotsInUse(); ++slot) {
+  for (const auto& slot : lists_.Slots) {
     kept.AddSlot();
-    std::copy_n(Slot(slot).begin(), rows, kept.Slot(slot).begin());
+    std::copy_n(slot.begin(), rows, kept.lists_.Slots.back().begin());
   }
   kept.lists_.Entered = lists_.Entered;
   *this = std::move(kept);

@@ -9,18 +9,16 @@ namespace pallomir {
 
 namespace {
 
-/// The points have been replaced: a user who wants to stop gets the whole cut all the same.
+/// The points have been replaced: a user who stops this is left with none, not with some that lack their clusters.
 void Classify(Session& session, World& world) {
   WorkPace pace(world);
-  bool stop = false;
-  for (int c = 1; c <= kClusters; ++c) {
-    ClassifyCluster(session, c);
-    if (stop) continue;
-    try {
-      pace.Reached(static_cast<double>(c) / kClusters);
-    } catch (const Interrupted&) {
-      stop = true;
-    }
+  try {
+    ClassifyAllClusters(session, &pace);
+  } catch (const Interrupted&) {
+    session.Points.ClearMemberships();
+    GiveUpRange(session);
+    ClassifyAllClusters(session);  // the one row
+    throw;
   }
 }
 

@@ -77,9 +77,8 @@ class AtWorkTest : public QObject {
       QCOMPARE(PointsLoaded(program.Shared), !again);
       QCOMPARE(program.Shared.Points.Rows(), size_t(again ? 0 : 300000));
       QCOMPARE(PointsInCluster(program.Shared, 1), again ? 0 : members);
-      QCOMPARE(Status(program),
-               again ? "Stopped; what was loaded before could not be read again: no points are loaded now."
-                     : "Stopped; everything is as it was before.");
+      QCOMPARE(Status(program), again ? "Stopped; no points are loaded now, and the boundaries are as they were."
+                                      : "Stopped; everything is as it was before.");
       if (again) QVERIFY(program.Messages().contains("could not be read again (that was stopped too)"));
       program.Click("cmdLoadPoints");
       QCOMPARE(PointsInCluster(program.Shared, 1), members);

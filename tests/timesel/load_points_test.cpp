@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "clusters/classify.h"
+#include "files/error.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
@@ -26,16 +27,17 @@ TEST(LoadPoints, ClassifiesClustersInIncreasingOrder) {
   EXPECT_EQ(ListOf(session, 20), (std::vector<int>{}));  // the record behind the last point
 }
 
-TEST(LoadPoints, IsWholeOnceThePointsHaveBeenReplaced) {
+TEST(LoadPoints, LeavesNoneWhoseClustersAreNotKnown) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
   RecordingWorld world;
   for (const int c : {3, 30}) AddBoundary(session, c, RectangleOf(-1, -1, 1e6F, 1e6F));
   world.Slow = true;
   world.InterruptAt = 3;  // two pumps while reading
-  LoadPoints(session, world, 10, 29);
-  EXPECT_GE(world.Pumps, 3);
-  EXPECT_EQ(ListOf(session, 19), (std::vector{3, 30}));
+  EXPECT_THROW(LoadPoints(session, world, 10, 29), Interrupted);
+  EXPECT_FALSE(PointsLoaded(session));
+  EXPECT_EQ(session.Clusters[30].BoundaryCount, 1);
+  EXPECT_EQ(ListOf(session, 0), (std::vector{3, 30}));
 }
 
 TEST(LoadPoints, OfARangeThatWasGivenUpOneRowIsLeft) {
