@@ -106,16 +106,11 @@ void MapWindow::MakePlot() {
 }
 
 void MapWindow::FillColours() {
-  const Map& map = result_.Grid;
   colours_ = new QCPColorMap(rect_->axis(QCPAxis::atBottom), rect_->axis(QCPAxis::atLeft));
   colours_->setInterpolate(false);
   colours_->setColorScale(scale_);
   FillCells(*colours_, result_, 1 / InUnits(1));
-  const double peak = PeakOf(map).Value;
-  scale_->setDataRange(result_.Kind == MapKind::SpatialAutocorrelation ? QCPRange(-1, 1)
-                                                                       : QCPRange(0, peak > 0 ? peak : 1));
-  const std::string_view unit = UnitOf(result_.Kind);
-  scale_->setLabel(FromText(unit));
+  SetScale(*scale_, result_, 5);
 }
 
 /// A dark cross with a light rim, seen on any colour.
