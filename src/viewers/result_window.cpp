@@ -8,13 +8,13 @@
 #include "files/platform.h"
 #include "files/save_file.h"
 #include "viewers/save_picture.h"
+#include "viewers/window_places.h"
 
 namespace pallomir {
 
 namespace {
 
 constexpr QSize kSize(600, 680);
-constexpr int kCascade = 28;
 constexpr char kHint[] = "The wheel zooms, a drag moves, a double click shows all.";
 
 }  // namespace
@@ -65,6 +65,9 @@ ResultWindow::ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle&
   auto* all = new QVBoxLayout(this);
   all->setContentsMargins(0, 0, 0, 0);
   all->setSpacing(0);
+  auto* menus = new QMenuBar;
+  AddWindowMenu(menus, this);
+  all->setMenuBar(menus);
   all->addWidget(plot_, 1);
   all->addLayout(below);
   MakeButtons();
@@ -107,9 +110,8 @@ void ResultWindow::SetWords(const QStringList& figures, const QString& usage, co
   usage_->setVisible(!usage.isEmpty());
   if (explanation.isEmpty()) return;
   readOut_->clear();
-  explanation_ = MakeWords(plot_, explanation, Qt::AlignCenter | Qt::TextWordWrap);
+  explanation_ = new Explanation(plot_, explanation);
   explanation_->setMargins({40, 20, 40, 20});
-  explanation_->setMaximumSize(10000, 10000);
   body_->addElement(0, 0, explanation_);
 }
 
@@ -224,33 +226,18 @@ void ResultWindow::Present() {
   for (QCPAxisRect* rect : plot_->axisRects())
     for (QCPAxis* axis : rect->axes()) axis->setLayer("axes");
   Dress(ScreenStyle(*this));
-  Place();
+  PlaceResult(this, kSize);
   show();
   plot_->setFocus();
-}
-
-/// In turns on the right, where the controls are not, and on the left, each pair a little below the one before; a place
-/// that was left is taken again.
-void ResultWindow::Place() {
-  std::vector<int> taken;
-  for (const QWidget* window : QApplication::topLevelWidgets())
-    if (const auto* other = qobject_cast<const ResultWindow*>(window); other && other->isVisible())
-      taken.push_back(other->place_);
-  for (place_ = 0; std::count(taken.begin(), taken.end(), place_) > 0;) ++place_;
-  const QRect room = screen()->availableGeometry();
-  constexpr int frame = 32;  // what the desktop puts round a window, at most
-  resize(kSize.boundedTo({room.width() / 2 - frame / 4, room.height() - frame}));
-  const int step = place_ / 2 * kCascade;
-  const int right = std::max(room.width() - room.width() / 2, 1);
-  move(room.topLeft() + QPoint((1 - place_ % 2) * right + step % std::max(room.width() - right - width(), kCascade),
-                               step % std::max(room.height() - height(), kCascade)));
 }
 
 void ResultWindow::CopyPicture() {
   const QScopeGuard screen = qScopeGuard([this] { Dress(ScreenStyle(*this)); });
   Dress(PrintStyle(*this));
-  QApplication::clipboard()->setImage(plot_->toPixmap(plot_->width(), plot_->height(), kPictureScale).toImage());
-  readOut_->setText("The picture is on the clipboard.");
+  const QImage picture = plot_->toPixmap(plot_->width(), plot_->height(), kPictureScale).toImage();
+  if (!picture.isNull()) QApplication::clipboard()->setImage(picture);
+  readOut_->setText(picture.isNull() ? "There is not enough memory for the picture."
+                                     : "The picture is on the clipboard.");
 }
 
 template <class Write>

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "controls/dialogs.h"
+#include "viewers/explanation.h"
 #include "viewers/plot_style.h"
 
 namespace pallomir {
@@ -24,7 +25,7 @@ class ResultWindow : public QWidget {
   Q_OBJECT
 
  public:
-  /// Fits it to the screen, beside the results that are open already, and shows it.
+  /// Shows it where there is room for it.
   void Present();
 
  protected:
@@ -69,7 +70,6 @@ class ResultWindow : public QWidget {
   void Dress(const PlotStyle& style);
   void KeepWithin(const BoundAxis& bound, const QCPRange& range);
   void ShowReadOut(QPointF at);
-  void Place();
 
   void ShowAll();
   void Zoom(double factor);
@@ -85,11 +85,10 @@ class ResultWindow : public QWidget {
   QString fileName_;
   std::string data_;
   QString dataEnding_;
-  int place_ = -1;
   QCustomPlot* plot_;
   QCPTextElement* title_;
   std::vector<QCPTextElement*> figures_;
-  QCPTextElement* explanation_ = nullptr;
+  Explanation* explanation_ = nullptr;
   QCPLayoutGrid* body_;
   QLabel* readOut_;
   QLabel* usage_;

@@ -13,6 +13,9 @@
 #include "support/temporary_folder.h"
 #include "viewers/colour_scales.h"
 #include "viewers/desktop_components.h"
+#include "viewers/figures.h"
+#include "viewers/map_cells.h"
+#include "viewers/window_places.h"
 
 using namespace pallomir;
 
@@ -170,8 +173,64 @@ class ViewersTest : public QObject {
     QVERIFY(qobject_cast<QCPColorMap*>(Plot(window)->plottable(0))->dataRange() == QCPRange(-1, 1));
     QCOMPARE(ColourAt(window, -2, -1.2), ColourAt(window, -2.4, 1.2));
     QCOMPARE(ColourAt(window, -6, -3.4), QColor(Qt::white));
-    QCOMPARE(ColourAt(window, 0, 0), QColor(Qt::black));  // the cross
+    QVERIFY(ColourAt(window, 0, 0).lightness() < 40);  // the cross
     QCOMPARE(Hover(window, At(window, 2.6, 2.6)), "x 2.6, y 2.6 cm: r 0.25");
+  }
+
+  void OneLongStayLeavesTheOthersTheirColours() {
+    Desk desk;
+    MapResult result = SmallMap();
+    result.Kind = MapKind::Occupancy;
+    result.Grid = {100, 2, 0, 0, 10, std::vector<double>(200, 0.5)};
+    result.Grid.Values[0] = 3.25;
+    result.Grid.Values[1] = 4000;
+    result.Grid.Values[2] = 0;
+    QCOMPARE(ColoursEnd(result), 0.5);
+    for (int k = 10; k < 13; ++k) result.Grid.Values[k] = 3.25;
+    QCOMPARE(ColoursEnd(result), 3.25);
+    QWidget* window = desk.ShowMap(result);
+    auto* scale = Plot(window)->findChild<QCPColorScale*>();
+    QCOMPARE(scale->dataRange().upper, 3.25);
+    QVERIFY(scale->axis()->tickVectorLabels().contains(QString::fromUtf8("≥ 3.25 s")));
+    QVERIFY(Hover(window, At(window, 3.7, 1)).endsWith(": " + Figure(4000) + " s"));
+    result.Kind = MapKind::Rate;
+    QCOMPARE(ColoursEnd(result), 4000.0);
+  }
+
+  void WindowsComeUpWhereTheyCoverLeast() {
+    const QRect room(0, 0, 2000, 1000), controls(0, 0, 500, 900);
+    const QSize wanted(600, 700), smallest(400, 450);
+    std::vector<Neighbour> there = {{controls}};
+    const auto next = [&] { return FreePlace(room, controls, wanted, smallest, there); };
+    QCOMPARE(next(), QRect(1400, 0, 600, 700));
+    there.push_back({next()});
+    QCOMPARE(next(), QRect(800, 0, 600, 700));
+    there.push_back({next()});
+    QVERIFY(!next().intersects(controls));  // no room is left: a step below the first
+    QCOMPARE(next().topRight(), QPoint(1999 - 28, 28));
+    // The projection is covered only where a smaller window, too, has no room beside it.
+    const std::pair<int, QRect> projections[] = {{1000, {1520, 0, 480, 560}},  // from x 500 on, so wide
+                                                 {1100, {1600, 0, 400, 455}},
+                                                 {1200, {1400, 0, 600, 700}}};
+    for (const auto& [width, place] : projections) {
+      there = {{controls}, {QRect(500, 0, width, 900), false}};
+      QCOMPARE(next(), place);
+    }
+  }
+
+  void AllAreLaidOutSideBySideAndClosed() {
+    Desk desk;
+    std::vector<QPointer<QWidget>> windows;
+    for (int k = 0; k < 3; ++k) windows.push_back(desk.ShowMap(SmallMap()));
+    QTest::keyClick(windows[2], Qt::Key_W, Qt::ControlModifier);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!windows[2] && windows[0]->isVisible());
+    QVERIFY(windows[0]->geometry().intersects(windows[1]->geometry()));  // 800 pixels have no room for two
+    windows[0]->findChild<QAction*>("mnuTile")->trigger();
+    QVERIFY(!windows[0]->geometry().intersects(windows[1]->geometry()));
+    windows[1]->findChild<QAction*>("mnuCloseAll")->trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(!windows[0] && !windows[1]);
   }
 
   void TrainsAreMirroredAndCounted() {
