@@ -44,4 +44,23 @@ class ScaleBeside : public QCPColorScale {
   const FittedRect* rect_;
 };
 
+/// A colour scale as wide as an axis rectangle, below its numbers and label.
+class ScaleBelow : public QCPColorScale {
+ public:
+  ScaleBelow(QCustomPlot* plot, const FittedRect* rect) : QCPColorScale(plot), rect_(rect) {
+    setType(QCPAxis::atBottom);
+  }
+
+  void update(UpdatePhase phase) override {
+    if (phase == upLayout) {
+      constexpr int gap = 6;
+      mRect = QRect(rect_->left(), rect_->bottom() + rect_->margins().bottom() + gap, rect_->width(), mRect.height());
+    }
+    QCPColorScale::update(phase);
+  }
+
+ private:
+  const FittedRect* rect_;
+};
+
 }  // namespace pallomir

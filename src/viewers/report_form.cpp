@@ -2,7 +2,6 @@
 
 #include <qcustomplot.h>
 
-#include <QPdfWriter>
 #include <QPrinter>
 #include <QtWidgets>
 
@@ -11,10 +10,10 @@
 #include "controls/run_command.h"
 #include "controls/save_image.h"
 #include "controls/titles.h"
-#include "files/error.h"
-#include "files/save_file.h"
 #include "viewers/figures.h"
 #include "viewers/report_plots.h"
+#include "viewers/report_printing.h"
+#include "viewers/window_places.h"
 
 namespace pallomir {
 
@@ -24,6 +23,7 @@ namespace {
 constexpr int kWidth = 1000;
 constexpr int kHeight = 707;
 constexpr int kPictureScale = 3;
+constexpr int kDotsPerInch = 1200;
 constexpr int kSecond = 1000;
 
 constexpr const char* kPaper = R"(
@@ -105,8 +105,6 @@ ReportForm::ReportForm(World& world, Dialogs& dialogs, QWidget* parent, const QS
   setWindowTitle(TitleWithTetrode("Analysis Report Sheet", tetrode, c));
   LayOut();
   MakeMenu();
-  const QSize room = screen()->availableGeometry().size() - QSize(20, 60);
-  resize(QSize(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4).boundedTo(room));
   connect(&Timer1_, &QTimer::timeout, this, &ReportForm::Timer1_Timer);
   Timer1_.start(kSecond);
   Timer1_Timer();
@@ -129,7 +127,7 @@ void ReportForm::LayOut() {
   maps->setText("- MAPS -");
 
   auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(14);
+  grid->setHorizontalSpacing(16);  // columns of the same width
   grid->setVerticalSpacing(4);
   picOccMap_ = AddPicture(grid, "picOccMap", "Occupancy", 0, 0);
   picRateMap_ = AddPicture(grid, "picRateMap", "Rate", 0, 1);
@@ -185,6 +183,7 @@ void ReportForm::MakeMenu() {
   QAction* leave = file->addAction("&Close");
   leave->setShortcut(Qt::Key_Escape);
   connect(leave, &QAction::triggered, this, &QWidget::close);
+  AddWindowMenu(menuBar(), this);
 }
 
 void ReportForm::Show(const Report& report, const QString& title) {
@@ -200,7 +199,11 @@ void ReportForm::Show(const Report& report, const QString& title) {
   PlotSeries(*picXPos_, report.Spikes, report.Places.X, "pixels");
   PlotSeries(*picYPos_, report.Spikes, report.Places.Y, "pixels");
   PlotSeries(*picAngPos_, report.Spikes, report.Places.Angle, "degrees", QCPRange(0, 360));
+  const QSize whole(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4);
+  setMinimumSize(whole.boundedTo(screen()->availableGeometry().size() / 2));
+  PlaceResult(this, whole);
   show();
+  AlignMaps(std::array{picOccMap_, picRateMap_, picSpikeMap_});
   for (QCustomPlot* plot : findChildren<QCustomPlot*>()) plot->replot();
 }
 
@@ -217,14 +220,12 @@ void ReportForm::mnuFilePrint_Click() {
   QPrinter printer(QPrinter::HighResolution);
   printer.setPageOrientation(QPageLayout::Landscape);
   const int copies = dialogs_.Print(this, printer);
-  printer.setCopyCount(1);
-  for (int copy = 1; copy <= copies; ++copy) {
-    QCPPainter painter;
-    if (!painter.begin(&printer)) {
-      world_.ShowMessage("You've reached errorhandler", {});
-      return;
-    }
-    PaintSheet(painter, printer.pageLayout().paintRectPixels(printer.resolution()).size());
+  if (copies < 1) return;
+  try {
+    PrintSheet(*sheet_, lblReportTitle_->text(), printer, copies);
+  } catch (const std::exception& error) {
+    world_.AppendMessage("The report was not printed: " + SentenceOf(error));
+    world_.ShowMessage("You've reached errorhandler", {});
   }
 }
 
@@ -232,58 +233,11 @@ void ReportForm::mnuFileSave_Click() {
   const QString path = dialogs_.SaveFile(
       this, {"Save Report", "PDF document (*.pdf)|*.pdf|PNG picture (*.png)|*.png", fileName_ + ".pdf", "pdf"});
   if (path.isEmpty()) return;
-  const std::string native = PathOf(path);
-  if (path.endsWith(".png", Qt::CaseInsensitive)) {
-    QImage image = MakeImage(kPictureScale * sheet_->size(), QImage::Format_RGB32);
-    image.fill(Qt::white);
-    {
-      QCPPainter painter;
-      painter.begin(&image);
-      PaintSheet(painter, image.size());
-    }
-    SavePictureBytes(PngOf(image), native);
-    return;
-  }
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter writer(&buffer);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageOrientation(QPageLayout::Landscape);
-    writer.setPageMargins({8, 8, 8, 8}, QPageLayout::Millimeter);
-    writer.setTitle(lblReportTitle_->text());
-    QCPPainter painter;
-    painter.begin(&writer);
-    PaintSheet(painter, writer.pageLayout().paintRectPixels(writer.resolution()).size());
-  }
-  SavePictureBytes(bytes, native);
-}
-
-void ReportForm::PaintSheet(QCPPainter& painter, QSize page) const {
-  const double scale =
-      std::min(static_cast<double>(page.width()) / kWidth, static_cast<double>(page.height()) / kHeight);
-  painter.setMode(QCPPainter::pmVectorized);
-  painter.setMode(QCPPainter::pmNoCaching);
-  painter.setRenderHint(QPainter::Antialiasing);
-  for (const QLabel* label : sheet_->findChildren<QLabel*>()) {
-    painter.save();
-    painter.scale(scale, scale);
-    QFont font = label->font();
-    font.setPixelSize(QFontInfo(font).pixelSize());
-    painter.setFont(font);
-    painter.setPen(label->palette().color(QPalette::WindowText));
-    const int flags = static_cast<int>(label->alignment()) | (label->wordWrap() ? Qt::TextWordWrap : 0);
-    painter.drawText(QRect(label->mapTo(sheet_, QPoint()), label->size()), flags, label->text());
-    painter.restore();
-  }
-  for (QCustomPlot* plot : sheet_->findChildren<QCustomPlot*>()) {
-    painter.save();
-    painter.scale(scale, scale);
-    painter.translate(plot->mapTo(sheet_, QPoint()));
-    plot->toPainter(&painter, plot->width(), plot->height());
-    painter.restore();
-  }
+  const QPageLayout page(QPageSize(QPageSize::A4), QPageLayout::Landscape, {8, 8, 8, 8}, QPageLayout::Millimeter);
+  const QByteArray bytes = path.endsWith(".png", Qt::CaseInsensitive)
+                               ? PngOf(SheetImage(*sheet_, kPictureScale))
+                               : SheetPdf(*sheet_, lblReportTitle_->text(), page, kDotsPerInch);
+  SavePictureBytes(bytes, PathOf(path));
 }
 
 }  // namespace pallomir

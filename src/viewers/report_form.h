@@ -7,7 +7,6 @@
 #include "analyses/report.h"
 #include "controls/dialogs.h"
 
-class QCPPainter;
 class QCustomPlot;
 class QGridLayout;
 class QLabel;
@@ -31,9 +30,6 @@ class ReportForm : public QMainWindow {
   void Timer1_Timer();
   void mnuFilePrint_Click();
   void mnuFileSave_Click();
-
-  /// Paints the sheet as large as `page` has room for, its drawings as lines and letters.
-  void PaintSheet(QCPPainter& painter, QSize page) const;
 
   World& world_;
   Dialogs& dialogs_;

@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
+#include "controls/toolkit_values.h"
 #include "viewers/colour_scales.h"
+#include "viewers/dot_cloud.h"
+#include "viewers/explanation.h"
 #include "viewers/figures.h"
 #include "viewers/fitted_rect.h"
 #include "viewers/map_cells.h"
@@ -25,7 +29,7 @@ PlotStyle Prepare(QCustomPlot& plot) {
 }
 
 void SayWhy(QCustomPlot& plot, const PlotStyle& style, const QString& text) {
-  auto* words = MakeWords(&plot, text, Qt::AlignCenter | Qt::TextWordWrap);
+  auto* words = new Explanation(&plot, text);
   StyleWords(words, style.Small, style.Quiet);
   plot.plotLayout()->addElement(0, 0, words);
 }
@@ -52,6 +56,7 @@ QCPAxisRect* AddArena(QCustomPlot& plot, const PlotStyle& style, const Map& map,
   AddRect(plot, rect, style);
   QCPAxis* x = rect->axis(QCPAxis::atBottom);
   QCPAxis* y = rect->axis(QCPAxis::atLeft);
+  x->ticker()->setTickCount(3);
   y->setRangeReversed(true);
   x->setRange(map.Left / scale, (map.Left + map.Columns * map.Bin) / scale);
   y->setRange(map.Top / scale, (map.Top + map.Rows * map.Bin) / scale);
@@ -61,6 +66,10 @@ QCPAxisRect* AddArena(QCustomPlot& plot, const PlotStyle& style, const Map& map,
 /// Pixels to the unit of the axes.
 double Scale(const MapResult& map) {
   return map.PixelsPerCm > 0 ? map.PixelsPerCm : 1;
+}
+
+QString LengthUnit(const MapResult& map) {
+  return map.PixelsPerCm > 0 ? "cm" : "pixels";
 }
 
 QCPRange RangeOf(const auto& values) {
@@ -85,22 +94,23 @@ void PlotMap(QCustomPlot& plot, const MapResult& map) {
     return;
   }
   QCPAxisRect* rect = AddArena(plot, style, map.Grid, Scale(map));
-  auto* scale = new ScaleBeside(&plot, static_cast<FittedRect*>(rect));
-  plot.plotLayout()->addElement(0, 1, scale);
-  scale->setBarWidth(8);
-  scale->setMinimumMargins({0, 0, 4, 0});
-  StyleAxis(scale->axis(), style);
-  scale->axis()->setTickLabelFont(style.Small);
-  scale->axis()->setSubTicks(false);
-  scale->axis()->ticker()->setTickCount(3);
+  rect->axis(QCPAxis::atBottom)->setLabel(LengthUnit(map));
   auto* cells = new QCPColorMap(rect->axis(QCPAxis::atBottom), rect->axis(QCPAxis::atLeft));
   cells->setInterpolate(false);
+  auto* scale = new ScaleBelow(&plot, static_cast<FittedRect*>(rect));
+  plot.plotLayout()->addElement(1, 0, scale);
   cells->setColorScale(scale);
   FillCells(*cells, map, Scale(map));
+  scale->setBarWidth(8);
   scale->setGradient(GradientOf(ColourScale::Even));
-  scale->setDataRange({0, peak > 0 ? peak : 1});
-  rect->axis(QCPAxis::atBottom)
-      ->setLabel(QString::fromStdString(std::string(UnitOf(map.Kind))) + ", highest " + Figure(peak));
+  SetScale(*scale, map, 3);
+  QCPAxis* numbers = scale->axis();
+  StyleAxis(numbers, style);
+  numbers->setTickLabelFont(style.Small);
+  numbers->setLabelFont(style.Small);
+  numbers->setLabelPadding(2);
+  numbers->setSubTicks(false);
+  scale->setLabel(FromText(UnitOf(map.Kind)) + ", highest " + Figure(peak));
 }
 
 void PlotSpikesOnPath(QCustomPlot& plot, const Report& report) {
@@ -114,21 +124,41 @@ void PlotSpikesOnPath(QCustomPlot& plot, const Report& report) {
   QCPAxisRect* rect = AddArena(plot, style, map, scale);
   QCPAxis* x = rect->axis(QCPAxis::atBottom);
   QCPAxis* y = rect->axis(QCPAxis::atLeft);
-  auto* path = new QCPCurve(x, y);
-  path->setPen(QPen(QColor("#c3c9d4"), 0.6));
-  QVector<QCPCurveData> places;
-  for (size_t i = 0; i < report.Path.Time.size(); ++i)
-    places.append({static_cast<double>(i), report.Path.X[i] / scale, report.Path.Y[i] / scale});
-  path->data()->set(places, true);
-  auto* spikes = new QCPCurve(x, y);
-  spikes->setLineStyle(QCPCurve::lsNone);
-  spikes->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, style.Mark, 2));
-  QVector<QCPCurveData> dots;
-  for (const int64_t sample : report.SampleOf)
-    if (sample >= 0 && std::isfinite(report.Path.X[sample]))
-      dots.append({static_cast<double>(dots.size()), report.Path.X[sample] / scale, report.Path.Y[sample] / scale});
-  spikes->data()->set(dots, true);
-  x->setLabel(QString("%1 spikes").arg(Whole(static_cast<double>(dots.size()))));
+  const auto inUnits = [scale](double pixels) { return static_cast<float>(pixels / scale); };
+  std::vector<float> xs, ys;
+  for (size_t i = 0; i < report.Path.Time.size(); ++i) {
+    xs.push_back(inUnits(report.Path.X[i]));
+    ys.push_back(inUnits(report.Path.Y[i]));
+  }
+  AddLine(x, y, xs, ys, QColor("#c3c9d4"));
+  std::vector<float> spikeXs, spikeYs;
+  for (const int64_t sample : report.SampleOf) {
+    if (sample < 0 || !std::isfinite(xs[sample])) continue;
+    spikeXs.push_back(xs[sample]);
+    spikeYs.push_back(ys[sample]);
+  }
+  const auto shown = static_cast<double>(spikeXs.size());
+  AddDots(x, y, std::move(spikeXs), std::move(spikeYs), style.Mark, 2);
+  x->setLabel(LengthUnit(report.Rate) + ", " + Whole(shown) + (shown == 1 ? " spike" : " spikes"));
+}
+
+void AlignMaps(std::span<QCustomPlot* const> plots) {
+  // What other elements of a plot take on its right and below counts as margin.
+  const auto besides = [](const QCustomPlot& plot) {
+    const QRect outer = plot.axisRect()->outerRect();
+    return QMargins(0, 0, plot.width() - 1 - outer.right(), plot.height() - 1 - outer.bottom());
+  };
+  std::vector<QCustomPlot*> maps;
+  std::copy_if(plots.begin(), plots.end(), std::back_inserter(maps), [](auto* plot) { return plot->axisRectCount(); });
+  QMargins widest;
+  for (QCustomPlot* plot : maps) {
+    plot->replot();
+    widest = widest | (plot->axisRect()->margins() + besides(*plot));
+  }
+  for (QCustomPlot* plot : maps) {
+    plot->axisRect()->setAutoMargins(QCP::msNone);
+    plot->axisRect()->setMargins(widest - besides(*plot));
+  }
 }
 
 void PlotAverageWaveform(QCustomPlot& plot, const ClusterMeasures& measures) {
@@ -178,23 +208,23 @@ void PlotSeries(QCustomPlot& plot, const ClusterLines& spikes, const std::vector
     SayWhy(plot, style, "The cluster has no spike within its time range.");
     return;
   }
+  std::vector<float> times, heights;
+  for (size_t i = 0; i < spikes.Time.size(); ++i) {
+    times.push_back(static_cast<float>(static_cast<double>(spikes.Time[i] - spikes.First) / kMinute));
+    heights.push_back(static_cast<float>(values[i]));
+  }
+  if (std::none_of(heights.begin(), heights.end(), [](float height) { return std::isfinite(height); })) {
+    SayWhy(plot, style, "No spike of the cluster falls on a position sample that can be used.");
+    return;
+  }
   QCPAxisRect* rect = AddRect(plot, new QCPAxisRect(&plot), style);
   QCPAxis* x = rect->axis(QCPAxis::atBottom);
   QCPAxis* y = rect->axis(QCPAxis::atLeft);
-  auto* dots = new QCPGraph(x, y);
-  dots->setLineStyle(QCPGraph::lsNone);
-  dots->setScatterStyle(QCPScatterStyle(QCPScatterStyle::ssDisc, style.Data, 1.6));
-  QVector<double> times, heights;
-  for (size_t i = 0; i < spikes.Time.size(); ++i) {
-    if (!std::isfinite(static_cast<double>(values[i]))) continue;
-    times.append(static_cast<double>(spikes.Time[i] - spikes.First) / kMinute);
-    heights.append(static_cast<double>(values[i]));
-  }
-  dots->setData(times, heights, true);
   x->setRange(0, std::max(static_cast<double>(spikes.Last - spikes.First) / kMinute, 1e-6));
   y->setRange(range.size() > 0 ? range : RangeOf(heights));
   x->setLabel("minutes");
   y->setLabel(label);
+  AddDots(x, y, std::move(times), std::move(heights), style.Data, 1.6);
 }
 
 template void PlotSeries(QCustomPlot&, const ClusterLines&, const std::vector<float>&, const QString&, QCPRange);

@@ -2,6 +2,8 @@
 
 #include <qcustomplot.h>
 
+#include <span>
+
 #include "analyses/report.h"
 
 namespace pallomir {
@@ -12,6 +14,9 @@ void PlotMap(QCustomPlot& plot, const MapResult& map);
 
 /// The animal's path in gray and the spikes on it, as the camera sees them.
 void PlotSpikesOnPath(QCustomPlot& plot, const Report& report);
+
+/// Gives the maps, once each has its place on the sheet, axes of one size. Empty ones stay as they are.
+void AlignMaps(std::span<QCustomPlot* const> plots);
 
 /// The average spike on each wire, with a band of one standard deviation.
 void PlotAverageWaveform(QCustomPlot& plot, const ClusterMeasures& measures);
