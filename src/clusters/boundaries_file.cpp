@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "clusters/classify.h"
 #include "clusters/editing.h"
@@ -11,6 +13,7 @@
 #include "files/file_utility.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "files/printable.h"
 #include "files/save_file.h"
 #include "files/text_header.h"
 #include "files/text_items.h"
@@ -18,6 +21,9 @@
 namespace pallomir {
 
 namespace {
+
+/// Longer names of parameters are refused, in bytes.
+constexpr size_t kLongestName = 255;
 
 std::string RecordText(const Session& session, int c, const Boundary& boundary) {
   const auto line = [](const std::string& text) { return text + "\r\n"; };
@@ -34,11 +40,18 @@ std::string RecordText(const Session& session, int c, const Boundary& boundary) 
 class RecordReader {
  public:
   RecordReader(Session& session, std::string_view body, std::string_view name, int firstLine)
-      : session_(session), items_(body, name, firstLine), name_(name) {}
+      : session_(session), items_(body, name, firstLine) {}
 
   bool AtEnd() const { return items_.AtEnd(); }
 
   int ClusterNumber() { return WholeWithin("cluster", 0, kClusters); }
+
+  /// The cluster if its records are wanted; nothing for any other number.
+  std::optional<int> ClusterAmong(const ByCluster<bool>& wanted) {
+    const double number = std::nearbyint(items_.Number());
+    if (!(number >= 0 && number <= kClusters) || !wanted[static_cast<size_t>(number)]) return {};
+    return static_cast<int>(number);
+  }
 
   /// Starts cluster c over with one boundary, and marks it.
   int StartCluster(int c) {
@@ -51,17 +64,18 @@ class RecordReader {
 
   int NextBoundary(int c) {
     Cluster& cluster = session_.Clusters[c];
-    if (cluster.BoundaryCount == kBoundariesPerCluster) Fault("cluster " + std::to_string(c) + " has a 22nd boundary");
+    if (cluster.BoundaryCount == kBoundariesPerCluster)
+      items_.Fault("cluster " + std::to_string(c) + " has a 22nd boundary");
     return cluster.BoundaryCount++;
   }
 
-  /// The record behind its cluster number. The boundary holds at any time what was read of it.
+  /// The record behind its cluster number. The boundary holds at any time what was read of it; the names are taken
+  /// over once the record is whole.
   void ReadBoundary(Boundary& boundary) {
     boundary = {};
     boundary.XParameter = static_cast<int16_t>(WholeWithin("parameter", 0, kParameters));
     boundary.YParameter = static_cast<int16_t>(WholeWithin("parameter", 0, kParameters));
-    session_.ParameterNames[boundary.XParameter] = items_.Text();
-    session_.ParameterNames[boundary.YParameter] = items_.Text();
+    std::string xName = Name(), yName = Name();
     const int count = WholeWithin("vertex count", 0, kVerticesPerBoundary);
     for (int k = 0; k < count; ++k) {
       const float x = items_.Single();
@@ -69,6 +83,8 @@ class RecordReader {
       ++boundary.VertexCount;
     }
     items_.SkipLine();
+    session_.ParameterNames[boundary.XParameter] = std::move(xName);
+    session_.ParameterNames[boundary.YParameter] = std::move(yName);
   }
 
   /// Passes over a record whose cluster is not wanted.
@@ -83,30 +99,39 @@ class RecordReader {
   int WholeWithin(const char* what, int low, int high) {
     const double number = std::nearbyint(items_.Number());
     if (!(number >= low && number <= high))
-      Fault(std::string(what) + " " + DoubleText(number) + " is not within " + std::to_string(low) + " to " +
-            std::to_string(high));
+      items_.Fault(std::string(what) + " " + DoubleText(number) + " is not within " + std::to_string(low) + " to " +
+                   std::to_string(high));
     return static_cast<int>(number);
   }
 
-  [[noreturn]] void Fault(const std::string& what) const {
-    throw CommandError(std::string(name_) + ", line " + std::to_string(items_.Line()) + ": " + what + ".");
+  /// The name of a parameter, which has to be one that can be written again.
+  std::string Name() {
+    std::string name = items_.Text();
+    if (name.size() > kLongestName)
+      items_.Fault("the name of a parameter is longer than " + std::to_string(kLongestName) + " characters");
+    const auto unfit = [](char c) { return c == '"' || (c >= 0 && c < ' ') || c == 0x7F; };
+    if (std::any_of(name.begin(), name.end(), unfit)) items_.Fault(Quoted(name) + " is no name of a parameter");
+    return name;
   }
 
   Session& session_;
   TextItems items_;
-  std::string_view name_;
 };
 
-/// Deletes clusters with `forget`, then has `read` take one record after the other, and classifies. False where the
-/// file has no header. When the reading fails, what was read stays, and Undo leads to the cut before.
+/// Deletes clusters with `forget`, then has `read` take one record after the other, and classifies. False where there
+/// is no file with a header. When it cannot be read to its end, what was read stays, and Undo leads to the cut before.
 template <class Forget, class Read>
 bool ReadThenClassify(Session& session, std::string_view path, WorkPace* pace, Forget forget, Read read) {
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
   try {
-    const std::string text = ReadText(path), name = PathText(PlatformPath(path).filename());
+    const bool usable = FileUtility::GetHeaderLength(path) >= 0;
+    const std::string text = usable ? ReadText(path) : "", name = PathText(PlatformPath(path).filename());
     forget();
     const auto body = BodyBehindHeader(text);
-    if (!body) return false;
+    if (!body) {
+      session.Undo = before;
+      return false;
+    }
     RecordReader reader(session, std::string_view(text).substr(body->Begin), name, body->FirstLine);
     while (!reader.AtEnd()) read(reader);
   } catch (const CommandError& error) {
@@ -178,10 +203,10 @@ bool ReadSelectedClusters(Session& session, std::string_view path, const ByClust
           if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);
       },
       [&](RecordReader& reader) {
-        const int c = reader.ClusterNumber();
-        if (!selected[c]) return reader.SkipBoundary();
-        const int b = session.ClusterDefined[c] ? reader.NextBoundary(c) : reader.StartCluster(c);
-        reader.ReadBoundary(session.Clusters[c].Boundaries[b]);
+        const auto c = reader.ClusterAmong(selected);
+        if (!c) return reader.SkipBoundary();
+        const int b = session.ClusterDefined[*c] ? reader.NextBoundary(*c) : reader.StartCluster(*c);
+        reader.ReadBoundary(session.Clusters[*c].Boundaries[b]);
       });
 }
 

@@ -16,15 +16,17 @@ std::string BoundariesFilePath(const Session& session, std::string_view name);
 /// safeguarded, then replaced, all or nothing. Throws CommandError when it cannot be written.
 void WriteCBFile(const Session& session, World& world, std::string_view path);
 
-/// Replaces all clusters by those of the file and classifies them. False when the file lacks a header: the clusters are
-/// deleted all the same. Records of one cluster that are not contiguous start it over.
+/// Replaces all clusters by those of the file and classifies them. False when there is no such file or it lacks a
+/// header: the clusters are deleted all the same. Records of one cluster that are not contiguous start it over. The
+/// names of the parameters in a record replace the catalogue's.
 ///
 /// Throws CommandError naming the line where a number is out of its bounds, is none, or the file ends inside a record:
-/// the clusters read until then keep what was read, unclassified; Undo leads back to the cut before.
+/// the clusters read until then keep what was read, unclassified; the names are those of the whole records. However
+/// it ends early, Undo leads back to the cut before.
 bool ReadCBFile(Session& session, std::string_view path, WorkPace* pace = nullptr);
 
-/// Replaces only the chosen clusters, and keeps all their records even where they are not contiguous. Otherwise as
-/// ReadCBFile.
+/// Replaces only the chosen clusters, and keeps all their records even where they are not contiguous; other records are
+/// passed over, whatever their number. Otherwise as ReadCBFile.
 bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected,
                           WorkPace* pace = nullptr);
 

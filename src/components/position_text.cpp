@@ -7,6 +7,7 @@
 
 #include "files/error.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 #include "files/text_lines.h"
 
 namespace pallomir {
@@ -86,8 +87,8 @@ class TextReader {
       TakeLine(line, isWhole);
     });
     if (positions_.Unreadable > static_cast<int64_t>(positions_.Time.size()))
-      throw CommandError(file_.Name() + " is not a position file: \"" + firstUnreadable_ +
-                         "\" is not a time, x, y and perhaps an angle.");
+      throw CommandError(file_.Name() + " is not a position file: " + firstUnreadable_ +
+                         " is not a time, x, y and perhaps an angle.");
   }
 
  private:
@@ -100,7 +101,7 @@ class TextReader {
     else if (isWhole && IsNames(text))
       namesSeen_ = true;
     else if (positions_.Unreadable++ == 0)
-      firstUnreadable_ = Printable(text);
+      firstUnreadable_ = Quoted(text);
   }
 
   /// The line "PixelsPerCm,4", before the first sample.
@@ -119,13 +120,6 @@ class TextReader {
     const char c = text.front();
     const bool word = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '"' || c == '\'';
     return word && !namesSeen_ && positions_.Time.empty() && positions_.Unreadable == 0;
-  }
-
-  static std::string Printable(std::string_view text) {
-    std::string shown(text.substr(0, 40));
-    std::replace_if(
-        shown.begin(), shown.end(), [](char c) { return c < ' ' || c > '~'; }, '?');
-    return shown;
   }
 
   FileReader& file_;

@@ -8,6 +8,7 @@
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "files/printable.h"
 
 namespace pallomir {
 
@@ -16,8 +17,7 @@ namespace {
 constexpr std::string_view kNotANumber = "NaN";
 
 [[noreturn]] void HeaderFault(std::string_view name, std::string_view key, std::string_view value) {
-  throw CommandError(std::string(name) + ", header: \"" + std::string(value.substr(0, 40)) + "\" is no value for " +
-                     std::string(key) + ".");
+  throw CommandError(std::string(name) + ", header: " + Quoted(value) + " is no value for " + std::string(key) + ".");
 }
 
 }  // namespace
@@ -75,7 +75,7 @@ void ResultText::Numbers(size_t count, std::vector<double>& into) {
     const size_t end = std::min(line.find(','), line.size());
     const std::string_view item = Trimmed(line.substr(0, end));
     const auto number = item == kNotANumber ? kNotKnown : NumberFromText(item);
-    if (!number) Fault(std::string("\"").append(item.substr(0, 40)).append("\" is not a number"));
+    if (!number) Fault(Quoted(item) + " is not a number");
     if ((end == line.size()) != (k + 1 == count)) Fault("there should be " + std::to_string(count) + " numbers");
     into.push_back(*number);
     line.remove_prefix(std::min(end + 1, line.size()));

@@ -9,6 +9,7 @@
 #include "files/file_reader.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "files/printable.h"
 #include "files/text_header.h"
 #include "files/text_items.h"
 #include "files/text_lines.h"
@@ -30,8 +31,8 @@ bool TimeRange::MakesSense() const {
 }
 
 void NumberedLine::Refuse(std::string_view what) const {
-  throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": \"" + std::string(Text.substr(0, 40)) +
-                     "\" " + std::string(what) + ".");
+  throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": " + Quoted(Text) + " " +
+                     std::string(what) + ".");
 }
 
 void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take) {

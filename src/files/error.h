@@ -4,15 +4,17 @@
 #include <string>
 #include <utility>
 
+#include "files/printable.h"
+
 namespace pallomir {
 
 /// What ends a command: its text is one sentence that says what was wrong, in which file and where.
 /// RunCommand, round every event handler, shows it in a message box under `title` (the application's own when empty);
-/// the session is whole when it is thrown.
+/// the session is whole when it is thrown. Names and texts from files may hold anything; what is shown is printable.
 class CommandError : public std::runtime_error {
  public:
   explicit CommandError(const std::string& text, std::string title = {})
-      : std::runtime_error(text), title_(std::move(title)) {}
+      : std::runtime_error(Printable(text)), title_(std::move(title)) {}
   const std::string& Title() const noexcept { return title_; }
 
  private:

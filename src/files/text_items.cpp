@@ -6,6 +6,7 @@
 
 #include "files/error.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 
 namespace pallomir {
 
@@ -22,14 +23,17 @@ std::string TextItems::Text() {
   std::string_view item;
   size_t end;
   if (text_[place_] == '"') {
-    end = std::min(text_.find('"', place_ + 1), text_.size());
-    item = text_.substr(place_ + 1, end - place_ - 1);
-    nextLine_ += static_cast<int>(std::count(item.begin(), item.end(), '\n'));
-    end = std::min(text_.find_first_of(",\r\n", std::min(end + 1, text_.size())), text_.size());
+    // An item lies on one line, in quotes or not.
+    const size_t close = std::min(text_.find_first_of("\"\r\n", place_ + 1), text_.size());
+    if (close == text_.size() || text_[close] != '"')
+      Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " do not end");
+    item = text_.substr(place_ + 1, close - place_ - 1);
+    end = std::min(text_.find_first_of(",\r\n", close + 1), text_.size());
   } else {
     end = std::min(text_.find_first_of(",\r\n", place_), text_.size());
     item = Trimmed(text_.substr(place_, end - place_));
   }
+  if (item.size() > kLongestItem) Fault("an item is longer than " + std::to_string(kLongestItem) + " characters");
   // The delimiter belongs to the item: a comma, or one line end.
   if (end < text_.size() && text_[end] == '\r') ++end;
   if (end < text_.size() && (text_[end] == ',' || text_[end] == '\n')) nextLine_ += text_[end++] == '\n';
@@ -43,20 +47,21 @@ void TextItems::SkipLine() {
   ++nextLine_;
 }
 
+void TextItems::Fault(const std::string& what) const {
+  throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": " + what + ".");
+}
+
 double TextItems::Number() {
   const std::string item = Text();
   const auto number = NumberFromText(item);
-  if (!number)
-    throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": \"" + item.substr(0, 40) +
-                       "\" is not a number.");
+  if (!number) Fault(Quoted(item) + " is not a number");
   return *number;
 }
 
 float TextItems::Single() {
   const double number = Number();
   if (std::abs(number) > std::numeric_limits<float>::max())
-    throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": " + DoubleText(number) +
-                       " is too large for single precision.");
+    Fault(DoubleText(number) + " is too large for single precision");
   return static_cast<float>(number);
 }
 

@@ -9,6 +9,9 @@ namespace pallomir {
 /// item skipped. Messages name the file and the line.
 class TextItems {
  public:
+  /// Longer items are refused, in bytes: what a broken file calls one item may be all of it.
+  static constexpr size_t kLongestItem = 4096;
+
   /// `text` must outlive the reader; `name` is what messages call the file, `firstLine` the line that `text` begins on.
   TextItems(std::string_view text, std::string_view name, int firstLine = 1)
       : text_(text), name_(name), line_(firstLine), nextLine_(firstLine) {}
@@ -16,7 +19,8 @@ class TextItems {
   /// True when only blanks and line ends are left.
   bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
 
-  /// The next item as text, without its quotes. Throws CommandError at the end of the file.
+  /// The next item as text, without its quotes. Throws CommandError at the end of the file, and where quotes do not
+  /// end on their line or the item is too long.
   std::string Text();
 
   /// The next item as a number. Throws CommandError at the end of the file, or when it is not one.
@@ -30,6 +34,9 @@ class TextItems {
 
   /// The 1-based line on which the last item began.
   int Line() const { return line_; }
+
+  /// Ends the command: what is wrong on that line.
+  [[noreturn]] void Fault(const std::string& what) const;
 
  private:
   void SkipBlanks();

@@ -7,6 +7,7 @@
 #include "files/file_reader.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 #include "files/save_file.h"
 
 namespace pallomir {
@@ -61,7 +62,7 @@ class NoteReader {
   int16_t Number() {
     const std::string field(TakeField());
     const auto number = NumberFromText(field);
-    if (!number) Fault('"' + field.substr(0, 40) + "\" is not a number");
+    if (!number) Fault(Quoted(field) + " is not a number");
     // A number that is not the line's own is taken as it stands.
     if (*number < 0 || *number > kClusters || *number != std::floor(*number))
       Fault("there is no cluster " + DoubleText(*number));

@@ -7,6 +7,7 @@
 #include "files/error.h"
 #include "files/file_utility.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 #include "files/save_file.h"
 #include "files/text_header.h"
 #include "output/assignment.h"
@@ -80,8 +81,8 @@ std::string Named(const ClusterSet& set) {
 double TimeFrom(const std::string& text, const char* which) {
   const auto number = NumberFromText(text);
   if (!number)
-    throw CommandError(std::string("The ") + which + " time \"" + text.substr(0, 40) +
-                       "\" is not a number; no cluster file was written.");
+    throw CommandError(std::string("The ") + which + " time " + Quoted(text) +
+                       " is not a number; no cluster file was written.");
   return *number;
 }
 

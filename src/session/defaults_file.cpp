@@ -7,6 +7,7 @@
 #include "files/file_utility.h"
 #include "files/number_text.h"
 #include "files/platform.h"
+#include "files/printable.h"
 #include "files/save_file.h"
 #include "files/text_header.h"
 #include "files/text_items.h"
@@ -18,8 +19,7 @@ namespace {
 int32_t RecordNumber(const TextItems& items, std::string_view name, std::string_view text) {
   const auto number = NumberFromText(text);
   const std::string place = std::string(name) + ", line " + std::to_string(items.Line()) + ": ";
-  if (!number)
-    throw CommandError(place + "\"" + std::string(text.substr(0, 40)) + "\" is not a record number.", "ERROR");
+  if (!number) throw CommandError(place + Quoted(text) + " is not a record number.", "ERROR");
   return WholeNumber(*number, place + "record");
 }
 

@@ -2,6 +2,7 @@
 
 #include "files/error.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 
 namespace pallomir {
 
@@ -10,7 +11,7 @@ namespace {
 int32_t RecordNumber(size_t row, const char* box, const std::string& text) {
   const std::string place = "Epoch " + std::to_string(row) + ": the " + box;
   const auto number = NumberFromText(text);
-  if (!number) throw CommandError(place + " \"" + text.substr(0, 40) + "\" is not a number.");
+  if (!number) throw CommandError(place + " " + Quoted(text) + " is not a number.");
   return WholeNumber(*number, place);
 }
 

@@ -5,6 +5,7 @@
 #include "files/error.h"
 #include "files/file_reader.h"
 #include "files/number_text.h"
+#include "files/printable.h"
 #include "timesel/stamp_scan.h"
 
 namespace pallomir {
@@ -22,8 +23,7 @@ std::string_view NextRun(std::string_view text, size_t& at) {
 double Number(size_t row, const char* box, const std::string& text) {
   const auto number = NumberFromText(text);
   if (!number)
-    throw CommandError("Epoch " + std::to_string(row) + ": the " + box + " \"" + text.substr(0, 40) +
-                       "\" is not a number.");
+    throw CommandError("Epoch " + std::to_string(row) + ": the " + box + " " + Quoted(text) + " is not a number.");
   return *number;
 }
 

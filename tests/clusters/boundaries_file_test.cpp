@@ -127,6 +127,63 @@ TEST(BoundariesFile, NamesInItReplaceTheCatalogues) {
   EXPECT_EQ(BodyOf(desk.Folder / "again.txt"), Triangle(1, 7));
 }
 
+TEST(BoundariesFile, NamesAreTakenFromWholeRecordsAlone) {
+  const std::string whole = Triangle(1, 7);
+  const size_t names = whole.find("\"A\"");
+  const std::string long255(255, 'x');
+  const auto named = [&](const std::string& name) { return std::string(whole).replace(names, 3, name); };
+  const std::pair<std::string, std::string> cases[] = {
+      {whole.substr(0, names + 2), "line 9: the quotes round \"A\" do not end."},
+      {named("\"A\r\n\"B\""), "line 9: the quotes round \"A\" do not end."},
+      {whole.substr(0, names + 6), "line 10: the quotes round \"\" do not end."},
+      {std::string(whole).replace(whole.rfind("50"), 2, "x"), "line 14: \"x\" is not a number."},
+      {named("A\"B"), "line 9: \"A\"B\" is no name of a parameter."},
+      {named("\"A\x1b[1m\""), "line 9: \"A?[1m\" is no name of a parameter."},
+      {named('"' + long255 + "x\""), "line 9: the name of a parameter is longer than 255 characters."},
+      {named('"' + std::string(1'000'000, 'x') + '"'), "line 9: an item is longer than 4096 characters."},
+  };
+  for (const auto& [records, fault] : cases) {
+    Desk desk;
+    const auto before = desk.Shared.ParameterNames;
+    desk.PutRecords("bad", records);
+    EXPECT_EQ(Refusal([&] { ReadCBFile(desk.Shared, desk.Path("bad")); }).find("ERROR: bad.txt, " + fault), size_t{0});
+    EXPECT_EQ(desk.Shared.ParameterNames, before) << fault;
+    desk.PutRecords("good and bad", Triangle(1) + records);
+    EXPECT_NE(Refusal([&] { ReadCBFile(desk.Shared, desk.Path("good and bad")); }), "");
+    EXPECT_EQ(desk.Shared.ParameterNames[0] + desk.Shared.ParameterNames[7], "A" + before[7]);
+  }
+  Desk desk;
+  desk.PutRecords("long", named('"' + long255 + '"'));
+  ASSERT_TRUE(ReadCBFile(desk.Shared, desk.Path("long")));
+  EXPECT_EQ(desk.Shared.ParameterNames[7], long255);
+}
+
+TEST(BoundariesFile, SelectedClustersAreReadBesideRecordsOfAnyNumber) {
+  Desk desk;
+  desk.Define(2, RectangleOf(0, 0, 10, 10));
+  desk.PutRecords("foreign", Triangle(31) + Triangle(-5) + Triangle(1) + Triangle(400) + Triangle(2) +
+                                 "1e300\r\n0\r\n1\r\n\"A\"\r\n\"B\"\r\n0\r\n\r\n" + Triangle(1, 7));
+  const Cluster kept = desk.Shared.Clusters[2];
+  ByCluster<bool> first{};
+  first[1] = true;
+  ASSERT_TRUE(ReadSelectedClusters(desk.Shared, desk.Path("foreign"), first));
+  EXPECT_EQ(desk.Shared.Clusters[1].BoundaryCount, 2);
+  EXPECT_EQ(desk.Shared.Clusters[2], kept);
+}
+
+TEST(BoundariesFile, ThatWentAwayDeletesWhatWasToBeReplacedAndUndoLeadsBack) {
+  Desk desk;
+  desk.Define(4, RectangleOf(0, 0, 10, 10));
+  desk.Define(5, RectangleOf(0, 0, 10, 10));
+  ByCluster<bool> fourth{};
+  fourth[4] = true;
+  EXPECT_FALSE(ReadSelectedClusters(desk.Shared, desk.Path("gone"), fourth));
+  EXPECT_FALSE(desk.Shared.ClusterDefined[4]);
+  EXPECT_TRUE(desk.Shared.ClusterDefined[5]);
+  UndoLastChange(desk.Shared);
+  EXPECT_EQ(PointsInCluster(desk.Shared, 4), 9);
+}
+
 TEST(BoundariesFile, WithoutRecordsOrHeaderDeletesTheClusters) {
   Desk desk;
   desk.Define(4, RectangleOf(0, 0, 10, 10));

@@ -21,7 +21,13 @@ FUZZ_TARGET(FuzzTextItems) {
   std::string first;
   for (size_t count = 0; !items.AtEnd(); ++count) {
     REQUIRE(count <= size);  // every item takes at least one byte
-    const std::string item = items.Text();
+    std::string item;
+    const std::string refusal = Refusal([&] { item = items.Text(); });
+    if (!refusal.empty()) {
+      REQUIRE(refusal.starts_with("file, line ") && refusal.find_first_of("\r\n") == std::string::npos);
+      break;
+    }
+    REQUIRE(item.size() <= TextItems::kLongestItem && item.find_first_of("\r\n") == std::string::npos);
     if (count == 0) first = item;
     REQUIRE(items.Line() >= line && items.Line() <= lines);
     line = items.Line();

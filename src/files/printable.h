@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace pallomir {
+
+/// Text as a sentence can carry it: "?" in the place of every control character but line feeds, and of every byte that
+/// is no UTF-8.
+std::string Printable(std::string_view text);
+
+/// What stands in a file, as a sentence quotes it: printable, on one line, in double quotes, its first 40
+/// characters.
+std::string Quoted(std::string_view text);
+
+}  // namespace pallomir
