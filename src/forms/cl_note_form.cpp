@@ -3,6 +3,7 @@
 #include <QtWidgets>
 
 #include "controls/controls.h"
+#include "controls/dialogs.h"
 #include "controls/run_command.h"
 #include "controls/toolkit_values.h"
 #include "forms/cluster_label.h"
@@ -30,8 +31,8 @@ QString RatingName(int grade) {
 
 }  // namespace
 
-ClNoteForm::ClNoteForm(Session& session, World& world, QWidget* parent)
-    : QDialog(parent), session_(session), world_(world) {
+ClNoteForm::ClNoteForm(Session& session, World& world, Dialogs& dialogs, QWidget* parent)
+    : QDialog(parent), session_(session), world_(world), dialogs_(dialogs) {
   setAttribute(Qt::WA_DeleteOnClose);
   LayOut();
   for (int c = 1; c <= kClusters; ++c)
@@ -203,9 +204,24 @@ void ClNoteForm::ShowPage(bool first) {
   fraCl16to30_->setVisible(!first);
 }
 
+bool ClNoteForm::Save() {
+  const std::string doubt = DoubtAboutNotesFile(session_);
+  if (doubt.empty()) {
+    WriteNotes(session_);
+    return true;
+  }
+  // Nothing was added to what the file held: it may stay as it is.
+  if (NotesAreSaved(session_)) return true;
+  const QString question = FromText(doubt) +
+                           "\n\nWrite the notes of this form in its place? The file is kept beside them, under a name "
+                           "with its date. Cancel closes the form without saving.";
+  if (!dialogs_.Confirm(this, question)) return false;
+  WriteNotes(session_, InDoubt::SetAside);
+  return true;
+}
+
 void ClNoteForm::cmdClNoteExit_Click() {
-  WriteNotes(session_);
-  hide();
+  if (Save()) hide();
 }
 
 void ClNoteForm::cmdCancel_Click() {

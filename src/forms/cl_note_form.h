@@ -15,13 +15,14 @@ class QRadioButton;
 namespace pallomir {
 
 class ClusterLabel;
+class Dialogs;
 
 /// "Cluster Quality & Remarks": a grade and remarks for every cluster, kept in the file ClNotes.
 class ClNoteForm : public QDialog {
   Q_OBJECT
 
  public:
-  ClNoteForm(Session& session, World& world, QWidget* parent);
+  ClNoteForm(Session& session, World& world, Dialogs& dialogs, QWidget* parent);
 
   /// Reads the notes and shows their grades. Throws CommandError when the file is malformed; the form is then of use
   /// all the same.
@@ -51,12 +52,15 @@ class ClNoteForm : public QDialog {
   void cmdCopyRemarks_Click();
   void cmdClear_Click();
   void cmdClNoteExit_Click();
+  /// False when the file on disk is in doubt and the user leaves it as it is.
+  bool Save();
   void cmdCancel_Click();
   void ShowPage(bool first);
   void ShowRemarks();
 
   Session& session_;
   World& world_;
+  Dialogs& dialogs_;
   /// The cluster whose label was last chosen; 0 when none.
   int selected_ = 0;
   ByCluster<ClusterLabel*> lblChooseCl_{};

@@ -127,7 +127,7 @@ void Main_Form::RunTagged(QPushButton* button, const QString& tag) {
 void Main_Form::cmdClNote_Click() {
   const bool load = !clNote_;
   if (load) {
-    clNote_ = new ClNoteForm(session_, *this, this);
+    clNote_ = new ClNoteForm(session_, *this, dialogs_, this);
     NameTetrode(clNote_);
     connect(clNote_, &ClNoteForm::Unloaded, this, [this] { clNote_ = nullptr; });
   }
@@ -150,6 +150,7 @@ void Main_Form::ArmCenter(bool armed) {
 void Main_Form::Projections_CenterChosen(Vertex at) {
   const QScopeGuard served = qScopeGuard([this] { ArmCenter(false); });
   const QString name = analyses_->txtCenterFile->text();
+  AskBeforeWriting({CenterFilePath(session_, name.toStdString())});
   WriteCenterFile(session_, *this, name.toStdString(), {at.X, at.Y});
   status_->setText(QString("The centre was written to %1, one folder above the data.").arg(name));
 }

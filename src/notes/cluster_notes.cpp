@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "files/error.h"
 #include "files/file_reader.h"
@@ -9,6 +10,8 @@
 #include "files/number_text.h"
 #include "files/printable.h"
 #include "files/save_file.h"
+#include "files/set_aside.h"
+#include "files/write_target.h"
 
 namespace pallomir {
 
@@ -17,7 +20,10 @@ namespace {
 /// Reads notes line by line. A text that is not in quotes reaches to the next comma.
 class NoteReader {
  public:
-  explicit NoteReader(std::string_view text) : text_(text) {}
+  explicit NoteReader(std::string_view text) : text_(text) {
+    // The mark that some editors put before a text.
+    if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
+  }
 
   /// The note of cluster c, which is the next line's.
   ClusterNote Read(int c) {
@@ -32,13 +38,8 @@ class NoteReader {
     return note;
   }
 
-  /// Only empty lines may follow the last note.
-  void RequireEnd() {
-    while (!text_.empty()) {
-      TakeLine();
-      if (!Trimmed(rest_).empty()) Fault("there are more than " + std::to_string(kClusterSlots) + " notes");
-    }
-  }
+  /// The lines that are still to come.
+  std::string_view Rest() const { return text_; }
 
  private:
   void TakeLine() {
@@ -96,18 +97,24 @@ class NoteReader {
   int line_ = 0;
 };
 
-ByCluster<ClusterNote> NotesFrom(std::string_view text) {
-  ByCluster<ClusterNote> notes;
+struct NotesText {
+  ByCluster<ClusterNote> Notes;
+  /// What follows them in the file, which is left alone.
+  std::string_view Rest;
+};
+
+NotesText NotesFrom(std::string_view text) {
+  NotesText notes;
   NoteReader reader(text);
-  for (int c = 0; c <= kClusters; ++c) notes[c] = reader.Read(c);
-  reader.RequireEnd();
+  for (int c = 0; c <= kClusters; ++c) notes.Notes[c] = reader.Read(c);
+  notes.Rest = reader.Rest();
   return notes;
 }
 
-/// True when all of a file's content can be read, and some cluster is graded or remarked on.
-bool HoldsNotes(std::string_view text) {
+/// True when the notes of a file can be read, and some cluster is graded or remarked on.
+bool HoldNotes(std::string_view text) {
   try {
-    return NotesFrom(text) != ByCluster<ClusterNote>();
+    return NotesFrom(text).Notes != ByCluster<ClusterNote>();
   } catch (const CommandError&) {
     return false;
   }
@@ -115,7 +122,7 @@ bool HoldsNotes(std::string_view text) {
 
 void SafeguardWherePossible(const std::string& path) {
   try {
-    FileUtility::SafeguardFile(path, HoldsNotes);
+    FileUtility::SafeguardFile(path, HoldNotes);
   } catch (const CommandError&) {
     // Notes in a folder that cannot be written to may be read all the same.
   }
@@ -136,25 +143,55 @@ void CheckRemarks(int c, std::string_view remarks) {
 }
 
 ByCluster<ClusterNote> NotesIn(std::string_view path) {
-  return FileUtility::FileExists(path) ? NotesFrom(ReadText(path)) : ByCluster<ClusterNote>();
+  if (!FileUtility::FileExists(path)) return {};
+  return NotesFrom(ReadText(path)).Notes;
 }
 
 bool ReadNotes(Session& session) {
   const std::string path = NotesFilePath(session);
   if (!FileUtility::FileExists(path)) return false;
   SafeguardWherePossible(path);
-  session.Notes = NotesIn(path);
+  std::string text = ReadText(path);
+  session.Notes = NotesFrom(text).Notes;
+  session.NotesFile = std::move(text);
   return true;
 }
 
-void WriteNotes(const Session& session) {
-  for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
+bool NotesAreSaved(const Session& session) {
+  return session.Notes == (session.NotesFile ? NotesFrom(*session.NotesFile).Notes : ByCluster<ClusterNote>());
+}
+
+std::string DoubtAboutNotesFile(const Session& session) {
   const std::string path = NotesFilePath(session);
-  if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path, HoldsNotes);
-  SaveFile file(path);
+  if (!FileUtility::FileExists(path)) return {};
+  if (IsWriteProtected(path)) return path + " is write-protected.";
+  try {
+    const std::string text = ReadText(path);
+    if (text == session.NotesFile) return {};
+    NotesFrom(text);
+  } catch (const CommandError& error) {
+    return error.what();
+  }
+  return path + " has been changed by another program since it was read here.";
+}
+
+void WriteNotes(Session& session, InDoubt inDoubt) {
+  for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
+  const std::string path = NotesFilePath(session), doubt = DoubtAboutNotesFile(session);
+  if (!doubt.empty() && inDoubt == InDoubt::Refuse) throw CommandError(doubt + " Nothing was saved.");
+  std::string text;
   for (const ClusterNote& note : session.Notes)
-    file.Write(std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n");
+    text += std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n";
+  if (doubt.empty() && FileUtility::FileExists(path)) {
+    FileUtility::SafeguardFile(path, HoldNotes);
+    text += NotesFrom(*session.NotesFile).Rest;
+  }
+  SaveFile file(path);
+  file.Write(text);
+  file.Finish();
+  if (!doubt.empty()) SetAside(path);
   file.Commit();
+  session.NotesFile = std::move(text);
 }
 
 }  // namespace pallomir

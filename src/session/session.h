@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "session/boundary_table.h"
@@ -95,6 +96,8 @@ struct Session {
   bool WhiteBackground = false;
 
   ByCluster<ClusterNote> Notes{};
+  /// The text of the notes file as it was last read or written; nothing while it has been neither.
+  std::optional<std::string> NotesFile;
   /// The centre of the maze as last written, in pixels.
   float CenterX = 0;
   float CenterY = 0;

@@ -27,6 +27,7 @@ FUZZ_TARGET(FuzzNotesFile) {
   if (!refusal.empty()) {
     REQUIRE(refusal.starts_with("ClNotes, line "));
     REQUIRE(session.Notes == before);
+    REQUIRE(!Refusal([&] { WriteNotes(session); }).empty() && ReadText(folder / "ClNotes") == text);
     return 0;
   }
   for (int c = 0; c <= kClusters; ++c) REQUIRE(session.Notes[c].Number >= 0 && session.Notes[c].Number <= kClusters);

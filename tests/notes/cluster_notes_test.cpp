@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <map>
+#include <vector>
 
 #include "files/file_reader.h"
 #include "support/injected_fault.h"
@@ -21,7 +22,13 @@ struct Desk {
 
   Desk() { Shared.DataDirectory = Folder / "."; }
   std::string Saved() const { return ReadText(Folder / "ClNotes"); }
-  std::string Safeguard() const { return ReadText(Folder / "ClNotes.bak"); }
+  /// The files that were kept under a further name.
+  std::vector<std::string> Aside() const {
+    std::vector<std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(Folder / "."))
+      if (entry.path().filename().string().starts_with("ClNotes.2")) files.push_back(ReadText(entry.path().string()));
+    return files;
+  }
 };
 
 /// A notes file of `lines` lines in which nothing is noted but what the given lines (from 1) hold.
@@ -77,7 +84,6 @@ TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
   const std::pair<std::string, std::string> cases[] = {
       {"", "line 1: the file ends, but the note of cluster 0 is due."},
       {FileWith({}, 30), "line 31: the file ends, but the note of cluster 30 is due."},
-      {FileWith({}, 32), "line 32: there are more than 31 notes."},
       {FileWith(3, ""), "line 3: \"\" is not a number."},
       {FileWith(3, "two,\"Good\",\"\""), "line 3: \"two\" is not a number."},
       {FileWith(3, "31,\"Good\",\"\""), "line 3: there is no cluster 31."},
@@ -97,11 +103,65 @@ TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
     desk.Folder.Put("ClNotes", file);
     EXPECT_EQ(Refusal([&] { ReadNotes(desk.Shared); }), "ClNotes, " + fault);
     EXPECT_EQ(desk.Shared.Notes, before);
-    WriteNotes(desk.Shared);
-    EXPECT_EQ(desk.Safeguard(), file);
+    // However often it is tried, the file stays until the user wants it replaced; then it is kept beside the new one.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+      EXPECT_EQ(Refusal([&] { WriteNotes(desk.Shared); }), "ClNotes, " + fault + " Nothing was saved.");
+      EXPECT_NE(Refusal([&] { ReadNotes(desk.Shared); }), "");
+      EXPECT_EQ(desk.Saved(), file);
+    }
+    WriteNotes(desk.Shared, InDoubt::SetAside);
+    EXPECT_EQ(desk.Aside(), std::vector<std::string>{file});
     EXPECT_TRUE(ReadNotes(desk.Shared));
     EXPECT_EQ(desk.Shared.Notes, before);
+    WriteNotes(desk.Shared);
+    EXPECT_EQ(desk.Aside().size(), size_t{1});
   }
+}
+
+TEST(ClusterNotes, WhatFollowsThemIsLeftAlone) {
+  for (const std::string tail : {"0,\"\",\"a 32nd\"\r\n", "\n\n \n", "\"anything \0else"}) {
+    Desk desk;
+    desk.Folder.Put("ClNotes", "\xEF\xBB\xBF" + FileWith(8, "7,\"Fair\",\"x\"") + tail);
+    ASSERT_TRUE(ReadNotes(desk.Shared));
+    EXPECT_EQ(desk.Shared.Notes[7], (ClusterNote{7, "Fair", "x"}));
+    for (const std::string remarks : {"y", "z"}) {
+      desk.Shared.Notes[7].Remarks = remarks;
+      WriteNotes(desk.Shared);
+      EXPECT_EQ(desk.Saved(), FileWith(8, "7,\"Fair\",\"" + remarks + '"') + tail);
+    }
+  }
+}
+
+TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
+  Desk desk;
+  WriteNotes(desk.Shared);
+  Session other;
+  other.DataDirectory = desk.Shared.DataDirectory;
+  ASSERT_TRUE(ReadNotes(other));
+  desk.Shared.Notes[4] = {4, "Good", "mine"};
+  WriteNotes(desk.Shared);
+  const std::string mine = desk.Saved();
+  EXPECT_TRUE(NotesAreSaved(other));
+  other.Notes[4] = {4, "Poor", "theirs"};
+  EXPECT_FALSE(NotesAreSaved(other));
+  const std::string doubt = NotesFilePath(other) + " has been changed by another program since it was read here.";
+  EXPECT_EQ(DoubtAboutNotesFile(other), doubt);
+  EXPECT_EQ(Refusal([&] { WriteNotes(other); }), doubt + " Nothing was saved.");
+  EXPECT_EQ(desk.Saved(), mine);
+  WriteNotes(other, InDoubt::SetAside);
+  EXPECT_EQ(desk.Aside(), std::vector<std::string>{mine});
+  EXPECT_TRUE(NotesAreSaved(other));
+  EXPECT_EQ(DoubtAboutNotesFile(other), "");
+
+  // A file that nobody read here is another program's too; one that went away is in nobody's way.
+  Session third;
+  third.DataDirectory = desk.Shared.DataDirectory;
+  EXPECT_EQ(DoubtAboutNotesFile(third), doubt);
+  std::filesystem::remove(desk.Folder / "ClNotes");
+  WriteNotes(desk.Shared);
+  EXPECT_EQ(desk.Saved(), mine);
+  std::filesystem::permissions(desk.Folder / "ClNotes", std::filesystem::perms::owner_read);
+  EXPECT_EQ(DoubtAboutNotesFile(desk.Shared), NotesFilePath(desk.Shared) + " is write-protected.");
 }
 
 TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {
