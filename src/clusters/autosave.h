@@ -2,6 +2,8 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "session/session.h"
 
@@ -14,8 +16,24 @@ std::string AutosavePath(const Session& session);
 /// than 300 seconds, and on every check in the first 300 seconds of a day, when the clock has started again.
 bool AutosaveDue(float now, float last);
 
-/// When the data directory was last autosaved, as local date and time, if that file holds boundaries and is newer than
-/// every other boundaries file there; else nothing.
-std::optional<std::string> UnclaimedAutosave(const Session& session);
+/// A boundaries file of the data directory.
+struct FoundCut {
+  /// As the boxes have it, without ".txt".
+  std::string Name;
+  /// Local date and time.
+  std::string Written;
+};
+
+/// The newest of all boundaries files that hold a boundary, whoever wrote them, unless it is the one called `name` or
+/// holds the same boundaries.
+std::optional<FoundCut> NewerCutThan(const Session& session, std::string_view name);
+
+/// Before the exit copy or the autosave, which this run neither read nor wrote, is replaced: when it is newer than
+/// every boundaries file that the user wrote, and no other holds the same boundaries, it is kept under a further name,
+/// which is returned as the boxes have it. Throws CommandError when that fails.
+std::optional<std::string> KeepUnreadCut(const Session& session, std::string_view path);
+
+/// The cuts that were kept so, as the boxes have them, oldest first.
+std::vector<std::string> KeptCuts(const Session& session);
 
 }  // namespace pallomir

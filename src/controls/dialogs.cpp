@@ -56,6 +56,7 @@ QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& optio
   dialog.setObjectName("dlgSaveFile");
   MakeRoom(dialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, !options.ConfirmReplacing);
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);
   // A name without an ending takes that of the kind that is chosen.

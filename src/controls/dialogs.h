@@ -13,6 +13,8 @@ struct FileDialogOptions {
   QString Filter;
   QString FileName;
   QString DefaultExtension;
+  /// Whether the dialog itself asks before a file that is there is chosen for saving.
+  bool ConfirmReplacing = true;
 };
 
 /// The windows that stop everything until they are answered. Tests hand in their own answers.

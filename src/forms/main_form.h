@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -204,6 +205,15 @@ class Main_Form : public QMainWindow, public World {
   QString BoundariesAdvice() const;
   std::string ReadPath() const;
   void ShowRead(const std::function<bool(WorkPace&)>& read);
+  /// Writes boundaries so that a newer cut which nobody has read stays.
+  void WriteBoundaries(const std::string& path);
+  void Autosave();
+  /// Asks before files are replaced that are write-protected, and before anything is written out of the data folder by
+  /// a name that came from a Defaults file, the one in `box`. Ends the command where the user does not agree.
+  void AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box = nullptr);
+  void Ask(const QString& question);
+  /// Names the newest cut where it is not the one that Read CBFile would read.
+  void TellNewestCut();
   Defaults PresentDefaults() const;
   void ReadDefaultsFiles();
   void StartAutosave();
@@ -235,6 +245,10 @@ class Main_Form : public QMainWindow, public World {
   QTimer* Timer1_;
   QTimer* tmrDelayTimer_;
   float lastAutosave_ = 0;
+  /// Boundaries files that this run read or wrote.
+  std::set<std::string> knownCuts_;
+  /// Names as a Defaults file brought them; they are not the user's own.
+  std::map<const QLineEdit*, QString> fromDefaults_;
   bool autosaveFailed_ = false;
   /// What a command that ended early says to do next, in the status line.
   QString advice_;

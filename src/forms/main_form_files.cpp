@@ -11,6 +11,8 @@
 #include "controls/toolkit_values.h"
 #include "files/error.h"
 #include "files/file_utility.h"
+#include "files/set_aside.h"
+#include "files/write_target.h"
 #include "forms/analyses_panel.h"
 #include "forms/axes_panel.h"
 #include "forms/choose_cluster_form.h"
@@ -56,9 +58,38 @@ std::string Main_Form::ReadPath() const {
 void Main_Form::cmdWriteCBFile_Click() {
   if (files_->txtCBFileWrite->text().trimmed().isEmpty())
     throw CommandError("Type a name for the boundaries file first.");
-  WriteCBFile(session_, *this, BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString()));
+  const std::string path = BoundariesFilePath(session_, files_->txtCBFileWrite->text().toStdString());
+  AskBeforeWriting({path}, files_->txtCBFileWrite);
+  WriteBoundaries(path);
   if (std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0)
     status_->setText("No cluster has a boundary, and none was written. The earlier file stands beside it as .bak.");
+}
+
+void Main_Form::WriteBoundaries(const std::string& path) {
+  if (!knownCuts_.contains(path))
+    if (const auto kept = KeepUnreadCut(session_, path))
+      AppendMessage("An earlier cut that nobody has read is kept under the name " + *kept);
+  WriteCBFile(session_, *this, path);
+  knownCuts_.insert(path);
+}
+
+void Main_Form::AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box) {
+  const auto brought = fromDefaults_.find(box);
+  for (const std::string& path : paths) {
+    const QString outside = FromText(PlaceOutside(session_.DataDirectory, path));
+    if (brought == fromDefaults_.end() || brought->second != box->text() || outside.isEmpty()) continue;
+    Ask("The file Defaults names a place outside of the data folder:\n\n" + outside + "\n\nWrite there?");
+    fromDefaults_.erase(brought);
+    break;
+  }
+  QStringList shut;
+  for (const std::string& path : paths)
+    if (IsWriteProtected(path)) shut << FromText(path);
+  if (!shut.isEmpty()) Ask("Write-protected:\n\n" + shut.join('\n') + "\n\nReplace all the same?");
+}
+
+void Main_Form::Ask(const QString& question) {
+  if (!dialogs_.Confirm(this, question)) throw Interrupted();
 }
 
 QString Main_Form::BoundariesAdvice() const {
@@ -74,7 +105,11 @@ void Main_Form::cmdReadCBFile_Click() {
   if (session_.FirstLoad) throw CommandError("Need to Load Points first");
   advice_ = BoundariesAdvice();
   if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
-  ShowRead([&](WorkPace& pace) { return ReadCBFile(session_, path, &pace); });
+  ShowRead([&](WorkPace& pace) {
+    const bool read = ReadCBFile(session_, path, &pace);
+    if (read) knownCuts_.insert(path);
+    return read;
+  });
 }
 
 void Main_Form::mnuReadSelectedClusters_Click() {
@@ -111,7 +146,8 @@ void Main_Form::ShowRead(const std::function<bool(WorkPace&)>& read) {
     status_->setText(QString("Read; clusters with boundaries now: %1.").arg(clusters));
     return;
   }
-  status_->setText("That file is not a boundaries file; the clusters were deleted. Undo brings them back.");
+  status_->setText(
+      "There is no boundaries file of that name to read; the clusters were deleted. Undo brings them back.");
 }
 
 ClusterFileTexts Main_Form::ClusterTexts() const {
@@ -122,6 +158,8 @@ ClusterFileTexts Main_Form::ClusterTexts() const {
 void Main_Form::cmdWriteClustFile_Click() {
   if (!NumberIn(range_->txtStartTime) || !NumberIn(range_->txtEndTime))
     advice_ = "Enter in both record boxes fills in their times.";
+  if (!session_.TemporaryMode)
+    AskBeforeWriting(ClusterFilePaths(session_, ClusterTexts().ClustFile), files_->txtClustFile);
   Work([&] { WriteClusterFiles(session_, *this, ClusterTexts()); });
   if (!PointsLoaded(session_))
     status_->setText(QString(session_.Points.Rows() == 0
@@ -137,13 +175,20 @@ void Main_Form::Timer1_Timer() {
   if (working_ || folder_.Taken() || !AutosaveDue(now, lastAutosave_)) return;
   lastAutosave_ = now;
   try {
-    WriteCBFile(session_, *this, AutosavePath(session_));
+    Autosave();
     AppendMessage("Autosaved CBFile");
     autosaveFailed_ = false;
   } catch (const std::exception& error) {
     if (!autosaveFailed_) AppendMessage("Autosave failed: " + SentenceOf(error));
     autosaveFailed_ = true;
   }
+}
+
+void Main_Form::Autosave() {
+  const std::string path = AutosavePath(session_);
+  // Nobody may be there to be asked.
+  if (IsWriteProtected(path)) SetAside(path);
+  WriteBoundaries(path);
 }
 
 Defaults Main_Form::PresentDefaults() const {
@@ -160,12 +205,19 @@ Defaults Main_Form::PresentDefaults() const {
 void Main_Form::ReadDefaultsFiles() {
   Defaults defaults = PresentDefaults();
   for (const char* place : {"\\..\\Defaults", "\\Defaults"})
-    Run([&] { ReadDefaults(session_, defaults, session_.DataDirectory + place); });
+    Run([&] {
+      const std::string path = session_.DataDirectory + place;
+      if (!ReadDefaults(session_, defaults, path))
+        AppendMessage(path + " has no header: nothing was taken from it, and the list of epochs is empty");
+    });
+  const Defaults own = PresentDefaults();
   files_->txtCBFileWrite->setText(QString::fromStdString(defaults.CBFileWrite));
   files_->txtCBFileRead->setText(QString::fromStdString(defaults.CBFileRead));
   files_->txtClustFile->setText(QString::fromStdString(defaults.ClustFile));
   range_->txtParamFile->setText(QString::fromStdString(defaults.ParamFile));
   analyses_->txtPosFile->setText(QString::fromStdString(defaults.PosFile));
+  if (defaults.CBFileWrite != own.CBFileWrite) fromDefaults_[files_->txtCBFileWrite] = files_->txtCBFileWrite->text();
+  if (defaults.ClustFile != own.ClustFile) fromDefaults_[files_->txtClustFile] = files_->txtClustFile->text();
   QStringList epochs;
   for (const std::string& epoch : defaults.Epochs) epochs << QString::fromStdString(epoch);
   range_->SetEpochs(epochs);
@@ -173,13 +225,17 @@ void Main_Form::ReadDefaultsFiles() {
 
 void Main_Form::cmdSaveDefaults_Click() {
   const QString path = dialogs_.SaveFile(
-      this, {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}});
+      this, {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}, false});
   if (path.isEmpty()) return;
-  WriteDefaults(session_, PresentDefaults(), PathOf(path));
-  status_->setText("The defaults were saved.");
+  const std::string native = PathOf(path);
+  if (FileUtility::FileExists(native) && !IsDefaultsFile(native))
+    Ask(FromText(native) + " is not a Defaults file.\n\nReplace it all the same?");
+  AskBeforeWriting({native});
+  WriteDefaults(session_, PresentDefaults(), native);
 }
 
 void Main_Form::mnuWriteAxesScaleFile_Click() {
+  AskBeforeWriting({AxesScaleFilePath(session_)});
   WriteAxesScaleFile(session_);
   status_->setText("The axis scales were written.");
 }
@@ -193,17 +249,25 @@ void Main_Form::mnuRestoreAxesScaleFromFile_Click() {
 void Main_Form::StartAutosave() {
   lastAutosave_ = SecondsSinceMidnight();
   Timer1_->start(kAutosaveCheck);
-  Run([this] {
-    if (const auto time = UnclaimedAutosave(session_))
-      AppendMessage("A cut autosaved at " + *time +
-                    " can be read back: load points, then Read CBFile with the name cbfile.tmp");
-  });
+  Run([this] { TellNewestCut(); });
+}
+
+void Main_Form::TellNewestCut() {
+  if (const std::vector<std::string> kept = KeptCuts(session_); !kept.empty())
+    AppendMessage("Exit copies and autosaves that were never read are kept here: " + std::to_string(kept.size()) +
+                  ", the last as " + kept.back() + "; delete what is not needed");
+  const std::string named = files_->txtCBFileRead->text().toStdString();
+  const auto newest = NewerCutThan(session_, named);
+  if (!newest) return;
+  AppendMessage("The newest cut here is " + newest->Name + ", written " + newest->Written + ", and not " + named +
+                ". To read it: load points, then Read CBFile with the name " + newest->Name);
+  status_->setText("The newest cut here is " + FromText(newest->Name) + ", and not " + FromText(named) + ".");
 }
 
 void Main_Form::SaveBeforeTheEnd() {
   if (session_.DefinitionCounter == 0 || folder_.Taken()) return;
   try {
-    WriteCBFile(session_, *this, AutosavePath(session_));
+    Autosave();
   } catch (const std::exception& error) {
     ShowMessage(SentenceOf(error), "ERROR");
   }
@@ -223,6 +287,8 @@ bool Main_Form::SaveOnExit() {
   try {
     cmdWriteCBFile_Click();
     mnuWriteAxesScaleFile_Click();
+  } catch (const Interrupted&) {
+    return dialogs_.Confirm(this, "Not everything was saved.\n\nLeave all the same?");
   } catch (const std::exception& error) {
     // Nothing is lost without the user's word.
     return dialogs_.Confirm(this, QString::fromStdString(SentenceOf(error)) + "\n\nLeave all the same?");

@@ -221,6 +221,15 @@ std::string UnclassifiedFilePath(const Session& session, std::string_view name) 
   return session.DataDirectory + "\\Undefined_" + std::string(name);
 }
 
+std::vector<std::string> ClusterFilePaths(const Session& session, std::string_view name) {
+  std::vector<std::string> paths = {UnclassifiedFilePath(session, name)};
+  for (int c = 1; c <= kClusters; ++c) {
+    paths.push_back(ClusterFilePath(session, name, c));
+    paths.push_back(OldClusterFilePath(session, name, c));
+  }
+  return paths;
+}
+
 std::string TemporaryClusterFilePath(const Session& session) {
   return session.DataDirectory + "\\cl-tmp";
 }

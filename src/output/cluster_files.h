@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "session/session.h"
 #include "session/world.h"
@@ -22,6 +23,9 @@ std::string UnclassifiedFilePath(const Session& session, std::string_view name);
 /// The current cluster alone, and its stamps alone.
 std::string TemporaryClusterFilePath(const Session& session);
 std::string TemporaryTimeFilePath(const Session& session);
+
+/// Every file that a run may replace or rename, apart from the temporary ones.
+std::vector<std::string> ClusterFilePaths(const Session& session, std::string_view name);
 
 /// Writes a file for every defined cluster and one for the unclassified spikes, each loaded spike into one of them: a
 /// spike in several clusters goes into any of these, and the overlap is reported. Earlier cluster files become the OLD

@@ -32,12 +32,12 @@ std::string Line(std::string_view key, std::string_view value) {
 
 }  // namespace
 
-void ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
-  if (!FileUtility::FileExists(path)) return;
+bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
+  if (!FileUtility::FileExists(path)) return true;
   defaults.Epochs.clear();
   const std::string text = ReadText(path);
   const auto body = BodyBehindHeader(text);
-  if (!body) return;
+  if (!body) return false;
   const std::string name = PathText(PlatformPath(path).filename());
   TextItems items(std::string_view(text).substr(body->Begin), name, body->FirstLine);
   size_t epoch = 0;
@@ -58,6 +58,13 @@ void ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
         RecordNumber(items, name, std::string_view(value).substr(std::min(comma + 1, value.size())));
     ++epoch;
   }
+  return true;
+}
+
+bool IsDefaultsFile(std::string_view path) {
+  const std::string text = ReadText(path, kTextHeaderLimit);
+  const auto body = BodyBehindHeader(text);
+  return body && HeaderValue(std::string_view(text).substr(0, body->Begin), "Kind") == "Defaults";
 }
 
 void WriteDefaults(const Session& session, const Defaults& defaults, std::string_view path) {

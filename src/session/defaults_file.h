@@ -19,11 +19,14 @@ struct Defaults {
   std::vector<std::string> Epochs;
 };
 
-/// Reads a Defaults file over `defaults` and the session's epoch records. A missing file changes nothing; one without a
-/// header only empties the epoch list. Lines with another key are skipped.
+/// Reads a Defaults file over `defaults` and the session's epoch records. A missing file changes nothing; of one
+/// without a header nothing is taken, and the epoch list is emptied: false then. Lines with another key are skipped.
 ///
 /// Throws CommandError where the file is broken or has a 31st pair of epoch records; what was read until then holds.
-void ReadDefaults(Session& session, Defaults& defaults, std::string_view path);
+bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path);
+
+/// True for a file that begins as a Defaults file does.
+bool IsDefaultsFile(std::string_view path);
 
 /// Writes a Defaults file, all or nothing; the parameter file's name is left empty. Throws CommandError when it cannot
 /// be written, or a text holds a double quote or line end, which the format cannot.

@@ -284,20 +284,70 @@ TEST(Autosave, IsDueAfterFiveMinutesAndAfterMidnight) {
   EXPECT_FALSE(AutosaveDue(300.5F, 290));
 }
 
-TEST(Autosave, IsOfferedWhenItIsTheNewestCut) {
-  using namespace std::chrono_literals;
-  Desk desk;
-  EXPECT_FALSE(UnclaimedAutosave(desk.Shared));
-  WriteCBFile(desk.Shared, desk.World, AutosavePath(desk.Shared));
-  EXPECT_FALSE(UnclaimedAutosave(desk.Shared)) << "it holds nothing";
-  desk.Define(4, RectangleOf(0, 0, 10, 10));
-  WriteCBFile(desk.Shared, desk.World, AutosavePath(desk.Shared));
+/// A desk whose boundaries files were written at given seconds, each a cut of its own.
+struct CutDesk : Desk {
+  void Write(const std::string& name, int second, int cut) {
+    PutRecords(name, cut == 0 ? "" : Triangle(cut));
+    std::filesystem::last_write_time(Folder / (name + ".txt"), Began + std::chrono::seconds(second));
+  }
+  std::string Newest(const std::string& named = "cbfile.m1") const {
+    const auto newest = NewerCutThan(Shared, named);
+    return newest ? newest->Name : "";
+  }
+  bool Keeps(const std::string& name) const { return KeepUnreadCut(Shared, Path(name)).has_value(); }
+
+  const std::filesystem::file_time_type Began = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+};
+
+TEST(NewestCut, IsNamedWhereItIsNotTheOneToBeRead) {
+  CutDesk desk;
+  EXPECT_EQ(desk.Newest(), "");
+  desk.Write("cbfile.tmp", 10, 0);
+  EXPECT_EQ(desk.Newest(), "") << "it holds nothing";
+  desk.Write("cbfile.m1", 20, 1);
   desk.Folder.Put("newer notes.txt", "not a boundaries file");
-  EXPECT_TRUE(UnclaimedAutosave(desk.Shared));
-  WriteCBFile(desk.Shared, desk.World, desk.Path("cbfile.m1"));
-  const auto now = std::filesystem::last_write_time(desk.Folder / "cbfile.m1.txt");
-  std::filesystem::last_write_time(desk.Folder / "cbfile.tmp.txt", now - 10s);
-  EXPECT_FALSE(UnclaimedAutosave(desk.Shared));
+  EXPECT_EQ(desk.Newest(), "");
+  EXPECT_EQ(desk.Newest("cbfile.m2"), "cbfile.m1");
+  desk.Write("cbfile.exit", 30, 1);
+  EXPECT_EQ(desk.Newest(), "") << "it is the same cut";
+  desk.Write("cbfile.exit", 30, 2);
+  EXPECT_EQ(desk.Newest(), "cbfile.exit");
+  desk.Write("cbfile.tmp", 40, 3);
+  EXPECT_EQ(desk.Newest(), "cbfile.tmp");
+  EXPECT_EQ(NewerCutThan(desk.Shared, "cbfile.m1")->Written.size(), std::string("2026-11-22 02:10").size());
+  desk.Write("mine", 50, 4);
+  EXPECT_EQ(desk.Newest(), "mine");
+}
+
+TEST(UnreadCuts, NeverGoAwayByRotationAndDoNotPileUp) {
+  CutDesk desk;
+  EXPECT_FALSE(desk.Keeps("cbfile.exit"));
+  desk.Write("cbfile.m1", 20, 1);
+  desk.Write("cbfile.exit", 10, 2);
+  EXPECT_FALSE(desk.Keeps("cbfile.exit")) << "the user wrote a newer one";
+  desk.Write("cbfile.exit", 30, 1);
+  EXPECT_FALSE(desk.Keeps("cbfile.exit")) << "it is the user's cut";
+  desk.Write("cbfile.exit", 30, 0);
+  EXPECT_FALSE(desk.Keeps("cbfile.exit")) << "it holds nothing";
+  EXPECT_FALSE(desk.Keeps("cbfile.m1")) << "the user's own names are his";
+
+  desk.Write("cbfile.exit", 30, 2);
+  desk.Write("cbfile.tmp", 40, 3);
+  ASSERT_TRUE(desk.Keeps("cbfile.exit"));
+  ASSERT_TRUE(desk.Keeps("cbfile.tmp"));
+  const std::vector<std::string> kept = KeptCuts(desk.Shared);
+  ASSERT_EQ(kept.size(), size_t{2});
+  EXPECT_TRUE(kept[0].starts_with("cbfile.exit.20") && kept[1].starts_with("cbfile.tmp.20"));
+  EXPECT_EQ(BodyOf(desk.Path(kept[0])), Triangle(2));
+  EXPECT_EQ(desk.Newest(), kept[1]) << "it can be read by that name";
+
+  // The same cut again is not kept twice; another one of the same second does not take the first one's place.
+  desk.Write("cbfile.exit", 30, 2);
+  EXPECT_FALSE(desk.Keeps("cbfile.exit"));
+  desk.Write("cbfile.exit", 30, 5);
+  EXPECT_TRUE(desk.Keeps("cbfile.exit"));
+  EXPECT_EQ(BodyOf(desk.Path(kept[0])), Triangle(2));
+  EXPECT_EQ(KeptCuts(desk.Shared).size(), size_t{3});
 }
 
 }  // namespace

@@ -48,7 +48,8 @@ TEST(Defaults, ASecondFileGoesOverTheFirst) {
   EXPECT_TRUE(defaults.Epochs.empty());
   defaults.Epochs = {"X: 1 2"};
   folder.Put("foreign", "\"posfile\",\"P3\"\r\n");
-  ReadDefaults(session, defaults, folder / "foreign");
+  EXPECT_TRUE(IsDefaultsFile(folder / "second") && !IsDefaultsFile(folder / "foreign"));
+  EXPECT_FALSE(ReadDefaults(session, defaults, folder / "foreign"));
   EXPECT_EQ(defaults.PosFile, "P2");
   EXPECT_TRUE(defaults.Epochs.empty());
 }
