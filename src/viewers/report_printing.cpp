@@ -7,6 +7,7 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "controls/chosen_path.h"
 #include "controls/save_image.h"
 #include "files/error.h"
 
@@ -90,7 +91,7 @@ void PrintSheet(const QWidget& sheet, const QString& title, QPrinter& printer, i
   printer.setCopyCount(1);
   if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
     const QByteArray pdf = SheetPdf(sheet, title, printer.pageLayout(), printer.resolution(), copies);
-    SavePictureBytes(pdf, QDir::toNativeSeparators(printer.outputFileName()).toStdString());
+    SavePictureBytes(pdf, PathOf(printer.outputFileName()));
     return;
   }
   printer.setDocName(title);

@@ -208,7 +208,7 @@ TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
       {[&](EventfulWorld&) { folder.Put("TT1/TT1.Ntt.parms", kHeader + BytesOf(std::vector<FileRow>(20))); },
        "TT1.Ntt.parms holds other spikes there now"},
       {[&](EventfulWorld&) { cut(10); }, "TT1.Ntt.parms ended early, at record 10"},
-      {[](EventfulWorld& world) { world.InterruptAt = 2; }, "that was stopped too"}};
+      {[](EventfulWorld& stopped) { stopped.InterruptAt = 2; }, "that was stopped too"}};
   for (const auto& [happens, why] : cases) {
     Session session = Loaded();
     EventfulWorld eventful;
