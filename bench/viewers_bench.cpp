@@ -112,7 +112,8 @@ void ReportSheet(benchmark::State& state, bool save) {
     if (save) {
       state.ResumeTiming();
       form->findChild<QAction*>("mnuFileSave")->trigger();
-      if (QFileInfo(QString::fromStdString(dialogs.Path)).size() > kLargestPdf) state.SkipWithError("a large PDF");
+      if (QFileInfo(QString::fromStdString(dialogs.Path)).size() > kLargestPdf)
+        return state.SkipWithError("a large PDF");
     }
     state.PauseTiming();
     delete form;

@@ -1,6 +1,7 @@
 #include "viewers/dot_cloud.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "controls/save_image.h"
@@ -42,7 +43,7 @@ class DotCloud : public QCPAbstractPlottable {
     const QRect rect = clipRect();
     if (!rect.isValid()) return;
     try {
-      const QImage picture = Picture(rect);
+      const QImage& picture = Picture(rect);
       const double scale = painter->deviceTransform().m11();
       painter->setRenderHint(QPainter::LosslessImageRendering);
       // A painter that shrinks pictures looks at four pixels alone; this looks at all of them.
@@ -57,13 +58,22 @@ class DotCloud : public QCPAbstractPlottable {
   void drawLegendIcon(QCPPainter*, const QRectF&) const override {}
 
  private:
-  QImage Picture(const QRect& rect) const {
+  /// Kept until the place of the dots on it changes: a sheet is drawn several times while it is laid out and saved.
+  const QImage& Picture(const QRect& rect) {
     const View view{mKeyAxis->pixelToCoord(rect.left()),
                     mKeyAxis->pixelToCoord(rect.left() + rect.width()),
                     mValueAxis->pixelToCoord(rect.top()),
                     mValueAxis->pixelToCoord(rect.top() + rect.height()),
                     rect.width() * kDetail,
                     rect.height() * kDetail};
+    const std::array<double, 6> place = {view.Left,   view.Right,       view.Top,
+                                         view.Bottom, 1.0 * view.Width, 1.0 * view.Height};
+    if (place != place_) picture_ = Painted(view);
+    place_ = place;
+    return picture_;
+  }
+
+  QImage Painted(const View& view) const {
     Raster raster(view.Width, view.Height, diameter_ / 2 * kDetail, 1);
     if (joined_)
       DrawJoined(view, raster);
@@ -109,6 +119,8 @@ class DotCloud : public QCPAbstractPlottable {
   QColor colour_;
   double diameter_;
   bool joined_;
+  QImage picture_;
+  std::array<double, 6> place_{};
 };
 
 QCPCurve* AddCurve(QCPAxis* x, QCPAxis* y, const std::vector<float>& xs, const std::vector<float>& ys) {

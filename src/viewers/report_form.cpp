@@ -10,6 +10,7 @@
 #include "controls/run_command.h"
 #include "controls/save_image.h"
 #include "controls/titles.h"
+#include "session/work_pace.h"
 #include "viewers/figures.h"
 #include "viewers/report_plots.h"
 #include "viewers/report_printing.h"
@@ -121,7 +122,7 @@ void ReportForm::LayOut() {
   lblFigures_ = MakeText("lblFigures", 9.5);
   lblClNote_ = MakeText("lblClNote", 10, true);
   lblRemarks_ = MakeText("lblRemarks", 8);
-  for (QLabel* label : {lblClNote_, lblRemarks_}) label->setWordWrap(true);
+  for (QLabel* label : {lblFigures_, lblClNote_, lblRemarks_}) label->setWordWrap(true);
   for (QLabel* label : {lblTime_, lblRemarks_}) label->setProperty("quiet", true);
   auto* maps = MakeText("lblMaps", 9, true);
   maps->setText("- MAPS -");
@@ -191,14 +192,18 @@ void ReportForm::Show(const Report& report, const QString& title) {
   lblFigures_->setText(FiguresOf(report));
   lblClNote_->setText(NoteText(report.Note));
   lblRemarks_->setText(QString::fromStdString(report.Remarks));
+  WorkPace pace(world_);
   PlotMap(*picOccMap_, report.Occupancy);
   PlotMap(*picRateMap_, report.Rate);
   PlotSpikesOnPath(*picSpikeMap_, report);
+  pace.Reached(0.1);
   PlotAverageWaveform(*picWaveForm_, report.Measures);
   PlotSeries(*picMaxHeight_, report.Spikes, report.Spikes.MaxHeight, "counts");
   PlotSeries(*picXPos_, report.Spikes, report.Places.X, "pixels");
+  pace.Reached(0.2);
   PlotSeries(*picYPos_, report.Spikes, report.Places.Y, "pixels");
   PlotSeries(*picAngPos_, report.Spikes, report.Places.Angle, "degrees", QCPRange(0, 360));
+  pace.Reached(0.3);
   const QSize whole(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4);
   setMinimumSize(whole.boundedTo(screen()->availableGeometry().size() / 2));
   PlaceResult(this, whole);

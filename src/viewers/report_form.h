@@ -21,6 +21,7 @@ class ReportForm : public QMainWindow {
   /// About cluster `c` of the tetrode.
   ReportForm(World& world, Dialogs& dialogs, QWidget* parent, const QString& tetrode, int c);
 
+  /// Throws Interrupted when the user stops it.
   void Show(const Report& report, const QString& title);
 
  private:
