@@ -132,14 +132,19 @@ void Main_Form::cmdGo_Click() {
 }
 
 void Main_Form::ShowRead(const std::function<bool(WorkPace&)>& read) {
-  const QScopeGuard shown = qScopeGuard([this] {
+  QScopeGuard shown = qScopeGuard([this] {
     projections_->GiveUpPolygon();
     RefreshClusters();
   });
   advice_ =
       "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.";
   bool understood = false;
-  ChangeCut([&](WorkPace& pace) { understood = read(pace); });
+  try {
+    ChangeCut([&](WorkPace& pace) { understood = read(pace); });
+  } catch (const Interrupted&) {
+    shown.dismiss();  // an open polygon stays open
+    throw;
+  }
   if (understood) {
     Redraw();
     const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);
