@@ -76,7 +76,7 @@ TEST_F(ReportOfCluster, AnEndThatIsNoTimeLeavesRateAndContaminationOpen) {
   EXPECT_EQ(report.Rate.Used.Spikes, 3);
   EXPECT_TRUE(std::isnan(report.MeanRate));
   EXPECT_FALSE(report.Refractory.Foreign);
-  EXPECT_EQ(report.Remarks, std::string("Used 2 of 3 spikes. ") + kNoCentre +
+  EXPECT_EQ(report.Remarks, std::string("Used 3 of 3 spikes. ") + kNoCentre +
                                 " An end of the time range is no time of a recording: rate and contamination are not "
                                 "told.");
 }

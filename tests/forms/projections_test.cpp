@@ -145,9 +145,9 @@ class ProjectionsTest : public QObject {
     QTRY_VERIFY(drawn() >= 40 && drawn() < 1000);
     QVERIFY2(drawn() <= 1 + clock.elapsed() / 5, qPrintable(count->text()));
     QTest::keyClick(program.View(), Qt::Key_Return);
-    QCOMPARE(count->text().section(' ', 0, 3), "1,000 of 1,000 points");
+    QCOMPARE(count->text().section(' ', 0, 3), QString::fromUtf8("1\u202f000 of 1\u202f000 points"));
     QTest::qWait(80);
-    QCOMPARE(count->text().section(' ', 0, 3), "1,000 of 1,000 points");
+    QCOMPARE(count->text().section(' ', 0, 3), QString::fromUtf8("1\u202f000 of 1\u202f000 points"));
   }
 
  private:

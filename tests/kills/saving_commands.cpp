@@ -9,6 +9,8 @@
 #include "components/map_file.h"
 #include "components/train_file.h"
 #include "controls/save_image.h"
+#include "files/file_reader.h"
+#include "files/file_utility.h"
 #include "files/save_file.h"
 #include "notes/cluster_notes.h"
 #include "output/cluster_files.h"
@@ -96,7 +98,13 @@ std::vector<SavingCommand> SavingCommands() {
                                  int) { WriteCBFile(session, world, BoundariesFilePath(session, "cbfile.exit")); }),
       {"clusters", [](const std::string& folder, int version) { WriteClusters(folder, version, false); }},
       {"temporary", [](const std::string& folder, int version) { WriteClusters(folder, version, true); }},
-      ofSession("notes", [](Session& session, World&, int) { WriteNotes(session); }),
+      ofSession("notes",
+                [](Session& session, World&, int) {
+                  // Notes that were not read here would be in doubt.
+                  const std::string path = NotesFilePath(session);
+                  if (FileUtility::FileExists(path)) session.NotesFile = ReadText(path);
+                  WriteNotes(session);
+                }),
       ofSession("defaults",
                 [](Session& session, World&, int version) {
                   Defaults defaults;
