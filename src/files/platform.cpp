@@ -73,7 +73,7 @@ std::string ReadablePath(std::string_view text) {
   std::string readable(text);
 #ifndef _WIN32
   for (size_t at = 0; (at = readable.find(kBackslash, at)) != std::string::npos; ++at)
-    readable.replace(at, kBackslash.size(), "\\");
+    readable.replace(at, kBackslash.size(), 1, '\\');
 #endif
   return readable;
 }

@@ -31,7 +31,7 @@ fs::path NameBeside(const fs::path& path) {
   char number[17];
   std::snprintf(number, sizeof number, "%08x%08x", random(), random());
   fs::path name = path.parent_path() / path.filename().native().substr(0, kNameKept);
-  name += "." + std::string(number) + std::string(kEnding);
+  name += '.' + std::string(number) + std::string(kEnding);
   return name;
 }
 

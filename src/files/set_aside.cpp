@@ -26,7 +26,7 @@ std::string SetAside(std::string_view path) {
   fs::path aside;
   for (int attempt = 1; aside.empty() || fs::exists(fs::symlink_status(aside, error)); ++attempt) {
     aside = file;
-    aside.replace_extension("." + date + (attempt > 1 ? "-" + std::to_string(attempt) : ""));
+    aside.replace_extension('.' + date + (attempt > 1 ? '-' + std::to_string(attempt) : ""));
     aside += file.extension();
   }
   FileUtility::RenameFile(path, PathText(aside));
