@@ -4,6 +4,7 @@
 #include <new>
 
 #include "files/error.h"
+#include "files/platform.h"
 #include "tools/figures.h"
 #include "tools/import/import_recording.h"
 #include "tools/info/describe_file.h"
@@ -16,6 +17,11 @@ constexpr int kFailure = 1;
 constexpr int kWrongUsage = 2;
 constexpr int kStopped = 130;
 constexpr uint64_t kMostSampleSpikes = 50'000'000;
+
+/// A path as the shell gives it, in the notation that the program works with.
+std::string FromShell(const std::string& path) {
+  return pallomir::PathText(path);
+}
 
 void Print(const pallomir::ImportReport& report) {
   for (const std::string& line : report.Lines()) std::cout << pallomir::Escaped(line) << "\n";
@@ -47,10 +53,12 @@ void AddAngleOptions(CLI::App& command, CLI::Option* video, pallomir::ImportRequ
 
 void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
   CLI::App* command = app.add_subcommand("import", "Import a recording of the acquisition system");
-  command->add_option("--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required();
-  CLI::Option* video = command->add_option("--video", import.Video, "Video tracking file: .Nvt");
-  command->add_option("--events", import.Events, "Events file: .Nev");
-  command->add_option("--out", import.Out, "Folder of the recording, made where it is missing")->required();
+  command->add_option("--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required()->transform(FromShell);
+  CLI::Option* video = command->add_option("--video", import.Video, "Video tracking file: .Nvt")->transform(FromShell);
+  command->add_option("--events", import.Events, "Events file: .Nev")->transform(FromShell);
+  command->add_option("--out", import.Out, "Folder of the recording, made where it is missing")
+      ->required()
+      ->transform(FromShell);
   command->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written into Pos.p")
       ->check(CLI::PositiveNumber)
       ->needs(video);
@@ -69,7 +77,9 @@ int Run(int argc, char** argv) {
 
   pallomir::SampleRequest sample;
   CLI::App* sampleCommand = app.add_subcommand("sample", "Simulate a recording and import it");
-  sampleCommand->add_option("folder", sample.Folder, "Folder of the recording, made where it is missing")->required();
+  sampleCommand->add_option("folder", sample.Folder, "Folder of the recording, made where it is missing")
+      ->required()
+      ->transform(FromShell);
   sampleCommand->add_option("--spikes", sample.Spikes, "How many spikes")
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleSpikes));
@@ -79,7 +89,7 @@ int Run(int argc, char** argv) {
 
   std::string file;
   CLI::App* infoCommand = app.add_subcommand("info", "Say what a file is and what is odd about it");
-  infoCommand->add_option("file", file, "The file")->required();
+  infoCommand->add_option("file", file, "The file")->required()->transform(FromShell);
   infoCommand->callback([&] { std::cout << pallomir::DescribeFile(file, progress); });
 
   try {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "files/platform.h"
+
 namespace pallomir {
 
 namespace {
@@ -38,7 +40,9 @@ std::string_view TakeCharacter(std::string_view& text) {
 
 }  // namespace
 
-std::string Printable(std::string_view text) {
+std::string Printable(std::string_view sentence) {
+  const std::string readable = ReadablePath(sentence);
+  std::string_view text = readable;
   std::string shown;
   while (!text.empty()) {
     const bool lineFeed = text.front() == '\n';
