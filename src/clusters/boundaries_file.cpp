@@ -200,7 +200,7 @@ bool ReadSelectedClusters(Session& session, std::string_view path, const ByClust
       session, path, pace,
       [&] {
         for (int c = 1; c <= kClusters; ++c)
-          if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c);
+          if (selected[c] && session.ClusterDefined[c]) DeleteCluster(session, c, pace);
       },
       [&](RecordReader& reader) {
         const auto c = reader.ClusterAmong(selected);

@@ -147,11 +147,17 @@ void CheckCluster(int c) {
   if (c < 0 || c > kClusters) throw CommandError("Cluster " + std::to_string(c) + " does not exist.");
 }
 
-void RemoveFromLists(PointTable& points, int c) {
+void ShowReached(WorkPace* pace, const PointTable& points, size_t begin) {
+  if (pace) pace->Reached(static_cast<double>(begin) / static_cast<double>(points.Rows()));
+}
+
+void RemoveFromLists(PointTable& points, int c, WorkPace* pace) {
   if (!points.Entered(c)) return;
   const Flags none{};
-  for (size_t begin = 0; begin < points.Rows(); begin += kBlock)
+  for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
+    ShowReached(pace, points, begin);
     Enter(points, begin, std::min(kBlock, points.Rows() - begin), none, static_cast<int16_t>(c));
+  }
   points.SetEntered(c, false);
 }
 
@@ -162,14 +168,14 @@ void ClassifyCluster(Session& session, int c, WorkPace* pace) {
   const Cluster& cluster = session.Clusters[c];
   PointTable& points = session.Points;
   if (cluster.BoundaryCount == 0) {
-    RemoveFromLists(points, c);
+    RemoveFromLists(points, c, pace);
     return;
   }
   Flags inside;
   Survivors survivors;
   for (size_t begin = 0; begin < points.Rows(); begin += kBlock) {
     const size_t count = std::min(kBlock, points.Rows() - begin);
-    if (pace) pace->Reached(static_cast<double>(begin) / static_cast<double>(points.Rows()));
+    ShowReached(pace, points, begin);
     inside.fill(1);
     for (int b = 0; b < cluster.BoundaryCount; ++b) {
       const Boundary& boundary = cluster.Boundaries[b];
@@ -201,11 +207,11 @@ void ClassifyAllClusters(Session& session, WorkPace* pace) {
   ClassifyClusters(session, all, pace);
 }
 
-void ClearCluster(Session& session, int c) {
+void ClearCluster(Session& session, int c, WorkPace* pace) {
   CheckCluster(c);
   if (session.Clusters[c].BoundaryCount == 0) return;
   session.Clusters[c] = {};
-  RemoveFromLists(session.Points, c);
+  RemoveFromLists(session.Points, c, pace);
 }
 
 int64_t PointsInCluster(const Session& session, int c) {

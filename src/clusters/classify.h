@@ -17,7 +17,7 @@ void ClassifyClusters(Session& session, const ByCluster<bool>& wanted, WorkPace*
 void ClassifyAllClusters(Session& session, WorkPace* pace = nullptr);
 
 /// Takes cluster c's boundaries away and c out of every membership list. A cluster without boundaries is left alone.
-void ClearCluster(Session& session, int c);
+void ClearCluster(Session& session, int c, WorkPace* pace = nullptr);
 
 /// Loaded points in cluster c; for c = 0 the points in no cluster.
 int64_t PointsInCluster(const Session& session, int c);

@@ -8,8 +8,8 @@
 
 namespace pallomir {
 
-void DeleteCluster(Session& session, int c) {
-  ClearCluster(session, c);
+void DeleteCluster(Session& session, int c, WorkPace* pace) {
+  ClearCluster(session, c, pace);
   session.ClusterDefined[c] = false;
 }
 
@@ -25,7 +25,7 @@ CopyOutcome CopyCluster(Session& session, std::optional<double> number, WorkPace
   if (target == 0) return {};
   SaveUndoSnapshot(session);
   const bool deleted = session.Clusters[target].BoundaryCount > 0;
-  if (deleted) DeleteCluster(session, target);
+  if (deleted) DeleteCluster(session, target, pace);
   const Cluster& source = session.Clusters[session.CurrentCluster];
   if (source.BoundaryCount == 0) return {target, deleted, false};
   session.Clusters[target] = source;
@@ -35,9 +35,9 @@ CopyOutcome CopyCluster(Session& session, std::optional<double> number, WorkPace
   return {target, deleted, true};
 }
 
-void DeleteCurrentCluster(Session& session) {
+void DeleteCurrentCluster(Session& session, WorkPace* pace) {
   SaveUndoSnapshot(session);
-  DeleteCluster(session, session.CurrentCluster);
+  DeleteCluster(session, session.CurrentCluster, pace);
 }
 
 void DeleteEveryCluster(Session& session) {

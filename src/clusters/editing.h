@@ -8,7 +8,7 @@
 namespace pallomir {
 
 /// Takes cluster c's boundaries, its defined mark and its points away.
-void DeleteCluster(Session& session, int c);
+void DeleteCluster(Session& session, int c, WorkPace* pace = nullptr);
 
 /// DeleteCluster for 1..30, and every membership list emptied at once.
 void DeleteAllClusters(Session& session);
@@ -28,7 +28,7 @@ struct CopyOutcome {
 CopyOutcome CopyCluster(Session& session, std::optional<double> number, WorkPace* pace = nullptr);
 
 /// `cmdDeleteCluster` and `cmdDeleteAllClusters`: the undo snapshot, then the deletion.
-void DeleteCurrentCluster(Session& session);
+void DeleteCurrentCluster(Session& session, WorkPace* pace = nullptr);
 void DeleteEveryCluster(Session& session);
 
 /// Takes the current cluster's first boundary on the present projection away and classifies the cluster.

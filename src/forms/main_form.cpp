@@ -233,7 +233,7 @@ void Main_Form::Escape() {
     ArmCenter(false);
   else if (projections_->PolygonOpen())
     Run([this] {
-      projections_->TakeBackPolygon();
+      ChangeCut([this](WorkPace& pace) { projections_->TakeBackPolygon(pace); });
       AfterEdit();
       status_->setText("The open polygon was taken back.");
     });

@@ -82,7 +82,7 @@ void Main_Form::cmdDeleteCluster_Click() {
   if (!ClusterChosen()) return;
   const int c = session_.CurrentCluster;
   const bool empty = session_.Clusters[c].BoundaryCount == 0;
-  DeleteCurrentCluster(session_);
+  ChangeCut([this](WorkPace& pace) { DeleteCurrentCluster(session_, &pace); });
   AfterEdit();
   status_->setText(
       QString(empty ? "Cluster %1 had no boundary." : "Cluster %1 was deleted. Undo brings it back.").arg(c));

@@ -20,6 +20,9 @@ namespace pallomir {
 namespace {
 
 constexpr auto kFrame = std::chrono::milliseconds(30);
+/// The longest time without a look at the user interface, which is thought of after so many points.
+constexpr auto kLongest = std::chrono::milliseconds(80);
+constexpr size_t kTogether = 16384;
 
 /// How many points a cluster holds, and how many of them no picture shows.
 QString PointsHeld(const Session& session, int c) {
@@ -126,16 +129,22 @@ bool Projections::DrawAllPoints() {
   const ProjectionOptions options = options_();
   // What is clicked from now on means the new picture: it is shown before the first look at the user interface.
   std::chrono::steady_clock::time_point shown;
+  auto looked = std::chrono::steady_clock::now();
+  size_t nextLook = options.Batch;
   for (size_t begin = 0; begin < session_.Points.Rows();) {
-    const size_t end = begin + std::min(options.Batch, session_.Points.Rows() - begin);
+    const size_t end = begin + std::min({kTogether, nextLook - begin, session_.Points.Rows() - begin});
     shown_ += DrawPoints(session_, view_, options.Drawing, begin, end, random_, raster_);
     begin = end;
     if (begin == session_.Points.Rows()) break;
+    // Large discs take their time: the user is not left alone for a whole batch of them.
+    if (begin < nextLook && std::chrono::steady_clock::now() - looked < kLongest) continue;
+    if (begin == nextLook) nextLook += options.Batch;
     if (std::chrono::steady_clock::now() - shown > kFrame) {
       ShowPicture();
       shown = std::chrono::steady_clock::now();
     }
     world_.PumpEvents();
+    looked = std::chrono::steady_clock::now();
     // Whatever the user did meanwhile may have started a newer picture, or ended the program.
     if (generation != generation_) return false;
   }

@@ -63,7 +63,7 @@ class Projections : public QWidget {
   bool OverlapRunning() const { return overlap_.has_value(); }
 
   bool PolygonOpen() const { return open_.has_value(); }
-  void TakeBackPolygon() { pallomir::TakeBackPolygon(session_, open_); }
+  void TakeBackPolygon(WorkPace& pace) { pallomir::TakeBackPolygon(session_, open_, &pace); }
 
   /// An open polygon is given up; it stays in the table as drawn so far.
   void GiveUpPolygon();

@@ -9,6 +9,8 @@ namespace pallomir {
 
 namespace {
 
+constexpr size_t kPointsBetweenLooks = 1024;
+
 /// Uniform draws, each seeded from the clock. What was drawn from before goes into the seed too, so that a clock that
 /// stands still between two points does not make them draw alike.
 class ClockDraws {
@@ -27,7 +29,7 @@ class ClockDraws {
 
 }  // namespace
 
-Assignment AssignClusters(const PointTable& points) {
+Assignment AssignClusters(const PointTable& points, WorkPace* pace) {
   Assignment assignment;
   assignment.Cluster.resize(points.Rows());
   if (points.SlotsInUse() == 0) return assignment;
@@ -38,6 +40,8 @@ Assignment AssignClusters(const PointTable& points) {
   ClockDraws draws;
   const auto second = points.Slot(1);
   for (size_t i = 0; i < points.Rows(); ++i) {
+    if (pace && i % kPointsBetweenLooks == 0)
+      pace->Reached(static_cast<double>(i) / static_cast<double>(points.Rows()));
     if (second[i] == 0) continue;
     assignment.AnyOverlap = true;
     const int count = points.Memberships(i);

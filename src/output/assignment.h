@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "session/session.h"
+#include "session/work_pace.h"
 
 namespace pallomir {
 
@@ -18,6 +19,6 @@ struct Assignment {
 
 /// Gives every point the cluster that it is in; one of them at random, each as likely as the others, where it is in
 /// several. The draw is seeded from the clock for each such point: a second run decides otherwise.
-Assignment AssignClusters(const PointTable& points);
+Assignment AssignClusters(const PointTable& points, WorkPace* pace = nullptr);
 
 }  // namespace pallomir

@@ -102,8 +102,13 @@ void ForEveryPoint(size_t rows, WorkPace& pace, Put put) {
   }
 }
 
+Assignment AssignInTheOpen(const Session& session, World& world) {
+  WorkPace pace(world);
+  return AssignClusters(session.Points, &pace);
+}
+
 void WriteTemporaryFiles(const Session& session, World& world, const std::string& beginning) {
-  const std::vector<uint8_t> cluster = AssignClusters(session.Points).Cluster;
+  const std::vector<uint8_t> cluster = AssignInTheOpen(session, world).Cluster;
   LineFile spikes(TemporaryClusterFilePath(session), beginning);
   LineFile times(TemporaryTimeFilePath(session), TextHeader("TFile"));
   const SpikeLines lines(session.Points);
@@ -195,7 +200,7 @@ void PutInPlace(const Session& session, World& world, const std::string& name, c
 
 void WriteAllFiles(const Session& session, World& world, const ClusterFileTexts& texts, const std::string& beginning) {
   if (texts.ClustFile.empty()) throw CommandError("The cluster files need a name; nothing was written.");
-  const Assignment assignment = AssignClusters(session.Points);
+  const Assignment assignment = AssignInTheOpen(session, world);
   ReportOverlaps(world, assignment);
   LineFiles files;
   try {

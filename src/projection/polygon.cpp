@@ -63,7 +63,7 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   return outcome;
 }
 
-void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open) {
+void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open, WorkPace* pace) {
   if (!open) return;
   const int c = open->Cluster;
   const bool first = open->Before.BoundaryCount == 0;
@@ -76,7 +76,7 @@ void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open) {
   session.Clusters[c] = open->Before;
   session.ClusterDefined[c] = !first;
   if (first) --session.DefinitionCounter;
-  ClassifyCluster(session, c);
+  ClassifyCluster(session, c, pace);
   open.reset();
 }
 

@@ -40,7 +40,7 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
 
 /// Takes an open polygon back: its cluster is that before the first click. Undo brings back what it would have then or,
 /// where another command took its snapshot meanwhile, that snapshot without the polygon.
-void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open);
+void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open, WorkPace* pace = nullptr);
 
 /// Gives up a polygon whose cluster or projection is no longer the present one; it stays in the table as drawn so far.
 void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open);

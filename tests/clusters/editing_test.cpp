@@ -119,6 +119,7 @@ TEST(ChangeCut, LeavesEverythingAsItWasWhenItIsStopped) {
       [](Session& session, WorkPace& pace) { UndoLastChange(session, &pace); },
       [](Session& session, WorkPace& pace) { CopyCluster(session, 7, &pace); },
       [](Session& session, WorkPace& pace) { DeleteClusterBounds(session, &pace); },
+      [](Session& session, WorkPace& pace) { DeleteCurrentCluster(session, &pace); },
       [](Session& session, WorkPace& pace) {
         DeleteAllClusters(session);
         AddBoundary(session, 9, RectangleOf(15, 15, 55, 55));
