@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "files/number_text.h"
+#include "files/printable.h"
 
 namespace pallomir {
 
@@ -17,25 +18,11 @@ std::string RoundedText(double value, int decimals) {
   return std::string(buffer, end);
 }
 
-/// The length of the character that `text` begins with, in bytes; 0 when that is a control character or no UTF-8.
-static size_t PrintableLength(std::string_view text) {
-  const auto byte = [text](size_t i) { return static_cast<unsigned char>(i < text.size() ? text[i] : '\0'); };
-  if (byte(0) < 0x80) return byte(0) >= 0x20 && byte(0) != 0x7F ? 1 : 0;
-  const size_t length = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
-  if (byte(0) < 0xC2 || byte(0) > 0xF4) return 0;
-  for (size_t i = 1; i < length; ++i)
-    if ((byte(i) & 0xC0) != 0x80) return 0;
-  // Longer forms than needed, halves of pairs, what lies beyond the last character, and the controls above 0x7F.
-  if ((byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xED && byte(1) > 0x9F)) return 0;
-  if ((byte(0) == 0xF0 && byte(1) < 0x90) || (byte(0) == 0xF4 && byte(1) > 0x8F)) return 0;
-  return byte(0) == 0xC2 && byte(1) < 0xA0 ? 0 : length;
-}
-
 std::string Escaped(std::string_view text) {
   constexpr char digits[] = "0123456789ABCDEF";
   std::string escaped;
   while (!text.empty()) {
-    const size_t length = PrintableLength(text);
+    const size_t length = PrintableCharacter(text);
     const auto byte = static_cast<unsigned char>(text[0]);
     if (length > 0)
       escaped += text.substr(0, length);

@@ -10,35 +10,29 @@ namespace {
 
 constexpr size_t kMostQuoted = 40;
 
-/// The length in bytes that the first byte of a character gives it; 0 for a byte that begins none.
-size_t LengthBegunBy(unsigned char first) {
-  if (first < 0x80) return 1;
-  if (first < 0xC2 || first > 0xF4) return 0;
-  return first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-}
-
-/// The length of the printable character at the start of `text`, or 0 when there is none.
-size_t PrintableLength(std::string_view text) {
-  const auto first = static_cast<unsigned char>(text.front());
-  if (first < ' ' || first == 0x7F) return 0;
-  const size_t length = LengthBegunBy(first);
-  if (length > text.size()) return 0;
-  const auto continues = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-  if (length > 1 && !std::all_of(text.begin() + 1, text.begin() + static_cast<long>(length), continues)) return 0;
-  // The control characters from U+0080 to U+009F, which terminals obey as well.
-  if (first == 0xC2 && static_cast<unsigned char>(text[1]) < 0xA0) return 0;
-  return length;
-}
-
 /// Takes the first character off `text`, as it can be shown.
 std::string_view TakeCharacter(std::string_view& text) {
-  const size_t length = PrintableLength(text);
+  const size_t length = PrintableCharacter(text);
   const std::string_view character = length > 0 ? text.substr(0, length) : "?";
   text.remove_prefix(std::max<size_t>(length, 1));
   return character;
 }
 
 }  // namespace
+
+size_t PrintableCharacter(std::string_view text) {
+  const auto byte = [text](size_t i) { return static_cast<unsigned char>(i < text.size() ? text[i] : '\0'); };
+  if (byte(0) < 0x80) return byte(0) >= 0x20 && byte(0) != 0x7F ? 1 : 0;
+  const size_t length = byte(0) >= 0xF0 ? 4 : byte(0) >= 0xE0 ? 3 : 2;
+  if (byte(0) < 0xC2 || byte(0) > 0xF4) return 0;
+  for (size_t i = 1; i < length; ++i)
+    if ((byte(i) & 0xC0) != 0x80) return 0;
+  // Longer forms than needed, halves of pairs, and what lies beyond the last character.
+  if ((byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xED && byte(1) > 0x9F)) return 0;
+  if ((byte(0) == 0xF0 && byte(1) < 0x90) || (byte(0) == 0xF4 && byte(1) > 0x8F)) return 0;
+  // The control characters from U+0080 to U+009F, which terminals obey as well.
+  return byte(0) == 0xC2 && byte(1) < 0xA0 ? 0 : length;
+}
 
 std::string Printable(std::string_view sentence) {
   const std::string readable = ReadablePath(sentence);
