@@ -17,6 +17,7 @@ constexpr int kFailure = 1;
 constexpr int kWrongUsage = 2;
 constexpr int kStopped = 130;
 constexpr uint64_t kMostSampleSpikes = 50'000'000;
+constexpr uint64_t kMostSampleMinutes = 10'000;
 
 /// A path as the shell gives it, in the notation that the program works with.
 std::string FromShell(const std::string& path) {
@@ -84,6 +85,9 @@ int Run(int argc, char** argv) {
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleSpikes));
   sampleCommand->add_option("--seed", sample.Seed, "The same seed gives the same recording")->capture_default_str();
+  sampleCommand->add_option("--minutes", sample.Minutes, "How long it lasts; longer beyond 15 000 spikes a minute")
+      ->capture_default_str()
+      ->check(CLI::Range(uint64_t{1}, kMostSampleMinutes));
   sampleCommand->add_flag("--replace", sample.Replace, "Go on where the folder holds something");
   sampleCommand->callback([&] { Print(MakeSample(sample, progress)); });
 

@@ -128,7 +128,7 @@ std::vector<SavingCommand> SavingCommands() {
        [](const std::string& folder, int version) {
          std::ostringstream said;
          Progress progress(said, false);
-         MakeSample({folder + "/sample", 100, static_cast<uint64_t>(version)}, progress);
+         MakeSample({folder + "/sample", 100, static_cast<uint64_t>(version), 1}, progress);
        },
        false},
   };

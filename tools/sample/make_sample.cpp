@@ -12,16 +12,15 @@ namespace pallomir {
 
 namespace {
 
-constexpr uint64_t kTwentyMinutes = 1'200'000'000;  // microseconds
-constexpr uint64_t kFullRates = 80'000;             // spikes from which on every spike of the cells is kept
-constexpr uint64_t kMostInTwentyMinutes = 300'000;  // spikes; 250 a second
+constexpr uint64_t kMinute = 60'000'000;    // microseconds
+constexpr uint64_t kClosestSpikes = 4'000;  // microseconds from one to the next, on average
+constexpr uint64_t kFullRates = 4'000;      // spikes a minute from which on every spike of the cells is kept
 constexpr const char* kDate = "2026-01-01 00:00:00";
 
 enum Part : uint64_t { kWalk, kCellSpikes, kWaveforms, kVideo };
 
-uint64_t Duration(uint64_t spikes) {
-  const uint64_t exact = kTwentyMinutes / kMostInTwentyMinutes * std::max(spikes, kMostInTwentyMinutes);
-  return exact / kWalkInterval * kWalkInterval;
+uint64_t Duration(const SampleRequest& request) {
+  return std::max(kClosestSpikes * request.Spikes, kMinute * request.Minutes) / kWalkInterval * kWalkInterval;
 }
 
 void RefuseUsedFolder(const std::filesystem::path& folder) {
@@ -43,8 +42,9 @@ ImportReport MakeSample(const SampleRequest& request, Progress& progress) {
   const std::filesystem::path raw = PlatformPath(request.Folder) / "raw";
   MakeFolder(raw);
 
-  const uint64_t duration = Duration(request.Spikes);
-  const double share = std::min(1.0, static_cast<double>(request.Spikes) / static_cast<double>(kFullRates));
+  const uint64_t duration = Duration(request);
+  const double share =
+      std::min(1.0, static_cast<double>(request.Spikes) / static_cast<double>(kFullRates * request.Minutes));
   const Draws draws(request.Seed);
   const auto walk = WalkInBox(duration, draws.Part(kWalk));
   const auto cellSpikes = FireCells(walk, share, draws.Part(kCellSpikes));
