@@ -20,6 +20,7 @@ namespace {
 
 constexpr int kSpikePace = 20;  // milliseconds a spike
 constexpr int kTurn = 25;       // milliseconds of drawing between two looks at the user
+constexpr int kShown = 100;     // milliseconds between two pictures of a long drawing
 
 /// What the codes of the picture are painted with.
 std::array<uint32_t, 256> Palette(const Session& session) {
@@ -129,6 +130,7 @@ void Waveforms::cmdStop_Click() {
     status_->setText(QString("Stopped; %1 of %2 waveforms are drawn.")
                          .arg(Number(onView_.Count() - onView_.Waiting()), Number(onView_.Count())));
   StopDrawing();
+  ShowPicture();
 }
 
 void Waveforms::StopDrawing() {
@@ -151,14 +153,15 @@ void Waveforms::DrawOn(WaveformFile& file) {
   do {
     more = DrawNext(file);
   } while (more && (overlay || onView_.Waiting() > 0) && clock.elapsed() < kTurn);
-  ShowPicture();
-  if (onView_.Waiting() > 0) {
-    inTurns_ = true;
+  if (onView_.Waiting() > 0) inTurns_ = true;
+  const bool goesOn = more && inTurns_;
+  const bool inOneGo = overlay || onView_.Waiting() > 0;
+  if (!goesOn || !inOneGo || sinceShown_.hasExpired(kShown)) ShowPicture();
+  if (onView_.Waiting() > 0)
     status_->setText(QString("Drawing: %1 of %2 waveforms. Stop, or Esc, ends it.")
                          .arg(Number(onView_.Count() - onView_.Waiting()), Number(onView_.Count())));
-  }
-  if (more && inTurns_) {
-    turn_.start(overlay || onView_.Waiting() > 0 ? 0 : kSpikePace);
+  if (goesOn) {
+    turn_.start(inOneGo ? 0 : kSpikePace);
     return;
   }
   if (inTurns_) status_->setText(OnView());
@@ -213,6 +216,7 @@ void Waveforms::DrawAgain(const View& area) {
 }
 
 void Waveforms::ShowPicture() {
+  sinceShown_.start();
   surface_->SetPicture(ImageOf(onView_.Picture().Pixels(), Palette(session_)), onView_.Picture().Area());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QTimer>
 #include <optional>
 
@@ -74,6 +75,7 @@ class Waveforms : public QDialog {
   bool running_ = false;
   /// Drawing has taken more than one turn, and the status line tells how far it is.
   bool inTurns_ = false;
+  QElapsedTimer sinceShown_;
   QTimer resized_;
   PlotSurface* surface_;
   std::array<QCheckBox*, kTicks> chkCluster_{};
