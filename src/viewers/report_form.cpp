@@ -37,12 +37,12 @@ QString Percent(double share) {
   return QString("%1 %").arg(100 * share, 0, 'f', share < 0.1 ? 2 : 1);
 }
 
-QString OrNone(const std::optional<double>& value) {
-  return value ? Figure(*value) : QString("n/a");
+QString OrNone(double value, const QString& unit = {}) {
+  return std::isfinite(value) ? Figure(value) + unit : QString("n/a");
 }
 
-QString OrNone(double value) {
-  return std::isfinite(value) ? Figure(value) : QString("n/a");
+QString OrNone(const std::optional<double>& value) {
+  return OrNone(value.value_or(kNotKnown));
 }
 
 QString Percent(const Contamination& contamination) {
@@ -64,12 +64,12 @@ QString ViolationsText(const RefractoryFigures& figures) {
 QString FiguresOf(const Report& report) {
   const Isolation& apart = report.Measures.Apart;
   const QStringList first = {"Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
-                             "Mean rate " + OrNone(report.MeanRate) + " spikes/s",
+                             "Mean rate " + OrNone(report.MeanRate, " spikes/s"),
                              "Intervals below 2 ms " + ViolationsText(report.Refractory),
                              "Contamination " + ContaminationText(report.Refractory)};
   const QStringList second = {"Isolation distance " + OrNone(apart.IsolationDistance),
                               "L-ratio " + OrNone(apart.LRatio),
-                              "Spatial information " + OrNone(report.Rate.Information) + " bits/spike",
+                              "Spatial information " + OrNone(report.Rate.Information, " bits/spike"),
                               "Mean vector length " + OrNone(report.Direction.VectorLength) +
                                   (std::isfinite(report.Direction.VectorDirection)
                                        ? QString(" at %1°").arg(report.Direction.VectorDirection, 0, 'f', 0)
