@@ -66,6 +66,7 @@ QString Main_Form::AboutRecords(int32_t first, int32_t last) const {
 void Main_Form::cmdDefineEpochs_Click() {
   if (!timeEpochs_) {
     timeEpochs_ = new TimeEpochs(session_, dialogs_, EpochItems(), this);
+    NameTetrode(timeEpochs_);
     connect(timeEpochs_, &QDialog::finished, this, [this] { timeEpochs_ = nullptr; });
     connect(timeEpochs_, &TimeEpochs::Done, this, [this](const QStringList& items) {
       range_->SetEpochs(items);
@@ -78,6 +79,7 @@ void Main_Form::cmdDefineEpochs_Click() {
 void Main_Form::mnuLoadMultipleEpochs_Click() {
   if (!multipleEpochs_) {
     multipleEpochs_ = new LoadMultipleEpochsForm(session_, *this, EpochItems(), this);
+    NameTetrode(multipleEpochs_);
     multipleEpochs_->installEventFilter(this);
     connect(multipleEpochs_, &LoadMultipleEpochsForm::Load, this, [this] { Run([this] { cmdLoad_Click(); }); });
     connect(multipleEpochs_, &LoadMultipleEpochsForm::SelectionChanged, this, [this] {
