@@ -26,8 +26,8 @@ struct SpikesWithin {
   }
 };
 
-// The shares of the work that are done once the spikes have been counted, and learnt from.
-constexpr double kCounted = 0.2, kLearnt = 0.5;
+// The shares of the work that are done once the spikes have been counted, learnt from, and measured.
+constexpr double kCounted = 0.2, kLearnt = 0.5, kMeasured = 0.8;
 
 int64_t CountOf(SpikesWithin& spikes) {
   int64_t count = 0;
@@ -61,7 +61,7 @@ ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::sp
   std::vector<uint8_t> member;
   member.reserve(static_cast<size_t>(count));
   WireSamples samples;
-  all.ForEach(kLearnt, 1, [&](const SpikeRecord& record) {
+  all.ForEach(kLearnt, kMeasured, [&](const SpikeRecord& record) {
     record.ReadSamples(samples);
     features.Measure(samples);
     member.push_back(matcher.Take(record.Stamp));
@@ -71,7 +71,8 @@ ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::sp
   ClusterMeasures measures;
   measures.Average = averager.Result(all.File.MicrovoltsPerCount());
   measures.InMicrovolts = all.File.ScaleKnown();
-  measures.Apart = IsolationOf(features.TakeColumns(), member);
+  measures.Apart = IsolationOf(features.TakeColumns(), member,
+                               [&](double share) { all.Pace.Reached(kMeasured + (1 - kMeasured) * share); });
   measures.DeadTime = all.File.DeadTime();
   measures.Missing = matcher.Missing();
   measures.Ambiguous = matcher.Ambiguous();

@@ -68,7 +68,8 @@ void SquaredDistances(const FeatureColumns& columns, const Eigen::VectorXd& mean
 
 }  // namespace
 
-Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> member) {
+Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> member,
+                      const std::function<void(double share)>& reached) {
   Isolation result;
   result.Features = static_cast<int>(columns.size());
   result.Spikes = std::count_if(member.begin(), member.end(), [](uint8_t is) { return is != 0; });
@@ -86,6 +87,7 @@ Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> me
   double exceeding = 0;
   Block squared;
   for (size_t begin = 0; begin < member.size(); begin += kBlock) {
+    reached(static_cast<double>(begin) / static_cast<double>(member.size()));
     const size_t count = std::min(kBlock, member.size() - begin);
     SquaredDistances(columns, mean, whitening, begin, count, squared);
     for (size_t i = 0; i < count; ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -27,7 +28,10 @@ struct Isolation {
   int Features = 0;
 };
 
-/// `member[i]` is not 0 where spike i is of the cluster.
-Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> member);
+/// `member[i]` is not 0 where spike i is of the cluster. `reached` is told the share (0 to 1) of the work that is done;
+/// it may throw.
+Isolation IsolationOf(
+    const FeatureColumns& columns, std::span<const uint8_t> member,
+    const std::function<void(double share)>& reached = [](double) {});
 
 }  // namespace pallomir
