@@ -208,8 +208,9 @@ void ReportForm::Show(const Report& report, const QString& title) {
   setMinimumSize(whole.boundedTo(screen()->availableGeometry().size() / 2));
   PlaceResult(this, whole);
   show();
-  AlignMaps(std::array{picOccMap_, picRateMap_, picSpikeMap_});
-  for (QCustomPlot* plot : findChildren<QCustomPlot*>()) plot->replot();
+  const std::array maps{picOccMap_, picRateMap_, picSpikeMap_};
+  AlignMaps(maps);
+  for (QCustomPlot* plot : maps) plot->replot();
 }
 
 void ReportForm::Timer1_Timer() {
