@@ -1,6 +1,9 @@
 #include "controls/save_image.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
+#include <chrono>
+#include <future>
 
 #include "files/error.h"
 #include "files/save_file.h"
@@ -20,10 +23,14 @@ QImage MakeImage(QSize size, QImage::Format format) {
 }
 
 QByteArray PngOf(const QImage& image) {
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  if (!image.save(&buffer, "PNG")) throw kNoMemory;
-  return bytes;
+  std::future<QByteArray> encoded = std::async(std::launch::async, [&image] {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!image.save(&buffer, "PNG")) throw kNoMemory;
+    return bytes;
+  });
+  while (encoded.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready) QCoreApplication::processEvents();
+  return encoded.get();
 }
 
 void SavePictureBytes(const QByteArray& bytes, std::string_view path) {

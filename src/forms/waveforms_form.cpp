@@ -194,8 +194,9 @@ void Waveforms::cmdSavePicture_Click() {
       dialogs_.SaveFile(this, {"Save Picture", "PNG picture (*.png)|*.png|All files (*.*)|*.*",
                                FileNameWithTetrode(TetrodeOf(session_), {"Waveforms"}) + ".png", "png"});
   if (path.isEmpty()) return;
+  const QPointer<Waveforms> window(this);
   SavePictureBytes(PngOf(ImageOf(onView_.Picture().Pixels(), Palette(session_))), PathOf(path));
-  status_->setText("Saved " + QFileInfo(path).fileName() + ".");
+  if (window) status_->setText("Saved " + QFileInfo(path).fileName() + ".");
 }
 
 void Waveforms::DrawAgain(const View& area) {

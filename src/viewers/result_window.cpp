@@ -244,11 +244,14 @@ template <class Write>
 void ResultWindow::Save(const FileDialogOptions& options, Write write) {
   const QString path = dialogs_.SaveFile(this, options);
   if (path.isEmpty()) return;
+  // The user may close the window meanwhile.
+  const QPointer<ResultWindow> window(this);
+  Dialogs& dialogs = dialogs_;
   try {
     write(PathOf(path));
-    readOut_->setText("Saved " + path);
+    if (window) readOut_->setText("Saved " + path);
   } catch (const std::exception& error) {
-    dialogs_.ShowMessage(this, QString::fromStdString(SentenceOf(error)), {});
+    dialogs.ShowMessage(window, QString::fromStdString(SentenceOf(error)), {});
   }
 }
 
@@ -256,9 +259,12 @@ void ResultWindow::cmdSavePicture_Click() {
   Save({"Save picture", "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf",
         fileName_ + ".png", "png"},
        [this](const std::string& path) {
-         const QScopeGuard screen = qScopeGuard([this] { Dress(ScreenStyle(*this)); });
+         QScopeGuard screen([this] { Dress(ScreenStyle(*this)); });
          Dress(PrintStyle(*this));
-         SavePicture(*plot_, windowTitle(), path);
+         SavePicture(*plot_, windowTitle(), path, [&] {
+           Dress(ScreenStyle(*this));
+           screen.dismiss();
+         });
        });
 }
 

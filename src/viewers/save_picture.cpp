@@ -22,13 +22,13 @@ void Paint(QCustomPlot& plot, QPaintDevice& device) {
   plot.toPainter(&painter, plot.width(), plot.height());
 }
 
-QByteArray Png(QCustomPlot& plot, const QString& title) {
+QImage Picture(QCustomPlot& plot, const QString& title) {
   QImage image = plot.toPixmap(plot.width(), plot.height(), kPictureScale).toImage();
   const int dotsPerMetre = qRound(kPictureScale * kDotsPerInch / 0.0254);
   image.setDotsPerMeterX(dotsPerMetre);
   image.setDotsPerMeterY(dotsPerMetre);
   image.setText("Title", title);
-  return PngOf(image);
+  return image;
 }
 
 QByteArray Svg(QCustomPlot& plot, const QString& title) {
@@ -59,19 +59,22 @@ QByteArray Pdf(QCustomPlot& plot, const QString& title) {
 
 }  // namespace
 
-void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path) {
+void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path,
+                 const std::function<void()>& rendered) {
   const std::string name = PathText(PlatformPath(path).filename());
   const QString ending = QFileInfo(QString::fromStdString(name)).suffix().toLower();
   QByteArray bytes;
+  QImage picture;
   if (ending == "png")
-    bytes = Png(plot, title);
+    picture = Picture(plot, title);
   else if (ending == "svg")
     bytes = Svg(plot, title);
   else if (ending == "pdf")
     bytes = Pdf(plot, title);
   else
     throw CommandError(name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
-  SavePictureBytes(bytes, path);
+  rendered();
+  SavePictureBytes(picture.isNull() ? bytes : PngOf(picture), path);
 }
 
 }  // namespace pallomir
