@@ -141,6 +141,63 @@ BENCHMARK(UndoThirty)
     ->Iterations(1)
     ->Repetitions(5);
 
+/// A redraw of 4 000 points and of stars of 51 corners, one a cluster, that reach so many times as far as the view; the
+/// floor has none.
+void RedrawOnForm(benchmark::State& state, int clusters, double reach) {
+  Program program;
+  program.Form.findChild<QLineEdit*>("txtEndEvent")->setText("3999");
+  program.Load();
+  const float widest = program.Shared.DataMaximum[0];
+  for (int c = 1; c <= clusters; ++c) {
+    Cluster& cluster = program.Shared.Clusters[c];
+    cluster.BoundaryCount = 1;
+    Boundary& star = cluster.Boundaries[0] = {0, 1, kVerticesPerBoundary, {}};
+    for (int k = 0; k < kVerticesPerBoundary; ++k) {
+      const double angle = 2 * M_PI * k * 20 / kVerticesPerBoundary + c;
+      star.Vertices[k] = {widest * static_cast<float>(0.5 + reach / 2 * std::cos(angle)),
+                          widest * static_cast<float>(0.5 + reach / 2 * std::sin(angle))};
+    }
+    program.Shared.ClusterDefined[c] = true;
+  }
+  auto* redraw = program.Form.findChild<QPushButton*>("cmdRedraw");
+  for (auto _ : state) {
+    redraw->click();
+    QApplication::processEvents();
+  }
+}
+
+void RedrawBare(benchmark::State& state) {
+  RedrawOnForm(state, 0, 0);
+}
+BENCHMARK(RedrawBare)
+    ->Name("redraw 4 000 points under 30 stars/floor")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(0.3);
+BENCHMARK(RedrawBare)
+    ->Name("redraw 4 000 points under 30 stars that reach far out/floor")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(0.3);
+
+void RedrawNear(benchmark::State& state) {
+  RedrawOnForm(state, 30, 0.8);
+}
+BENCHMARK(RedrawNear)
+    ->Name("redraw 4 000 points under 30 stars/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(0.3);
+
+void RedrawFar(benchmark::State& state) {
+  RedrawOnForm(state, 30, 1e6);
+}
+BENCHMARK(RedrawFar)
+    ->Name("redraw 4 000 points under 30 stars that reach far out/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(0.3);
+
 }  // namespace
 
 }  // namespace pallomir::bench
