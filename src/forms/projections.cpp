@@ -20,8 +20,8 @@ namespace {
 
 constexpr auto kFrame = std::chrono::milliseconds(30);
 /// The longest time without a look at the user interface, which is thought of after so many points.
-constexpr auto kLongest = std::chrono::milliseconds(80);
-constexpr size_t kTogether = 16384;
+constexpr auto kLongest = std::chrono::milliseconds(40);
+constexpr size_t kTogether = 4096;
 
 }  // namespace
 
@@ -88,6 +88,9 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
       RunCommand(world_, [this] { drawn_ ? Redraw() : ShowBlank(); });
     }
   });
+  overlapTurn_.setSingleShot(true);
+  overlapTurn_.setInterval(0);
+  connect(&overlapTurn_, &QTimer::timeout, this, &Projections::ShowOverlap);
   slow_.setInterval(kFrame);
   connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { SlowTick(); }); });
   ShowHint();
@@ -245,7 +248,7 @@ void Projections::SlowTick() {
 }
 
 void Projections::StartOverlap(OverlapPoints points) {
-  overlap_ = Overlap{std::move(points)};
+  overlap_.emplace().Points = std::move(points);
   Blink();
 }
 
@@ -266,11 +269,23 @@ void Projections::ShowOverlap() {
   if (!overlap_) return;
   const View scale = surface_->Scale();
   const OverlapPoints& points = overlap_->Points;
-  // Circles at every point size.
-  Raster raster(scale.Width, scale.Height, static_cast<double>(scale.Width) * session_.PointSize / 1000, DevicePixel());
-  const std::vector<uint8_t> codes(points.X.size(), 1);
-  raster.Draw(scale, points.X.data(), points.Y.data(), codes.data(), codes.size());
-  surface_->SetBlink(PointsAlone(raster, overlap_->White ? Qt::white : Qt::black));
+  if (!overlap_->Drawn || overlap_->Scale != scale || overlap_->PointSize != session_.PointSize) {
+    overlap_->Scale = scale;
+    overlap_->PointSize = session_.PointSize;
+    overlap_->Next = 0;
+    // Circles at every point size.
+    overlap_->Drawn.emplace(scale.Width, scale.Height, static_cast<double>(scale.Width) * session_.PointSize / 1000,
+                            DevicePixel());
+  }
+  const std::vector<uint8_t> codes(kTogether, 1);
+  const auto begin = std::chrono::steady_clock::now();
+  while (overlap_->Next < points.X.size() && std::chrono::steady_clock::now() - begin < kLongest) {
+    const size_t next = overlap_->Next, count = std::min(kTogether, points.X.size() - next);
+    overlap_->Drawn->Draw(scale, points.X.data() + next, points.Y.data() + next, codes.data(), count);
+    overlap_->Next += count;
+  }
+  if (overlap_->Next < points.X.size()) overlapTurn_.start();
+  surface_->SetBlink(PointsAlone(*overlap_->Drawn, overlap_->White ? Qt::white : Qt::black));
 }
 
 void Projections::GiveUpPolygon() {

@@ -142,12 +142,20 @@ class Projections : public QWidget {
   View view_;
   QImage ground_;
   Raster raster_;
-  /// The overlap display: its points, and whether they are white now.
+  /// The overlap display.
   struct Overlap {
     OverlapPoints Points;
+    /// Whether they are white now.
     bool White = false;
+    /// The picture of the first `Next` of them, for a scale and a point size.
+    std::optional<Raster> Drawn;
+    View Scale;
+    float PointSize = 0;
+    size_t Next = 0;
   };
   std::optional<Overlap> overlap_;
+  /// Many overlapping points are drawn in turns.
+  QTimer overlapTurn_;
   bool drawn_ = false;
   /// Counts pictures begun; a redraw that finds another number has been superseded.
   uint64_t generation_ = 0;
