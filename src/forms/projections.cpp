@@ -12,6 +12,7 @@
 #include "files/number_text.h"
 #include "forms/axis_ruler.h"
 #include "forms/picture.h"
+#include "forms/status_line.h"
 #include "projection/counted_part.h"
 
 namespace pallomir {
@@ -42,14 +43,12 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
       "No points are loaded yet",
       {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
        "3.  Choose a cluster by its number, then click its corners here,", "     the last one with the right button."});
-  message_ = MakeLabel({});
+  message_ = new ElidedLine;
   message_->setObjectName("message");
-  pointer_ = MakeLabel({});
+  pointer_ = new ElidedLine;
   count_ = MakeLabel({});
   count_->setObjectName("count");
   for (QLabel* label : {pointer_, count_}) label->setProperty("quiet", true);
-  // What is said below the picture never widens the window.
-  for (QLabel* label : {message_, pointer_}) label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   count_->setMinimumWidth(1);
 
   auto* status = new QGridLayout;

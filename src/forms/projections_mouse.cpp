@@ -125,7 +125,7 @@ void Projections::Form_MouseMove(Vertex at) {
                                  QString::fromStdString(SingleText(at.X)),
                                  QString::fromStdString(session_.ParameterNames[session_.YParameter]),
                                  QString::fromStdString(SingleText(at.Y)));
-  pointer_->setText(pointer_->fontMetrics().elidedText(place, Qt::ElideRight, pointer_->width()));
+  pointer_->setText(place);
 }
 
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {

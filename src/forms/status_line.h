@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QLabel>
+#include <QPainter>
 
 namespace pallomir {
 
@@ -19,6 +20,21 @@ class StatusLine : public QLabel {
   void resizeEvent(QResizeEvent* event) override {
     QLabel::resizeEvent(event);
     updateGeometry();
+  }
+};
+
+/// A sentence on one line, which ends with dots where there is no room for all of it.
+class ElidedLine : public QLabel {
+ public:
+  ElidedLine() {
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.drawText(rect(), alignment(), fontMetrics().elidedText(text(), Qt::ElideRight, width()));
   }
 };
 

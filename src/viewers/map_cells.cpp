@@ -20,7 +20,7 @@ class OpenEnded : public QCPAxisTicker {
  protected:
   QVector<double> createTickVector(double step, const QCPRange& range) override {
     QVector<double> ticks = QCPAxisTicker::createTickVector(step, range);
-    while (!ticks.isEmpty() && ticks.last() > end_ - step / 2) ticks.removeLast();
+    while (!ticks.isEmpty() && ticks.last() > end_ - step) ticks.removeLast();
     return ticks << end_;
   }
   QString getTickLabel(double tick, const QLocale& locale, QChar format, int precision) override {
