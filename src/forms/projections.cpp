@@ -247,7 +247,7 @@ void Projections::SlowTick() {
 }
 
 void Projections::StartOverlap(OverlapPoints points) {
-  overlap_.emplace().Points = std::move(points);
+  overlap_ = Overlap{std::move(points)};
   Blink();
 }
 

@@ -148,8 +148,8 @@ class Projections : public QWidget {
     /// Whether they are white now.
     bool White = false;
     /// The picture of the first `Next` of them, for a scale and a point size.
-    std::optional<Raster> Drawn;
-    View Scale;
+    std::optional<Raster> Drawn{};
+    View Scale{};
     float PointSize = 0;
     size_t Next = 0;
   };
