@@ -145,7 +145,7 @@ BENCHMARK(UndoThirty)
 /// floor has none.
 void RedrawOnForm(benchmark::State& state, int clusters, double reach) {
   Program program;
-  program.Form.findChild<QLineEdit*>("txtEndEvent")->setText("3999");
+  program.Form.findChild<QLineEdit*>("txtEndEvent")->setText(QString::number(std::min<int64_t>(Spikes(), 4000) - 1));
   program.Load();
   const float widest = program.Shared.DataMaximum[0];
   for (int c = 1; c <= clusters; ++c) {
