@@ -4,10 +4,10 @@
 #include <cmath>
 #include <vector>
 
-#include "components/compute_direction.h"
-#include "components/compute_maps.h"
-#include "components/compute_trains.h"
-#include "components/spatial_autocorrelation.h"
+#include "pallomir/results/compute_direction.h"
+#include "pallomir/results/compute_maps.h"
+#include "pallomir/results/compute_trains.h"
+#include "pallomir/science/spatial_autocorrelation.h"
 #include "support.h"
 #include "walk.h"
 
@@ -81,9 +81,7 @@ BENCHMARK(RateMapNaive)->Name("100 000 spikes: rate map/naive")->Unit(benchmark:
 
 void SpatialOurs(benchmark::State& state) {
   const Map& rate = Given().Rate;
-  QuietWorld world;
-  WorkPace pace(world);
-  for (auto _ : state) benchmark::DoNotOptimize(SpatialAutocorrelation(rate, pace));
+  for (auto _ : state) benchmark::DoNotOptimize(SpatialAutocorrelation(rate));
 }
 BENCHMARK(SpatialOurs)
     ->Name("spatial autocorrelation of 40 x 40 bins/ours")
@@ -128,9 +126,7 @@ BENCHMARK(SpatialNaive)
 
 void TrainOurs(benchmark::State& state) {
   const Recorded& r = Given();
-  QuietWorld world;
-  WorkPace pace(world);
-  for (auto _ : state) benchmark::DoNotOptimize(AutocorrelationOf(r.Spikes, pace));
+  for (auto _ : state) benchmark::DoNotOptimize(AutocorrelationOf(r.Spikes));
 }
 BENCHMARK(TrainOurs)->Name("100 000 spikes: train autocorrelation/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 

@@ -2,10 +2,10 @@
 
 #include <vector>
 
-#include "clusters/boundaries_file.h"
-#include "clusters/classify.h"
-#include "clusters/inside_test.h"
-#include "session/point_reader.h"
+#include "pallomir/clusters/boundaries_file.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/clusters/keep_inside.h"
+#include "pallomir/session/point_reader.h"
 #include "support.h"
 
 namespace pallomir::bench {

@@ -4,10 +4,10 @@
 #include <random>
 #include <string>
 
-#include "files/number_text.h"
-#include "files/platform.h"
-#include "output/cluster_files.h"
-#include "output/spike_lines.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/output/cluster_files.h"
+#include "pallomir/output/spike_lines.h"
 #include "support.h"
 
 namespace pallomir::bench {

@@ -5,10 +5,10 @@
 #include <cmath>
 #include <vector>
 
-#include "clusters/classify.h"
-#include "controls/toolkit_values.h"
-#include "projection/draw_points.h"
-#include "projection/stroke.h"
+#include "gui/controls/toolkit_values.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/projection/draw_points.h"
+#include "pallomir/projection/stroke.h"
 #include "support.h"
 
 namespace pallomir::bench {

@@ -2,8 +2,8 @@
 
 #include <QtWidgets>
 
-#include "controls/dialogs.h"
-#include "forms/main_form.h"
+#include "gui/controls/dialogs.h"
+#include "gui/forms/main_form.h"
 #include "support.h"
 
 namespace pallomir::bench {

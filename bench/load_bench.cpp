@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "files/file_reader.h"
-#include "files/platform.h"
-#include "session/point_reader.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/session/point_reader.h"
 #include "support.h"
 
 namespace pallomir::bench {

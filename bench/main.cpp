@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "controls/theme.h"
-#include "files/platform.h"
+#include "gui/controls/theme.h"
+#include "pallomir/files/platform.h"
 #include "support.h"
 
 namespace {

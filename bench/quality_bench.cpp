@@ -3,9 +3,10 @@
 #include <cmath>
 #include <random>
 
-#include "components/cluster_measures.h"
-#include "files/bytes.h"
-#include "files/save_file.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/recorded/spike_file.h"
+#include "pallomir/results/cluster_measures.h"
 #include "support.h"
 
 namespace pallomir::bench {

@@ -7,13 +7,13 @@
 #include <numbers>
 #include <random>
 
-#include "files/bytes.h"
-#include "files/parameter_header.h"
-#include "files/platform.h"
-#include "files/save_file.h"
-#include "projection/colours.h"
-#include "session/point_reader.h"
-#include "session/start_up.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/projection/colours.h"
+#include "pallomir/session/point_reader.h"
+#include "pallomir/session/start_up.h"
 
 namespace pallomir::bench {
 

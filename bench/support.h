@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-#include "session/quiet_world.h"
-#include "session/session.h"
+#include "pallomir/session/quiet_world.h"
+#include "pallomir/session/session.h"
 
 namespace pallomir::bench {
 

@@ -2,12 +2,12 @@
 
 #include <fstream>
 
-#include "files/parameter_header.h"
-#include "files/platform.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/timestamp.h"
+#include "pallomir/timesel/epochs.h"
+#include "pallomir/timesel/record_range.h"
 #include "support.h"
-#include "timesel/epochs.h"
-#include "timesel/record_range.h"
-#include "timesel/timestamp.h"
 
 namespace pallomir::bench {
 

@@ -1,14 +1,14 @@
 // From the files of an analysis to its window.
 
-#include "viewers/desktop_components.h"
+#include "gui/viewers/desktop_components.h"
 
 #include <QtWidgets>
 #include <functional>
 
-#include "components/compute_maps.h"
-#include "controls/dialogs.h"
+#include "gui/controls/dialogs.h"
+#include "gui/viewers/report_form.h"
+#include "pallomir/results/compute_maps.h"
 #include "support.h"
-#include "viewers/report_form.h"
 #include "walk.h"
 
 namespace pallomir::bench {

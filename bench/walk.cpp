@@ -5,8 +5,8 @@
 #include <numbers>
 #include <random>
 
-#include "files/save_file.h"
-#include "files/text_header.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/files/text_header.h"
 #include "support.h"
 
 namespace pallomir::bench {

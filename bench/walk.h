@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "components/position_file.h"
+#include "pallomir/recorded/position_file.h"
 
 namespace pallomir::bench {
 

@@ -5,11 +5,11 @@
 #include <QPainter>
 #include <random>
 
-#include "files/bytes.h"
-#include "files/save_file.h"
-#include "forms/cluster_panel.h"
+#include "gui/forms/cluster_panel.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/waveforms/waveform_picture.h"
 #include "support.h"
-#include "waveforms/waveform_picture.h"
 
 namespace pallomir::bench {
 

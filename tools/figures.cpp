@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#include "files/number_text.h"
-#include "files/printable.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/printable.h"
 
 namespace pallomir {
 

@@ -3,12 +3,13 @@
 #include <iostream>
 #include <new>
 
-#include "files/error.h"
-#include "files/platform.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/recorded/angle_header.h"
 #include "tools/figures.h"
 #include "tools/import/import_recording.h"
 #include "tools/info/describe_file.h"
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 #include "tools/sample/make_sample.h"
 
 namespace {
@@ -70,7 +71,7 @@ void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
 int Run(int argc, char** argv) {
   CLI::App app("Brings recordings into the form that Pallomir opens.", "pallomir-cli");
   app.require_subcommand(1);
-  pallomir::Progress progress(std::cerr, pallomir::StandardErrorIsTerminal());
+  pallomir::ProgressBar progress(std::cerr, pallomir::StandardErrorIsTerminal());
 
   pallomir::ImportRequest import;
   AddImport(app, import);

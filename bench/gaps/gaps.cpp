@@ -13,11 +13,11 @@
 #include <map>
 #include <vector>
 
-#include "controls/dialogs.h"
-#include "controls/theme.h"
-#include "forms/main_form.h"
 #include "gaps/pulse.h"
-#include "session/session.h"
+#include "gui/controls/dialogs.h"
+#include "gui/controls/theme.h"
+#include "gui/forms/main_form.h"
+#include "pallomir/session/session.h"
 #include "support.h"
 #include "tools/sample/make_sample.h"
 
@@ -268,7 +268,7 @@ int main(int argumentCount, char** arguments) {
   if (argumentCount > 1) return pallomir::bench::Driver(arguments[1]).Run() ? 0 : 1;
   const QTemporaryDir folder;
   const std::string recording = folder.filePath("recording").toStdString();
-  pallomir::Progress progress(std::cerr, false);
+  pallomir::ProgressBar progress(std::cerr, false);
   pallomir::MakeSample({recording, static_cast<uint64_t>(pallomir::bench::Spikes()), 1}, progress);
   return pallomir::bench::Driver(recording).Run() ? 0 : 1;
 }

@@ -4,10 +4,10 @@
 #include <QIcon>
 #include <algorithm>
 
-#include "controls/dialogs.h"
-#include "controls/theme.h"
-#include "forms/main_form.h"
-#include "session/session.h"
+#include "gui/controls/dialogs.h"
+#include "gui/controls/theme.h"
+#include "gui/forms/main_form.h"
+#include "pallomir/session/session.h"
 
 namespace {
 

@@ -5,14 +5,14 @@
 
 #include "app/tour_album.h"
 #include "app/tour_hands.h"
-#include "clusters/classify.h"
-#include "components/spike_file.h"
-#include "controls/dialogs.h"
-#include "controls/theme.h"
-#include "files/bytes.h"
-#include "forms/main_form.h"
-#include "projection/view.h"
-#include "session/world.h"
+#include "gui/controls/dialogs.h"
+#include "gui/controls/theme.h"
+#include "gui/forms/main_form.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/projection/view.h"
+#include "pallomir/recorded/spike_file.h"
+#include "pallomir/session/world.h"
 
 namespace pallomir {
 

@@ -1,10 +1,10 @@
 // The center of the maze, written by a click and read by the report.
 
-#include "analyses/center_file.h"
+#include "pallomir/analyses/center_file.h"
 
 #include <gtest/gtest.h>
 
-#include "files/file_reader.h"
+#include "pallomir/files/file_reader.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

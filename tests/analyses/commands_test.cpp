@@ -1,10 +1,10 @@
-#include "analyses/commands.h"
+#include "pallomir/analyses/commands.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "files/error.h"
+#include "pallomir/files/error.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

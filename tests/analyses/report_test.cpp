@@ -1,6 +1,6 @@
 // The report's contents, from the files that a cluster, its recording and its notes leave.
 
-#include "analyses/report.h"
+#include "pallomir/analyses/report.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
-#include "clusters/axis_scaling.h"
+#include "pallomir/clusters/axis_scaling.h"
 
 #include <gtest/gtest.h>
 
-#include "session/start_up.h"
+#include "pallomir/session/start_up.h"
 
 namespace pallomir {
 namespace {

@@ -1,17 +1,17 @@
 // The boundaries file: what is written is read back, and whatever is in a file leaves a session that goes on.
 
-#include "clusters/boundaries_file.h"
+#include "pallomir/clusters/boundaries_file.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <random>
 
-#include "clusters/autosave.h"
-#include "clusters/classify.h"
-#include "clusters/undo.h"
-#include "files/file_reader.h"
-#include "files/text_header.h"
+#include "pallomir/clusters/autosave.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/clusters/undo.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/text_header.h"
 #include "support/injected_fault.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"

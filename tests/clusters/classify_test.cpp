@@ -1,4 +1,4 @@
-#include "clusters/classify.h"
+#include "pallomir/clusters/classify.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <cmath>
 #include <random>
 
-#include "clusters/inside_test.h"
+#include "pallomir/clusters/keep_inside.h"
 #include "support/sessions.h"
 
 namespace pallomir {

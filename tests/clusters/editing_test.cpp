@@ -1,14 +1,15 @@
 // Copying, deleting and undoing.
 
-#include "clusters/editing.h"
+#include "pallomir/clusters/editing.h"
 
 #include <gtest/gtest.h>
 
-#include "clusters/change_cut.h"
-#include "clusters/classify.h"
-#include "clusters/overlap.h"
-#include "clusters/undo.h"
-#include "files/error.h"
+#include "pallomir/clusters/change_cut.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/clusters/overlap.h"
+#include "pallomir/clusters/undo.h"
+#include "pallomir/files/error.h"
+#include "pallomir/session/work_pace.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
@@ -115,16 +116,16 @@ TEST(Undo, ExchangesThePresentWithTheLastState) {
 }
 
 TEST(ChangeCut, LeavesEverythingAsItWasWhenItIsStopped) {
-  const std::function<void(Session&, WorkPace&)> changes[] = {
-      [](Session& session, WorkPace& pace) { UndoLastChange(session, &pace); },
-      [](Session& session, WorkPace& pace) { CopyCluster(session, 7, &pace); },
-      [](Session& session, WorkPace& pace) { DeleteClusterBounds(session, &pace); },
-      [](Session& session, WorkPace& pace) { DeleteCurrentCluster(session, &pace); },
-      [](Session& session, WorkPace& pace) {
+  const std::function<void(Session&, const Progress&)> changes[] = {
+      [](Session& session, const Progress& pace) { UndoLastChange(session, pace); },
+      [](Session& session, const Progress& pace) { CopyCluster(session, 7, pace); },
+      [](Session& session, const Progress& pace) { DeleteClusterBounds(session, pace); },
+      [](Session& session, const Progress& pace) { DeleteCurrentCluster(session, pace); },
+      [](Session& session, const Progress& pace) {
         DeleteAllClusters(session);
         AddBoundary(session, 9, RectangleOf(15, 15, 55, 55));
         AddBoundary(session, 12, RectangleOf(5, 5, 35, 35));
-        ClassifyAllClusters(session, &pace);
+        ClassifyAllClusters(session, pace);
       }};
   for (const auto& change : changes)
     for (const int stop : {1, 2}) {

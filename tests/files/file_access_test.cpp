@@ -3,10 +3,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include "files/file_reader.h"
-#include "files/file_utility.h"
-#include "files/platform.h"
-#include "files/save_file.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/save_file.h"
 #include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

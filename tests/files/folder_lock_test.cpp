@@ -1,4 +1,4 @@
-#include "files/folder_lock.h"
+#include "pallomir/files/folder_lock.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -7,7 +7,7 @@
 
 #include <csignal>
 
-#include "files/file_reader.h"
+#include "pallomir/files/file_reader.h"
 #include "support/temporary_folder.h"
 
 namespace pallomir {

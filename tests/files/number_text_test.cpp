@@ -1,4 +1,4 @@
-#include "files/number_text.h"
+#include "pallomir/files/number_text.h"
 
 #include <gtest/gtest.h>
 

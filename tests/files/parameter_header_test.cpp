@@ -1,9 +1,9 @@
-#include "files/parameter_header.h"
+#include "pallomir/files/parameter_header.h"
 
 #include <gtest/gtest.h>
 
-#include "files/file_utility.h"
-#include "files/text_header.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/text_header.h"
 #include "support/parameter_files.h"
 #include "support/refusal.h"
 #include "support/sessions.h"

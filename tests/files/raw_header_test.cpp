@@ -1,8 +1,8 @@
-#include "files/raw_header.h"
+#include "pallomir/files/raw_header.h"
 
 #include <gtest/gtest.h>
 
-#include "files/raw_layout.h"
+#include "pallomir/files/raw_layout.h"
 
 namespace pallomir {
 namespace {

@@ -1,10 +1,10 @@
-#include "files/text_items.h"
+#include "pallomir/files/text_items.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "files/printable.h"
+#include "pallomir/files/printable.h"
 #include "support/refusal.h"
 
 namespace pallomir {

@@ -1,6 +1,6 @@
 // What is asked about before a file is written.
 
-#include "files/write_target.h"
+#include "pallomir/files/write_target.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include <qcustomplot.h>
 
-#include "clusters/classify.h"
 #include "form_tests.h"
+#include "pallomir/clusters/classify.h"
 #include "program.h"
 #include "support/spike_files.h"
 

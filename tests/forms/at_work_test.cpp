@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "clusters/classify.h"
 #include "form_tests.h"
+#include "pallomir/clusters/classify.h"
 #include "program.h"
 
 using namespace pallomir;

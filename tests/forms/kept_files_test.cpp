@@ -1,7 +1,7 @@
 // What stands on the disk is never lost unasked: notes, cuts, protected files, files elsewhere.
 
-#include "files/text_header.h"
 #include "form_tests.h"
+#include "pallomir/files/text_header.h"
 #include "program.h"
 
 using namespace pallomir;

@@ -1,7 +1,7 @@
 // The main loop of the program on the real forms: open, load, look, cut.
 
-#include "clusters/classify.h"
 #include "form_tests.h"
+#include "pallomir/clusters/classify.h"
 #include "program.h"
 
 using namespace pallomir;

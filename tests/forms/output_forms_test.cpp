@@ -1,7 +1,7 @@
 // Writing the cut: cluster files, notes, the centre of the maze.
 
-#include "clusters/classify.h"
 #include "form_tests.h"
+#include "pallomir/clusters/classify.h"
 #include "program.h"
 
 using namespace pallomir;

@@ -4,12 +4,12 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "controls/dialogs.h"
-#include "files/bytes.h"
-#include "files/parameter_header.h"
-#include "forms/main_form.h"
-#include "projection/view.h"
-#include "session/session.h"
+#include "gui/controls/dialogs.h"
+#include "gui/forms/main_form.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/projection/view.h"
+#include "pallomir/session/session.h"
 
 namespace pallomir {
 

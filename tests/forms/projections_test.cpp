@@ -1,7 +1,7 @@
 // The projection view on the real forms: what the mouse means there, and what a redraw shows.
 
-#include "clusters/classify.h"
 #include "form_tests.h"
+#include "pallomir/clusters/classify.h"
 #include "program.h"
 
 using namespace pallomir;

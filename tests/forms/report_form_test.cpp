@@ -5,11 +5,11 @@
 
 #include <csignal>
 
-#include "components/compute_maps.h"
 #include "form_tests.h"
+#include "gui/viewers/report_form.h"
+#include "pallomir/results/compute_maps.h"
 #include "program.h"
 #include "support/recording_world.h"
-#include "viewers/report_form.h"
 
 using namespace pallomir;
 

@@ -2,20 +2,20 @@
 
 #include <QSvgRenderer>
 
-#include "components/direction_file.h"
-#include "components/map_file.h"
-#include "controls/save_image.h"
-#include "controls/titles.h"
-#include "files/error.h"
 #include "form_tests.h"
+#include "gui/controls/save_image.h"
+#include "gui/controls/titles.h"
+#include "gui/viewers/colour_scales.h"
+#include "gui/viewers/desktop_components.h"
+#include "gui/viewers/figures.h"
+#include "gui/viewers/map_cells.h"
+#include "gui/viewers/window_places.h"
+#include "pallomir/files/error.h"
+#include "pallomir/results/direction_file.h"
+#include "pallomir/results/map_file.h"
 #include "program.h"
 #include "support/recording_world.h"
 #include "support/temporary_folder.h"
-#include "viewers/colour_scales.h"
-#include "viewers/desktop_components.h"
-#include "viewers/figures.h"
-#include "viewers/map_cells.h"
-#include "viewers/window_places.h"
 
 using namespace pallomir;
 

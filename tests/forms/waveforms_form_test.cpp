@@ -1,8 +1,8 @@
 // The waveform viewer: stepping, running through, drawing again.
 
 #include "form_tests.h"
+#include "pallomir/recorded/waveform_file.h"
 #include "program.h"
-#include "waveforms/waveform_file.h"
 
 using namespace pallomir;
 

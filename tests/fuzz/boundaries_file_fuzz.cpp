@@ -1,9 +1,9 @@
 #include <string_view>
 
-#include "clusters/boundaries_file.h"
-#include "clusters/classify.h"
-#include "clusters/undo.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/clusters/boundaries_file.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/clusters/undo.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"

@@ -2,8 +2,8 @@
 
 #include <filesystem>
 
-#include "files/file_reader.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/files/file_reader.h"
 
 namespace pallomir {
 

@@ -2,10 +2,10 @@
 #include <string_view>
 
 #include "fuzz/fuzz_target.h"
+#include "pallomir/recorded/events_file.h"
+#include "pallomir/timesel/epochs.h"
 #include "support/recording_world.h"
 #include "support/temporary_folder.h"
-#include "timesel/epochs.h"
-#include "timesel/events_file.h"
 
 namespace pallomir {
 
@@ -15,7 +15,7 @@ FUZZ_TARGET(FuzzEventsFile) {
   static const TemporaryFolder folder;
   const std::string path = folder.Put("Events.Nev", {reinterpret_cast<const char*>(data), size});
   RecordingWorld world;
-  const std::string all = EventsListing(path, false, world), some = EventsListing(path, true, world);
+  const std::string all = EventsListing(path, false), some = EventsListing(path, true);
   REQUIRE(some.size() <= all.size());
   size_t at = 0;
   EpochTable table;

@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "files/file_reader.h"
 #include "fuzz/fuzz_target.h"
-#include "notes/cluster_notes.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/notes/cluster_notes.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 

@@ -1,15 +1,15 @@
 #include <cmath>
 #include <cstring>
 
-#include "files/parameter_header.h"
 #include "fuzz/fuzz_target.h"
-#include "projection/draw_points.h"
-#include "session/start_up.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/projection/draw_points.h"
+#include "pallomir/session/start_up.h"
+#include "pallomir/timesel/load_points.h"
+#include "pallomir/timesel/record_range.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
-#include "timesel/load_points.h"
-#include "timesel/record_range.h"
 
 namespace pallomir {
 namespace {

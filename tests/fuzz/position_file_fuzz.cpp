@@ -2,11 +2,11 @@
 #include <cmath>
 #include <string_view>
 
-#include "components/grid_map.h"
-#include "components/position_file.h"
-#include "components/spike_times.h"
-#include "components/tracking.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/recorded/position_file.h"
+#include "pallomir/results/spike_times.h"
+#include "pallomir/science/grid_map.h"
+#include "pallomir/science/tracking.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
@@ -51,7 +51,7 @@ FUZZ_TARGET(FuzzPositionFile) {
   folder.Put("fuzzed", std::string_view(reinterpret_cast<const char*>(data), size));
   RecordingWorld world;
   Refusal([&] {
-    const Positions positions = ReadPositions(world, path);
+    const Positions positions = ReadPositions(path);
     RequireOrder(positions);
     const Track track = TrackWithin(positions, {-kFarthestStamp, kFarthestStamp});
     REQUIRE(track.Time.size() == positions.Time.size());

@@ -1,12 +1,12 @@
 #include <cmath>
 #include <string_view>
 
-#include "components/direction_file.h"
-#include "components/map_file.h"
-#include "components/spatial_autocorrelation.h"
-#include "components/train_file.h"
-#include "files/file_reader.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/results/direction_file.h"
+#include "pallomir/results/map_file.h"
+#include "pallomir/results/train_file.h"
+#include "pallomir/science/spatial_autocorrelation.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
@@ -37,9 +37,7 @@ void RequireCorrelations(const std::string& path) {
   Refusal([&] {
     const MapResult result = ReadMapFile(path);
     REQUIRE(result.Grid.Values.size() == static_cast<size_t>(result.Grid.Columns) * result.Grid.Rows);
-    RecordingWorld world;
-    WorkPace pace(world);
-    for (const double r : SpatialAutocorrelation(result.Grid, pace).Values) REQUIRE(std::isnan(r) || std::abs(r) <= 1);
+    for (const double r : SpatialAutocorrelation(result.Grid).Values) REQUIRE(std::isnan(r) || std::abs(r) <= 1);
   });
 }
 

@@ -1,8 +1,8 @@
 #include <string_view>
 
 #include "fuzz/fuzz_target.h"
-#include "session/axis_scale_file.h"
-#include "session/defaults_file.h"
+#include "pallomir/session/axis_scale_file.h"
+#include "pallomir/session/defaults_file.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 

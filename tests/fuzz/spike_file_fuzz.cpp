@@ -1,10 +1,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "components/cluster_measures.h"
-#include "components/report_series.h"
-#include "files/bytes.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/recorded/spike_file.h"
+#include "pallomir/results/cluster_measures.h"
+#include "pallomir/results/report_series.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

@@ -2,11 +2,11 @@
 #include <cmath>
 #include <string_view>
 
-#include "files/number_text.h"
-#include "files/text_header.h"
-#include "files/text_items.h"
 #include "fuzz/fuzz_target.h"
-#include "session/point_reader.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/files/text_items.h"
+#include "pallomir/session/point_reader.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
 

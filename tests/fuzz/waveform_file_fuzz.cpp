@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "files/bytes.h"
 #include "fuzz/fuzz_target.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/waveforms/waveform_picture.h"
 #include "support/temporary_folder.h"
-#include "waveforms/waveform_picture.h"
 
 namespace pallomir {
 

@@ -7,11 +7,11 @@
 #include <string>
 #include <string_view>
 
-#include "clusters/boundaries_file.h"
-#include "files/file_reader.h"
-#include "files/file_utility.h"
-#include "files/text_header.h"
-#include "output/cluster_files.h"
+#include "pallomir/clusters/boundaries_file.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/output/cluster_files.h"
 #include "support/recording_world.h"
 #include "support/sessions.h"
 

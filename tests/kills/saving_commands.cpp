@@ -3,19 +3,19 @@
 #include <QImage>
 #include <sstream>
 
-#include "analyses/center_file.h"
-#include "clusters/boundaries_file.h"
-#include "components/direction_file.h"
-#include "components/map_file.h"
-#include "components/train_file.h"
-#include "controls/save_image.h"
-#include "files/file_reader.h"
-#include "files/file_utility.h"
-#include "files/save_file.h"
-#include "notes/cluster_notes.h"
-#include "output/cluster_files.h"
-#include "session/axis_scale_file.h"
-#include "session/defaults_file.h"
+#include "gui/controls/save_image.h"
+#include "pallomir/analyses/center_file.h"
+#include "pallomir/clusters/boundaries_file.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/notes/cluster_notes.h"
+#include "pallomir/output/cluster_files.h"
+#include "pallomir/results/direction_file.h"
+#include "pallomir/results/map_file.h"
+#include "pallomir/results/train_file.h"
+#include "pallomir/session/axis_scale_file.h"
+#include "pallomir/session/defaults_file.h"
 #include "support/recording_world.h"
 #include "support/sessions.h"
 #include "tools/import/import_recording.h"
@@ -81,7 +81,7 @@ void ImportTetrode(const std::string& folder, const std::string& tetrode, int ve
     file.Commit();
   }
   std::ostringstream said;
-  Progress progress(said, false);
+  ProgressBar progress(said, false);
   ImportRecording({.Spikes = raw, .Out = folder + "/out", .Replace = true, .Date = "2026-01-01 00:00:00"}, progress);
 }
 
@@ -127,7 +127,7 @@ std::vector<SavingCommand> SavingCommands() {
       {"sample",
        [](const std::string& folder, int version) {
          std::ostringstream said;
-         Progress progress(said, false);
+         ProgressBar progress(said, false);
          MakeSample({folder + "/sample", 100, static_cast<uint64_t>(version), 1}, progress);
        },
        false},

@@ -13,10 +13,10 @@
 #include <map>
 #include <set>
 
-#include "files/file_reader.h"
-#include "files/folder_lock.h"
-#include "files/save_file.h"
 #include "kills/saving_commands.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/folder_lock.h"
+#include "pallomir/files/save_file.h"
 #include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

@@ -1,6 +1,6 @@
 // The notes file: what was noted is there again, and a file that is not whole changes nothing.
 
-#include "notes/cluster_notes.h"
+#include "pallomir/notes/cluster_notes.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 #include <map>
 #include <vector>
 
-#include "files/file_reader.h"
+#include "pallomir/files/file_reader.h"
 #include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

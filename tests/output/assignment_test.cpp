@@ -1,6 +1,6 @@
 // Which cluster a point is given: the draw is tested by its statistics, since it is never the same twice.
 
-#include "output/assignment.h"
+#include "pallomir/output/assignment.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 // The cut as text files: what stands in them, which of them there are, and that none is ever lost.
 
-#include "output/cluster_files.h"
+#include "pallomir/output/cluster_files.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <map>
 #include <sstream>
 
-#include "clusters/classify.h"
-#include "files/error.h"
-#include "files/file_reader.h"
-#include "files/text_header.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/text_header.h"
 #include "support/injected_fault.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"

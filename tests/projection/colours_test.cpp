@@ -1,4 +1,4 @@
-#include "projection/colours.h"
+#include "pallomir/projection/colours.h"
 
 #include <gtest/gtest.h>
 

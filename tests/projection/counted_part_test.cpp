@@ -1,8 +1,8 @@
-#include "projection/counted_part.h"
+#include "pallomir/projection/counted_part.h"
 
 #include <gtest/gtest.h>
 
-#include "clusters/inside_test.h"
+#include "pallomir/clusters/keep_inside.h"
 #include "support/sessions.h"
 
 namespace pallomir {

@@ -1,4 +1,4 @@
-#include "projection/draw_points.h"
+#include "pallomir/projection/draw_points.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <cmath>
 #include <set>
 
-#include "clusters/classify.h"
+#include "pallomir/clusters/classify.h"
 #include "support/sessions.h"
 
 namespace pallomir {

@@ -1,10 +1,10 @@
-#include "projection/polygon.h"
+#include "pallomir/projection/polygon.h"
 
 #include <gtest/gtest.h>
 
 #include <functional>
 
-#include "clusters/undo.h"
+#include "pallomir/clusters/undo.h"
 #include "support/sessions.h"
 
 namespace pallomir {

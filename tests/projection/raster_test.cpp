@@ -1,4 +1,4 @@
-#include "projection/raster.h"
+#include "pallomir/projection/raster.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "projection/stroke.h"
+#include "pallomir/projection/stroke.h"
 
 #include <gtest/gtest.h>
 

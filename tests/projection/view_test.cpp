@@ -1,11 +1,11 @@
-#include "projection/view.h"
+#include "pallomir/projection/view.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-#include "session/start_up.h"
+#include "pallomir/session/start_up.h"
 
 namespace pallomir {
 namespace {

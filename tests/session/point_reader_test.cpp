@@ -1,4 +1,4 @@
-#include "session/point_reader.h"
+#include "pallomir/session/point_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -8,10 +8,10 @@
 #include <functional>
 #include <limits>
 
-#include "files/error.h"
-#include "files/platform.h"
-#include "files/text_header.h"
-#include "session/start_up.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/session/start_up.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"

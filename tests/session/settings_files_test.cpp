@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "files/file_reader.h"
-#include "files/text_header.h"
-#include "session/axis_scale_file.h"
-#include "session/defaults_file.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/session/axis_scale_file.h"
+#include "pallomir/session/defaults_file.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
 

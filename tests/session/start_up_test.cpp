@@ -1,7 +1,8 @@
-#include "session/start_up.h"
+#include "pallomir/session/start_up.h"
 
 #include <gtest/gtest.h>
 
+#include "pallomir/files/parameter_header.h"
 #include "support/parameter_files.h"
 #include "support/refusal.h"
 #include "support/sessions.h"

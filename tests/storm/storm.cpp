@@ -18,11 +18,11 @@
 #include <mutex>
 #include <thread>
 
-#include "controls/dialogs.h"
-#include "controls/theme.h"
-#include "forms/main_form.h"
-#include "forms/plot_surface.h"
-#include "session/session.h"
+#include "gui/controls/dialogs.h"
+#include "gui/controls/theme.h"
+#include "gui/forms/main_form.h"
+#include "gui/forms/plot_surface.h"
+#include "pallomir/session/session.h"
 #include "storm/whole_files.h"
 #include "support/temporary_folder.h"
 #include "tools/sample/draws.h"
@@ -399,7 +399,7 @@ int main(int argumentCount, char** arguments) {
   });
   const TemporaryFolder folder;
   const std::string recording = folder / "recording";
-  Progress progress(std::cerr, false);
+  ProgressBar progress(std::cerr, false);
   MakeSample({recording, kSpikes, 1}, progress);
 
   const auto begin = std::chrono::steady_clock::now();

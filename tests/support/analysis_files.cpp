@@ -1,32 +1,11 @@
 #include "support/analysis_files.h"
 
-#include <algorithm>
-#include <cmath>
-
-#include "files/bytes.h"
-#include "files/number_text.h"
-#include "files/raw_layout.h"
-#include "files/text_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/raw_layout.h"
+#include "pallomir/files/text_header.h"
 
 namespace pallomir {
-
-Positions PositionsOf(const std::vector<SampleRow>& rows) {
-  Positions positions;
-  positions.Name = "Pos.p";
-  for (const SampleRow& row : rows) {
-    const bool lost = row.X == 0 && row.Y == 0;
-    positions.Time.push_back(row.Time);
-    positions.X.push_back(lost ? kNotKnown : row.X);
-    positions.Y.push_back(lost ? kNotKnown : row.Y);
-    positions.Direction.push_back(lost ? kNotKnown : row.Direction);
-    positions.HasDirection = positions.HasDirection || row.Direction > 0;
-  }
-  return positions;
-}
-
-Track TrackOf(const std::vector<SampleRow>& rows) {
-  return TrackWithin(PositionsOf(rows), {-kFarthestStamp, kFarthestStamp});
-}
 
 std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle) {
   std::string bytes(kVideoLayout.RecordBytes, '\0');

@@ -6,23 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "components/position_file.h"
-#include "components/tracking.h"
 #include "support/temporary_folder.h"
 
 namespace pallomir {
-
-struct SampleRow {
-  int64_t Time;
-  double X, Y;
-  double Direction = kNotKnown;
-};
-
-/// The samples as the reader of position files gives them.
-Positions PositionsOf(const std::vector<SampleRow>& rows);
-
-/// The track of all of them.
-Track TrackOf(const std::vector<SampleRow>& rows);
 
 /// A frame of the acquisition system's video file.
 std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle = 90);

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "files/bytes.h"
-#include "files/raw_layout.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/raw_layout.h"
 
 namespace pallomir {
 

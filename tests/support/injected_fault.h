@@ -4,7 +4,7 @@
 #include <csignal>
 #include <optional>
 
-#include "files/file_calls.h"
+#include "pallomir/files/file_calls.h"
 
 namespace pallomir {
 

@@ -1,8 +1,8 @@
 #include "support/parameter_files.h"
 
-#include "files/bytes.h"
-#include "files/parameter_header.h"
-#include "files/raw_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/files/raw_header.h"
 
 namespace pallomir {
 

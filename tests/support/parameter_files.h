@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "session/parameter_catalogue.h"
+#include "pallomir/session/parameter_catalogue.h"
 
 namespace pallomir {
 

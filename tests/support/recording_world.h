@@ -1,12 +1,13 @@
 #pragma once
 
 #include <chrono>
+#include <cmath>
 #include <string>
 #include <string_view>
 #include <thread>
 #include <vector>
 
-#include "session/world.h"
+#include "pallomir/session/world.h"
 
 namespace pallomir {
 
@@ -16,7 +17,7 @@ class RecordingWorld : public World {
   /// Message boxes, as "TITLE: text" or "text".
   std::vector<std::string> Boxes;
   std::vector<std::string> Log;
-  std::vector<int> Progress;
+  std::vector<int> Progress;  ///< in 32766ths
   bool ProgressVisible = false;
   int Pumps = 0;
 
@@ -29,8 +30,8 @@ class RecordingWorld : public World {
     Boxes.push_back((title.empty() ? "" : std::string(title) + ": ") + std::string(text));
   }
   void AppendMessage(std::string_view line) override { Log.emplace_back(line); }
-  void ShowProgress(int value) override {
-    Progress.push_back(value);
+  void ShowProgress(double share) override {
+    Progress.push_back(static_cast<int>(std::lrint(32766 * share)));
     ProgressVisible = true;
     TakeTime();
   }

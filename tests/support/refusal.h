@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "files/error.h"
+#include "pallomir/files/error.h"
 
 namespace pallomir {
 

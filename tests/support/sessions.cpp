@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "projection/colours.h"
-#include "session/start_up.h"
+#include "pallomir/projection/colours.h"
+#include "pallomir/session/start_up.h"
 
 namespace pallomir {
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <vector>
 
-#include "session/session.h"
+#include "pallomir/session/session.h"
 #include "support/temporary_folder.h"
 
 namespace pallomir {

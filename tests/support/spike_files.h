@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "components/spike_file.h"
-#include "files/bytes.h"
-#include "files/raw_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/recorded/spike_file.h"
 
 namespace pallomir {
 

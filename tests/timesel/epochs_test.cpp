@@ -1,13 +1,13 @@
-#include "timesel/epochs.h"
+#include "pallomir/timesel/epochs.h"
 
 #include <gtest/gtest.h>
 
-#include "files/text_header.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/timesel/epoch_selection.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
-#include "timesel/epoch_selection.h"
 
 namespace pallomir {
 namespace {

@@ -1,9 +1,9 @@
-#include "timesel/load_points.h"
+#include "pallomir/timesel/load_points.h"
 
 #include <gtest/gtest.h>
 
-#include "clusters/classify.h"
-#include "files/error.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/files/error.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"

@@ -1,17 +1,17 @@
-#include "timesel/record_range.h"
+#include "pallomir/timesel/record_range.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-#include "files/bytes.h"
-#include "files/error.h"
-#include "files/text_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/files/timestamp.h"
 #include "support/parameter_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/sessions.h"
-#include "timesel/timestamp.h"
 
 namespace pallomir {
 namespace {

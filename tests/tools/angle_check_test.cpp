@@ -5,7 +5,7 @@
 #include <cmath>
 #include <numbers>
 
-#include "support/analysis_files.h"
+#include "support/tracks.h"
 
 namespace pallomir {
 namespace {

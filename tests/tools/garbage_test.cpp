@@ -28,7 +28,7 @@ std::string Damaged(std::string bytes, std::mt19937_64& random) {
 TEST(DamagedFiles, EndInASentenceOrAResultNeverInAFault) {
   const TemporaryFolder folder;
   std::ostringstream said;
-  Progress progress(said, false);
+  ProgressBar progress(said, false);
   const std::string spikes =
       AcquisitionHeader({{"RecordSize", "304"}, {"ADBitVolts", "1e-8 1e-8"}}) + Spike(1, 2) + Spike(3, 4);
   const std::vector<std::pair<std::string, std::string>> files = {

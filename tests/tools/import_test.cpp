@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <sstream>
 
-#include "files/file_reader.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/session/parameter_catalogue.h"
 #include "raw_files.h"
-#include "session/parameter_catalogue.h"
 #include "support/refusal.h"
 #include "tools/import/import_recording.h"
 
@@ -17,7 +17,7 @@ using namespace pallomir::testing;
 struct RawImport : ::testing::Test {
   TemporaryFolder folder;
   std::ostringstream said;
-  Progress progress{said, false};
+  ProgressBar progress{said, false};
 
   ImportReport Run(ImportRequest request) {
     if (request.Out.empty()) request.Out = folder / "out";

@@ -3,8 +3,8 @@
 #include <limits>
 #include <sstream>
 
+#include "pallomir/session/parameter_catalogue.h"
 #include "raw_files.h"
-#include "session/parameter_catalogue.h"
 #include "support/refusal.h"
 #include "tools/info/describe_file.h"
 
@@ -15,7 +15,7 @@ using namespace pallomir::testing;
 
 std::string Describe(const std::string& path) {
   std::ostringstream said;
-  Progress progress(said, false);
+  ProgressBar progress(said, false);
   return DescribeFile(path, progress);
 }
 

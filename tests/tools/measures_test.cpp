@@ -6,7 +6,7 @@
 #include <map>
 #include <sstream>
 
-#include "components/cluster_measures.h"
+#include "pallomir/results/cluster_measures.h"
 #include "raw_files.h"
 #include "support/recording_world.h"
 #include "support/spike_files.h"
@@ -66,7 +66,7 @@ TEST(Measures, AverageWaveformIsTheTemplateWithinItsStandardError) {
 TEST(Measures, CellsOfTheSampleStandClearOfTheNoise) {
   const TemporaryFolder folder;
   std::ostringstream told;
-  Progress progress(told, false);
+  ProgressBar progress(told, false);
   MakeSample({.Folder = folder / "demo", .Spikes = 12'000}, progress);
   const std::string path = folder / "demo/TT1/TT1.Ntt";
   std::map<uint32_t, std::vector<int64_t>> cells;

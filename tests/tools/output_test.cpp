@@ -2,8 +2,8 @@
 
 #include <sstream>
 
-#include "components/position_file.h"
-#include "files/folder_lock.h"
+#include "pallomir/files/folder_lock.h"
+#include "pallomir/recorded/position_file.h"
 #include "raw_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
@@ -20,7 +20,7 @@ struct SecondImport : ::testing::Test {
 
   std::string Failure(const ImportRequest& request) {
     std::ostringstream said;
-    Progress progress(said, false);
+    ProgressBar progress(said, false);
     return Refusal([&] { report = ImportRecording(request, progress); });
   }
 
@@ -166,7 +166,7 @@ TEST_F(SecondImport, GivesTheDirectionsThatTheAnalysesTakeFromTheRawFile) {
   first.Video = folder.Put("VT2.Nvt", frames);
   first.Replace = true;
   EXPECT_EQ(Failure(first), "");
-  const Positions raw = ReadPositions(world, first.Video), own = ReadPositions(world, folder / "out/Pos.p");
+  const Positions raw = ReadPositions(first.Video), own = ReadPositions(folder / "out/Pos.p");
   ASSERT_EQ(own.Time, raw.Time);
   for (size_t i = 0; i < raw.Time.size(); ++i)
     EXPECT_TRUE(own.Direction[i] == raw.Direction[i] || (std::isnan(own.Direction[i]) && std::isnan(raw.Direction[i])));

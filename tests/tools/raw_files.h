@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "files/bytes.h"
-#include "files/file_reader.h"
-#include "files/parameter_header.h"
-#include "files/raw_layout.h"
-#include "files/text_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/files/raw_layout.h"
+#include "pallomir/files/text_header.h"
 #include "support/analysis_files.h"
 #include "support/events_files.h"
 #include "support/parameter_files.h"

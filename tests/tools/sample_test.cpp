@@ -5,8 +5,8 @@
 #include <memory>
 #include <sstream>
 
+#include "pallomir/session/parameter_catalogue.h"
 #include "raw_files.h"
-#include "session/parameter_catalogue.h"
 #include "support/refusal.h"
 #include "tools/sample/curves.h"
 #include "tools/sample/make_sample.h"
@@ -19,7 +19,7 @@ using namespace pallomir::testing;
 
 ImportReport Make(const TemporaryFolder& folder, const std::string& name, uint64_t spikes, uint64_t seed = 1) {
   std::ostringstream said;
-  Progress progress(said, false);
+  ProgressBar progress(said, false);
   return MakeSample({folder / name, spikes, seed}, progress);
 }
 
@@ -95,7 +95,7 @@ TEST(SampleFolder, ThatHoldsAnythingIsLeftAlone) {
   EXPECT_EQ(Refusal([&] { Make(folder, "sample", 10); }).find("The folder " + folder / "sample" + " is not empty"), 0);
   EXPECT_FALSE(std::filesystem::exists(folder / "sample/raw"));
   std::ostringstream said;
-  Progress progress(said, false);
+  ProgressBar progress(said, false);
   MakeSample({.Folder = folder / "sample", .Spikes = 10, .Replace = true}, progress);
   EXPECT_EQ(ParameterRows(folder / "sample/TT1/TT1.Ntt.parms").Count(), 10);
   std::filesystem::remove(folder / "sample/raw/VT1.Nvt");

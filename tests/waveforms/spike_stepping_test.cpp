@@ -1,4 +1,4 @@
-#include "waveforms/spike_stepping.h"
+#include "pallomir/waveforms/spike_stepping.h"
 
 #include <gtest/gtest.h>
 

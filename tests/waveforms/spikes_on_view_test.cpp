@@ -1,9 +1,9 @@
-#include "waveforms/spikes_on_view.h"
+#include "pallomir/waveforms/spikes_on_view.h"
 
 #include <gtest/gtest.h>
 
-#include "files/bytes.h"
-#include "projection/draw_points.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/projection/draw_points.h"
 #include "support/temporary_folder.h"
 
 namespace pallomir {

@@ -1,11 +1,11 @@
-#include "waveforms/waveform_picture.h"
+#include "pallomir/waveforms/waveform_picture.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 
-#include "projection/draw_points.h"
+#include "pallomir/projection/draw_points.h"
 
 namespace pallomir {
 namespace {

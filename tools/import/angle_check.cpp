@@ -5,7 +5,8 @@
 #include <limits>
 #include <numbers>
 
-#include "components/tracking.h"
+#include "pallomir/recorded/angle_header.h"
+#include "pallomir/science/tracking.h"
 #include "tools/figures.h"
 
 namespace pallomir {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "components/position_file.h"
+#include "pallomir/recorded/position_file.h"
 
 namespace pallomir {
 

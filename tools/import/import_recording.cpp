@@ -3,11 +3,11 @@
 #include <cmath>
 #include <optional>
 
-#include "files/error.h"
-#include "files/number_text.h"
-#include "files/platform.h"
-#include "files/raw_header.h"
-#include "files/text_header.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/files/text_header.h"
 #include "tools/import/output_file.h"
 #include "tools/import/position_file.h"
 #include "tools/import/spike_writer.h"
@@ -28,7 +28,7 @@ RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, s
 }
 
 /// A copy byte by byte, also of what is not a whole record.
-void CopyFile(const std::string& source, OutputFile& to, Progress& progress) {
+void CopyFile(const std::string& source, OutputFile& to, ProgressBar& progress) {
   FileReader from(source);
   std::vector<unsigned char> block(kCopySize);
   progress.Begin("bytes copied", from.Length());
@@ -65,7 +65,7 @@ struct RawRecording {
 
 /// Reads all but the waveforms.
 ImportReport LookThrough(const ImportRequest& request, RawRecording& raw, const RecordOrder& order,
-                         Progress& progress) {
+                         ProgressBar& progress) {
   ImportReport report;
   report.SpikesName = raw.Spikes.Name();
   report.Spikes = order.Stamps();
@@ -120,7 +120,7 @@ std::vector<std::string> SourcesOf(const ImportRequest& request) {
 
 }  // namespace
 
-ImportReport ImportRecording(const ImportRequest& request, Progress& progress) {
+ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress) {
   if (!(request.PixelsPerCm >= 0) || !std::isfinite(request.PixelsPerCm))
     throw CommandError("Pixels per cm must be a number above 0, not " + DoubleText(request.PixelsPerCm) + ".");
   RawRecording raw(request);

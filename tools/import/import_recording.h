@@ -6,7 +6,7 @@
 
 #include "tools/import/angle_check.h"
 #include "tools/import/tracking.h"
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 
 namespace pallomir {
 
@@ -51,6 +51,6 @@ struct ImportReport {
 /// Every file is put in place whole or not at all; what stands there already is judged as PutInPlace() says. Throws
 /// CommandError when a file cannot be read or written, or is of another kind than its place in the request asks for,
 /// and Interrupted when the user stops it.
-ImportReport ImportRecording(const ImportRequest& request, Progress& progress);
+ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress);
 
 }  // namespace pallomir

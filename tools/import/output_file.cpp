@@ -6,11 +6,11 @@
 #include <set>
 #include <thread>
 
-#include "files/error.h"
-#include "files/folder_lock.h"
-#include "files/platform.h"
-#include "files/text_header.h"
-#include "tools/progress.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/folder_lock.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/text_header.h"
+#include "tools/progress_bar.h"
 
 namespace pallomir {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "files/file_reader.h"
-#include "files/save_file.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/save_file.h"
 
 namespace pallomir {
 

@@ -2,8 +2,9 @@
 
 #include <cmath>
 
-#include "files/number_text.h"
-#include "files/text_header.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/recorded/angle_header.h"
 
 namespace pallomir {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "components/position_file.h"
+#include "pallomir/recorded/position_file.h"
 #include "tools/import/output_file.h"
 
 namespace pallomir {

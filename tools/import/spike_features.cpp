@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "files/bytes.h"
-#include "files/parameter_header.h"
-#include "session/parameter_catalogue.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/session/parameter_catalogue.h"
 
 namespace pallomir {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "files/raw_layout.h"
+#include "pallomir/files/raw_layout.h"
 
 namespace pallomir {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "files/bytes.h"
-#include "files/parameter_header.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/recorded/waveform_file.h"
 #include "tools/import/spike_features.h"
-#include "waveforms/waveform_file.h"
 
 namespace pallomir {
 
@@ -37,7 +37,7 @@ std::optional<Place> PlaceAt(const SeenPlaces& places, uint64_t stamp) {
 }  // namespace
 
 uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
-                     OutputFile& waveforms, Progress& progress) {
+                     OutputFile& waveforms, ProgressBar& progress) {
   // What the channels of this file do not fill stays zero in every block.
   std::vector<unsigned char> raw(kBlockRecords * spikes.Layout().RecordBytes);
   std::vector<unsigned char> rows(kBlockRecords * kRowBytes);

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "components/tracking.h"
-#include "files/raw_file.h"
+#include "pallomir/files/raw_file.h"
+#include "pallomir/science/tracking.h"
 #include "tools/import/output_file.h"
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 #include "tools/raw/record_order.h"
 
 namespace pallomir {
@@ -12,6 +12,6 @@ namespace pallomir {
 /// the one and record r of the other are the same spike. Returns how many spikes have a tracked place. Throws
 /// CommandError when reading or writing fails.
 uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
-                     OutputFile& waveforms, Progress& progress);
+                     OutputFile& waveforms, ProgressBar& progress);
 
 }  // namespace pallomir

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "components/position_video.h"
+#include "pallomir/recorded/position_video.h"
 
 namespace pallomir {
 
@@ -25,7 +25,7 @@ void FindGaps(Tracking& tracking) {
 
 }  // namespace
 
-Tracking ReadTracking(RawFile& file, Progress& progress) {
+Tracking ReadTracking(RawFile& file, ProgressBar& progress) {
   Tracking tracking;
   tracking.Samples.Name = file.Name();
   tracking.Samples.Angles = kVideoAngles;

@@ -2,9 +2,9 @@
 
 #include <cstdint>
 
-#include "components/tracking.h"
-#include "files/raw_file.h"
-#include "tools/progress.h"
+#include "pallomir/files/raw_file.h"
+#include "pallomir/science/tracking.h"
+#include "tools/progress_bar.h"
 #include "tools/raw/stamp_series.h"
 
 namespace pallomir {
@@ -21,7 +21,7 @@ struct Tracking {
 };
 
 /// Reads a video file; 32 to 64 bytes of memory a frame. Throws CommandError when the file cannot be read.
-Tracking ReadTracking(RawFile& file, Progress& progress);
+Tracking ReadTracking(RawFile& file, ProgressBar& progress);
 
 /// The frame rate that the VideoSampling file is to name, 30 or 60: the one nearer to `frameRate`.
 int VideoSampling(double frameRate);

@@ -1,15 +1,15 @@
 #include "tools/info/describe_file.h"
 
-#include "files/error.h"
-#include "files/file_reader.h"
-#include "files/file_utility.h"
-#include "files/number_text.h"
-#include "files/raw_file.h"
-#include "files/raw_header.h"
-#include "files/text_case.h"
-#include "files/text_header.h"
-#include "files/text_items.h"
-#include "files/text_lines.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/raw_file.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/files/text_case.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/files/text_items.h"
+#include "pallomir/files/text_lines.h"
 #include "tools/figures.h"
 #include "tools/info/facts.h"
 
@@ -54,7 +54,7 @@ const RawLayout* LayoutByHeader(std::string_view header) {
 
 }  // namespace
 
-std::string DescribeFile(std::string_view path, Progress& progress) {
+std::string DescribeFile(std::string_view path, ProgressBar& progress) {
   const std::string extension = FileUtility::GetExtension(path);
   if (const RawLayout* layout = LayoutByExtension(path)) return DescribeRaw(path, *layout, progress);
   if (SameButForCase(extension, "parms")) return DescribeParameters(path, progress);

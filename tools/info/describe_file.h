@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "files/raw_layout.h"
-#include "tools/progress.h"
+#include "pallomir/files/raw_layout.h"
+#include "tools/progress_bar.h"
 
 namespace pallomir {
 
@@ -13,12 +13,12 @@ namespace pallomir {
 /// .Nev, .Nvt), parameter files, waveform files, Pos.p, VideoSampling, and our text files.
 ///
 /// Throws CommandError when the file cannot be read or is none of these.
-std::string DescribeFile(std::string_view path, Progress& progress);
+std::string DescribeFile(std::string_view path, ProgressBar& progress);
 
 // One kind each; DescribeFile calls them.
-std::string DescribeRaw(std::string_view path, const RawLayout& layout, Progress& progress);
-std::string DescribeParameters(std::string_view path, Progress& progress);
-std::string DescribeWaveforms(std::string_view path, Progress& progress);
+std::string DescribeRaw(std::string_view path, const RawLayout& layout, ProgressBar& progress);
+std::string DescribeParameters(std::string_view path, ProgressBar& progress);
+std::string DescribeWaveforms(std::string_view path, ProgressBar& progress);
 std::string DescribePositions(std::string_view path);
 
 }  // namespace pallomir

@@ -2,15 +2,15 @@
 #include <array>
 #include <vector>
 
-#include "files/bytes.h"
-#include "files/error.h"
-#include "files/file_reader.h"
-#include "files/parameter_header.h"
-#include "session/parameter_catalogue.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/parameter_header.h"
+#include "pallomir/recorded/waveform_file.h"
+#include "pallomir/session/parameter_catalogue.h"
 #include "tools/figures.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
-#include "waveforms/waveform_file.h"
 
 namespace pallomir {
 
@@ -21,7 +21,7 @@ constexpr int kChannels = 32;
 
 /// Calls use(record) for every whole record of `size` bytes behind `header`; returns how many bytes are left over.
 template <class Use>
-uint64_t ForEachRecord(FileReader& file, uint64_t header, size_t size, Progress& progress, Use use) {
+uint64_t ForEachRecord(FileReader& file, uint64_t header, size_t size, ProgressBar& progress, Use use) {
   std::vector<unsigned char> block(kBlockBytes / size * size);
   const uint64_t end = file.Length() - (file.Length() - header) % size;
   progress.Begin("bytes", end);
@@ -67,7 +67,7 @@ std::string ChannelsText(const std::array<bool, kChannels>& recorded) {
 
 }  // namespace
 
-std::string DescribeParameters(std::string_view path, Progress& progress) {
+std::string DescribeParameters(std::string_view path, ProgressBar& progress) {
   FileReader file(path);
   const long header = ParameterHeaderLength(file);
   if (header < 0) throw CommandError(file.Name() + " is not a parameter file: its rows cannot be found.");
@@ -90,7 +90,7 @@ std::string DescribeParameters(std::string_view path, Progress& progress) {
   return facts.Text();
 }
 
-std::string DescribeWaveforms(std::string_view path, Progress& progress) {
+std::string DescribeWaveforms(std::string_view path, ProgressBar& progress) {
   FileReader file(path);
   uint64_t records = 0;
   std::array<bool, kWaveformBlocks> recorded{};

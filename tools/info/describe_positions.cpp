@@ -1,18 +1,19 @@
 #include <algorithm>
 #include <cmath>
 
-#include "components/position_file.h"
-#include "components/position_text.h"
-#include "files/file_reader.h"
-#include "files/number_text.h"
-#include "files/text_header.h"
-#include "session/quiet_world.h"
-#include "session/work_pace.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/recorded/angle_header.h"
+#include "pallomir/recorded/position_file.h"
+#include "pallomir/recorded/position_text.h"
+#include "pallomir/session/quiet_world.h"
+#include "pallomir/session/work_pace.h"
 #include "tools/figures.h"
 #include "tools/import/angle_check.h"
 #include "tools/info/describe_file.h"
 #include "tools/info/facts.h"
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 
 namespace pallomir {
 

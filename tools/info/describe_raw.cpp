@@ -1,9 +1,9 @@
 #include <algorithm>
 #include <map>
 
-#include "files/number_text.h"
-#include "files/raw_file.h"
-#include "files/raw_header.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/raw_file.h"
+#include "pallomir/files/raw_header.h"
 #include "tools/figures.h"
 #include "tools/import/angle_check.h"
 #include "tools/import/tracking.h"
@@ -41,7 +41,7 @@ void AddScale(Facts& facts, const RawFile& file) {
   if (!scales.empty()) facts.Add("scale", scales + " microvolts a count");
 }
 
-void AddSpikes(Facts& facts, RawFile& file, Progress& progress) {
+void AddSpikes(Facts& facts, RawFile& file, ProgressBar& progress) {
   StampSeries stamps;
   std::map<uint32_t, uint64_t> cells;
   file.ForEachRecord(progress, [&](const unsigned char* record, uint64_t) {
@@ -58,7 +58,7 @@ std::string FieldText(const unsigned char* bytes, size_t size) {
   return std::string(bytes, std::find(bytes, bytes + size, 0));
 }
 
-void AddEvents(Facts& facts, RawFile& file, Progress& progress) {
+void AddEvents(Facts& facts, RawFile& file, ProgressBar& progress) {
   StampSeries stamps;
   std::map<std::string, uint64_t> texts;
   uint64_t others = 0;
@@ -75,7 +75,7 @@ void AddEvents(Facts& facts, RawFile& file, Progress& progress) {
   if (others > 0) facts.Add("event", CountText(others) + " with other texts");
 }
 
-void AddFrames(Facts& facts, RawFile& file, Progress& progress) {
+void AddFrames(Facts& facts, RawFile& file, ProgressBar& progress) {
   const Tracking tracking = ReadTracking(file, progress);
   facts.AddStamps(tracking.Stamps, "frames");
   if (tracking.FrameRate > 0)
@@ -94,7 +94,7 @@ void AddFrames(Facts& facts, RawFile& file, Progress& progress) {
 
 }  // namespace
 
-std::string DescribeRaw(std::string_view path, const RawLayout& layout, Progress& progress) {
+std::string DescribeRaw(std::string_view path, const RawLayout& layout, ProgressBar& progress) {
   RawFile file(path, layout);
   Facts facts(file.Name() + ": " + std::string(layout.Records));
   AddRecords(facts, file);

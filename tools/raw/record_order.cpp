@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-RecordOrder::RecordOrder(RawFile& file, Progress& progress) {
+RecordOrder::RecordOrder(RawFile& file, ProgressBar& progress) {
   file.ForEachRecord(progress, [&](const unsigned char* record, uint64_t) { stamps_.Add(file.StampOf(record)); });
   if (stamps_.Disordered == 0) return;
   entries_.reserve(static_cast<size_t>(file.RecordCount()));

@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include "files/raw_file.h"
-#include "tools/progress.h"
+#include "pallomir/files/raw_file.h"
+#include "tools/progress_bar.h"
 #include "tools/raw/stamp_series.h"
 
 namespace pallomir {
@@ -12,7 +12,7 @@ namespace pallomir {
 class RecordOrder {
  public:
   /// Goes through the file's stamps. Memory is taken, 16 bytes a record, only when they are out of order.
-  RecordOrder(RawFile& file, Progress& progress);
+  RecordOrder(RawFile& file, ProgressBar& progress);
 
   const StampSeries& Stamps() const { return stamps_; }
 

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "files/mixing_generator.h"
+#include "pallomir/files/mixing_generator.h"
 
 namespace pallomir {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "files/error.h"
-#include "files/platform.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/platform.h"
 #include "tools/import/output_file.h"
 #include "tools/sample/sample_files.h"
 
@@ -37,7 +37,7 @@ void RefuseUsedFolder(const std::filesystem::path& folder) {
 
 }  // namespace
 
-ImportReport MakeSample(const SampleRequest& request, Progress& progress) {
+ImportReport MakeSample(const SampleRequest& request, ProgressBar& progress) {
   if (!request.Replace) RefuseUsedFolder(PlatformPath(request.Folder));
   const std::filesystem::path raw = PlatformPath(request.Folder) / "raw";
   MakeFolder(raw);

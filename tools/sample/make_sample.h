@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tools/import/import_recording.h"
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 
 namespace pallomir {
 
@@ -20,6 +20,6 @@ struct SampleRequest {
 /// raw/VT1.Nvt and raw/Events.Nev in `Folder`) and imports that into `Folder`. Six cells fire, the rest is multi-unit
 /// noise. The same seed gives the same bytes everywhere. Throws CommandError when the folder holds something and need
 /// not be replaced, or a file cannot be written, and Interrupted when the user stops it.
-ImportReport MakeSample(const SampleRequest& request, Progress& progress);
+ImportReport MakeSample(const SampleRequest& request, ProgressBar& progress);
 
 }  // namespace pallomir

@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <array>
 
-#include "files/bytes.h"
-#include "files/raw_header.h"
-#include "files/raw_layout.h"
-#include "files/save_file.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/files/raw_layout.h"
+#include "pallomir/files/save_file.h"
 #include "tools/sample/sample_files.h"
 
 namespace pallomir {

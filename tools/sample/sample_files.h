@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/progress.h"
+#include "tools/progress_bar.h"
 #include "tools/sample/cells.h"
 
 namespace pallomir {
@@ -18,10 +18,10 @@ inline constexpr double kSamplePixelsPerCm = 4;
 /// The cells' spikes and as much multi-unit noise, evenly spread, as makes `spikes` together. The cell number of a
 /// record is the true one, 0 for noise.
 void WriteSampleSpikes(const std::string& path, const std::vector<CellSpike>& cellSpikes, uint64_t spikes,
-                       uint64_t microseconds, Draws draws, Progress& progress);
+                       uint64_t microseconds, Draws draws, ProgressBar& progress);
 
 /// Frames at about 30 Hz that wander, some lost, with two gaps of seconds.
-void WriteSampleVideo(const std::string& path, const std::vector<WalkStep>& walk, Draws draws, Progress& progress);
+void WriteSampleVideo(const std::string& path, const std::vector<WalkStep>& walk, Draws draws, ProgressBar& progress);
 
 /// Start and end of the recording and of three epochs, and TTL pulses.
 void WriteSampleEvents(const std::string& path, uint64_t microseconds);

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "files/bytes.h"
-#include "files/raw_header.h"
-#include "files/save_file.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/files/save_file.h"
 #include "tools/sample/sample_files.h"
 #include "tools/sample/spike_shapes.h"
 
@@ -79,7 +79,7 @@ SpikeShape NoiseShape(Draws& draws) {
 /// Collects spikes into records and writes them in blocks.
 class SpikeFileWriter {
  public:
-  SpikeFileWriter(const std::string& path, Progress& progress)
+  SpikeFileWriter(const std::string& path, ProgressBar& progress)
       : file_(path), progress_(progress), block_(kBlockRecords * kTetrodeLayout.RecordBytes) {
     file_.Write(SpikesHeader());
   }
@@ -104,7 +104,7 @@ class SpikeFileWriter {
   }
 
   SaveFile file_;
-  Progress& progress_;
+  ProgressBar& progress_;
   WaveformMaker maker_;
   std::vector<unsigned char> block_;
   size_t filled_ = 0;
@@ -126,7 +126,7 @@ void DrawNoiseTimes(uint64_t begin, uint64_t remaining, uint64_t milliseconds, D
 }  // namespace
 
 void WriteSampleSpikes(const std::string& path, const std::vector<CellSpike>& cellSpikes, uint64_t spikes,
-                       uint64_t microseconds, Draws draws, Progress& progress) {
+                       uint64_t microseconds, Draws draws, ProgressBar& progress) {
   SpikeFileWriter writer(path, progress);
   const size_t fromCells = static_cast<size_t>(std::min<uint64_t>(cellSpikes.size(), spikes));
   uint64_t noiseLeft = spikes - fromCells;

@@ -2,10 +2,10 @@
 #include <array>
 #include <cmath>
 
-#include "files/bytes.h"
-#include "files/raw_header.h"
-#include "files/raw_layout.h"
-#include "files/save_file.h"
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/raw_header.h"
+#include "pallomir/files/raw_layout.h"
+#include "pallomir/files/save_file.h"
 #include "tools/sample/sample_files.h"
 
 namespace pallomir {
@@ -66,7 +66,7 @@ void StoreFrame(uint64_t time, const WalkStep* step, Draws& draws, unsigned char
 
 }  // namespace
 
-void WriteSampleVideo(const std::string& path, const std::vector<WalkStep>& walk, Draws draws, Progress& progress) {
+void WriteSampleVideo(const std::string& path, const std::vector<WalkStep>& walk, Draws draws, ProgressBar& progress) {
   SaveFile file(path);
   file.Write(MakeRawHeader("Pallomir sample recording: video tracking", {{"FileType", "Video"},
                                                                          {"RecordSize", "1828"},

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "files/raw_layout.h"
+#include "pallomir/files/raw_layout.h"
 #include "tools/sample/draws.h"
 
 namespace pallomir {

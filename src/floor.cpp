@@ -1,0 +1,2 @@
+// A program of one floor and those below it: see pallomir_floor().
+int main() {}

@@ -1,0 +1,46 @@
+#include "gui/controls/chosen_path.h"
+
+#include <filesystem>
+
+#include "pallomir/files/platform.h"
+
+namespace pallomir {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool Exists(const fs::path& path) {
+  std::error_code error;
+  return fs::exists(path, error);
+}
+
+QString TextOf(const fs::path& name) {
+  const std::u8string bytes = name.u8string();
+  return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+}
+
+/// The entry of a folder that the toolkit calls `name`, or that path itself unless there is exactly one.
+fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
+  const QString called = TextOf(name);
+  fs::path found;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    if (TextOf(entry->path().filename()) != called) continue;
+    if (!found.empty()) return folder / name;
+    found = entry->path();
+  }
+  return found.empty() ? folder / name : found;
+}
+
+}  // namespace
+
+std::string PathOf(const QString& chosen) {
+  const fs::path named(chosen.toStdU16String());
+  if (!chosen.contains(QChar::ReplacementCharacter)) return PathText(named);
+  fs::path path;
+  for (const fs::path& part : named) path = Exists(path / part) ? path / part : EntryCalled(path, part);
+  return PathText(path);
+}
+
+}  // namespace pallomir

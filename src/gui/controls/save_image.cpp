@@ -1,0 +1,43 @@
+#include "gui/controls/save_image.h"
+
+#include <QBuffer>
+#include <QCoreApplication>
+#include <chrono>
+#include <future>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/save_file.h"
+
+namespace pallomir {
+
+namespace {
+
+const CommandError kNoMemory("There is not enough memory for the picture.");
+
+}  // namespace
+
+QImage MakeImage(QSize size, QImage::Format format) {
+  QImage image(size, format);
+  if (image.isNull()) throw kNoMemory;
+  return image;
+}
+
+QByteArray PngOf(const QImage& image) {
+  std::future<QByteArray> encoded = std::async(std::launch::async, [&image] {
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!image.save(&buffer, "PNG")) throw kNoMemory;
+    return bytes;
+  });
+  while (encoded.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready) QCoreApplication::processEvents();
+  return encoded.get();
+}
+
+void SavePictureBytes(const QByteArray& bytes, std::string_view path) {
+  if (bytes.isEmpty()) throw kNoMemory;
+  SaveFile file(path);
+  file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));
+  file.Commit();
+}
+
+}  // namespace pallomir

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "pallomir/projection/view.h"
+
+namespace pallomir {
+
+/// The numbers and the name of an axis, in a strip beside the plot: there they hide no point.
+class AxisRuler : public QWidget {
+ public:
+  /// Below the plot, or to its left, where it is read from below.
+  AxisRuler(Qt::Orientation orientation, QWidget* parent);
+
+  /// A number and its place along the strip, from the plot's left or upper edge.
+  struct Mark {
+    double Place;
+    QString Text;
+  };
+  void Show(std::vector<Mark> marks, const QString& name);
+  void Clear() { Show({}, {}); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  Qt::Orientation orientation_;
+  std::vector<Mark> marks_;
+  QString name_;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,117 @@
+#include "gui/forms/cluster_panel.h"
+
+#include "gui/controls/toolkit_values.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr const char* kPageSheet = R"(
+QFrame#fraCL1to15, QFrame#fraCL16to30 { background: #0f0000; border-radius: 5px; }
+QLabel { color: #b9c1ce; }
+QCheckBox::indicator { width: 12px; height: 12px; border: 1px solid #8d97a8; border-radius: 3px; background: #20242c; }
+QCheckBox::indicator:hover, QCheckBox:focus { border-color: #ffffff; }
+QCheckBox::indicator:focus { border: 2px solid #ffffff; }
+QCheckBox::indicator:checked { background: #82aaff; border-color: #ffffff; image: url(:/icons/tick-dark.svg); }
+)";
+
+QLabel* ColumnHeading(const QString& text, const QString& toolTip) {
+  auto* label = new QLabel(text);
+  label->setAlignment(Qt::AlignCenter);
+  label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  label->setToolTip(toolTip);
+  return label;
+}
+
+}  // namespace
+
+ClusterPanel::ClusterPanel(QWidget* parent) : QWidget(parent) {
+  cmdToggleClusters = MakeButton("cmdToggleClusters", "CL 16-30", "Show Cluster 16-30 options");
+  fraCL1to15 = MakePage("fraCL1to15", 1);
+  fraCL16to30 = MakePage("fraCL16to30", 16);
+  fraCL16to30->hide();
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(4);
+  column->addLayout(Row({MakeHeading("Clusters"), nullptr, cmdToggleClusters}));
+  column->addWidget(fraCL1to15, 1);
+  column->addWidget(fraCL16to30, 1);
+}
+
+QFrame* ClusterPanel::MakePage(const QString& name, int firstCluster) {
+  auto* page = new QFrame;
+  page->setObjectName(name);
+  page->setAccessibleName(QString("Clusters %1 to %2").arg(firstCluster).arg(firstCluster + 14));
+  page->setStyleSheet(kPageSheet);
+  auto* grid = new QGridLayout(page);
+  grid->setContentsMargins(8, 4, 8, 6);
+  grid->setHorizontalSpacing(6);
+  grid->setVerticalSpacing(1);
+  grid->setRowMinimumHeight(0, fontMetrics().height() + 4);
+  grid->addWidget(ColumnHeading("Hide", "Do not draw the cluster"), 0, 1);
+  grid->addWidget(ColumnHeading("As 0", "Draw the cluster as unclustered points are drawn"), 0, 2);
+  grid->addWidget(ColumnHeading("Others", "Draw all other clusters as unclustered points are drawn"), 0, 3);
+  for (int line = 1; line <= 15; ++line) {
+    MakeRow(grid, line, firstCluster + line - 1);
+    grid->setRowMinimumHeight(line, fontMetrics().height());
+    grid->setRowStretch(line, 1);
+  }
+  grid->setColumnStretch(0, 1);
+  return page;
+}
+
+void ClusterPanel::MakeRow(QGridLayout* grid, int line, int c) {
+  const QString cluster = QString("Cluster %1").arg(c);
+  lblChooseCluster[c] = Named(new ClusterLabel(c, false), Indexed("lblChooseCluster", c), cluster,
+                              "Draw boundaries for " + cluster.toLower());
+  lblNewCluster[c] = Named(new ClusterLabel(c, true), Indexed("lblNewCluster", c), cluster + ", no boundary yet",
+                           "No boundary yet: choose " + cluster.toLower() + ", then draw one");
+  const auto box = [&](const QString& name, const QString& what) {
+    return Named(new QCheckBox, Indexed(name, c), cluster + ": " + what, cluster + ": " + what);
+  };
+  chkDisableClusterDisplay[c] = box("chkDisableClusterDisplay", "do not draw it");
+  chkDisplayClusterAsZero[c] = box("chkDisplayClusterAsZero", "draw it as unclustered points");
+  chkDisplayOtherClustersAsZero[c] = box("chkDisplayOtherClustersAsZero", "draw all others as unclustered points");
+  grid->addWidget(lblNewCluster[c], line, 0);
+  grid->addWidget(lblChooseCluster[c], line, 0);
+  grid->addWidget(chkDisableClusterDisplay[c], line, 1, Qt::AlignCenter);
+  grid->addWidget(chkDisplayClusterAsZero[c], line, 2, Qt::AlignCenter);
+  grid->addWidget(chkDisplayOtherClustersAsZero[c], line, 3, Qt::AlignCenter);
+  ShowRow(c, false);
+}
+
+void ClusterPanel::ShowRow(int c, bool shown) {
+  const QString tag = shown ? "1" : "0";
+  if (c == 0 || lblChooseCluster[c]->property("Tag") == tag) return;
+  // Focus goes along with the label that the user chose the cluster by.
+  const bool focused = lblNewCluster[c]->hasFocus() || lblChooseCluster[c]->hasFocus();
+  for (QWidget* control :
+       {static_cast<QWidget*>(chkDisableClusterDisplay[c]), static_cast<QWidget*>(chkDisplayClusterAsZero[c]),
+        static_cast<QWidget*>(chkDisplayOtherClustersAsZero[c]), static_cast<QWidget*>(lblChooseCluster[c])})
+    control->setVisible(shown);
+  lblNewCluster[c]->setVisible(!shown);
+  lblChooseCluster[c]->setProperty("Tag", tag);
+  if (focused) (shown ? lblChooseCluster[c] : lblNewCluster[c])->setFocus();
+}
+
+void ClusterPanel::Paint(const ByCluster<Colour>& colours, int chosen) {
+  for (int c = 1; c <= kClusters; ++c) {
+    const QColor colour = ScreenColour(colours[c]);
+    if (c == chosen) {
+      lblChooseCluster[c]->SetColours(colour, Qt::black);
+      lblNewCluster[c]->SetColours(colour, Qt::black);
+    } else {
+      lblChooseCluster[c]->SetColours(ScreenColour(kUnchosenBack), colour);
+      lblNewCluster[c]->SetColours(ScreenColour(kUnchosenBack), "#98a1b0");
+    }
+  }
+}
+
+void ClusterPanel::TogglePages() {
+  const bool first = fraCL1to15->isHidden();
+  fraCL1to15->setVisible(first);
+  fraCL16to30->setVisible(!first);
+  cmdToggleClusters->setText(first ? "CL16-30" : "CL 1- 15");
+}
+
+}  // namespace pallomir

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QtWidgets>
+#include <array>
+#include <functional>
+#include <vector>
+
+#include "pallomir/session/session.h"
+
+namespace pallomir {
+
+template <class Control>
+using EpochControls = std::array<Control*, kEpochs>;
+
+/// The thirty rows of an epoch table under their headings, fifteen on view. cmdNext, whose tag says which half is
+/// shown, switches between the halves.
+class EpochRows : public QScrollArea {
+ public:
+  struct Column {
+    QString Heading;
+    int Stretch;
+    /// Makes the control of row 0..29.
+    std::function<QWidget*(int)> Make;
+    /// The heading's object name, where it has one.
+    QString Name = {};
+  };
+  /// What cmdNext reads while the first and while the second half is shown.
+  EpochRows(const std::vector<Column>& columns, const QString& firstCaption, const QString& secondCaption);
+
+  QPushButton* cmdNext;
+
+ private:
+  void Show(bool first);
+
+  QString firstCaption_, secondCaption_;
+  std::array<std::vector<QWidget*>, kEpochs> rows_;
+};
+
+}  // namespace pallomir

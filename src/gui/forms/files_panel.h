@@ -1,0 +1,24 @@
+#pragma once
+
+#include "gui/controls/controls.h"
+
+namespace pallomir {
+
+/// The files in which a cut is kept, and leaving the program.
+class FilesPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FilesPanel(QWidget* parent);
+
+  QPushButton* cmdReadCBFile;
+  QLineEdit* txtCBFileRead;
+  QPushButton* cmdWriteCBFile;
+  QLineEdit* txtCBFileWrite;
+  QPushButton* cmdWriteClustFile;
+  QLineEdit* txtClustFile;
+  QPushButton* cmdSaveDefaults;
+  QPushButton* cmdExit;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDialog>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "gui/forms/epoch_rows.h"
+#include "pallomir/session/world.h"
+#include "pallomir/timesel/epoch_selection.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+
+namespace pallomir {
+
+/// "Load Multiple Epochs": the range that holds several epochs, and a picture of these alone.
+class LoadMultipleEpochsForm : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Throws CommandError for more than thirty items.
+  LoadMultipleEpochsForm(const Session& session, World& world, const std::vector<std::string>& items, QWidget* parent);
+
+  EpochChoices Choices() const;
+
+  /// The record ranges that a redraw is restricted to: those of the ticked rows, or none at all (the empty optional)
+  /// while points in between are displayed.
+  std::optional<std::vector<std::pair<float, float>>> RecordRanges() const;
+
+ signals:
+  void Load();
+  /// A tick or a record number has changed what the next redraw shows.
+  void SelectionChanged();
+
+ private:
+  void LayOut();
+  void chkSelectEpoch_Click(int row);
+
+  World& world_;
+  EpochControls<QCheckBox> chkSelectEpoch_;
+  EpochControls<QLineEdit> txtEpochLabel_, txtStart_, txtEnd_, txtStartID_, txtEndID_;
+  QCheckBox* chkDisplayInterEpochPoints_;
+};
+
+}  // namespace pallomir

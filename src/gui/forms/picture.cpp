@@ -1,0 +1,107 @@
+#include "gui/forms/picture.h"
+
+#include <QtGui>
+
+#include "gui/controls/save_image.h"
+#include "gui/controls/toolkit_values.h"
+#include "pallomir/projection/draw_points.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr Colour kWhite = 0xFFFFFF;
+constexpr QRgb kRim = 0xFF5A626E;
+
+}  // namespace
+
+Canvas CanvasOf(QImage& image) {
+  return {reinterpret_cast<uint32_t*>(image.bits()), image.width(), image.height(), image.bytesPerLine() / 4};
+}
+
+int AxisTickCount(double length) {
+  return static_cast<int>(length / 90);
+}
+
+namespace {
+
+/// Lines along the left and lower edge, with ticks.
+void DrawAxes(QImage& ground, const View& view, double ratio, QColor ink) {
+  const double width = view.Width / ratio, height = view.Height / ratio;
+  QPainter painter(&ground);
+  painter.scale(ratio, ratio);
+  painter.setPen(QPen(ink, 1));
+  painter.drawLine(QPointF(0.5, 0), QPointF(0.5, height));
+  painter.drawLine(QPointF(0, height - 0.5), QPointF(width, height - 0.5));
+  for (const Tick& tick : AxisTicks(view.Left, view.Right, AxisTickCount(width))) {
+    const double x = std::floor(view.PixelX(tick.Value) / ratio) + 0.5;
+    painter.drawLine(QPointF(x, height - 6), QPointF(x, height));
+  }
+  for (const Tick& tick : AxisTicks(view.Bottom, view.Top, AxisTickCount(height))) {
+    const double y = std::floor(view.PixelY(tick.Value) / ratio) + 0.5;
+    painter.drawLine(QPointF(0, y), QPointF(6, y));
+  }
+}
+
+void DrawBoundaries(QImage& ground, const Session& session, const View& view, double ratio) {
+  const Canvas canvas = CanvasOf(ground);
+  for (int c = 1; c <= kClusters; ++c) {
+    const Colour colour = session.Colours[c];
+    if (!session.Display[c] || (session.WhiteBackground && colour == kWhite)) continue;
+    const Cluster& cluster = session.Clusters[c];
+    for (int b = 0; b < cluster.BoundaryCount; ++b) {
+      const Boundary& boundary = cluster.Boundaries[b];
+      if (!OnView(session, boundary)) continue;
+      const std::span corners(boundary.Vertices.data(), static_cast<size_t>(boundary.VertexCount));
+      // On white a dark rim keeps light colours visible.
+      if (session.WhiteBackground) StrokePolygon(canvas, view, corners, true, 2.6 * ratio, kRim);
+      StrokePolygon(canvas, view, corners, true, 1.3 * ratio, ScreenColour(colour).rgb());
+    }
+  }
+}
+
+}  // namespace
+
+QImage MakeGround(const Session& session, const View& view, double pixelRatio, const GroundOptions& options) {
+  QImage ground = MakeImage({view.Width, view.Height}, QImage::Format_RGB32);
+  ground.fill(session.WhiteBackground ? Qt::white : Qt::black);
+  if (view.Drawable()) {
+    const QColor ink = session.WhiteBackground ? QColor(40, 48, 60) : QColor(214, 220, 230);
+    if (options.Axes) DrawAxes(ground, view, pixelRatio, ink);
+    if (options.Boundaries) DrawBoundaries(ground, session, view, pixelRatio);
+  }
+  ground.setDevicePixelRatio(pixelRatio);
+  return ground;
+}
+
+QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session) {
+  std::array<QRgb, 256> palette{};
+  for (int c = 0; c < kClusterSlots; ++c) palette[ColourCode(c)] = ScreenColour(session.Colours[c]).rgb();
+  QImage picture = MakeImage(ground.size(), ground.format());
+  picture.setDevicePixelRatio(ground.devicePixelRatio());
+  for (int y = 0; y < raster.Height(); ++y) {
+    auto* pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    const auto* under = reinterpret_cast<const QRgb*>(ground.constScanLine(y));
+    const auto codes = raster.Row(y);
+    for (int x = 0; x < raster.Width(); ++x) pixels[x] = codes[x] ? palette[codes[x]] : under[x];
+  }
+  return picture;
+}
+
+QImage PointsAlone(const Raster& raster, QColor colour) {
+  QImage picture = MakeImage({raster.Width(), raster.Height()}, QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < raster.Height(); ++y) {
+    auto* pixels = reinterpret_cast<QRgb*>(picture.scanLine(y));
+    const auto codes = raster.Row(y);
+    for (int x = 0; x < raster.Width(); ++x) pixels[x] = codes[x] ? colour.rgba() : 0;
+  }
+  return picture;
+}
+
+QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette) {
+  QImage image = MakeImage({traces.Width(), traces.Height()}, QImage::Format_RGB32);
+  traces.Paint(palette, reinterpret_cast<uint32_t*>(image.bits()), static_cast<size_t>(image.bytesPerLine() / 4));
+  return image;
+}
+
+}  // namespace pallomir

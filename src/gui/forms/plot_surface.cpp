@@ -1,0 +1,182 @@
+#include "gui/forms/plot_surface.h"
+
+#include <QtWidgets>
+
+#include "gui/forms/picture.h"
+#include "pallomir/projection/counted_part.h"
+
+namespace pallomir {
+
+PlotSurface::PlotSurface(QWidget* parent) : QWidget(parent) {
+  setMouseTracking(true);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::CrossCursor);
+  setMinimumSize(200, 200);
+}
+
+QSize PlotSurface::DeviceSize() const {
+  const QSizeF exact = QSizeF(size()) * devicePixelRatioF();
+  return exact.toSize().expandedTo(QSize(1, 1));
+}
+
+void PlotSurface::SetPicture(QImage picture, const View& view) {
+  SetBlank(std::move(picture), [view] { return view; });
+}
+
+void PlotSurface::SetBlank(QImage picture, std::function<View()> scale) {
+  scale_ = std::move(scale);
+  picture_ = std::move(picture);
+  picture_.setDevicePixelRatio(devicePixelRatioF());
+  composed_.reset();
+  update();
+}
+
+void PlotSurface::SetNotice(const QString& heading, const QStringList& lines) {
+  noticeHeading_ = heading;
+  noticeLines_ = lines;
+  update();
+}
+
+void PlotSurface::SetPolygon(std::optional<ShownPolygon> polygon) {
+  polygon_ = std::move(polygon);
+  composed_.reset();
+  update();
+}
+
+void PlotSurface::SetZoomAnchor(std::optional<Vertex> anchor) {
+  zoomAnchor_ = anchor;
+  update();
+}
+
+void PlotSurface::SetBlink(QImage image) {
+  blink_ = std::move(image);
+  update();
+}
+
+Vertex PlotSurface::ValueAt(QPointF position) const {
+  const double ratio = devicePixelRatioF();
+  const View scale = Scale();
+  return {static_cast<float>(scale.ValueX(position.x() * ratio)),
+          static_cast<float>(scale.ValueY(position.y() * ratio))};
+}
+
+QPointF PlotSurface::PositionOf(Vertex vertex) const {
+  const View scale = Scale();
+  const QPointF centre(scale.PixelX(vertex.X) + 0.5, scale.PixelY(vertex.Y) + 0.5);
+  return centre / devicePixelRatioF();
+}
+
+void PlotSurface::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  if (picture_.isNull()) {
+    painter.fillRect(rect(), Qt::black);
+    PaintNotice(painter);
+    return;
+  }
+  if (const View scale = Scale(); composed_ != scale) Compose(scale);
+  const QRectF whole(QPointF(), QSizeF(shown_.size()) / shown_.devicePixelRatio());
+  painter.drawImage(whole, shown_);
+  if (!blink_.isNull()) painter.drawImage(whole, blink_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PaintRubberBand(painter);
+  PaintZoomRectangle(painter);
+}
+
+void PlotSurface::PaintNotice(QPainter& painter) const {
+  QFont heading = font();
+  heading.setPointSizeF(heading.pointSizeF() * 1.4);
+  const int lineHeight = fontMetrics().lineSpacing() + 6;
+  int widest = QFontMetrics(heading).horizontalAdvance(noticeHeading_);
+  for (const QString& line : noticeLines_) widest = std::max(widest, fontMetrics().horizontalAdvance(line));
+  const int left = std::max((width() - widest) / 2, 10);
+  int baseline = height() / 2 - lineHeight * static_cast<int>(noticeLines_.size()) / 2;
+  painter.setFont(heading);
+  painter.setPen(QColor("#e8ebf1"));
+  painter.drawText(left, baseline, noticeHeading_);
+  painter.setFont(font());
+  painter.setPen(QColor("#a3adbd"));
+  baseline += lineHeight / 2;
+  for (const QString& line : noticeLines_) painter.drawText(left, baseline += lineHeight, line);
+}
+
+void PlotSurface::Compose(const View& scale) {
+  composed_ = scale;
+  shown_ = picture_;
+  if (!polygon_ || !scale.Drawable()) return;
+  const Boundary& shape = polygon_->Shape;
+  const std::span corners(shape.Vertices.data(), static_cast<size_t>(shape.VertexCount));
+  const PolygonFaults faults = FaultsOf(shape);
+  const double ratio = devicePixelRatioF();
+  const Canvas canvas = CanvasOf(shown_);
+  if (faults.Any()) ShadeCountedPart(canvas, scale, shape);
+  if (polygon_->Open) StrokePolygon(canvas, scale, corners, false, 1.5 * ratio, polygon_->Colour.rgb());
+  QPainter painter(&shown_);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QRectF near = QRectF(rect()).adjusted(-10, -10, 10, 10);
+  const auto ring = [&](int corner, double radius) {
+    const QPointF at = PositionOf(shape.Vertices[corner]);
+    if (near.contains(at)) painter.drawEllipse(at, radius, radius);
+  };
+  if (polygon_->Open) {
+    painter.setPen(polygon_->Colour);
+    painter.setBrush(polygon_->Colour);
+    for (int k = 0; k < shape.VertexCount; ++k) ring(k, 2);
+  }
+  painter.setBrush(Qt::NoBrush);
+  for (const QPen& pen : {QPen(QColor(60, 40, 0), 4), QPen(QColor(255, 176, 32), 2)}) {
+    painter.setPen(pen);
+    for (const int corner : faults.Inward) ring(corner, 7);
+    for (const int corner : faults.Repeated) ring(corner, 7);
+  }
+}
+
+void PlotSurface::PaintRubberBand(QPainter& painter) const {
+  if (!polygon_ || !polygon_->Open || !Scale().Drawable()) return;
+  const QPointF last = PositionOf(polygon_->Shape.Vertices[polygon_->Shape.VertexCount - 1]);
+  const auto seen = Clipped({last.x(), last.y(), pointer_.x(), pointer_.y()}, width(), height(), 2);
+  if (!seen) return;
+  painter.setPen(QPen(polygon_->Colour, 1, Qt::DashLine));
+  painter.drawLine(QPointF(seen->X0, seen->Y0), QPointF(seen->X1, seen->Y1));
+}
+
+void PlotSurface::PaintZoomRectangle(QPainter& painter) const {
+  if (!zoomAnchor_ || !Scale().Drawable()) return;
+  const QRectF rectangle = QRectF(PositionOf(*zoomAnchor_), pointer_).normalized();
+  painter.setPen(QPen(QColor(130, 170, 255), 1));
+  painter.setBrush(QColor(130, 170, 255, 40));
+  painter.drawRect(rectangle & QRectF(rect()).adjusted(-2, -2, 2, 2));
+}
+
+void PlotSurface::mousePressEvent(QMouseEvent* event) {
+  pointer_ = pressed_ = event->position();
+  emit Pressed(event->button(), ValueAt(pointer_));
+}
+
+void PlotSurface::mouseDoubleClickEvent(QMouseEvent* event) {
+  // The second press of a double click is no press of its own, unless the hand has moved on.
+  constexpr double kSamePlace = 2;
+  const QPointF moved = event->position() - pressed_;
+  if (std::max(std::abs(moved.x()), std::abs(moved.y())) > kSamePlace) mousePressEvent(event);
+}
+
+void PlotSurface::mouseMoveEvent(QMouseEvent* event) {
+  pointer_ = event->position();
+  if ((polygon_ && polygon_->Open) || zoomAnchor_) update();
+  emit Moved(ValueAt(pointer_));
+}
+
+void PlotSurface::mouseReleaseEvent(QMouseEvent* event) {
+  pointer_ = event->position();
+  emit Released(event->button(), ValueAt(pointer_));
+}
+
+void PlotSurface::leaveEvent(QEvent*) {
+  emit Left();
+}
+
+void PlotSurface::resizeEvent(QResizeEvent*) {
+  emit Resized();
+}
+
+}  // namespace pallomir

@@ -1,0 +1,170 @@
+#include <QtWidgets>
+
+#include "gui/controls/controls.h"
+#include "gui/controls/run_command.h"
+#include "gui/controls/toolkit_values.h"
+#include "gui/forms/projections.h"
+#include "pallomir/clusters/classify.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/projection/counted_part.h"
+
+// What the mouse and the keys do in the projection view, and what it says of that.
+
+namespace pallomir {
+
+namespace {
+
+/// How many points a cluster holds, and how many of them no picture shows.
+QString PointsHeld(const Session& session, int c) {
+  const QString held = FromText(Grouped(PointsInCluster(session, c))) + " points";
+  const int64_t unseen = PointsNotFinite(session, c);
+  return unseen == 0 ? held : held + QString(" (%1 with values that are not numbers)").arg(FromText(Grouped(unseen)));
+}
+
+}  // namespace
+
+void Projections::Say(const QString& text) {
+  message_->setText(text);
+  message_->setToolTip(PlainToolTip(text));
+}
+
+QString Projections::Hint() const {
+  const int c = session_.CurrentCluster;
+  const Cluster& cluster = session_.Clusters[c];
+  if (!PointsLoaded(session_)) return "Load points to see them here.";
+  if (!surface_->Scale().Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
+  if (slow_.isActive())
+    return "Drawing one point at a time, as many a second as Draw Speed says. Redraw or Enter shows all, Esc stops.";
+  for (const int p : {session_.XParameter, session_.YParameter})
+    if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
+      return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
+  const ProjectionOptions options = options_();
+  if (options.CenterArmed && (session_.XParameter != kPosX || session_.YParameter != kPosY))
+    return "For the centre of the maze show PosX against PosY first, then click it; Esc gives that up.";
+  if (options.CenterArmed)
+    return options.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
+                        : "Click the centre of the maze to write the center file; Esc gives that up.";
+  if (options.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+  if (open_ && FaultsOf(BoundaryOf(session_, *open_)).Any())
+    return QString("Cluster %1: %2 Esc takes it back.")
+        .arg(c)
+        .arg(FromText(FaultsOf(BoundaryOf(session_, *open_)).Sentence()));
+  if (open_)
+    return QString("Cluster %1: left click for the next corner, right click for the last one. Esc takes it back.")
+        .arg(c);
+  if (c == 0) return "Choose a cluster on the left, then click its corners here.";
+  if (cluster.BoundaryCount == 0)
+    return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
+  const QString points = PointsHeld(session_, c);
+  if (const Boundary* faulty = FaultyBoundary())
+    return QString("Cluster %1 holds %2. %3").arg(c).arg(points, FromText(FaultsOf(*faulty).Sentence()));
+  const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
+  const bool here = std::any_of(cluster.Boundaries.begin(), end,
+                                [this](const Boundary& boundary) { return OnView(session_, boundary); });
+  return QString(here ? "Cluster %1 holds %2. A polygon drawn here replaces its boundary; in another projection "
+                        "it narrows it."
+                      : "Cluster %1 holds %2. A polygon drawn here narrows it.")
+      .arg(c)
+      .arg(points);
+}
+
+void Projections::ShowHint() {
+  Say(Hint());
+}
+
+void Projections::ShowMode() {
+  surface_->setCursor(options_().Zoom ? Qt::SizeAllCursor : Qt::CrossCursor);
+  ShowHint();
+}
+
+void Projections::ShowCluster() {
+  const bool open = open_.has_value();
+  AbandonIfElsewhere(session_, open_);
+  ShowPolygon();
+  ShowHint();
+  if (open && !open_) Say("The open polygon was given up as drawn so far. Undo takes it back.");
+}
+
+void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
+  const ProjectionOptions options = options_();
+  if (options.Busy) return;
+  if (!PointsLoaded(session_) || !surface_->Scale().Drawable()) {
+    ShowHint();
+    return;
+  }
+  if (!options.Zoom) {
+    if (options.CenterArmed && button == Qt::LeftButton)
+      emit CenterChosen(at);
+    else
+      ClickCorner(at, button);
+    return;
+  }
+  if (button != Qt::LeftButton) return;
+  zoomAnchor_ = at;
+  surface_->SetZoomAnchor(zoomAnchor_);
+}
+
+void Projections::ClickCorner(Vertex at, Qt::MouseButton button) {
+  if (button != Qt::LeftButton && button != Qt::RightButton) return;
+  if (button == Qt::RightButton && !open_) return;
+  ClickOutcome outcome;
+  if (button == Qt::LeftButton)
+    outcome = AddVertex(session_, open_, at);
+  else if (!changeCut_([&](const Progress& progress) { outcome = ClosePolygon(session_, open_, at, progress); }))
+    return;
+  ShowPolygon();
+  emit BoundariesChanged();
+  if (outcome.Closed) Redraw();
+  ShowHint();
+  if (!outcome.Refused.empty()) Say(QString::fromStdString(outcome.Refused));
+}
+
+void Projections::Form_MouseMove(Vertex at) {
+  const QString place = QString("%1 = %2    %3 = %4")
+                            .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
+                                 QString::fromStdString(SingleText(at.X)),
+                                 QString::fromStdString(session_.ParameterNames[session_.YParameter]),
+                                 QString::fromStdString(SingleText(at.Y)));
+  pointer_->setText(place);
+}
+
+void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
+  if (!zoomAnchor_ || button != Qt::LeftButton) return;
+  const Vertex anchor = *zoomAnchor_;
+  const View scale = surface_->Scale();
+  zoomAnchor_.reset();
+  surface_->SetZoomAnchor({});
+  if (options_().Busy) return;
+  const bool dragged = std::abs(scale.PixelX(at.X) - scale.PixelX(anchor.X)) >= 1 &&
+                       std::abs(scale.PixelY(at.Y) - scale.PixelY(anchor.Y)) >= 1;
+  if (!dragged || !ZoomTo(session_, anchor, at)) {
+    ShowHint();
+    return;
+  }
+  Redraw();
+}
+
+void Projections::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Left:
+      emit StepAxes(-1, 0);
+      break;
+    case Qt::Key_Right:
+      emit StepAxes(1, 0);
+      break;
+    case Qt::Key_Up:
+      emit StepAxes(0, -1);
+      break;
+    case Qt::Key_Down:
+      emit StepAxes(0, 1);
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      if (slow_.isActive()) RunCommand(world_, [this] { Redraw(); });
+      break;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace pallomir

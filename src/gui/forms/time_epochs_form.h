@@ -1,0 +1,91 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "gui/controls/dialogs.h"
+#include "gui/forms/epoch_rows.h"
+#include "pallomir/session/world.h"
+#include "pallomir/timesel/epochs.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QPlainTextEdit;
+class QProgressBar;
+class QTextCursor;
+
+namespace pallomir {
+
+/// "Time Epochs": names up to thirty parts of the recording, with the events file at hand to find their times, and
+/// finds their spike records. It holds nothing between openings: each one starts from the items of cboEpochs.
+class TimeEpochs : public QDialog, public World {
+  Q_OBJECT
+
+ public:
+  /// Throws CommandError for more than thirty items.
+  TimeEpochs(Session& session, Dialogs& dialogs, const std::vector<std::string>& items, QWidget* parent);
+
+  // World
+  void ShowMessage(std::string_view text, std::string_view title) override;
+  void AppendMessage(std::string_view line) override;
+  void ShowProgress(double share) override;
+  void HideProgress() override;
+  bool PumpEvents() override;
+
+  /// Stops a search or a listing that is under way; false when none is.
+  bool StopWork();
+
+ signals:
+  /// The user is done: the items that cboEpochs is to hold.
+  void Done(const QStringList& items);
+  /// A search or a listing has ended.
+  void Idle();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  /// Esc and the close box: stops a search, else asks before changes are given up.
+  void reject() override;
+
+ private:
+  void LayOut();
+  void Connect();
+  /// Runs what may take long, with all but Stop and Esc shut off; `next` has the focus afterwards.
+  void Work(QWidget* next, const std::function<void()>& work);
+  void cmdLoadEventsFile_Click();
+  void ShowListing(std::string_view listing);
+  void TakeSelection(QLineEdit* box);
+  void cmdFindEventNumbers_Click();
+  void cmdSave_Click();
+  void cmdClear_Click();
+  void cmdCancel_Click();
+  /// Selects the stamp of the line that the cursor is on.
+  void SelectStamp(QTextCursor cursor);
+  EpochTable Typed() const;
+  void ShowRecords();
+  void ShowHint();
+  void ShowReport(bool shown);
+
+  Session& session_;
+  Dialogs& dialogs_;
+  const std::vector<std::string> before_;
+  EpochControls<QLineEdit> txtEpochLabel_, txtStart_, txtEnd_;
+  EpochControls<QLabel> lblRecords_;
+  EpochRows* rows_;
+  QLabel* lblEventsFile_;
+  QPlainTextEdit* txtEventsFile_;
+  QCheckBox* chkFilter_;
+  QWidget* commands_;
+  QWidget* report_;
+  QPlainTextEdit* txtEventIDProgress_;
+  QProgressBar* progress_;
+  QLabel* hint_;
+  bool busy_ = false;
+  bool stop_ = false;
+};
+
+}  // namespace pallomir

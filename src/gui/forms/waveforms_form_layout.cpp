@@ -1,0 +1,122 @@
+// The controls of the waveform viewer, and what happens on which event.
+
+#include <QtWidgets>
+
+#include "gui/controls/controls.h"
+#include "gui/controls/run_command.h"
+#include "gui/controls/titles.h"
+#include "gui/controls/toolkit_values.h"
+#include "gui/forms/plot_surface.h"
+#include "gui/forms/waveforms_form.h"
+
+namespace pallomir {
+
+void Waveforms::LayOut() {
+  setObjectName("Waveforms");
+  setWindowTitle(TitleWithTetrode("Waveforms", TetrodeOf(session_)));
+  surface_ = new PlotSurface(this);
+  surface_->setObjectName("waveforms");
+  surface_->setMinimumSize(300, 300);
+  surface_->setCursor(Qt::CrossCursor);
+  cmdBack_ = MakeButton("cmdBack", "◀", "One spike of the ticked clusters back (left arrow)");
+  cmdForward_ = MakeButton("cmdForward", "▶", "One spike of the ticked clusters forward (right arrow)");
+  cmdBack_->setAccessibleName("Back");
+  cmdForward_->setAccessibleName("Forward");
+  cmdShowAll_ = MakeButton("cmdShowAll", "Show &All", "Run through the spikes of the ticked clusters from here on");
+  cmdStop_ = MakeButton("cmdStop", "S&top", "End running through, or drawing again (Esc)");
+  auto* reset =
+      MakeButton("cmdResetToStart", "&Reset To Start", "Go back before the first spike, and clear the drawing");
+  auto* zoomOut = MakeButton("cmdZoomOut", "&Zoom Out", "Show all of the drawing. A drag on it zooms in.");
+  auto* clear = MakeButton("cmdClear", "&Clear", "Clear the drawing");
+  auto* save = MakeButton("cmdSavePicture", "Save picture", "Save the drawing as a picture (S)");
+  auto* leave = MakeButton("cmdExit", "E&xit", "Close this window");
+  chkOverlay_ = MakeCheckBox("chkOverlay", "&Overlay", "Draw waveforms over each other");
+  chkDigitalCheetah_ = MakeCheckBox("chkDigitalCheetah", "&Digital Cheetah",
+                                    "Draw the traces upside down, for recordings with inverted input");
+  cboHeight_ = Named(new QComboBox, "cboHeight", "Height",
+                     "How high the traces are drawn. 1 is for recordings of a few hundred counts.");
+  for (const int divisor : {1, 10, 50, 200})
+    cboHeight_->addItem(divisor == 1 ? QString("1") : QString("1/%1").arg(divisor), divisor);
+  connect(cboHeight_, &QComboBox::currentIndexChanged, this, [this] { DrawAgain(onView_.Picture().Area()); });
+  txtTimestamp_ = MakeTextBox("txtTimestamp", "Record", "The record number of the spike on view", 9);
+  txtTimestamp_->setReadOnly(true);
+  status_ = MakeLabel({});
+  status_->setObjectName("status");
+  status_->setProperty("quiet", true);
+  OnClick(cmdForward_, &Waveforms::cmdForward_Click);
+  OnClick(cmdBack_, &Waveforms::cmdBack_Click);
+  OnClick(cmdShowAll_, &Waveforms::cmdShowAll_Click);
+  OnClick(cmdStop_, &Waveforms::cmdStop_Click);
+  OnClick(reset, &Waveforms::cmdResetToStart_Click);
+  OnClick(zoomOut, &Waveforms::cmdZoomOut_Click);
+  OnClick(clear, &Waveforms::cmdClear_Click);
+  OnClick(save, &Waveforms::cmdSavePicture_Click);
+  connect(leave, &QPushButton::clicked, this, &QDialog::reject);
+  connect(chkDigitalCheetah_, &QCheckBox::toggled, this, [this] { DrawAgain(onView_.Picture().Area()); });
+
+  auto* commands = new QVBoxLayout;
+  commands->setSpacing(6);
+  commands->addLayout(Row({cmdBack_, cmdForward_}));
+  commands->addLayout(Row({MakeLabel("Record", txtTimestamp_), txtTimestamp_}));
+  commands->addLayout(Row({cmdShowAll_, cmdStop_}));
+  for (QWidget* control :
+       {static_cast<QWidget*>(reset), static_cast<QWidget*>(chkOverlay_), static_cast<QWidget*>(chkDigitalCheetah_)})
+    commands->addWidget(control);
+  commands->addLayout(Row({MakeLabel("&Height", cboHeight_), cboHeight_}));
+  commands->addLayout(Row({zoomOut, clear}));
+  commands->addWidget(MakeHeading("Clusters"));
+  commands->addWidget(MakeTicks(), 1);
+  commands->addLayout(Row({save, leave}));
+  auto* both = new QHBoxLayout;
+  both->setSpacing(10);
+  both->addLayout(commands);
+  both->addWidget(surface_, 1);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(10, 10, 10, 6);
+  column->setSpacing(4);
+  column->addLayout(both, 1);
+  column->addWidget(status_);
+  resize(720, 700);
+}
+
+QWidget* Waveforms::MakeTicks() {
+  auto* ticks = new QWidget;
+  auto* list = new QVBoxLayout(ticks);
+  list->setContentsMargins(4, 2, 4, 2);
+  list->setSpacing(2);
+  for (int c = 0; c < kTicks; ++c) {
+    const QString name = QString("Cluster %1").arg(c);
+    chkCluster_[c] = MakeCheckBox(Indexed("chkCluster", c), name,
+                                  c == 0 ? QString("Show spikes of no cluster") : "Show spikes of " + name.toLower());
+    if (c > 0 && c <= kClusters) {
+      QPixmap colour(10, 10);
+      colour.fill(ScreenColour(session_.ReferenceColours[c]));
+      chkCluster_[c]->setIcon(colour);
+    }
+    list->addWidget(chkCluster_[c]);
+  }
+  auto* scroll = new QScrollArea;
+  scroll->setWidget(ticks);
+  scroll->setWidgetResizable(true);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setMinimumWidth(ticks->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width() + 4);
+  return scroll;
+}
+
+void Waveforms::ConnectKeys() {
+  const auto onKey = [this](Qt::Key key, QPushButton* button) {
+    connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+  };
+  onKey(Qt::Key_Right, cmdForward_);
+  onKey(Qt::Key_Left, cmdBack_);
+  onKey(Qt::Key_S, findChild<QPushButton*>("cmdSavePicture"));
+}
+
+void Waveforms::OnClick(QPushButton* button, void (Waveforms::*handler)()) {
+  connect(button, &QPushButton::clicked, this, [this, handler] {
+    status_->clear();
+    RunCommand(world_, [this, handler] { (this->*handler)(); });
+  });
+}
+
+}  // namespace pallomir

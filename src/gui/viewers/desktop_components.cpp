@@ -1,0 +1,104 @@
+#include "gui/viewers/desktop_components.h"
+
+#include "gui/controls/titles.h"
+#include "gui/viewers/direction_window.h"
+#include "gui/viewers/map_window.h"
+#include "gui/viewers/train_windows.h"
+#include "pallomir/results/compute_direction.h"
+#include "pallomir/results/compute_maps.h"
+#include "pallomir/results/compute_trains.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Where a component works and shows.
+struct Desktop {
+  const Session& TheSession;
+  World& TheWorld;
+  Dialogs& TheDialogs;
+  QWidget* Parent;
+
+  /// A window is its own: it goes when it is closed, or with its parent.
+  template <class Window, class... More>
+  void Show(const std::string& title, const std::string& file, More... more) const {
+    const ResultTitle full{QString::fromStdString(title), TetrodeOf(TheSession)};
+    (new Window(Parent, TheDialogs, full, file, more...))->Present();
+  }
+};
+
+class DesktopMapEngine : public MapEngine {
+ public:
+  explicit DesktopMapEngine(const Desktop& desktop) : desktop_(desktop) {}
+
+  void ComputeRateMap(const std::string& clusterFile, const std::string& timeFile, const std::string& positionFile,
+                      const std::string& outputFile) override {
+    pallomir::ComputeRateMap(desktop_.TheWorld, clusterFile, timeFile, positionFile, outputFile);
+  }
+  void ComputeOccupancyMap(const std::string& clusterFile, const std::string& positionFile,
+                           const std::string& outputFile) override {
+    pallomir::ComputeOccupancyMap(desktop_.TheWorld, clusterFile, positionFile, outputFile);
+  }
+  void ComputeSpatialAutoCorr(const std::string& rateMapFile) override {
+    pallomir::ComputeSpatialAutoCorr(desktop_.TheWorld, rateMapFile);
+  }
+  /// The file tells by itself what kind of map it holds.
+  void ShowMap(const std::string& mapFile, const std::string&, const std::string& colours,
+               const std::string& title) override {
+    desktop_.Show<MapWindow>(title, mapFile, colours == "Gray" ? ColourScale::Gray : ColourScale::Even);
+  }
+
+ private:
+  Desktop desktop_;
+};
+
+class DesktopTrainPlot : public TrainPlot {
+ public:
+  explicit DesktopTrainPlot(const Desktop& desktop) : desktop_(desktop) {}
+
+  void PlotAutoCorr(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
+                    const std::string&, const std::string& title) override {
+    ComputeAutoCorr(desktop_.TheWorld, clusterFile, timeFile, outputFile);
+    desktop_.Show<AutocorrelationWindow>(title, outputFile);
+  }
+  void PlotLogISI(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
+                  const std::string&, const std::string& title) override {
+    ComputeLogISI(desktop_.TheWorld, clusterFile, timeFile, outputFile);
+    desktop_.Show<IntervalWindow>(title, outputFile);
+  }
+
+ private:
+  Desktop desktop_;
+};
+
+class DesktopDirectionPlot : public DirectionPlot {
+ public:
+  explicit DesktopDirectionPlot(const Desktop& desktop) : desktop_(desktop) {}
+
+  void ComputeDirection(const std::string& timeFile, const std::string& positionFile,
+                        const std::string& clusterFile) override {
+    pallomir::ComputeDirection(desktop_.TheWorld, timeFile, positionFile, clusterFile);
+  }
+  void ShowDirection(const std::string& directionFile, const std::string&, const std::string& title) override {
+    desktop_.Show<DirectionWindow>(title, directionFile);
+  }
+
+ private:
+  Desktop desktop_;
+};
+
+}  // namespace
+
+std::unique_ptr<MapEngine> DesktopComponents::MakeMapEngine() {
+  return std::make_unique<DesktopMapEngine>(Desktop{session_, world_, dialogs_, parent_});
+}
+
+std::unique_ptr<TrainPlot> DesktopComponents::MakeTrainPlot() {
+  return std::make_unique<DesktopTrainPlot>(Desktop{session_, world_, dialogs_, parent_});
+}
+
+std::unique_ptr<DirectionPlot> DesktopComponents::MakeDirectionPlot() {
+  return std::make_unique<DesktopDirectionPlot>(Desktop{session_, world_, dialogs_, parent_});
+}
+
+}  // namespace pallomir

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+
+#include "gui/viewers/result_window.h"
+
+namespace pallomir {
+
+/// A window of histograms, one above the other.
+class HistogramWindow : public ResultWindow {
+  Q_OBJECT
+
+ protected:
+  using ResultWindow::ResultWindow;
+
+  /// Bin k holds `Counts[k]` and reaches from `Edges[k]` to `Edges[k + 1]`, in milliseconds.
+  struct Histogram {
+    QVector<double> Edges;
+    QVector<double> Counts;
+    QString Counted;  ///< "pairs"
+    QString AxisLabel;
+    bool Logarithmic = false;
+  };
+  void AddHistogram(const Histogram& histogram);
+
+  /// A dashed upright line in the histogram that was added last, with words at its upper end.
+  void Mark(double milliseconds, const QString& words);
+
+  void Restyle(const PlotStyle& style) override;
+  QString ReadOut(QPointF at) const override;
+
+ private:
+  struct Panel {
+    QCPAxisRect* Rect;
+    QCPGraph* Bars;
+    Histogram Shown;
+  };
+  std::vector<Panel> panels_;
+};
+
+}  // namespace pallomir

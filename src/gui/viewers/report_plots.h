@@ -1,0 +1,30 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <span>
+
+#include "pallomir/analyses/report.h"
+
+namespace pallomir {
+
+// Fill the picture boxes of the report sheet. A plot without data says why.
+
+void PlotMap(QCustomPlot& plot, const MapResult& map);
+
+/// The animal's path in gray and the spikes on it, as the camera sees them.
+void PlotSpikesOnPath(QCustomPlot& plot, const Report& report);
+
+/// Gives the maps, once each has its place on the sheet, axes of one size. Empty ones stay as they are.
+void AlignMaps(std::span<QCustomPlot* const> plots);
+
+/// The average spike on each wire, with a band of one standard deviation.
+void PlotAverageWaveform(QCustomPlot& plot, const ClusterMeasures& measures);
+
+/// A value of each spike against time in minutes from the start of the time range. `range` is the whole axis, or
+/// invalid for that of the values.
+template <class Value>
+void PlotSeries(QCustomPlot& plot, const ClusterLines& spikes, const std::vector<Value>& values, const QString& label,
+                QCPRange range = {});
+
+}  // namespace pallomir

@@ -1,0 +1,19 @@
+#include "gui/viewers/report_source.h"
+
+#include "gui/controls/titles.h"
+#include "gui/viewers/report_form.h"
+#include "pallomir/analyses/report.h"
+#include "pallomir/files/platform.h"
+
+namespace pallomir {
+
+void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool, double) {
+  const Report report = MakeReport(world_, files, cluster_);
+  auto form = std::make_unique<ReportForm>(world_, dialogs_, parent_, TetrodeOf(session_), cluster_);
+  form->Show(report, QString("Cluster %1 - %2")
+                         .arg(cluster_)
+                         .arg(QString::fromStdString(PathText(PlatformPath(files.SpikeFile).filename()))));
+  form.release();  // its own now: it goes when it is closed, or with its parent
+}
+
+}  // namespace pallomir

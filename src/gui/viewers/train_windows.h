@@ -1,0 +1,26 @@
+#pragma once
+
+#include "gui/viewers/histogram_window.h"
+#include "pallomir/results/train_file.h"
+
+namespace pallomir {
+
+/// A spike train's autocorrelation, near (50 ms) above far (500 ms).
+class AutocorrelationWindow : public HistogramWindow {
+  Q_OBJECT
+
+ public:
+  /// Throws CommandError when the result file cannot be read.
+  AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
+};
+
+/// The intervals between spikes on a logarithmic scale.
+class IntervalWindow : public HistogramWindow {
+  Q_OBJECT
+
+ public:
+  /// Throws CommandError when the result file cannot be read.
+  IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
+};
+
+}  // namespace pallomir

@@ -1,0 +1,41 @@
+#include "pallomir/analyses/center_file.h"
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/files/text_items.h"
+
+namespace pallomir {
+
+std::string CenterFilePath(const Session& session, std::string_view name) {
+  return session.DataDirectory + "\\..\\" + std::string(name);
+}
+
+void WriteCenterFile(Session& session, World& world, std::string_view name, CenterPoint center) {
+  session.CenterX = center.X;
+  session.CenterY = center.Y;
+  if (name.empty()) throw CommandError("Error: Need to specify Center File Name");
+  const std::string x = SingleText(center.X), y = SingleText(center.Y);
+  SaveFile file(CenterFilePath(session, name));
+  file.Write(x + "," + y + "\r\n");
+  file.Commit();
+  world.AppendMessage("Done writing center file X=" + x + " Y=" + y);
+}
+
+std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
+  if (!FileUtility::FileExists(path)) return {};
+  // Two numbers need no more.
+  const std::string text = ReadText(path, 4096);
+  const std::string name = PathText(PlatformPath(path).filename());
+  TextItems items(text, name);
+  const float x = items.Single();
+  const float y = items.Single();
+  if (!items.AtEnd())
+    throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there is more than X and Y.");
+  return CenterPoint{x, y};
+}
+
+}  // namespace pallomir

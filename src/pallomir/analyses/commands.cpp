@@ -1,0 +1,127 @@
+#include "pallomir/analyses/commands.h"
+
+#include "pallomir/analyses/center_file.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/notes/cluster_notes.h"
+#include "pallomir/output/cluster_files.h"
+
+namespace pallomir {
+
+namespace {
+
+void RequireCluster(const Session& session) {
+  if (session.CurrentCluster == 0) throw CommandError("Error.  Must Choose a cluster first.");
+}
+
+void WriteTemporaryFiles(Session& session, const AnalysisTools& tools) {
+  session.TemporaryMode = true;
+  tools.WriteClusterFiles();
+}
+
+std::string PositionFile(const Session& session, const std::string& name) {
+  if (name.empty()) throw CommandError("Must specify a Position File");
+  std::string path = session.DataDirectory + "\\..\\" + name;
+  if (!FileUtility::FileExists(path)) throw CommandError(path + " is not present");
+  return path;
+}
+
+std::string Title(const Session& session) {
+  return "Cluster " + std::to_string(session.CurrentCluster);
+}
+
+void End(Session& session, const AnalysisTools& tools, const char* line) {
+  session.TemporaryMode = false;
+  tools.Outside.AppendMessage(line);
+}
+
+using PlotOperation = void (TrainPlot::*)(const std::string&, const std::string&, const std::string&,
+                                          const std::string&, const std::string&);
+
+void PlotTrain(Session& session, const AnalysisTools& tools, PlotOperation plot, const char* file, const char* done) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const auto component = tools.Parts.MakeTrainPlot();
+  ((*component).*plot)(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), session.DataDirectory + file,
+                       "Single", Title(session));
+  End(session, tools, done);
+}
+
+}  // namespace
+
+void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
+                 const std::string& colours) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.rmap";
+  const auto engine = tools.Parts.MakeMapEngine();
+  engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
+  engine->ShowMap(map, "Single", colours, Title(session));
+  End(session, tools, "Done Rate Map");
+}
+
+void ShowOccupancyMap(Session& session, const AnalysisTools& tools, const std::string& positionName) {
+  WriteTemporaryFiles(session, tools);
+  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.occ";
+  const auto engine = tools.Parts.MakeMapEngine();
+  engine->ComputeOccupancyMap(TemporaryClusterFilePath(session), positions, map);
+  engine->ShowMap(map, "Single", "Color", "Occupancy");
+  session.TemporaryMode = false;
+}
+
+void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std::string& positionName,
+                         const std::string& colours) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.rmap";
+  const auto engine = tools.Parts.MakeMapEngine();
+  engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
+  engine->ComputeSpatialAutoCorr(map);
+  engine->ShowMap(FileUtility::RemoveExtension(map) + ".2DAcorr", "2DCorr", colours, Title(session));
+  End(session, tools, "Done 2DAutoCorr");
+}
+
+void ShowAutoCorr(Session& session, const AnalysisTools& tools) {
+  PlotTrain(session, tools, &TrainPlot::PlotAutoCorr, "\\tmp.acorr", "Done Autocorr");
+}
+
+void ShowLogISI(Session& session, const AnalysisTools& tools) {
+  PlotTrain(session, tools, &TrainPlot::PlotLogISI, "\\tmp.isi", "Done LogISI");
+}
+
+void ShowDirection(Session& session, const AnalysisTools& tools, const std::string& positionName) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const std::string positions = PositionFile(session, positionName), times = TemporaryTimeFilePath(session);
+  const auto plot = tools.Parts.MakeDirectionPlot();
+  plot->ComputeDirection(times, positions, TemporaryClusterFilePath(session));
+  plot->ShowDirection(times + ".dir", "Single", Title(session));
+  End(session, tools, "Exit");
+}
+
+void ShowReport(Session& session, const AnalysisTools& tools, const std::string& positionName) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  const std::string positions = PositionFile(session, positionName), spikes = SpikeFilePath(session.File.Path);
+  if (!FileUtility::FileExists(spikes) || FileUtility::FileLength(spikes) < 1)
+    throw CommandError("Error.  Neuralynx .Ntt spike file is not present.");
+  tools.Parts.MakeSpikeSource()->ShowReport({spikes, TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
+                                             positions, CenterFilePath(session), NotesFilePath(session)},
+                                            "Display", false, 0);
+  session.TemporaryMode = false;
+}
+
+void ShowAvgWaveforms(Session& session, const AnalysisTools& tools) {
+  RequireCluster(session);
+  WriteTemporaryFiles(session, tools);
+  if (!FileUtility::FileExists("C:\\Silicon probe waveform testing\\waveform_files\\allRawWaveforms_A.waveforms"))
+    throw CommandError("Error.  The .Ntt Neuralynx spike file is not present");
+}
+
+std::string SpikeFilePath(const std::string& parameterFile) {
+  constexpr size_t kParms = 6;
+  return FileUtility::GetExtension(parameterFile) == "parms" ? parameterFile.substr(0, parameterFile.size() - kParms)
+                                                             : parameterFile;
+}
+
+}  // namespace pallomir

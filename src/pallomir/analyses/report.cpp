@@ -1,0 +1,100 @@
+#include "pallomir/analyses/report.h"
+#include "pallomir/session/work_pace.h"
+
+#include <functional>
+
+#include "pallomir/analyses/center_file.h"
+#include "pallomir/files/error.h"
+#include "pallomir/notes/cluster_notes.h"
+#include "pallomir/recorded/position_file.h"
+#include "pallomir/results/compute_direction.h"
+#include "pallomir/results/compute_maps.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr double kMicroseconds = 1e6;
+
+void AddRemark(Report& report, const std::string& sentence) {
+  if (!sentence.empty()) report.Remarks += (report.Remarks.empty() ? "" : " ") + sentence;
+}
+
+/// What only adds to the report is left out where it cannot be read, and said so.
+void WherePossible(Report& report, const std::function<void()>& add) {
+  try {
+    add();
+  } catch (const CommandError& error) {
+    AddRemark(report, error.what());
+  }
+}
+
+void AddPlaces(Report& report, const std::string& centerFile) {
+  report.Centre = MiddleOfTrackedArea(report.Path.X, report.Path.Y);
+  WherePossible(report, [&] {
+    const auto centre = ReadCenterFile(centerFile);
+    if (!centre) return;
+    report.Centre = {centre->X, centre->Y};
+    report.CentreGiven = true;
+  });
+  report.Places =
+      PlacesOfSpikes(SamplesOfSpikes(report.Path, report.Spikes.Time), report.Path.X, report.Path.Y, report.Centre);
+}
+
+std::string Counted(int64_t count, const char* one, const char* many) {
+  return std::to_string(count) + (count == 1 ? one : many);
+}
+
+void AddRemarks(Report& report, const std::string& whyNoDirection) {
+  AddRemark(report, UsageText(report.Rate.Used));
+  if (!report.CentreGiven)
+    AddRemark(report, "Angles are about the middle of the tracked area: no center file was read.");
+  if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel.");
+  if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // else it stands on the map
+  if (report.Spikes.WithoutHeight > 0)
+    AddRemark(report, Counted(report.Spikes.WithoutHeight, " spike has", " spikes have") +
+                          " a peak that is not a number, and no height.");
+  const ClusterMeasures& measures = report.Measures;
+  if (!measures.InMicrovolts) AddRemark(report, "The spike file does not say what a count is worth.");
+  if (measures.Missing > 0)
+    AddRemark(report, Counted(measures.Missing, " spike is", " spikes are") + " not in the spike file.");
+  if (measures.Ambiguous > 0)
+    AddRemark(report,
+              Counted(measures.Ambiguous, " record of the spike file shares", " records of the spike file share") +
+                  " a spike's stamp.");
+  if (measures.Unreadable > 0)
+    AddRemark(report, Counted(measures.Unreadable, " record of the spike file has", " records of the spike file have") +
+                          " no stamp that makes sense.");
+  if (measures.TrailingBytes > 0)
+    AddRemark(report, "The spike file ends with " +
+                          Counted(measures.TrailingBytes, " byte that is", " bytes that are") + " no whole record.");
+}
+
+}  // namespace
+
+Report MakeReport(World& world, const ReportFiles& files, int c) {
+  Report report;
+  const SpikeTimes spikes = ReadSpikeTimes(world, files.ClusterFile, files.TimeFile);
+  report.Spikes = ReadClusterLines(world, files.ClusterFile);
+  const Positions positions = ReadPositions(files.PositionFile, WorkPace(world));
+  report.Path = TrackWithin(positions, spikes.Range);
+  report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
+  report.Rate = RateMapOf(positions, report.Path, spikes);
+  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range);
+  const DirectionResult direction = DirectionOf(positions, report.Path, spikes);
+  report.Direction = direction.Tuning;
+  report.DirectionOfTravel = direction.OfTravel;
+  AddPlaces(report, files.CenterFile);
+  report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
+  const bool timed = spikes.Range.MakesSense();
+  const auto duration = timed ? static_cast<double>(spikes.Range.Last - spikes.Range.First) : 0.0;
+  report.Refractory = RefractoryFiguresOf(spikes.Times, duration, {.Censored = report.Measures.DeadTime});
+  if (duration > 0) report.MeanRate = static_cast<double>(spikes.Times.size()) / duration * kMicroseconds;
+  WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
+  AddRemarks(report, direction.Explanation);
+  if (!timed)
+    AddRemark(report, "An end of the time range is no time of a recording: rate and contamination are not told.");
+  return report;
+}
+
+}  // namespace pallomir

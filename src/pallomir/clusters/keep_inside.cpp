@@ -1,0 +1,131 @@
+#include "pallomir/clusters/keep_inside.h"
+
+#include <algorithm>
+#include <array>
+#include <numeric>
+
+#include "pallomir/files/platform.h"
+
+namespace pallomir {
+
+namespace {
+
+/// One edge, from (X, Y) by (Dx, Dy).
+struct Edge {
+  double X, Y, Dx, Dy;
+};
+
+using Edges = std::array<Edge, kVerticesPerBoundary>;
+
+/// The edges of a boundary, the closing one last. Single-precision coordinates differ exactly in double precision or
+/// are rounded as the one-point test rounds them.
+size_t EdgesOf(const Boundary& boundary, Edges& edges) {
+  const auto count = static_cast<size_t>(boundary.VertexCount);
+  for (size_t k = 0; k < count; ++k) {
+    const Vertex& from = boundary.Vertices[k];
+    const Vertex& to = boundary.Vertices[k + 1 < count ? k + 1 : 0];
+    edges[k] = {from.X, from.Y, double{to.X} - double{from.X}, double{to.Y} - double{from.Y}};
+  }
+  return count;
+}
+
+/// Points that pass through the edges together, four edges at a time: a pass stays in vectors and in the first-level
+/// cache. 1.6 ns a point for 5 edges; with a branch for each edge it is 12 ns.
+constexpr size_t kBlock = 256;
+constexpr size_t kEdgesAPass = 4;
+/// After so many passes the points that are rejected by then are left behind, if they are many.
+constexpr size_t kPassesBetweenSieves = 2;
+
+/// The state of a block. Each edge's cross product is multiplied by the one before it; the product is negative exactly
+/// when the two are of opposite sign (it cannot underflow: cross products of single-precision input are multiples of
+/// 2^-298), so the smallest product tells whether any pair of edges rejects the point.
+struct Block {
+  size_t Count;
+  std::array<double, kBlock> X, Y, Previous, Smallest;
+  std::array<uint16_t, kBlock> Place;  ///< of the point within the block as it came
+};
+
+template <size_t kEdges>
+PALLOMIR_HOT_PART void Pass(const Edge* first, Block& block) {
+  std::array<Edge, kEdges> edges;
+  std::copy_n(first, kEdges, edges.begin());
+  for (size_t i = 0; i < block.Count; ++i) {
+    const double x = block.X[i], y = block.Y[i];
+    double previous = block.Previous[i], smallest = block.Smallest[i];
+    for (const Edge& edge : edges) {
+      const double cross = (x - edge.X) * edge.Dy - edge.Dx * (y - edge.Y);
+      const double product = cross * previous;
+      smallest = product < smallest ? product : smallest;
+      previous = cross;
+    }
+    block.Previous[i] = previous;
+    block.Smallest[i] = smallest;
+  }
+}
+
+/// Marks the points that are rejected so far, and moves the others together.
+PALLOMIR_HOT_PART void Sieve(Block& block, uint8_t* inside) {
+  size_t kept = 0;
+  for (size_t i = 0; i < block.Count; ++i) {
+    const bool rejected = block.Smallest[i] < 0;
+    block.X[kept] = block.X[i];
+    block.Y[kept] = block.Y[i];
+    block.Previous[kept] = block.Previous[i];
+    block.Place[kept] = block.Place[i];
+    inside[block.Place[i]] = static_cast<uint8_t>(inside[block.Place[i]] & static_cast<int>(!rejected));
+    kept += !rejected;
+  }
+  block.Count = kept;
+  std::fill_n(block.Smallest.begin(), kept, 0);
+}
+
+PALLOMIR_HOT_LOOP
+void KeepInsideEdges(const Edge* edges, size_t edgeCount, const float* x, const float* y, size_t count,
+                     uint8_t* inside) {
+  Block block{};
+  for (size_t begin = 0; begin < count; begin += kBlock) {
+    block.Count = std::min(kBlock, count - begin);
+    const size_t all = block.Count;
+    for (size_t i = 0; i < all; ++i) block.X[i] = x[begin + i];
+    for (size_t i = 0; i < all; ++i) block.Y[i] = y[begin + i];
+    block.Previous.fill(0);
+    block.Smallest.fill(0);
+    const bool sieved = edgeCount > 2 * kPassesBetweenSieves * kEdgesAPass;
+    if (sieved) std::iota(block.Place.begin(), block.Place.end(), uint16_t{0});
+    size_t k = 0;
+    for (; k + kEdgesAPass <= edgeCount && block.Count > 0; k += kEdgesAPass) {
+      Pass<kEdgesAPass>(edges + k, block);
+      if (sieved && k / kEdgesAPass % kPassesBetweenSieves == 1) Sieve(block, inside + begin);
+    }
+    for (; k < edgeCount && block.Count > 0; ++k) Pass<1>(edges + k, block);
+    if (sieved) {
+      Sieve(block, inside + begin);
+      continue;
+    }
+    for (size_t i = 0; i < all; ++i)
+      inside[begin + i] = static_cast<uint8_t>(inside[begin + i] & static_cast<int>(!(block.Smallest[i] < 0)));
+  }
+}
+
+}  // namespace
+
+int16_t PointInBoundary(float x, float y, const Boundary& boundary) {
+  Edges edges;
+  const size_t count = EdgesOf(boundary, edges);
+  double previous = 0;
+  for (size_t k = 0; k < count; ++k) {
+    const Edge& edge = edges[k];
+    const double cross = (double{x} - edge.X) * edge.Dy - edge.Dx * (double{y} - edge.Y);
+    if ((cross < 0 && previous > 0) || (cross > 0 && previous < 0)) return 0;
+    previous = cross;
+  }
+  return 1;
+}
+
+void KeepInside(const Boundary& boundary, const float* x, const float* y, size_t count, uint8_t* inside) {
+  Edges edges;
+  const size_t edgeCount = EdgesOf(boundary, edges);
+  KeepInsideEdges(edges.data(), edgeCount, x, y, count, inside);
+}
+
+}  // namespace pallomir

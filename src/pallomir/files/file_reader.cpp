@@ -1,0 +1,62 @@
+#include "pallomir/files/file_reader.h"
+
+#include <algorithm>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_calls.h"
+#include "pallomir/files/platform.h"
+
+namespace pallomir {
+
+FileReader::FileReader(std::string_view path) {
+  const std::filesystem::path native = PlatformPath(path);
+  name_ = PathText(native.filename());
+  std::error_code error;
+  if (std::filesystem::is_directory(native, error)) throw CommandError(std::string(path) + " is a folder, not a file.");
+  if (!std::filesystem::exists(native, error)) throw CommandError(std::string(path) + " does not exist.");
+  // Opening a pipe would wait for its other end.
+  if (!std::filesystem::is_regular_file(native, error)) throw CommandError(std::string(path) + " is not a plain file.");
+  // Reads are large, so the stream's own buffer would only add a copy.
+  stream_.rdbuf()->pubsetbuf(nullptr, 0);
+  if (!Faulted(FileCall::Open)) stream_.open(native, std::ios::binary);
+  // Of the file that was opened: its name may stand for another one by now.
+  const auto end = stream_.is_open() ? stream_.seekg(0, std::ios::end).tellg() : std::streampos(-1);
+  if (end < 0) throw CommandError(std::string(path) + " cannot be opened for reading.");
+  length_ = static_cast<uint64_t>(end);
+}
+
+size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {
+  if (offset >= length_) return 0;
+  count = static_cast<size_t>(std::min<uint64_t>(count, length_ - offset));
+  stream_.clear();
+  stream_.seekg(static_cast<std::streamoff>(offset));
+  const bool there = stream_.good();
+  if (there) stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
+  // Fewer bytes than asked for are the end of the file only where the disk reports no fault.
+  if (!there || stream_.bad())
+    throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
+  return static_cast<size_t>(stream_.gcount());
+}
+
+void FileReader::Read(uint64_t offset, void* into, size_t count) {
+  const size_t got = ReadUpTo(offset, into, count);
+  if (got < count) throw CommandError(name_ + " ended early, at byte " + std::to_string(offset + got) + ".");
+}
+
+std::string ReadText(std::string_view path, size_t limit) {
+  FileReader file(path);
+  std::string text(static_cast<size_t>(std::min<uint64_t>(file.Length(), limit)), '\0');
+  text.resize(file.ReadUpTo(0, text.data(), text.size()));
+  return text;
+}
+
+std::string ReadText(std::string_view path) {
+  constexpr uint64_t kLargest = 256'000'000;
+  const uint64_t length = FileReader(path).Length();
+  if (length > kLargest)
+    throw CommandError(std::string(path) + " holds " + std::to_string(length / 1'000'000) +
+                       " MB, which is more than any file of its kind.");
+  return ReadText(path, kLargest);
+}
+
+}  // namespace pallomir

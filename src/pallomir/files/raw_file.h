@@ -1,0 +1,63 @@
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pallomir/files/bytes.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/raw_layout.h"
+
+namespace pallomir {
+
+/// The layout that a path's extension, in either case, stands for; nullptr when it stands for none.
+const RawLayout* LayoutByExtension(std::string_view path);
+
+/// A raw file opened for reading. A file that does not begin with "#" has no header; a piece of a record at its end is
+/// left out.
+class RawFile {
+ public:
+  /// Throws CommandError when the file cannot be opened, or its header names a record size other than the layout's.
+  RawFile(std::string_view path, const RawLayout& layout);
+
+  const RawLayout& Layout() const { return layout_; }
+  const std::string& Name() const { return file_.Name(); }
+  /// The header's bytes, as many as the file has of the 16384; empty when there is none.
+  const std::string& Header() const { return header_; }
+  uint64_t RecordCount() const { return records_; }
+  size_t TrailingBytes() const { return trailing_; }
+
+  /// Fills `into` with `count` records from record `first` on. Throws CommandError when they cannot be read.
+  void Read(uint64_t first, size_t count, unsigned char* into);
+
+  uint64_t StampOf(const unsigned char* record) const {
+    return LoadLittleEndian<uint64_t>(record + layout_.StampOffset);
+  }
+
+  /// Calls use(record, number) for every record in the order of the file, reading in large blocks. `progress` is told
+  /// with Begin(records, how many) what is read and with Reached(how many) how far that has come.
+  template <class Progress, class Use>
+  void ForEachRecord(Progress& progress, Use use) {
+    progress.Begin(layout_.Records, records_);
+    std::vector<unsigned char> block(BlockRecords() * layout_.RecordBytes);
+    for (uint64_t first = 0; first < records_; first += BlockRecords()) {
+      const size_t count = static_cast<size_t>(std::min<uint64_t>(BlockRecords(), records_ - first));
+      Read(first, count, block.data());
+      for (size_t r = 0; r < count; ++r) use(block.data() + r * layout_.RecordBytes, first + r);
+      progress.Reached(first + count);
+    }
+  }
+
+ private:
+  size_t BlockRecords() const { return (size_t{1} << 20) / layout_.RecordBytes; }
+
+  FileReader file_;
+  RawLayout layout_;
+  std::string header_;
+  uint64_t records_ = 0;
+  size_t trailing_ = 0;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,68 @@
+#include "pallomir/files/text_items.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/printable.h"
+
+namespace pallomir {
+
+void TextItems::SkipBlanks() {
+  while (place_ < text_.size() && std::string_view(" \t\r\n").find(text_[place_]) != std::string_view::npos)
+    nextLine_ += text_[place_++] == '\n';
+}
+
+std::string TextItems::Text() {
+  SkipBlanks();
+  line_ = nextLine_;
+  if (place_ >= text_.size())
+    throw CommandError(std::string(name_) + " ended early, at line " + std::to_string(line_) + ".");
+  std::string_view item;
+  size_t end;
+  if (text_[place_] == '"') {
+    // An item lies on one line, in quotes or not.
+    const size_t close = std::min(text_.find_first_of("\"\r\n", place_ + 1), text_.size());
+    if (close == text_.size() || text_[close] != '"')
+      Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " do not end");
+    item = text_.substr(place_ + 1, close - place_ - 1);
+    end = std::min(text_.find_first_of(",\r\n", close + 1), text_.size());
+  } else {
+    end = std::min(text_.find_first_of(",\r\n", place_), text_.size());
+    item = Trimmed(text_.substr(place_, end - place_));
+  }
+  if (item.size() > kLongestItem) Fault("an item is longer than " + std::to_string(kLongestItem) + " characters");
+  // The delimiter belongs to the item: a comma, or one line end.
+  if (end < text_.size() && text_[end] == '\r') ++end;
+  if (end < text_.size() && (text_[end] == ',' || text_[end] == '\n')) nextLine_ += text_[end++] == '\n';
+  place_ = end;
+  return std::string(item);
+}
+
+void TextItems::SkipLine() {
+  const size_t end = text_.find('\n', place_);
+  place_ = end == std::string_view::npos ? text_.size() : end + 1;
+  ++nextLine_;
+}
+
+void TextItems::Fault(const std::string& what) const {
+  throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": " + what + ".");
+}
+
+double TextItems::Number() {
+  const std::string item = Text();
+  const auto number = NumberFromText(item);
+  if (!number) Fault(Quoted(item) + " is not a number");
+  return *number;
+}
+
+float TextItems::Single() {
+  const double number = Number();
+  if (std::abs(number) > std::numeric_limits<float>::max())
+    Fault(DoubleText(number) + " is too large for single precision");
+  return static_cast<float>(number);
+}
+
+}  // namespace pallomir

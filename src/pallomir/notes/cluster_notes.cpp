@@ -1,0 +1,197 @@
+#include "pallomir/notes/cluster_notes.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/printable.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/files/set_aside.h"
+#include "pallomir/files/write_target.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Reads notes line by line. A text that is not in quotes reaches to the next comma.
+class NoteReader {
+ public:
+  explicit NoteReader(std::string_view text) : text_(text) {
+    // The mark that some editors put before a text.
+    if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
+  }
+
+  /// The note of cluster c, which is the next line's.
+  ClusterNote Read(int c) {
+    const bool ended = text_.empty();
+    TakeLine();
+    if (ended) Fault("the file ends, but the note of cluster " + std::to_string(c) + " is due");
+    ClusterNote note;
+    note.Number = Number();
+    note.Rating = Text("rating");
+    note.Remarks = Text("remarks");
+    if (more_) Fault("there is more than a number, a rating and remarks");
+    return note;
+  }
+
+  /// The lines that are still to come.
+  std::string_view Rest() const { return text_; }
+
+ private:
+  void TakeLine() {
+    const size_t end = std::min(text_.find('\n'), text_.size());
+    rest_ = text_.substr(0, end);
+    if (rest_.ends_with('\r')) rest_.remove_suffix(1);
+    text_.remove_prefix(std::min(end + 1, text_.size()));
+    more_ = true;
+    ++line_;
+  }
+
+  /// What stands before the next comma or the end of the line.
+  std::string_view TakeField() {
+    const size_t comma = std::min(rest_.find(','), rest_.size());
+    const std::string_view field = rest_.substr(0, comma);
+    more_ = comma < rest_.size();
+    rest_.remove_prefix(more_ ? comma + 1 : comma);
+    return Trimmed(field);
+  }
+
+  int16_t Number() {
+    const std::string field(TakeField());
+    const auto number = NumberFromText(field);
+    if (!number) Fault(Quoted(field) + " is not a number");
+    // A number that is not the line's own is taken as it stands.
+    if (*number < 0 || *number > kClusters || *number != std::floor(*number))
+      Fault("there is no cluster " + DoubleText(*number));
+    return static_cast<int16_t>(*number);
+  }
+
+  std::string Text(const std::string& what) {
+    if (!more_) Fault("there is no field for the " + what);
+    rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
+    if (!rest_.starts_with('"')) {
+      const std::string_view field = TakeField();
+      if (field.find('"') != std::string_view::npos) Fault("a double quote stands inside the " + what);
+      return std::string(field);
+    }
+    rest_.remove_prefix(1);
+    const size_t close = rest_.find('"');
+    if (close == std::string_view::npos) Fault("the quotes round the " + what + " do not end");
+    std::string text(rest_.substr(0, close));
+    rest_.remove_prefix(close + 1);
+    if (!TakeField().empty()) Fault("a double quote stands inside the " + what);
+    return text;
+  }
+
+  [[noreturn]] void Fault(const std::string& what) const {
+    throw CommandError("ClNotes, line " + std::to_string(line_) + ": " + what + ".");
+  }
+
+  std::string_view text_;  ///< the lines that are still to come
+  std::string_view rest_;  ///< what is left of the present one
+  bool more_ = false;      ///< whether another field follows in it
+  int line_ = 0;
+};
+
+struct NotesText {
+  ByCluster<ClusterNote> Notes;
+  /// What follows them in the file, which is left alone.
+  std::string_view Rest;
+};
+
+NotesText NotesFrom(std::string_view text) {
+  NotesText notes;
+  NoteReader reader(text);
+  for (int c = 0; c <= kClusters; ++c) notes.Notes[c] = reader.Read(c);
+  notes.Rest = reader.Rest();
+  return notes;
+}
+
+/// True when the notes of a file can be read, and some cluster is graded or remarked on.
+bool HoldNotes(std::string_view text) {
+  try {
+    return NotesFrom(text).Notes != ByCluster<ClusterNote>();
+  } catch (const CommandError&) {
+    return false;
+  }
+}
+
+void SafeguardWherePossible(const std::string& path) {
+  try {
+    FileUtility::SafeguardFile(path, HoldNotes);
+  } catch (const CommandError&) {
+    // Notes in a folder that cannot be written to may be read all the same.
+  }
+}
+
+}  // namespace
+
+std::string NotesFilePath(const Session& session) {
+  return session.DataDirectory + "\\ClNotes";
+}
+
+void CheckRemarks(int c, std::string_view remarks) {
+  const std::string whose = "The remarks of cluster " + std::to_string(c);
+  if (remarks.find('"') != std::string_view::npos)
+    throw CommandError(whose + " hold a double quote, which the notes file cannot hold; nothing was saved.");
+  if (remarks.find_first_of("\r\n") != std::string_view::npos)
+    throw CommandError(whose + " hold a line break, which the notes file cannot hold; nothing was saved.");
+}
+
+ByCluster<ClusterNote> NotesIn(std::string_view path) {
+  if (!FileUtility::FileExists(path)) return {};
+  return NotesFrom(ReadText(path)).Notes;
+}
+
+bool ReadNotes(Session& session) {
+  const std::string path = NotesFilePath(session);
+  if (!FileUtility::FileExists(path)) return false;
+  SafeguardWherePossible(path);
+  std::string text = ReadText(path);
+  session.Notes = NotesFrom(text).Notes;
+  session.NotesFile = std::move(text);
+  return true;
+}
+
+bool NotesAreSaved(const Session& session) {
+  return session.Notes == (session.NotesFile ? NotesFrom(*session.NotesFile).Notes : ByCluster<ClusterNote>());
+}
+
+std::string DoubtAboutNotesFile(const Session& session) {
+  const std::string path = NotesFilePath(session);
+  if (!FileUtility::FileExists(path)) return {};
+  if (IsWriteProtected(path)) return path + " is write-protected.";
+  try {
+    const std::string text = ReadText(path);
+    if (text == session.NotesFile) return {};
+    NotesFrom(text);
+  } catch (const CommandError& error) {
+    return error.what();
+  }
+  return path + " has been changed by another program since it was read here.";
+}
+
+void WriteNotes(Session& session, InDoubt inDoubt) {
+  for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
+  const std::string path = NotesFilePath(session), doubt = DoubtAboutNotesFile(session);
+  if (!doubt.empty() && inDoubt == InDoubt::Refuse) throw CommandError(doubt + " Nothing was saved.");
+  std::string text;
+  for (const ClusterNote& note : session.Notes)
+    text += std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n";
+  if (doubt.empty() && FileUtility::FileExists(path)) {
+    FileUtility::SafeguardFile(path, HoldNotes);
+    text += NotesFrom(*session.NotesFile).Rest;
+  }
+  SaveFile file(path);
+  file.Write(text);
+  file.Finish();
+  if (!doubt.empty()) SetAside(path);
+  file.Commit();
+  session.NotesFile = std::move(text);
+}
+
+}  // namespace pallomir

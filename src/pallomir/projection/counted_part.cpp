@@ -1,0 +1,144 @@
+#include "pallomir/projection/counted_part.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace pallomir {
+
+namespace {
+
+/// Between the black and the white background: seen on either, and points and lines show through.
+constexpr uint32_t kShade = 0xFF7F8FBF;
+constexpr uint32_t kShadeShare = 96;
+
+struct Step {
+  double X, Y;
+};
+
+/// The turn from one edge to the next, in (-pi, pi]; 0 where the coordinates' precision cannot tell it from none.
+double Turn(const Step& before, const Step& after) {
+  const double left = before.X * after.Y, right = before.Y * after.X;
+  const double along = before.X * after.X + before.Y * after.Y;
+  const bool straight = std::abs(left - right) <= 1e-6 * (std::abs(left) + std::abs(right));
+  return std::atan2(straight ? 0 : left - right, along);
+}
+
+/// Where an edge has any length, the turn between it and the one before it that has; by the corner between the two.
+std::vector<std::pair<int, double>> TurnsOf(const Boundary& boundary, std::vector<int>& repeated) {
+  std::vector<int> corners, still;
+  std::vector<Step> steps;
+  for (int k = 0; k < boundary.VertexCount; ++k) {
+    const int next = (k + 1) % boundary.VertexCount;
+    const Vertex &from = boundary.Vertices[k], &to = boundary.Vertices[next];
+    if (from == to) {
+      if (!steps.empty()) still.push_back(next);
+      continue;
+    }
+    repeated.insert(repeated.end(), still.begin(), still.end());
+    still.clear();
+    corners.push_back(k);
+    steps.push_back({double{to.X} - from.X, double{to.Y} - from.Y});
+  }
+  std::vector<std::pair<int, double>> turns;
+  for (size_t k = 0; k < steps.size(); ++k)
+    turns.emplace_back(corners[k], Turn(steps[(k + steps.size() - 1) % steps.size()], steps[k]));
+  return turns;
+}
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
+/// Values from Low to High; none where Low is above.
+struct Span {
+  double Low = -kInfinity;
+  double High = kInfinity;
+};
+using Spans = std::vector<Span>;
+
+/// What edges that are compared with each other leave of a row: where all see a point on the one side, or all on the
+/// other.
+struct Sides {
+  Span One, Other;
+
+  void Cut(double at, bool rising) {
+    Span &after = rising ? One : Other, &before = rising ? Other : One;
+    after.Low = std::max(after.Low, at);
+    before.High = std::min(before.High, at);
+  }
+};
+
+void KeepWithin(const Sides& sides, Spans& spans) {
+  Spans kept;
+  for (const Span& span : spans)
+    for (const Span& side : {sides.One, sides.Other}) {
+      const Span both{std::max(span.Low, side.Low), std::min(span.High, side.High)};
+      if (both.Low <= both.High) kept.push_back(both);
+    }
+  spans = std::move(kept);
+}
+
+/// What the inside test accepts of the points at height y, but for single ones on an edge's line: an edge cuts the row
+/// in two, and one that sees all of it from its own line takes the comparison of its neighbours away.
+void AcceptedAt(double y, const Boundary& boundary, Spans& spans) {
+  spans.assign(1, {});
+  Sides sides;
+  for (int k = 0; k < boundary.VertexCount; ++k) {
+    const Vertex &from = boundary.Vertices[k], &to = boundary.Vertices[(k + 1) % boundary.VertexCount];
+    const double dx = double{to.X} - from.X, dy = double{to.Y} - from.Y, above = y - from.Y;
+    if (dy != 0) {
+      sides.Cut(from.X + dx * above / dy, dy > 0);
+    } else if (dx * above != 0) {
+      sides.Cut(dx * above < 0 ? -kInfinity : kInfinity, true);
+    } else {
+      KeepWithin(sides, spans);
+      sides = {};
+    }
+  }
+  KeepWithin(sides, spans);
+}
+
+}  // namespace
+
+PolygonFaults FaultsOf(const Boundary& boundary) {
+  PolygonFaults faults;
+  if (boundary.VertexCount < 3) return faults;
+  const auto turns = TurnsOf(boundary, faults.Repeated);
+  double round = 0;
+  for (const auto& [corner, turn] : turns) round += turn;
+  // Halves of a figure of eight turn either way: it is its first corner's direction then.
+  if (std::abs(round) < 1 && !turns.empty()) round = turns.front().second;
+  for (const auto& [corner, turn] : turns)
+    if (turn * round < 0 || std::abs(turn) > std::numbers::pi - 1e-6) faults.Inward.push_back(corner);
+  faults.Crossing = std::abs(round) > 3 * std::numbers::pi;
+  return faults;
+}
+
+std::string PolygonFaults::Sentence() const {
+  const auto marked = [](const std::vector<int>& corners, const char* one, const char* several) {
+    return corners.size() == 1 ? std::string("the marked corner ") + one : std::string("the marked corners ") + several;
+  };
+  if (!Any()) return {};
+  const std::string shaded = "Only what is shaded counts: ";
+  if (!Repeated.empty()) return shaded + marked(Repeated, "was clicked twice.", "were clicked twice.");
+  if (!Inward.empty()) return shaded + marked(Inward, "makes the polygon concave.", "make the polygon concave.");
+  return shaded + "the polygon crosses itself.";
+}
+
+void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary) {
+  Spans spans;
+  for (int row = 0; row < canvas.Height; ++row) {
+    AcceptedAt(view.ValueY(row), boundary, spans);
+    uint32_t* pixels = canvas.Pixels + row * canvas.Stride;
+    for (const Span& span : spans) {
+      const auto [low, high] = std::minmax({view.PixelX(span.Low), view.PixelX(span.High)});
+      const double last = std::min(std::floor(high), canvas.Width - 1.0);
+      for (double k = std::max(std::ceil(low), 0.0); k <= last; ++k) {
+        uint32_t& pixel = pixels[static_cast<int>(k)];
+        pixel = Mixed(pixel, kShade, kShadeShare);
+      }
+    }
+  }
+}
+
+}  // namespace pallomir

@@ -1,0 +1,140 @@
+#include "pallomir/recorded/position_text.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <optional>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/printable.h"
+#include "pallomir/files/text_lines.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr double kFarthest = 1e9;  // pixels that a coordinate may be from 0
+
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+
+bool EndsColumn(char c) {
+  return c == ',' || c == ';' || IsBlank(c);
+}
+
+void SkipBlanks(std::string_view& line) {
+  while (!line.empty() && IsBlank(line.front())) line.remove_prefix(1);
+}
+
+/// The next column of a line, which is taken off it. Columns are apart by blanks, with or without one "," or ";".
+std::string_view TakeColumn(std::string_view& line) {
+  size_t end = 0;
+  while (end < line.size() && !EndsColumn(line[end])) ++end;
+  const std::string_view column = line.substr(0, end);
+  line.remove_prefix(end);
+  SkipBlanks(line);
+  if (line.empty() || !EndsColumn(line.front())) return column;
+  line.remove_prefix(1);
+  SkipBlanks(line);
+  if (line.empty()) line = " ";  // a last column without anything in it
+  return column;
+}
+
+/// Whether a column says that there is no number: nothing, "nan" or "inf", in any case and with any sign.
+bool SaysNone(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  std::string lower(text.substr(0, 10));
+  std::transform(lower.begin(), lower.end(), lower.begin(), [](char c) { return c >= 'A' && c <= 'Z' ? c + 32 : c; });
+  return lower.empty() || lower == "nan" || lower == "inf" || lower == "infinity";
+}
+
+/// A coordinate, NaN where there is none; nothing when the text is something else.
+std::optional<double> Coordinate(std::string_view text) {
+  const auto number = NumberFromText(text);
+  if (number && std::abs(*number) <= kFarthest) return number;
+  if (!number && SaysNone(text)) return kNotKnown;
+  return {};
+}
+
+std::optional<PositionSample> SampleFrom(std::string_view line) {
+  line = Trimmed(line);
+  const auto time = NumberFromText(TakeColumn(line));
+  if (!time || !IsStamp(*time)) return {};
+  std::array<double, 3> values{kNotKnown, kNotKnown, kNotKnown};
+  size_t count = 0;
+  for (; !line.empty(); ++count) {
+    if (count == values.size()) return {};
+    const auto value = Coordinate(TakeColumn(line));
+    if (!value) return {};
+    values[count] = *value;
+  }
+  if (count < 2) return {};
+  return PositionSample{std::llrint(*time), values[0], values[1], values[2]};
+}
+
+class TextReader {
+ public:
+  TextReader(FileReader& file, size_t header, const Progress& progress, Positions& positions)
+      : file_(file), header_(header), progress_(progress), positions_(positions) {}
+
+  void Read() {
+    uint64_t place = header_;
+    ForEachLine(file_, header_, [&](std::string_view line, bool isWhole) {
+      place += line.size() + 1;
+      if (++lines_ % 4096 == 0) progress_.Reached(static_cast<double>(place) / static_cast<double>(file_.Length()));
+      TakeLine(line, isWhole);
+    });
+    if (positions_.Unreadable > static_cast<int64_t>(positions_.Time.size()))
+      throw CommandError(file_.Name() + " is not a position file: " + firstUnreadable_ +
+                         " is not a time, x, y and perhaps an angle.");
+  }
+
+ private:
+  void TakeLine(std::string_view line, bool isWhole) {
+    const std::string_view text = Trimmed(line);
+    if (text.empty() || text.starts_with('#') || text.starts_with('%')) return;
+    if (TakeScale(text)) return;
+    if (const auto sample = isWhole ? SampleFrom(text) : std::nullopt)
+      AppendSample(positions_, *sample);
+    else if (isWhole && IsNames(text))
+      namesSeen_ = true;
+    else if (positions_.Unreadable++ == 0)
+      firstUnreadable_ = Quoted(text);
+  }
+
+  /// The line "PixelsPerCm,4", before the first sample.
+  bool TakeScale(std::string_view text) {
+    if (!positions_.Time.empty() || !text.starts_with("PixelsPerCm")) return false;
+    TakeColumn(text);
+    const double scale = NumberFromText(TakeColumn(text)).value_or(0);
+    if (!(scale > 0 && scale <= kFarthest))
+      throw CommandError(file_.Name() + ": PixelsPerCm has to be a number above 0.");
+    positions_.PixelsPerCm = scale;
+    return true;
+  }
+
+  /// One line before the first sample that begins with a letter or a quote names the columns.
+  bool IsNames(std::string_view text) const {
+    const char c = text.front();
+    const bool word = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '"' || c == '\'';
+    return word && !namesSeen_ && positions_.Time.empty() && positions_.Unreadable == 0;
+  }
+
+  FileReader& file_;
+  size_t header_;
+  const Progress& progress_;
+  Positions& positions_;
+  int64_t lines_ = 0;
+  bool namesSeen_ = false;
+  std::string firstUnreadable_;
+};
+
+}  // namespace
+
+void ReadPositionText(FileReader& file, size_t begin, const Progress& progress, Positions& positions) {
+  TextReader(file, begin, progress, positions).Read();
+}
+
+}  // namespace pallomir

@@ -1,0 +1,42 @@
+#include "pallomir/recorded/spike_file.h"
+
+#include <algorithm>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/raw_header.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Volts a count that a converter may have.
+bool IsScale(double volts) {
+  return volts > 0 && volts < 1;
+}
+
+}  // namespace
+
+void SpikeRecord::ReadSamples(WireSamples& samples) const {
+  const unsigned char* place = Bytes + kSpikeSamples;
+  for (int s = 0; s < kWaveformSamples; ++s)
+    for (int wire = 0; wire < kWires; ++wire)
+      samples[wire][s] = LoadLittleEndian<int16_t>(place + 2 * (kWires * s + wire));
+}
+
+SpikeFile::SpikeFile(std::string_view path) : file_(path, kTetrodeLayout) {
+  const std::vector<double> volts = HeaderNumbers(file_.Header(), "ADBitVolts");
+  const bool complete = volts.size() == 1 || volts.size() >= kWires;
+  if (complete && std::all_of(volts.begin(), volts.end(), IsScale)) {
+    for (int wire = 0; wire < kWires; ++wire) scale_[wire] = 1e6 * (volts.size() == 1 ? volts[0] : volts[wire]);
+    scaleKnown_ = true;
+  }
+  const std::vector<double> retrigger = HeaderNumbers(file_.Header(), "SpikeRetriggerTime");
+  if (!retrigger.empty() && retrigger[0] > 0 && retrigger[0] < 1e6) deadTime_ = retrigger[0];
+}
+
+void SpikeFile::RefuseForeign() const {
+  throw CommandError(Name() + " is not a spike file of the acquisition system: " + std::to_string(unreadable_) +
+                     " of its records have no stamp that makes sense.");
+}
+
+}  // namespace pallomir

@@ -1,0 +1,50 @@
+#include "pallomir/results/compute_direction.h"
+
+#include "pallomir/recorded/position_file.h"
+#include "pallomir/session/work_pace.h"
+
+#include <string>
+
+#include "pallomir/files/number_text.h"
+#include "pallomir/results/explanations.h"
+
+namespace pallomir {
+
+namespace {
+
+std::string WhyNoDirection(const Positions& positions, const DirectionTuning& tuning) {
+  if (tuning.Coverage > 0) return {};
+  if (positions.HasDirection) return "No position sample within the time range has a direction.";
+  const std::string speed = positions.PixelsPerCm > 0 ? DoubleText(kSlowestTravelCm) + " cm/s"
+                                                      : DoubleText(kSlowestTravelPixels) + " pixels/s";
+  return positions.Name + " holds no directions, and the animal was never seen to travel faster than " + speed + ".";
+}
+
+}  // namespace
+
+DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes) {
+  const double slowest = positions.PixelsPerCm > 0 ? kSlowestTravelCm * positions.PixelsPerCm : kSlowestTravelPixels;
+
+  DirectionResult result;
+  result.OfTravel = !positions.HasDirection;
+  const auto direction = result.OfTravel ? DirectionsOfTravel(track, slowest) : track.Direction;
+  result.Tuning = TuningOf(direction, track.Hold, SamplesOfSpikes(track, spikes.Times));
+  SetSpikes(result.Used, spikes);
+  SetSamples(result.Used, positions, track);
+  result.Used.SpikesUsed = result.Tuning.SpikesUsed;
+  result.Explanation = WhyNoTrack(positions, track, spikes.Range);
+  if (result.Explanation.empty()) result.Explanation = WhyNoDirection(positions, result.Tuning);
+  if (result.Explanation.empty()) result.Explanation = WhyNoSpikes(result.Used, spikes.Range);
+  return result;
+}
+
+DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
+                                 std::string_view clusterFile) {
+  const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
+  const Positions positions = ReadPositions(positionFile, WorkPace(world));
+  const DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
+  WriteDirectionFile(result, std::string(timeFile) + ".dir");
+  return result;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string_view>
+
+#include "pallomir/results/map_file.h"
+#include "pallomir/session/world.h"
+
+namespace pallomir {
+
+// `track` is that of `positions` within the range. What is merely empty is explained in the result.
+
+/// The rate map of the spikes over the positions.
+MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeTimes& spikes);
+
+/// The seconds spent in every bin.
+MapResult OccupancyMapOf(const Positions& positions, const Track& track, const TimeRange& range);
+
+// The same from files. Each writes its result to a file, all or nothing, and returns what stands there. They throw
+// CommandError when a file cannot be read or written, and Interrupted when the user stops them.
+
+/// The rate map of the spikes of `timeFile`, within the time range of `clusterFile`, over the positions.
+MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,
+                         std::string_view positionFile, std::string_view outputFile);
+
+/// The seconds spent in every bin within the time range of `clusterFile`.
+MapResult ComputeOccupancyMap(World& world, std::string_view clusterFile, std::string_view positionFile,
+                              std::string_view outputFile);
+
+/// The autocorrelation of a rate map; its file has the same name with the extension ".2DAcorr".
+MapResult ComputeSpatialAutoCorr(World& world, std::string_view rateMapFile);
+
+}  // namespace pallomir

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string_view>
+
+#include "pallomir/results/train_file.h"
+#include "pallomir/session/world.h"
+
+namespace pallomir {
+
+// Each writes its result to a file, all or nothing, and returns what stands there. They throw CommandError when a file
+// cannot be read or written, and Interrupted when the user stops them. What is merely empty is explained in the result.
+
+/// The autocorrelation of the spikes of `timeFile` within the time range of `clusterFile`.
+AutocorrelationResult ComputeAutoCorr(World& world, std::string_view clusterFile, std::string_view timeFile,
+                                      std::string_view outputFile);
+
+/// The histogram of their intervals on a logarithmic scale.
+IntervalResult ComputeLogISI(World& world, std::string_view clusterFile, std::string_view timeFile,
+                             std::string_view outputFile);
+
+}  // namespace pallomir

@@ -1,0 +1,57 @@
+#include "pallomir/results/direction_file.h"
+
+#include "pallomir/files/save_file.h"
+#include "pallomir/results/result_text.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr const char* kKind = "HeadDirection";
+constexpr const char* kOfTravel = "travel";
+
+}  // namespace
+
+void WriteDirectionFile(const DirectionResult& result, std::string_view path) {
+  const DirectionTuning& tuning = result.Tuning;
+  std::vector<HeaderEntry> lines = HeaderEntries(result.Used);
+  lines.push_back({"DirectionOf", result.OfTravel ? kOfTravel : "head"});
+  AddNumber(lines, "MeanVectorLength", tuning.VectorLength);
+  AddNumber(lines, "MeanVectorDirection", tuning.VectorDirection);
+  AddNumber(lines, "Coverage", tuning.Coverage);
+  AddNumber(lines, "Peak", tuning.PeakRate);
+  if (!result.Explanation.empty()) lines.push_back({"Explanation", result.Explanation});
+  std::string text = TextHeader(kKind, {}, lines) + "from (degrees),to (degrees),spikes,dwell (s),rate (spikes/s)\r\n";
+  for (int bin = 0; bin < kDirectionBins; ++bin) {
+    text += ResultNumber(bin * kDirectionBin) + "," + ResultNumber((bin + 1) * kDirectionBin);
+    for (const double value : {tuning.Spikes[bin], tuning.Dwell[bin], tuning.Rate[bin]})
+      text.append(",").append(ResultNumber(value));
+    text += "\r\n";
+  }
+  SaveFile file(path);
+  file.Write(text);
+  file.Commit();
+}
+
+DirectionResult ReadDirectionFile(std::string_view path) {
+  ResultText text(path, kKind);
+  DirectionResult result;
+  result.Used = UsageFrom(text.Header(), text.Name());
+  result.OfTravel = HeaderValue(text.Header(), "DirectionOf") == kOfTravel;
+  result.Explanation = HeaderValue(text.Header(), "Explanation").value_or("");
+  text.Line();
+  for (int bin = 0; bin < kDirectionBins; ++bin) {
+    std::vector<double> numbers;
+    text.Numbers(5, numbers);
+    if (numbers[0] != bin * kDirectionBin)
+      text.Fault("this should be the bin from " + ResultNumber(bin * kDirectionBin));
+    result.Tuning.Spikes[bin] = numbers[2];
+    result.Tuning.Dwell[bin] = numbers[3];
+    result.Tuning.Rate[bin] = numbers[4];
+  }
+  result.Tuning.SpikesUsed = result.Used.SpikesUsed;
+  DeriveFromRates(result.Tuning);
+  return result;
+}
+
+}  // namespace pallomir

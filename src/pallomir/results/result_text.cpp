@@ -1,0 +1,96 @@
+#include "pallomir/results/result_text.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/printable.h"
+#include "pallomir/recorded/position_file.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr std::string_view kNotANumber = "NaN";
+
+[[noreturn]] void HeaderFault(std::string_view name, std::string_view key, std::string_view value) {
+  throw CommandError(std::string(name) + ", header: " + Quoted(value) + " is no value for " + std::string(key) + ".");
+}
+
+}  // namespace
+
+std::string ResultNumber(double value) {
+  return std::isnan(value) ? std::string(kNotANumber) : DoubleText(value);
+}
+
+double HeaderNumber(std::string_view header, std::string_view key, std::string_view name) {
+  const auto text = HeaderValue(header, key);
+  if (!text) return kNotKnown;
+  const auto number = NumberFromText(*text);
+  if (!number) HeaderFault(name, key, *text);
+  return *number;
+}
+
+int64_t HeaderCount(std::string_view header, std::string_view key, std::string_view name) {
+  const double number = HeaderNumber(header, key, name);
+  if (std::isnan(number)) return 0;
+  if (number < 0 || number > 1e15 || number != std::floor(number)) HeaderFault(name, key, DoubleText(number));
+  return static_cast<int64_t>(number);
+}
+
+void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value) {
+  if (!std::isnan(value)) lines.push_back({std::move(key), ResultNumber(value)});
+}
+
+ResultText::ResultText(std::string_view path, std::string_view kind)
+    : name_(PathText(PlatformPath(path).filename())), text_(ReadText(path)) {
+  const auto body = BodyBehindHeader(text_).value_or(TextBody{});
+  header_ = place_ = body.Begin;
+  line_ = body.FirstLine - 1;
+  if (HeaderValue(Header(), "Kind") != kind)
+    throw CommandError(name_ + " is not a file of kind " + std::string(kind) + ".");
+}
+
+bool ResultText::AtEnd() {
+  return text_.find_first_not_of(" \t\r\n", place_) == std::string::npos;
+}
+
+std::string_view ResultText::Line() {
+  for (;;) {
+    ++line_;
+    if (place_ >= text_.size()) throw CommandError(name_ + " ended early, at line " + std::to_string(line_) + ".");
+    const size_t end = std::min(text_.find('\n', place_), text_.size());
+    const std::string_view line = Trimmed(std::string_view(text_).substr(place_, end - place_));
+    place_ = end + 1;
+    if (!line.empty()) return line;
+  }
+}
+
+void ResultText::Numbers(size_t count, std::vector<double>& into) {
+  std::string_view line = Line();
+  for (size_t k = 0; k < count; ++k) {
+    const size_t end = std::min(line.find(','), line.size());
+    const std::string_view item = Trimmed(line.substr(0, end));
+    const auto number = item == kNotANumber ? kNotKnown : NumberFromText(item);
+    if (!number) Fault(Quoted(item) + " is not a number");
+    if ((end == line.size()) != (k + 1 == count)) Fault("there should be " + std::to_string(count) + " numbers");
+    into.push_back(*number);
+    line.remove_prefix(std::min(end + 1, line.size()));
+  }
+}
+
+void ResultText::Fault(const std::string& what) const {
+  throw CommandError(name_ + ", line " + std::to_string(line_) + ": " + what + ".");
+}
+
+std::string ResultKind(std::string_view path) {
+  const std::string beginning = ReadText(path, kTextHeaderLimit);
+  const long header = TextHeaderLength(beginning);
+  if (header < 0) return {};
+  return HeaderValue(std::string_view(beginning).substr(0, header), "Kind").value_or("");
+}
+
+}  // namespace pallomir

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pallomir/files/text_header.h"
+
+namespace pallomir {
+
+/// The text of a number of a result: 15 significant digits, or "NaN".
+std::string ResultNumber(double value);
+
+/// The whole number on a line of a header, 0 when there is no such line. Throws CommandError when it is something else.
+int64_t HeaderCount(std::string_view header, std::string_view key, std::string_view name);
+
+/// The number on a line of a header; NaN when there is no such line.
+double HeaderNumber(std::string_view header, std::string_view key, std::string_view name);
+
+/// Adds a line to a header, unless the value is not a number.
+void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value);
+
+/// A result file: its header, and the lines behind that.
+class ResultText {
+ public:
+  /// Throws CommandError when the file cannot be read or is not of the kind ("... is not a file of kind RateMap.").
+  ResultText(std::string_view path, std::string_view kind);
+
+  const std::string& Name() const { return name_; }
+  std::string_view Header() const { return std::string_view(text_).substr(0, header_); }
+
+  /// The next line that is not empty. Throws CommandError at the end of the file.
+  std::string_view Line();
+  bool AtEnd();
+
+  /// Appends the numbers of the next line, of which there have to be `count`. Throws CommandError otherwise.
+  void Numbers(size_t count, std::vector<double>& into);
+
+  /// Throws CommandError naming the line that was last read.
+  [[noreturn]] void Fault(const std::string& what) const;
+
+ private:
+  std::string name_;
+  std::string text_;
+  size_t header_ = 0;
+  size_t place_ = 0;
+  int line_ = 0;
+};
+
+/// The kind of a result file ("RateMap"); empty when it has no header of ours.
+std::string ResultKind(std::string_view path);
+
+}  // namespace pallomir

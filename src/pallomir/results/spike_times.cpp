@@ -1,0 +1,79 @@
+#include "pallomir/results/spike_times.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
+#include "pallomir/files/printable.h"
+#include "pallomir/files/text_header.h"
+#include "pallomir/files/text_items.h"
+#include "pallomir/files/text_lines.h"
+#include "pallomir/session/work_pace.h"
+
+namespace pallomir {
+
+namespace {
+
+int64_t Whole(double microseconds) {
+  constexpr auto limit = static_cast<double>(kFarthestStamp);
+  return static_cast<int64_t>(std::clamp(microseconds, -limit, limit));
+}
+
+}  // namespace
+
+void NumberedLine::Refuse(std::string_view what) const {
+  throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": " + Quoted(Text) + " " +
+                     std::string(what) + ".");
+}
+
+void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take) {
+  FileReader file(path);
+  WorkPace pace(world);
+  const TextBody body = BodyBehindHeader(ReadText(path, kTextHeaderLimit)).value_or(TextBody{});
+  int number = body.FirstLine;
+  uint64_t place = body.Begin;
+  ForEachLine(file, body.Begin, [&](std::string_view line, bool) {
+    place += line.size() + 1;
+    if (number % 1024 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
+    const int here = number++;
+    if (!Trimmed(line).empty()) take({file.Name(), here, line});
+  });
+}
+
+TimeRange ReadTimeRange(std::string_view clusterFile) {
+  const std::string text = ReadText(clusterFile, kTextHeaderLimit + kLongestLine);
+  const TextBody body = BodyBehindHeader(text).value_or(TextBody{});
+  const std::string name = PathText(PlatformPath(clusterFile).filename());
+  TextItems items(std::string_view(text).substr(body.Begin), name, body.FirstLine);
+  const double first = items.Number();
+  return {Whole(std::ceil(first)), Whole(std::floor(items.Number()))};
+}
+
+SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile) {
+  SpikeTimes spikes;
+  spikes.Range = ReadTimeRange(clusterFile);
+  int64_t before = INT64_MIN;
+  ForEachNumberedLine(world, timeFile, [&](const NumberedLine& line) {
+    const auto number = NumberFromText(line.Text);
+    if (!number) line.Refuse("is not the stamp of a spike");
+    if (!IsStamp(*number)) {
+      ++spikes.Unreadable;
+      return;
+    }
+    const int64_t stamp = std::llrint(*number);
+    spikes.Disordered += stamp < before;
+    before = stamp;
+    if (spikes.Range.Holds(stamp))
+      spikes.Times.push_back(stamp);
+    else
+      ++spikes.Outside;
+  });
+  if (spikes.Disordered > 0) std::sort(spikes.Times.begin(), spikes.Times.end());
+  return spikes;
+}
+
+}  // namespace pallomir

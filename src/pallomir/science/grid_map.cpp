@@ -1,0 +1,154 @@
+#include "pallomir/science/grid_map.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/science/add_scaled.h"
+
+namespace pallomir {
+
+namespace {
+
+/// Where the placed samples lie, in bins counted from pixel 0.
+struct Extent {
+  double Low = std::numeric_limits<double>::infinity();
+  double High = -std::numeric_limits<double>::infinity();
+
+  Extent(const std::vector<double>& coordinates, double bin) {
+    for (const double coordinate : coordinates) {
+      if (std::isnan(coordinate)) continue;
+      Low = std::min(Low, std::floor(coordinate / bin));
+      High = std::max(High, std::floor(coordinate / bin));
+    }
+  }
+  double Bins() const { return High - Low + 1; }
+};
+
+Map EmptyMap(const Track& track, double bin) {
+  Map map;
+  map.Bin = bin;
+  const Extent x(track.X, bin), y(track.Y, bin);
+  if (x.Low > x.High) return map;
+  if (x.Bins() * y.Bins() > kMostBins)
+    throw CommandError("The positions span " + DoubleText(x.Bins() * bin) + " x " + DoubleText(y.Bins() * bin) +
+                       " pixels, which is more than a map of bins of " + DoubleText(bin) +
+                       " pixels takes. A place far off the arena is the likely reason.");
+  map.Columns = static_cast<int>(x.Bins());
+  map.Rows = static_cast<int>(y.Bins());
+  map.Left = x.Low * bin;
+  map.Top = y.Low * bin;
+  map.Values.assign(static_cast<size_t>(map.Columns) * map.Rows, 0);
+  return map;
+}
+
+/// The bin that a place of the track lies in; the map reaches over all of them.
+size_t BinAt(const Map& map, double x, double y) {
+  const double column = std::floor(x / map.Bin) - map.Left / map.Bin;
+  const double row = std::floor(y / map.Bin) - map.Top / map.Bin;
+  return map.Index(static_cast<int>(row), static_cast<int>(column));
+}
+
+/// One row under the weights, zeros on both sides of it.
+void SmoothRow(const double* row, int columns, const std::vector<double>& weights, double* into) {
+  const int radius = static_cast<int>(weights.size() / 2);
+  for (int k = std::max(-radius, 1 - columns); k <= std::min(radius, columns - 1); ++k)
+    AddScaled(row + std::max(k, 0), weights[k + radius], into + std::max(-k, 0),
+              static_cast<size_t>(columns - std::abs(k)));
+}
+
+}  // namespace
+
+double BinSize(double pixelsPerCm) {
+  return pixelsPerCm == 0 ? kBinPixels : std::max(std::round(kBinCm * pixelsPerCm), 1.0);
+}
+
+Map OccupancyMap(const Track& track, double bin) {
+  Map map = EmptyMap(track, bin);
+  for (size_t i = 0; i < track.Time.size(); ++i)
+    if (!std::isnan(track.X[i])) map.Values[BinAt(map, track.X[i], track.Y[i])] += track.Hold[i];
+  for (double& value : map.Values) value /= 1e6;
+  return map;
+}
+
+SpikeMap CountSpikes(const Track& track, std::span<const int64_t> samples, const Map& occupancy) {
+  SpikeMap spikes{occupancy};
+  std::fill(spikes.Counts.Values.begin(), spikes.Counts.Values.end(), 0.0);
+  for (const int64_t i : samples) {
+    if (i < 0 || std::isnan(track.X[i])) continue;
+    ++spikes.Counts.Values[BinAt(occupancy, track.X[i], track.Y[i])];
+    ++spikes.Mapped;
+  }
+  return spikes;
+}
+
+std::vector<double> GaussianWeights(double sigma) {
+  const int radius = static_cast<int>(4 * sigma + 0.5);
+  std::vector<double> weights;
+  double sum = 0;
+  for (int k = -radius; k <= radius; ++k) {
+    weights.push_back(std::exp(-0.5 * k * k / (sigma * sigma)));
+    sum += weights.back();
+  }
+  for (double& weight : weights) weight /= sum;
+  return weights;
+}
+
+Map Smoothed(const Map& map) {
+  const std::vector<double> weights = GaussianWeights(kSmoothingBins);
+  const int radius = static_cast<int>(weights.size() / 2);
+  std::vector<double> across(map.Values.size(), 0);
+  for (int row = 0; row < map.Rows; ++row)
+    SmoothRow(&map.Values[map.Index(row, 0)], map.Columns, weights, &across[map.Index(row, 0)]);
+  Map smooth = map;
+  std::fill(smooth.Values.begin(), smooth.Values.end(), 0.0);
+  for (int row = 0; row < map.Rows; ++row)
+    for (int k = std::max(-radius, -row); k <= std::min(radius, map.Rows - 1 - row); ++k)
+      AddScaled(&across[map.Index(row + k, 0)], weights[k + radius], &smooth.Values[map.Index(row, 0)],
+                static_cast<size_t>(map.Columns));
+  return smooth;
+}
+
+Map RateMap(const Map& counts, const Map& occupancy) {
+  Map rate = Smoothed(counts);
+  const Map seconds = Smoothed(occupancy);
+  for (size_t i = 0; i < rate.Values.size(); ++i)
+    rate.Values[i] = occupancy.Values[i] > 0 ? rate.Values[i] / seconds.Values[i] : kNotKnown;
+  return rate;
+}
+
+MapPeak PeakOf(const Map& map) {
+  MapPeak peak;
+  for (int row = 0; row < map.Rows; ++row)
+    for (int column = 0; column < map.Columns; ++column)
+      if (map.At(row, column) > peak.Value || (peak.Row < 0 && !std::isnan(map.At(row, column))))
+        peak = {map.At(row, column), row, column};
+  return peak;
+}
+
+double MeanRate(const Map& rate, const Map& occupancy) {
+  double seconds = 0, spikes = 0;
+  for (size_t i = 0; i < rate.Values.size(); ++i) {
+    if (!(occupancy.Values[i] > 0)) continue;
+    seconds += occupancy.Values[i];
+    spikes += occupancy.Values[i] * rate.Values[i];
+  }
+  return seconds > 0 ? spikes / seconds : kNotKnown;
+}
+
+double SpatialInformation(const Map& rate, const Map& occupancy) {
+  const double mean = MeanRate(rate, occupancy);
+  if (!(mean > 0)) return kNotKnown;
+  double seconds = 0, bits = 0;
+  for (size_t i = 0; i < rate.Values.size(); ++i) {
+    if (!(occupancy.Values[i] > 0)) continue;
+    seconds += occupancy.Values[i];
+    const double ratio = rate.Values[i] / mean;
+    if (ratio > 0) bits += occupancy.Values[i] * ratio * std::log2(ratio);
+  }
+  return bits / seconds;
+}
+
+}  // namespace pallomir

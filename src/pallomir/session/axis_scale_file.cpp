@@ -1,0 +1,39 @@
+#include "pallomir/session/axis_scale_file.h"
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/number_text.h"
+#include "pallomir/files/save_file.h"
+#include "pallomir/files/text_items.h"
+
+namespace pallomir {
+
+std::string AxesScaleFilePath(const Session& session) {
+  return session.DataDirectory + "\\AxesScaleFile";
+}
+
+void WriteAxesScaleFile(const Session& session) {
+  std::string text;
+  for (int p = 0; p < kParameters; ++p)
+    text += SingleText(session.AxisMaximum[p]) + "," + SingleText(session.AxisMinimum[p]) + "\r\n";
+  SaveFile file(AxesScaleFilePath(session));
+  file.Write(text);
+  file.Commit();
+}
+
+void ReadAxesScaleFile(Session& session) {
+  const std::string path = AxesScaleFilePath(session);
+  if (!FileUtility::FileExists(path)) throw CommandError(path + " is not present");
+  const std::string text = ReadText(path);
+  TextItems items(text, "AxesScaleFile");
+  auto maximum = session.AxisMaximum, minimum = session.AxisMinimum;
+  for (int p = 0; p < kParameters; ++p) {
+    maximum[p] = items.Single();
+    minimum[p] = items.Single();
+  }
+  session.AxisMaximum = maximum;
+  session.AxisMinimum = minimum;
+}
+
+}  // namespace pallomir

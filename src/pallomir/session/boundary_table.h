@@ -1,0 +1,45 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "pallomir/session/point_table.h"
+
+namespace pallomir {
+
+inline constexpr int kClusters = 30;
+inline constexpr int kBoundariesPerCluster = 21;
+inline constexpr int kVerticesPerBoundary = 51;
+
+struct Vertex {
+  float X = 0;
+  float Y = 0;
+  bool operator==(const Vertex&) const = default;
+};
+
+/// A polygon in the units of two parameters, its vertices in drawing order; the last one is joined to the first.
+struct Boundary {
+  int16_t XParameter = 0;
+  int16_t YParameter = 0;
+  int16_t VertexCount = 0;
+  std::array<Vertex, kVerticesPerBoundary> Vertices{};
+  bool operator==(const Boundary&) const = default;
+};
+
+/// A spike belongs to a cluster when it lies inside every boundary 0..BoundaryCount-1.
+struct Cluster {
+  int16_t BoundaryCount = 0;
+  std::array<Boundary, kBoundariesPerCluster> Boundaries{};
+  bool operator==(const Cluster&) const = default;
+};
+
+/// By cluster number; entry 0 is never classified.
+using BoundaryTable = std::array<Cluster, kClusterSlots>;
+
+/// What Undo exchanges with the present state.
+struct UndoSnapshot {
+  BoundaryTable Clusters{};
+  int16_t DefinitionCounter = 0;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <utility>
+#include <vector>
+
+#include "pallomir/files/platform.h"
+#include "pallomir/session/parameter_catalogue.h"
+
+namespace pallomir {
+
+/// Entries of tables by cluster number: 0 (no cluster) and the user's clusters 1..30.
+inline constexpr int kClusterSlots = 31;
+
+/// One loaded row as a record.
+struct PointRecord {
+  std::array<float, kParameterSlots> Parameters{};
+  std::array<int16_t, kClusterSlots> Clusters{};
+  uint64_t Stamp = 0;
+};
+
+/// The membership lists of all points: their slots, and which clusters any of them may hold.
+struct MembershipLists {
+  std::vector<std::vector<int16_t>> Slots;
+  std::array<bool, kClusterSlots> Entered{};
+};
+
+/// The loaded rows as columns: record i of rows 0..M-1, and record M, which is all zero.
+///
+/// A point's membership list is packed from slot 0 in the order in which it joined clusters and ends with 0. A slot's
+/// column exists only once some point is in more clusters than there are columns before it.
+class PointTable {
+ public:
+  /// A table of `rows` rows, all zero; memory is taken only as it is written to. Throws std::bad_alloc when memory does
+  /// not suffice.
+  explicit PointTable(size_t rows = 0);
+
+  size_t Rows() const { return rows_; }
+
+  /// Values of one parameter (0..134, the last all zero), M + 1 of them; memory is padded to a multiple of 16.
+  std::span<float> Column(int parameter) { return {columns_ + parameter * stride_, rows_ + 1}; }
+  std::span<const float> Column(int parameter) const { return {columns_ + parameter * stride_, rows_ + 1}; }
+
+  /// Stamps in microseconds, M + 1 of them.
+  std::span<uint64_t> Stamps() { return {stamps_, rows_ + 1}; }
+  std::span<const uint64_t> Stamps() const { return {stamps_, rows_ + 1}; }
+
+  int SlotsInUse() const { return static_cast<int>(lists_.Slots.size()); }
+  std::span<int16_t> Slot(int slot) { return lists_.Slots[slot]; }
+  std::span<const int16_t> Slot(int slot) const { return lists_.Slots[slot]; }
+
+  /// Adds the next slot's column, all zero. Throws CommandError for a 32nd.
+  void AddSlot();
+
+  /// Empties every membership list.
+  void ClearMemberships() { lists_ = {}; }
+
+  const MembershipLists& Lists() const { return lists_; }
+  /// Gives all points the lists that they had before; of this table, as it was then.
+  void SetLists(MembershipLists lists) { lists_ = std::move(lists); }
+
+  /// Whether any list may hold cluster c. Who enters points sets it; it spares looking through lists that cannot.
+  bool Entered(int c) const { return lists_.Entered[c]; }
+  void SetEntered(int c, bool entered) { lists_.Entered[c] = entered; }
+
+  /// How many clusters point i is in.
+  int Memberships(size_t i) const;
+
+  PointRecord Record(size_t i) const;
+
+  /// Gives all rows up but the first `rows`.
+  void KeepFirst(size_t rows);
+
+  /// Gives the memory of the values back, nearly all that the table takes, and keeps stamps and lists. Until
+  /// TakeValues() no column may be asked for.
+  void ReleaseValues();
+
+  /// Takes over the values of a table of as many rows.
+  void TakeValues(PointTable&& from);
+
+ private:
+  size_t rows_ = 0;
+  size_t stride_ = 0;
+  LargeMemory valueMemory_;
+  LargeMemory stampMemory_;
+  float* columns_ = nullptr;
+  uint64_t* stamps_ = nullptr;
+  MembershipLists lists_;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,34 @@
+#include "pallomir/session/start_up.h"
+
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_reader.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/parameter_header.h"
+
+namespace pallomir {
+
+void OpenParameterFile(Session& session, std::string_view path) {
+  if (!IsParameterFileName(path))
+    throw ProgramEnd("File name must end in a .Ntt.parms extension. Exiting program.", "ERROR");
+  FileReader file(path);
+  const long header = ParameterHeaderLength(file);
+  if (header < 0)
+    throw CommandError(file.Name() +
+                           " is not recognised as a parameter file: its spikes were not found behind a header of "
+                           "Pallomir, a header of the acquisition system, a few lines of text, or at its very start.",
+                       "ERROR");
+  session.File = {std::string(path), header, RowCount(file.Length(), header)};
+}
+
+void InitialiseSession(Session& session) {
+  session.RandomX = session.RandomY = false;
+  session.AutomaticRedraw = true;
+  session.FirstLoad = true;
+  session.PointSize = 0.5F;
+  session.Display.fill(true);
+  session.AxisMaximum.fill(100.0F);
+  session.XParameter = 0;
+  session.YParameter = 1;
+}
+
+}  // namespace pallomir

@@ -1,0 +1,39 @@
+#include "pallomir/timesel/load_points.h"
+
+#include "pallomir/clusters/classify.h"
+#include "pallomir/files/error.h"
+#include "pallomir/session/point_reader.h"
+#include "pallomir/session/work_pace.h"
+
+namespace pallomir {
+
+namespace {
+
+/// The points have been replaced: a user who stops this is left with none, not with some that lack their clusters.
+void Classify(Session& session, World& world) {
+  WorkPace pace(world);
+  try {
+    ClassifyAllClusters(session, pace);
+  } catch (const Interrupted&) {
+    session.Points.ClearMemberships();
+    GiveUpRange(session);
+    ClassifyAllClusters(session);  // the one row
+    throw;
+  }
+}
+
+}  // namespace
+
+void LoadPoints(Session& session, World& world, int32_t start, int32_t end) {
+  if (start > end) throw CommandError("Start time must be <= to Stop time", "ERROR");
+  if (start == 0 && end == 0) throw CommandError("Must Define Event IDs Using Define Epochs Command", "ERROR");
+  ReadPoints(session, world, start, end);
+  Classify(session, world);
+}
+
+void GiveUpRange(Session& session) {
+  session.LoadStartRecord = session.LoadEndRecord = 0;
+  session.Points.KeepFirst(1);
+}
+
+}  // namespace pallomir
