@@ -70,6 +70,7 @@ void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
 
 int Run(int argc, char** argv) {
   CLI::App app("Brings recordings into the form that Pallomir opens.", "pallomir-cli");
+  app.set_version_flag("--version", "pallomir-cli " PALLOMIR_VERSION, "Say which version this is");
   app.require_subcommand(1);
   pallomir::ProgressBar progress(std::cerr, pallomir::StandardErrorIsTerminal());
 
