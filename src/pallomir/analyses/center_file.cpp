@@ -14,9 +14,7 @@ std::string CenterFilePath(const Session& session, std::string_view name) {
   return session.DataDirectory + "\\..\\" + std::string(name);
 }
 
-void WriteCenterFile(Session& session, World& world, std::string_view name, CenterPoint center) {
-  session.CenterX = center.X;
-  session.CenterY = center.Y;
+void WriteCenterFile(const Session& session, World& world, std::string_view name, CenterPoint center) {
   if (name.empty()) throw CommandError("Error: Need to specify Center File Name");
   const std::string x = SingleText(center.X), y = SingleText(center.Y);
   SaveFile file(CenterFilePath(session, name));

@@ -21,9 +21,9 @@ inline constexpr std::string_view kCenterFileName = "CenterCoords";
 /// A center file by its name as typed: in the parent of the data directory.
 std::string CenterFilePath(const Session& session, std::string_view name = kCenterFileName);
 
-/// Keeps the clicked point in the session, writes it to the file (one line, "X,Y"), all or nothing, and says so in the
-/// log. Throws CommandError when the name is empty or the file cannot be written; the point is then kept all the same.
-void WriteCenterFile(Session& session, World& world, std::string_view name, CenterPoint center);
+/// Writes the clicked point to the file (one line, "X,Y"), all or nothing, and says so in the log. Throws CommandError
+/// when the name is empty or the file cannot be written.
+void WriteCenterFile(const Session& session, World& world, std::string_view name, CenterPoint center);
 
 /// The point in a center file, or nothing when there is no such file. Throws CommandError when it holds anything but
 /// two numbers.

@@ -98,9 +98,6 @@ struct Session {
   ByCluster<ClusterNote> Notes{};
   /// The text of the notes file as it was last read or written; nothing while it has been neither.
   std::optional<std::string> NotesFile;
-  /// The centre of the maze as last written, in pixels.
-  float CenterX = 0;
-  float CenterY = 0;
   /// While on, the cluster file writer writes the current cluster alone, to the files that the analyses read.
   bool TemporaryMode = false;
 };
