@@ -40,13 +40,13 @@ void ProgressBar::Begin(std::string_view units, uint64_t total) {
   ThrowIfToStop();
   units_ = units;
   total_ = total;
-  begin_ = drawn_ = Clock::now();
+  begin_ = drawn_ = now_();
 }
 
 void ProgressBar::Reached(uint64_t count) {
   ThrowIfToStop();
   if (!isTerminal_) return;
-  const auto now = Clock::now();
+  const auto now = now_();
   if (now - drawn_ < kRedrawInterval) return;
   drawn_ = now;
   const uint64_t filled = total_ == 0 ? kBarWidth : std::min(count, total_) * kBarWidth / total_;
@@ -57,14 +57,14 @@ void ProgressBar::Reached(uint64_t count) {
 
 void ProgressBar::End(std::string_view done) {
   EraseBar();
-  const double seconds = std::chrono::duration<double>(Clock::now() - begin_).count();
+  const double seconds = std::chrono::duration<double>(now_() - begin_).count();
   out_ << done << " " << CountText(total_) << " " << units_ << " in " << RoundedText(seconds, 2) << " s" << Rate(total_)
        << "\n"
        << std::flush;
 }
 
 std::string ProgressBar::Rate(uint64_t count) const {
-  const double seconds = std::chrono::duration<double>(Clock::now() - begin_).count();
+  const double seconds = std::chrono::duration<double>(now_() - begin_).count();
   if (count == 0 || seconds <= 0) return {};
   return " (" + RoundedText(static_cast<double>(count) / seconds, 0) + " a second)";
 }

@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace pallomir {
 
@@ -17,7 +19,10 @@ bool IsToStop();
 /// terminal, and a line at the end of a piece of work that asks for it.
 class ProgressBar {
  public:
-  ProgressBar(std::ostream& out, bool isTerminal) : out_(out), isTerminal_(isTerminal) {}
+  using Clock = std::chrono::steady_clock;
+
+  ProgressBar(std::ostream& out, bool isTerminal, std::function<Clock::time_point()> now = Clock::now)
+      : out_(out), isTerminal_(isTerminal), now_(std::move(now)) {}
   ~ProgressBar() { EraseBar(); }
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
@@ -30,12 +35,12 @@ class ProgressBar {
   void End(std::string_view done);
 
  private:
-  using Clock = std::chrono::steady_clock;
   std::string Rate(uint64_t count) const;
   void EraseBar();
 
   std::ostream& out_;
   bool isTerminal_;
+  std::function<Clock::time_point()> now_;
   std::string units_;
   uint64_t total_ = 0;
   Clock::time_point begin_;

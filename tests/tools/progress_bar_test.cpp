@@ -3,35 +3,39 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <thread>
 
 namespace pallomir {
 namespace {
 
-/// Lets the bar be due, then reports.
-void ReportLate(ProgressBar& progress, uint64_t count) {
-  std::this_thread::sleep_for(std::chrono::milliseconds(110));
-  progress.Reached(count);
-}
-
-TEST(ProgressBar, SaysOneLineAtTheEndWhereThereIsNoTerminal) {
+struct ProgressBars : ::testing::Test {
+  ProgressBar::Clock::time_point Time;
   std::ostringstream out;
+
+  ProgressBar Make(bool isTerminal) {
+    return {out, isTerminal, [this] { return Time; }};
+  }
+  /// Lets the bar be due, then reports.
+  void ReportLate(ProgressBar& progress, uint64_t count) {
+    Time += std::chrono::milliseconds(110);
+    progress.Reached(count);
+  }
+};
+
+TEST_F(ProgressBars, SaysOneLineAtTheEndWhereThereIsNoTerminal) {
   {
-    ProgressBar progress(out, false);
+    ProgressBar progress = Make(false);
     progress.Begin("bytes", 7);
     ReportLate(progress, 3);
     progress.Begin("spikes", 1200);
     ReportLate(progress, 600);
     progress.End("Wrote");
   }
-  EXPECT_TRUE(out.str().starts_with("Wrote 1\u202f200 spikes in 0.1")) << out.str();
-  EXPECT_TRUE(out.str().ends_with(" a second)\n")) << out.str();
+  EXPECT_EQ(out.str(), "Wrote 1\u202f200 spikes in 0.11 s (10909 a second)\n");
 }
 
-TEST(ProgressBar, DrawsABarThatIsGoneWhenTheWorkIsLeft) {
-  std::ostringstream out;
+TEST_F(ProgressBars, DrawsABarThatIsGoneWhenTheWorkIsLeft) {
   {
-    ProgressBar progress(out, true);
+    ProgressBar progress = Make(true);
     progress.Begin("spikes", 4);
     for (uint64_t count = 0; count < 3; ++count) progress.Reached(count);  // too soon to be drawn
     EXPECT_EQ(out.str(), "");

@@ -33,6 +33,7 @@ class Pacer {
  public:
   Pacer(World& world, int64_t first, int64_t rows)
       : world_(world),
+        pumped_(world.Now()),
         first_(first),
         tenth_(std::llrint(static_cast<double>(rows) / 10)),
         rows_(static_cast<double>(rows)) {}
@@ -44,7 +45,7 @@ class Pacer {
       shown_ = multiple;
       world_.ShowProgress(static_cast<double>(multiple - first_) / rows_);
     }
-    const auto now = std::chrono::steady_clock::now();
+    const auto now = world_.Now();
     if (now - pumped_ < kPumpInterval) return;
     pumped_ = now;
     if (!world_.PumpEvents()) throw Interrupted();
@@ -52,11 +53,11 @@ class Pacer {
 
  private:
   World& world_;
+  World::Clock::time_point pumped_;
   int64_t first_;
   int64_t tenth_;
   double rows_;
   int64_t shown_ = -1;
-  std::chrono::steady_clock::time_point pumped_ = std::chrono::steady_clock::now();
 };
 
 /// Rows that are read at a time: 261 kB, which are still in the second-level cache when they are spread.

@@ -18,7 +18,7 @@ WorkPace::~WorkPace() {
 }
 
 void WorkPace::Reached(double share) {
-  const auto now = Clock::now();
+  const auto now = world_.Now();
   if (now - pumped_ < kPumpInterval) return;
   pumped_ = now;
   if (now - begin_ >= kShowAfter) {

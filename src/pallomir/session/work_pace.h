@@ -1,7 +1,5 @@
 #pragma once
 
-#include <chrono>
-
 #include "pallomir/files/progress.h"
 #include "pallomir/session/world.h"
 
@@ -11,7 +9,7 @@ namespace pallomir {
 /// hidden however the work ends.
 class WorkPace {
  public:
-  explicit WorkPace(World& world) : world_(world), begin_(Clock::now()) {}
+  explicit WorkPace(World& world) : world_(world), begin_(world.Now()) {}
   ~WorkPace();
   WorkPace(const WorkPace&) = delete;
   WorkPace& operator=(const WorkPace&) = delete;
@@ -29,11 +27,10 @@ class WorkPace {
   void Reached(double share);
 
  private:
-  using Clock = std::chrono::steady_clock;
   World& world_;
-  Clock::time_point begin_;
+  World::Clock::time_point begin_;
   /// The user is looked at right away: whatever was clicked before shows.
-  Clock::time_point pumped_{};
+  World::Clock::time_point pumped_{};
   bool shown_ = false;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <string_view>
 
 namespace pallomir {
@@ -7,7 +8,11 @@ namespace pallomir {
 /// The world outside the program's own logic. The main form is one; tests hand in a recording fake.
 class World {
  public:
+  using Clock = std::chrono::steady_clock;
   virtual ~World() = default;
+
+  /// What time it is, for work that shows how far it is.
+  virtual Clock::time_point Now() const { return Clock::now(); }
 
   /// A modal message box with an OK button, under the application's own title when `title` is empty.
   virtual void ShowMessage(std::string_view text, std::string_view title = {}) = 0;
