@@ -36,6 +36,7 @@ TEST_F(AxisScaling, OnlyTheTypedEndChangesOfOneOrOfAll134) {
   SetAxis(session, 1, {std::nullopt, 50});
   EXPECT_EQ(Axis(1), Range(0, 50));
   SetAllAxes(session, {-2, std::nullopt});
+  EXPECT_EQ(Axis(0), Range(-2, 100));
   EXPECT_EQ(Axis(1), Range(-2, 50));
   EXPECT_EQ(Axis(133), Range(-2, 100));
   EXPECT_EQ(Axis(134), Range(0, 100));

@@ -202,6 +202,21 @@ TEST(BoundariesFile, WithoutRecordsOrHeaderDeletesTheClusters) {
   EXPECT_EQ(PointsInCluster(desk.Shared, 0), 441);
 }
 
+TEST(BoundariesFile, WithoutRecordsDeletesTheFirstAndTheLastClusterToo) {
+  Desk desk;
+  desk.PutRecords("empty", "");
+  for (const int c : {1, kClusters}) {
+    ByCluster<bool> chosen{};
+    chosen[c] = true;
+    desk.Define(c, RectangleOf(0, 0, 10, 10));
+    EXPECT_TRUE(ReadSelectedClusters(desk.Shared, desk.Path("empty"), chosen));
+    EXPECT_FALSE(desk.Shared.ClusterDefined[c]) << c;
+    desk.Define(c, RectangleOf(0, 0, 10, 10));
+    EXPECT_TRUE(ReadCBFile(desk.Shared, desk.Path("empty")));
+    EXPECT_FALSE(desk.Shared.ClusterDefined[c]) << c;
+  }
+}
+
 TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
   std::string manyBoundaries;
   for (int b = 0; b < 22; ++b) manyBoundaries += Triangle(6);

@@ -74,8 +74,10 @@ TEST(FileUtilities, RemoveExtensionKeepsFolders) {
       {"W\\a.b.c", "W\\a.b"},
       {"W\\..\\Pos.p", "W\\..\\Pos"},
       {"W.x\\ttmp", "W.x\\ttmp"},
+      {"W\\..\\Pos", "W\\..\\Pos"},
       {"/a.b/c", "/a.b/c"},
       {"W.x/y\\t.rmap", "W.x/y\\t"},
+      {"W.x\\", "W.x\\"},
       {"x", "x"},
       {"", ""},
   };

@@ -52,6 +52,20 @@ TEST(Raster, BothEndsOfAnAxisAreOnTheSurfaceAndNothingBeyondThem) {
   EXPECT_EQ(Picture(raster), "...\n...\n...\n");
 }
 
+TEST(Raster, PixelsHoldTheirUpperAndLeftEdgesAlone) {
+  const View view{0, 2, 0, 2, 3, 3};  // one unit a pixel
+  const std::pair<std::pair<double, double>, std::string> cases[] = {{{-0.5, 1}, "...\n#..\n...\n"},
+                                                                     {{1, -0.5}, ".#.\n...\n...\n"},
+                                                                     {{0.5, 1.5}, "...\n...\n.#.\n"},
+                                                                     {{2.5, 1}, "...\n...\n...\n"},
+                                                                     {{1, 2.5}, "...\n...\n...\n"}};
+  for (const auto& [point, picture] : cases) {
+    Raster raster(3, 3, 0, 1);
+    EXPECT_EQ(Draw(raster, view, {point}), picture.find('#') == std::string::npos ? 0 : 1);
+    EXPECT_EQ(Picture(raster), picture) << point.first << ", " << point.second;
+  }
+}
+
 TEST(Raster, DiscsHoldThePixelsWithinTheirRadiusAndAreCutAtTheBorder) {
   const View view{0, 10, 0, 8, 11, 9};  // one unit a pixel, both growing away from the upper left corner
   for (const double radius : {0.5, 1.0, 1.5, 2.3, 4.0, 5.7, 9.0}) {

@@ -10,6 +10,7 @@
 #include "pallomir/results/compute_direction.h"
 #include "pallomir/results/compute_maps.h"
 #include "pallomir/results/compute_trains.h"
+#include "pallomir/results/spike_times.h"
 #include "support/analysis_files.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
@@ -192,6 +193,19 @@ TEST_F(Analyses, LongWorkCanBeStopped) {
   world.InterruptAt = 1;
   const AnalysisFiles files = PutSpikes(folder, {0, 100'000}, {1});
   EXPECT_THROW(RateMapOf(files, positions), Interrupted);
+  EXPECT_FALSE(world.ProgressVisible);
+}
+
+TEST_F(Analyses, ReadingALongFileTellsHowFarItIs) {
+  std::string lines;
+  for (int i = 0; i < 10 * 1024; ++i) lines += "12\n";
+  world.Slow = true;
+  ForEachNumberedLine(world, folder.Put("long", lines), [](const NumberedLine&) {});
+  // It is told every tenth of the file, once the bar is up.
+  ASSERT_FALSE(world.Progress.empty());
+  const int last = static_cast<int>(world.Progress.size()) - 1;
+  for (int told = 0; told <= last; ++told)
+    EXPECT_NEAR(world.Progress[told], 32766 * (10 - last + told) / 10.0, 1) << told;
   EXPECT_FALSE(world.ProgressVisible);
 }
 

@@ -159,6 +159,14 @@ TEST(SpatialAutocorrelation, PatchesWithoutVarianceHaveNone) {
   EXPECT_EQ(Correlated(MapOf(1, 1, {2})).Values.size(), size_t{1});
 }
 
+TEST(SpatialAutocorrelation, AFieldOfOneBinIsFoundWhereverItStands) {
+  for (const size_t bin : {0, 13, 29}) {
+    Map map = MapOf(6, 5, std::vector<double>(30));
+    map.Values[bin] = 8;
+    EXPECT_NEAR(Correlated(map).At(4, 5), 1, 1e-12) << bin;
+  }
+}
+
 TEST(SpatialAutocorrelation, TheUserCanStopIt) {
   const Map map = MapOf(400, 400, std::vector<double>(160'000, 1));
   EXPECT_THROW(SpatialAutocorrelation(map, Progress([](double) { return false; })), Interrupted);

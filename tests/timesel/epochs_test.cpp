@@ -134,6 +134,19 @@ TEST(EpochSelection, RefusesRowsThatOverlap) {
   }
 }
 
+TEST(EpochSelection, LooksAtTheFirstAndTheLastRowToo) {
+  for (const auto& [early, late] : {std::pair{0, 29}, {29, 0}}) {
+    EpochChoices rows;
+    rows[early] = Chosen("100", "200");
+    rows[late] = Chosen("500", "600");
+    EXPECT_EQ(RangeOfSelected(rows).StartRecord, 100) << early;
+    EXPECT_EQ(RangeOfSelected(rows).EndRecord, 600) << late;
+    rows[7] = Chosen("150", "300");
+    EXPECT_EQ(Refusal([&] { CheckSelection(rows, 7); }), "ERROR: Epoch overlaps with previously selected epoch")
+        << early;
+  }
+}
+
 TEST(EpochSelection, SpansFromTheSmallestStartToTheLargestEnd) {
   EpochChoices rows;
   EXPECT_EQ(RangeOfSelected(rows).EndRecord, 0);
