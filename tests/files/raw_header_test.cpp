@@ -10,13 +10,14 @@ namespace {
 TEST(RawHeader, FindsALineByItsWholeKey) {
   const std::string header =
       "######## Data file\r\n## -AlignmentPt 1\r\n\t-AlignmentPtLate 2\n-alignmentpt\t 8 \r\n-AlignmentPt 9\r\n"
-      "-Empty\r\n-Name Sc\xFC\x07k\r\n" +
+      "-Empty\r\n-Name Sc\xFC\x07k\r\n-Other ~ \x7F\r\n" +
       std::string("-Cut 1\0-Last 5", 14);
   EXPECT_EQ(HeaderText(header, "AlignmentPt"), "8");
   EXPECT_EQ(HeaderText(header, "AlignmentPtLate"), "2");
   EXPECT_EQ(HeaderText(header, "Empty"), "");
   EXPECT_EQ(HeaderText(header, "Align"), "");
   EXPECT_EQ(HeaderText(header, "Name"), "Sc??k");
+  EXPECT_EQ(HeaderText(header, "Other"), "~ ?");
   EXPECT_EQ(HeaderText(header, "Cut"), "1");
   EXPECT_EQ(HeaderText(header, "Last"), "5");
   EXPECT_EQ(HeaderText("", "Last"), "");

@@ -111,6 +111,18 @@ TEST(ClusterFiles, WithoutClustersOrPointsAreTheUnclassifiedOne) {
   }
 }
 
+TEST(ClusterFiles, OverlapsOfNeighbouringNumbersAreReportedToo) {
+  Desk desk;
+  desk.Define(1, 0, 3);
+  desk.Define(2, 3, 5);
+  desk.Define(29, 6, 8);
+  desk.Define(30, 7, 9);
+  desk.Write();
+  ASSERT_GE(desk.World.Log.size(), size_t{2});
+  EXPECT_EQ(desk.World.Log[0], "Cluster 1 overlaps with 2: 1 points");
+  EXPECT_EQ(desk.World.Log[1], "Cluster 29 overlaps with 30: 2 points");
+}
+
 TEST(ClusterFiles, HoldEverySpikeOnceInAClusterThatContainsIt) {
   constexpr int kPoints = 20'000;
   Desk desk(kPoints);

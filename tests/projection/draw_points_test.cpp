@@ -103,6 +103,12 @@ TEST_F(Redraw, RecordRangesHoldTheirBounds) {
   for (const auto& [ranges, drawn] : cases) EXPECT_EQ(Draw(session, {{}, ranges}), drawn);
 }
 
+TEST(PointRadius, IsInThousandthsOfTheWidthAndNoneBelowOne) {
+  EXPECT_EQ(PointRadius(0.99F, 2000), 0);
+  EXPECT_EQ(PointRadius(1, 2000), 2);
+  EXPECT_EQ(PointRadius(2.5F, 400), 1);
+}
+
 TEST_F(Redraw, BatchesDrawEveryVisiblePointOnce) {
   std::vector<Vertex> points = {{NAN, 5}, {5, 101}};
   for (int i = 0; i < 6000; ++i) points.push_back({static_cast<float>(i % 100), static_cast<float>(i / 100)});

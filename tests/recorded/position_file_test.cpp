@@ -39,6 +39,7 @@ TEST(PositionFile, IsToldApartByItsContent) {
       {AcquisitionHeader() + frames, shown},
       {AcquisitionHeader() + frames + "part of a frame", shown},
       {frames, shown},
+      {VideoFrame(1000, 10, 20, 180), "1000 100 200 900; "},
       {"time,x,y,angle\n1000,10,20,90\n2000,,,\n3000,5,-6,0", shown},
       {"# a note\n\n1000\t10.0\t2e1\t90\r\n2000 NaN 7 1\r\n  3000 ; 5 ; -6 ; 360 \r\n", shown},
       {"1000 10 20\n2000 0 0\n3000 5 -6\n", "1000 100 200 -; 2000 - - -; 3000 50 -60 -; "},
@@ -92,6 +93,8 @@ TEST(PositionFile, WhatIsSomethingElseIsRefused) {
        "Pos.p: AngleSense in the header has to be \"cw\" or \"ccw\"."},
       {"PixelsPerCm,0\n1 2 3\n", "Pos.p: PixelsPerCm has to be a number above 0."},
       {spikes, "Pos.p is not a position file: its bytes are neither text nor video frames."},
+      {AcquisitionHeader() + VideoFrame(~0ULL, 1, 1, 1),
+       "Pos.p is not a position file: its bytes are neither text nor video frames."},
       {std::string(4000, '\0'), "Pos.p is not a position file: its bytes are neither text nor video frames."},
       {std::string("\x89PNG\0\1\2\3", 8), "Pos.p is not a position file: its bytes are neither text nor video frames."},
   };

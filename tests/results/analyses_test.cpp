@@ -152,6 +152,25 @@ TEST_F(Analyses, AnEmptyPlotSaysWhy) {
   }
 }
 
+TEST_F(Analyses, OnlyATrainWithoutPairsOrIntervalsSaysWhyItsPlotIsEmpty) {
+  struct Case {
+    std::vector<int64_t> Spikes;
+    std::string Pairs, Intervals;
+  };
+  const Case cases[] = {{{1},
+                         "The cluster has a single spike within its time range.",
+                         "The cluster has a single spike within its time range: there is no interval."},
+                        {{1, 500'001}, "No two spikes of the cluster are less than 500 ms apart.", ""},
+                        {{1, 500'000}, "", ""},
+                        {{1, 50}, "", "No interval lies between 0.1 ms and 100 s."},
+                        {{1, 50, 150}, "", ""}};
+  for (const Case& c : cases) {
+    const AnalysisFiles files = PutSpikes(folder, {0, 1'000'000}, c.Spikes);
+    EXPECT_EQ(ComputeAutoCorr(world, files.Cluster, files.Time, folder / "tmp.acorr").Explanation, c.Pairs);
+    EXPECT_EQ(ComputeLogISI(world, files.Cluster, files.Time, folder / "tmp.isi").Explanation, c.Intervals);
+  }
+}
+
 TEST_F(Analyses, FaultyFilesAreNamed) {
   const AnalysisFiles files = PutSpikes(folder, {0, 100'000}, {1});
   folder.Put("Pos.p", "0 1 1\n30000 1 1\n");

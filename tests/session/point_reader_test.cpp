@@ -198,6 +198,25 @@ TEST_F(PointReader, PutsBackWhatWasLoadedWithItsMembershipLists) {
   EXPECT_EQ(impatient.Log, std::vector<std::string>());
 }
 
+TEST_F(PointReader, PutsBackWhatBeganWithTheFirstRecord) {
+  Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(20)));
+  ReadPoints(session, world, 0, 12);
+  EventfulWorld impatient;
+  impatient.Slow = true;
+  impatient.InterruptAt = 1;
+  EXPECT_THROW(ReadPoints(session, impatient, 0, 19), Interrupted);
+  ExpectLoaded(session, 0, 12);
+}
+
+TEST_F(PointReader, RefusesALastRowOfWhichNothingIsThere) {
+  // The rows of two blocks; while the first is read, the one row of the second goes away.
+  Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(481)));
+  EventfulWorld eventful;
+  eventful.Slow = true;
+  eventful.Happens = [&](int) { std::filesystem::resize_file(session.File.Path, kHeader.size() + 480 * 544); };
+  EXPECT_EQ(Refusal([&] { ReadPoints(session, eventful, 0, 480); }), "TT1.Ntt.parms ended early, at record 480.");
+}
+
 TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
   const std::string gone = "): no points are loaded now.", was = "What was loaded before could not be read again (";
   const auto cut = [&](size_t rows) {

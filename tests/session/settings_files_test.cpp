@@ -35,6 +35,21 @@ TEST(Defaults, AreKeptWithoutTheParameterFile) {
   EXPECT_EQ(ReadText(folder / "Defaults"), text);
 }
 
+TEST(Defaults, HoldThirtyEpochsAndNoMore) {
+  const TemporaryFolder folder;
+  Session session, other;
+  session.EpochStartRecord[29] = 7;
+  Defaults written, read;
+  written.Epochs.assign(30, "A: 1 2");
+  WriteDefaults(session, written, folder / "Defaults");
+  EXPECT_TRUE(ReadDefaults(other, read, folder / "Defaults"));
+  EXPECT_EQ(read.Epochs, written.Epochs);
+  EXPECT_EQ(other.EpochStartRecord, session.EpochStartRecord);
+  written.Epochs.push_back("B: 3 4");
+  EXPECT_EQ(Refusal([&] { WriteDefaults(session, written, folder / "Defaults"); }),
+            "ERROR: A Defaults file holds at most 30 epochs. Nothing was written.");
+}
+
 TEST(Defaults, ASecondFileGoesOverTheFirst) {
   const TemporaryFolder folder;
   Session session;

@@ -32,6 +32,7 @@ TEST(EpochItems, AreReadAsTheyAreWritten) {
   table[29] = {"x", "", ""};
   EXPECT_EQ(ItemsOf(table), (std::vector<std::string>{"run: 1 2", ":  7", "x:  "}));
   EXPECT_EQ(TableOf(ItemsOf(table))[0].End, "2");
+  EXPECT_EQ(TableOf(std::vector<std::string>(30, "a: 1 2"))[29].End, "2");
   EXPECT_EQ(Refusal([] { TableOf(std::vector<std::string>(31, "a: 1 2")); }),
             "ERROR: There are 31 epochs, and room for 30.");
 }
