@@ -6,7 +6,7 @@
 
 namespace pallomir {
 
-/// The value of T that stands little-endian at `bytes`, at any alignment.
+/// Reads a little-endian T from `bytes`, at any alignment.
 template <class T>
 T LoadLittleEndian(const unsigned char* bytes) {
   unsigned char copy[sizeof(T)];

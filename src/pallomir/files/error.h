@@ -8,9 +8,9 @@
 
 namespace pallomir {
 
-/// What ends a command: its text is one sentence that says what was wrong, in which file and where.
-/// RunCommand, round every event handler, shows it in a message box under `title` (the application's own when empty);
-/// the session is whole when it is thrown. Names and texts from files may hold anything; what is shown is printable.
+/// Ends a command. The text is one sentence that says what is wrong, in which file and where. RunCommand, which wraps
+/// every event handler, shows it in a message box under `title` (the application's name if empty); throwers leave the
+/// session consistent. Texts from files may contain any bytes; only printable ones are shown.
 class CommandError : public std::runtime_error {
  public:
   explicit CommandError(const std::string& text, std::string title = {})
@@ -21,13 +21,13 @@ class CommandError : public std::runtime_error {
   std::string title_;
 };
 
-/// As CommandError, but the program cannot go on: it ends once the user has read the message.
+/// As CommandError, but the program cannot continue: it exits once the user has read the message.
 class ProgramEnd : public CommandError {
  public:
   using CommandError::CommandError;
 };
 
-/// The user asked for a long piece of work to stop; nothing needs to be said about it.
+/// The user stopped a long operation; no message is shown.
 class Interrupted : public std::exception {
  public:
   const char* what() const noexcept override { return "interrupted"; }

@@ -4,13 +4,14 @@
 
 namespace pallomir {
 
-/// The calls to the system that saving is made of.
+/// The system calls used for saving.
 enum class FileCall { Open, Write, Flush, Rename };
 
-/// Asked before each of them, where a test has set it: the errno that the call is to fail with, or 0 to let it happen.
+/// Called before each of them if a test has set it; returns the errno with which the call fails, or 0 to let it
+/// proceed.
 inline int (*FaultBefore)(FileCall call) = nullptr;
 
-/// True when a test wants the call to fail; errno is set then.
+/// True, with errno set, if a test makes the call fail.
 inline bool Faulted(FileCall call) {
   const int fault = FaultBefore ? FaultBefore(call) : 0;
   if (fault) errno = fault;

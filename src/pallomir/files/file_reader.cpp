@@ -14,12 +14,12 @@ FileReader::FileReader(std::string_view path) {
   std::error_code error;
   if (std::filesystem::is_directory(native, error)) throw CommandError(std::string(path) + " is a folder, not a file.");
   if (!std::filesystem::exists(native, error)) throw CommandError(std::string(path) + " does not exist.");
-  // Opening a pipe would wait for its other end.
+  // Opening a pipe would block until its other end opens.
   if (!std::filesystem::is_regular_file(native, error)) throw CommandError(std::string(path) + " is not a plain file.");
   // Reads are large, so the stream's own buffer would only add a copy.
   stream_.rdbuf()->pubsetbuf(nullptr, 0);
   if (!Faulted(FileCall::Open)) stream_.open(native, std::ios::binary);
-  // Of the file that was opened: its name may stand for another one by now.
+  // Length of the opened file, as the name may refer to another file by now.
   const auto end = stream_.is_open() ? stream_.seekg(0, std::ios::end).tellg() : std::streampos(-1);
   if (end < 0) throw CommandError(std::string(path) + " cannot be opened for reading.");
   length_ = static_cast<uint64_t>(end);
@@ -32,7 +32,7 @@ size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {
   stream_.seekg(static_cast<std::streamoff>(offset));
   const bool there = stream_.good();
   if (there) stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
-  // Fewer bytes than asked for are the end of the file only where the disk reports no fault.
+  // A short read means the end of the file only if the stream reports no error.
   if (!there || stream_.bad())
     throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
   return static_cast<size_t>(stream_.gcount());

@@ -57,7 +57,7 @@ bool RenameFile(std::string_view from, std::string_view to) {
 }
 
 void SafeguardFile(std::string_view path, const std::function<bool(std::string_view)>& worthKeeping) {
-  // A link's own place is taken; what it points to is not written to, and needs no copy.
+  // Saving replaces a link itself; its target is not written to and needs no backup.
   std::error_code error;
   if (std::filesystem::is_symlink(PlatformPath(path), error)) return;
   const std::string content = ReadText(path);

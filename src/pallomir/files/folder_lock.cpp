@@ -11,7 +11,7 @@ namespace pallomir {
 
 namespace {
 
-/// More than this no program says of itself.
+/// Longer than the text any of our programs writes.
 constexpr size_t kLongestHolder = 200;
 
 std::string ThisHolder() {
@@ -21,13 +21,13 @@ std::string ThisHolder() {
   return ThisProgram() + " since " + since;
 }
 
-/// What the lock's file says. It may be anybody's text.
+/// The content of the lock file, which may be any text.
 std::string HolderIn(const std::filesystem::path& path) {
   std::string text;
   try {
     text = ReadText(PathText(path), kLongestHolder);
   } catch (const CommandError&) {
-    // The other program left in this moment.
+    // The other program exited in the meantime.
   }
   std::erase_if(text, [](char c) { return c < ' ' || c > '~'; });
   return text.starts_with("process ") ? text : "another program";

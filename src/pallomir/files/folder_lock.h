@@ -8,25 +8,26 @@
 
 namespace pallomir {
 
-/// The word of a program that it works in a folder, for as long as this stands: a file there that the system locks for
-/// it. A program that was killed has lost its lock with its life. A folder that takes no file is locked by nobody and
-/// needs no lock.
+/// Marks a folder as in use for the lifetime of this object, with a file in the folder that is locked through the
+/// operating system, so that the lock of a killed program ends with it. A folder in which no file can be created is not
+/// locked and needs no lock.
 class FolderLock {
  public:
-  /// The file, in the folder itself. It goes with the lock; a killed program leaves it, and it is nobody's then.
+  /// The lock file's name. The file is removed with the lock; one left by a killed program is unlocked.
   static constexpr const char* kFileName = ".pallomir-lock";
 
-  /// Of no folder.
+  /// Locks nothing.
   FolderLock() = default;
-  /// Takes the lock of `folder` (in the system's own notation), unless another program has it.
+  /// Locks `folder` (internal notation), unless another program has locked it.
   explicit FolderLock(std::string_view folder);
   ~FolderLock();
   FolderLock(FolderLock&& other) noexcept { *this = std::move(other); }
   FolderLock& operator=(FolderLock&& other) noexcept;
 
-  /// True when another program works in the folder.
+  /// True if another program has the lock.
   bool Taken() const { return taken_; }
-  /// Which one, in plain text: "process 4711 on rig2 since 2026-11-22 03:10"; "another program" where it does not say.
+  /// That program, in plain text: "process 4711 on rig2 since 2026-11-22 03:10"; "another program" if the lock file
+  /// does not say.
   const std::string& Holder() const { return holder_; }
 
  private:

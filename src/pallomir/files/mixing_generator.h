@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// The next number of the generator splitmix64 (Steele, Lea and Flood 2014), whose state may be any number.
+/// The next number of the splitmix64 generator (Steele, Lea and Flood 2014); any state is valid.
 inline uint64_t NextMixed(uint64_t& state) {
   state += 0x9E3779B97F4A7C15U;
   uint64_t mixed = (state ^ (state >> 30)) * 0xBF58476D1CE4E5B9U;

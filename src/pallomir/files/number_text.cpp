@@ -15,9 +15,8 @@ namespace pallomir {
 
 namespace {
 
-/// Puts the shortest text of `value` with at most `digits` significant digits, its exponent with a sign and at least
-/// two digits. Exponents appear where the number would need more than `digits` digits before the point, or has four
-/// zeros behind it.
+/// Writes the shortest text of `value` with at most `digits` significant digits; an exponent has a sign and at least
+/// two digits. It is used if the number would need more than `digits` digits before the point or four zeros after it.
 char* PutShortest(char* to, double value, int digits) {
   if (value == 0) {
     *to = '0';
@@ -31,7 +30,7 @@ char* PutShortest(char* to, double value, int digits) {
 constexpr double kTens[] = {1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11};
 constexpr uint32_t kSevenDigits = 10'000'000;
 
-/// 00 to 99, one pair of digits after the other.
+/// 00 to 99, as consecutive pairs of digits.
 constexpr auto kPairs = [] {
   std::array<char, 200> pairs{};
   for (int n = 0; n < 100; ++n) {
@@ -41,7 +40,7 @@ constexpr auto kPairs = [] {
   return pairs;
 }();
 
-/// Puts seven digits and a "0" behind them, and returns how many are left without the zeros at the end.
+/// Writes seven digits and a "0", and returns the number of digits without trailing zeros.
 int PutSevenDigits(char* to, uint32_t number) {
   const uint32_t high = number / 10000, low = number % 10000;
   to[0] = static_cast<char>('0' + high / 100);
@@ -53,7 +52,7 @@ int PutSevenDigits(char* to, uint32_t number) {
   return 8 - std::countl_zero(digits) / 8;
 }
 
-/// The power of ten of a number's first digit that is not 0, roughly: enough to tell a huge number from a tiny one.
+/// The approximate power of ten of a number's first nonzero digit: enough to tell a huge number from a tiny one.
 double PowerOfTen(std::string_view number) {
   const size_t e = std::min(number.find_first_of("eE"), number.size());
   const std::string_view digits = number.substr(0, e);
@@ -101,14 +100,14 @@ int32_t WholeNumber(double value, std::string_view what) {
   return static_cast<int32_t>(whole);
 }
 
-// Three times as fast as std::to_chars(), with its digits. A single-precision number between 0.0001 and 10^7 times the
-// power of ten that gives it seven digits before the point is exact in double precision (24 bits times at most 26), so
-// that rounding it once, halves to even, is all that is left to do.
+// Three times as fast as std::to_chars(), with the same digits. A float between 0.0001 and 10^7, times the power of ten
+// that gives it seven digits before the point, is exact in double precision (24 bits times at most 26), so that it only
+// has to be rounded once, ties to even.
 char* PutSingle(char* to, float value) {
   const double magnitude = std::abs(static_cast<double>(value));
   if (!(magnitude >= 1e-4 && magnitude < kSevenDigits)) return PutShortest(to, value, 7);
   const int binary = static_cast<int>(std::bit_cast<uint64_t>(magnitude) >> 52) - 1023;
-  int places = 6 - (binary * 1233 >> 12);  // 1233 / 4096 is log10(2); one too many where the number is the larger
+  int places = 6 - (binary * 1233 >> 12);  // 1233 / 4096 is log10(2); may be one too many
   if (magnitude * kTens[places] >= kSevenDigits) --places;
   // Adding 2^52 rounds to a whole number and leaves it in the low bits.
   auto number = static_cast<uint32_t>(std::bit_cast<uint64_t>(magnitude * kTens[places] + 0x1p52));

@@ -38,7 +38,7 @@ size_t PrintableLength(std::string_view text) {
   return static_cast<size_t>(end - text.begin());
 }
 
-/// The lengths that a header other than our own may have, likeliest first.
+/// The possible lengths of a header other than our own, likeliest first.
 std::vector<size_t> PossibleLengths(std::string_view beginning) {
   std::vector<size_t> lengths;
   if (beginning.starts_with('#')) lengths.push_back(kRawHeaderBytes);
@@ -65,7 +65,7 @@ long ParameterHeaderLength(FileReader& file) {
   long withPieceAtEnd = -1;
   for (const size_t length : PossibleLengths(beginning)) {
     if (!fits(length)) continue;
-    // A first stamp whose low byte is that of a line end looks like the end of one more line.
+    // A first stamp whose low byte equals a line feed looks like one more line.
     if ((file.Length() - length) % kRowBytes == 0) return static_cast<long>(length);
     if (withPieceAtEnd < 0) withPieceAtEnd = static_cast<long>(length);
   }

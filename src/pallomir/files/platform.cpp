@@ -26,9 +26,9 @@ namespace pallomir {
 #ifndef _WIN32
 namespace {
 
-// Here "\\" may stand in a name, and bytes that are no UTF-8. In the system's own notation such a "\\" is written as
-// the overlong form that UTF-8 forbids, and that form's first byte, which no valid text holds, is doubled up likewise:
-// every name keeps its bytes.
+// Outside Windows a name may contain "\\" and bytes that are not UTF-8. In the internal notation such a "\\" becomes
+// its overlong form, which UTF-8 forbids; the first byte of that form, which valid UTF-8 never contains, is escaped
+// likewise. So every name keeps its bytes.
 constexpr std::string_view kBackslash = "\xC1\x9C";
 constexpr std::string_view kMark = "\xC1\x81";
 constexpr char kMarkByte = '\xC1';
@@ -112,8 +112,8 @@ std::FILE* OpenFile(const std::filesystem::path& path, const char* mode) {
 
 #ifdef _WIN32
 
-// A file that is open here cannot be removed by another program, which is the lock on it. The lock that is asked for
-// lies behind any content, which stays readable so.
+// Windows doesn't let another program delete a file that is open here. The lock is taken beyond any content, so that
+// the content stays readable.
 
 static bool TakeLock(std::FILE* file) {
   OVERLAPPED place{};
@@ -170,7 +170,7 @@ std::string ThisProgram() {
 
 enum class Lock { Held, Taken, NotThere, Unknown };
 
-/// NotThere: the name stands for another file by now, or for none. Unknown: the file system has no locks.
+/// NotThere: the name refers to another file by now, or to none. Unknown: the file system does not support locks.
 static Lock TakeLock(int descriptor, const std::filesystem::path& path) {
   if (flock(descriptor, LOCK_EX | LOCK_NB) != 0) return errno == EWOULDBLOCK ? Lock::Taken : Lock::Unknown;
   struct stat opened {
@@ -185,7 +185,7 @@ std::FILE* MakeFile(const std::filesystem::path& path) {
   if (descriptor < 0) return nullptr;
   const Lock lock = TakeLock(descriptor, path);
   if (lock == Lock::Held || lock == Lock::Unknown) return fdopen(descriptor, "wb");
-  // Another program's RemoveLeftovers() came between.
+  // Another program's RemoveLeftovers() removed the file in the meantime.
   close(descriptor);
   errno = EEXIST;
   return nullptr;
@@ -195,18 +195,18 @@ std::FILE* OpenLocked(const std::filesystem::path& path, IfMissing missing, bool
   taken = false;
   const bool make = missing == IfMissing::Make;
   for (;;) {
-    // Opening a pipe would wait for its other end.
+    // Opening a pipe would block until its other end opens.
     constexpr int kPlainly = O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     int descriptor = open(path.c_str(), O_RDWR | kPlainly | (make ? O_CREAT : 0), 0666);
     const bool ours = descriptor >= 0;
-    // Another user's file may not be written to, but it tells whether that user's program runs.
+    // Another user's file can't be opened for writing, but its lock tells whether that user's program runs.
     if (!ours && make) descriptor = open(path.c_str(), O_RDONLY | kPlainly);
     if (descriptor < 0) return nullptr;
     struct stat opened {};
     const bool plain = fstat(descriptor, &opened) == 0 && S_ISREG(opened.st_mode) && opened.st_nlink <= 1;
     const Lock lock = plain ? TakeLock(descriptor, path) : Lock::Unknown;
     if (lock == Lock::Held && ours) return fdopen(descriptor, "rb+");
-    // What nobody holds, or can hold, makes room for a file of our own.
+    // Remove a file that is not locked, or cannot be, to make way for our own.
     const bool inTheWay = make && plain && (lock == Lock::Unknown || lock == Lock::Held);
     const bool removed = inTheWay && unlink(path.c_str()) == 0;
     close(descriptor);

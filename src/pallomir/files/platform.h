@@ -9,10 +9,10 @@
 #include <string_view>
 #include <system_error>
 
-// Everything that differs between operating systems; platform.cpp is the only file that may ask which one it is.
+// Everything that differs between operating systems; only platform.cpp may test which one it is.
 
-// Compiles a hot loop twice, for any x86-64 machine and for one with AVX2, and picks at start-up. Only where the
-// toolchain can do so; elsewhere the loop is compiled once.
+// Compiles a hot loop twice, for any x86-64 CPU and for one with AVX2, and selects one at start-up, if the toolchain
+// supports it; otherwise the loop is compiled once.
 #if defined(__GNUC__) && !defined(__clang__) && defined(__x86_64__) && defined(__linux__) && \
     !defined(__SANITIZE_ADDRESS__)
 #define PALLOMIR_HOT_LOOP __attribute__((target_clones("avx2", "default")))
@@ -20,7 +20,7 @@
 #define PALLOMIR_HOT_LOOP
 #endif
 
-// A part of such a loop has to become part of it, or it is compiled for the older machine alone.
+// A function called in such a loop must be inlined, or it is only compiled for the older CPU.
 #if defined(__GNUC__)
 #define PALLOMIR_HOT_PART __attribute__((always_inline)) inline
 #else
@@ -29,63 +29,62 @@
 
 namespace pallomir {
 
-/// The path that the operating system understands for a path in the system's own notation: UTF-8, with "\" between
-/// its parts ("/" too). What comes from the operating system gets into that notation by PathText() alone.
+/// Converts a path from the internal notation, UTF-8 with "\" (or "/") as separator, to that of the operating system.
+/// Paths from the operating system are converted to the internal notation by PathText() only.
 std::filesystem::path PlatformPath(std::string_view path);
 
-/// A path of the operating system in the system's own notation. PlatformPath() leads back to the same file whatever its
-/// name is: one that is not UTF-8 keeps its bytes, and a "\" within a name, where the operating system allows that, is
-/// told apart from one between names.
+/// Converts a path of the operating system to the internal notation. PlatformPath() restores the same file name,
+/// whatever it is: one that is not UTF-8 keeps its bytes, and a "\" within a name, where allowed, is distinct from a
+/// separator.
 std::string PathText(const std::filesystem::path& path);
 
-/// A sentence or path as a user reads it: a "\" within a name looks like one.
+/// A message or path as shown to the user: a "\" within a name looks like one.
 std::string ReadablePath(std::string_view text);
 
-/// Sees to it that what was written to `file` is on the disk, not only in memory. False when it failed.
+/// Flushes `file` to the disk, not only to the operating system. Returns false on failure.
 bool FlushToDisk(std::FILE* file);
 
-/// Asks the system to begin bringing to the disk what was written to `file`, and does not wait for it. A file that
-/// nobody asks about stays in memory until FlushToDisk(), which then waits for all of it.
+/// Starts writing the data of `file` to the disk, without waiting. Otherwise the data may stay in memory until
+/// FlushToDisk(), which then waits for all of it.
 void StartFlushing(std::FILE* file);
 
-/// Sees to it that a rename in `folder` has reached the disk, where the system can be asked to.
+/// Makes a rename in `folder` durable on the disk, if the system supports it.
 void FlushFolder(const std::filesystem::path& folder);
 
-/// Opens a file with C's fopen() under a path of the operating system.
+/// fopen() for a path of the operating system.
 std::FILE* OpenFile(const std::filesystem::path& path, const char* mode);
 
-/// Makes a file for writing under a name that nothing has, not even a link, and holds the system's lock on it until it
-/// is closed: so RemoveLeftovers() tells it from what a dead program left. Null when it cannot be made, with errno set:
-/// EEXIST when another name may do.
+/// Creates a file for writing under an unused name (not even a link's) and holds a lock on it until it is closed, so
+/// that RemoveLeftovers() can tell it from one left by a killed program. Null with errno set on failure: EEXIST if
+/// another name may work.
 std::FILE* MakeFile(const std::filesystem::path& path);
 
-/// Opens a plain file, never through a link, for reading and writing, and takes the system's lock on it. Null when that
-/// cannot be; `taken` tells whether that is because another program, or another part of this one, holds the lock.
+/// Opens a regular file, never through a link, for reading and writing, and locks it. Null on failure; `taken` tells
+/// whether another program, or another part of this one, holds the lock.
 enum class IfMissing { Make, Leave };
 std::FILE* OpenLocked(const std::filesystem::path& path, IfMissing missing, bool& taken);
 
-/// Takes away all that a file held.
+/// Truncates a file to zero length.
 void EmptyFile(std::FILE* file);
 
-/// Gives a file that is still open, and locked, the name `to`, and closes it: the file that had the name, or the link,
-/// is replaced.
+/// Renames an open, locked file to `to`, replacing any file or link there, and closes it.
 std::error_code RenameAndClose(std::FILE* file, const std::filesystem::path& from, const std::filesystem::path& to);
 
-/// Takes a file that is still open away, and closes it.
+/// Deletes an open file and closes it.
 void RemoveAndClose(std::FILE* file, const std::filesystem::path& path);
 
-/// The program that runs, for who meets its lock: "process 4711 on rig2".
+/// This program as others see it in the lock file: "process 4711 on rig2".
 std::string ThisProgram();
 
-/// The most memory that the program has had in use, in bytes; 0 where the system does not tell.
+/// Peak memory use of the program in bytes; 0 if unknown.
 uint64_t PeakMemory();
 
-/// Memory that can still be taken, in bytes, where the system promises more than it has (it then ends the program that
-/// uses it); the largest number where it keeps its promises or does not tell.
+/// Memory still available, in bytes, on systems that overcommit (and kill a program that runs out); the largest number
+/// on other systems or if unknown.
 uint64_t FreeMemory();
 
-/// Zeroed memory for tables of hundreds of megabytes, in large pages where the system has them (first touching 0.5 GB
-/// takes 30 ms so, 130 ms in small pages). Throws std::bad_alloc when there is not enough.
+/// Zeroed memory for tables of hundreds of megabytes, in huge pages if available (first touching 0.5 GB takes 30 ms
+/// then, 130 ms in small pages). Throws std::bad_alloc if there is not enough.
 struct LargeMemoryDeleter {
   size_t bytes = 0;
   void operator()(void* memory) const;

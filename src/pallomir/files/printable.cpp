@@ -10,7 +10,7 @@ namespace {
 
 constexpr size_t kMostQuoted = 40;
 
-/// Takes the first character off `text`, as it can be shown.
+/// Removes the first character from `text` and returns it, or "?" if it is not printable.
 std::string_view TakeCharacter(std::string_view& text) {
   const size_t length = PrintableCharacter(text);
   const std::string_view character = length > 0 ? text.substr(0, length) : "?";
@@ -27,10 +27,10 @@ size_t PrintableCharacter(std::string_view text) {
   if (byte(0) < 0xC2 || byte(0) > 0xF4) return 0;
   for (size_t i = 1; i < length; ++i)
     if ((byte(i) & 0xC0) != 0x80) return 0;
-  // Longer forms than needed, halves of pairs, and what lies beyond the last character.
+  // Overlong forms, surrogates and code points beyond the last.
   if ((byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xED && byte(1) > 0x9F)) return 0;
   if ((byte(0) == 0xF0 && byte(1) < 0x90) || (byte(0) == 0xF4 && byte(1) > 0x8F)) return 0;
-  // The control characters from U+0080 to U+009F, which terminals obey as well.
+  // U+0080 to U+009F are control characters that terminals interpret as well.
   return byte(0) == 0xC2 && byte(1) < 0xA0 ? 0 : length;
 }
 

@@ -12,32 +12,32 @@
 
 namespace pallomir {
 
-/// The layout that a path's extension, in either case, stands for; nullptr when it stands for none.
+/// The layout for a path's extension, ignoring case; nullptr for any other extension.
 const RawLayout* LayoutByExtension(std::string_view path);
 
-/// A raw file opened for reading. A file that does not begin with "#" has no header; a piece of a record at its end is
-/// left out.
+/// A raw file opened for reading. A file that does not begin with "#" has no header; an incomplete record at the end is
+/// ignored.
 class RawFile {
  public:
-  /// Throws CommandError when the file cannot be opened, or its header names a record size other than the layout's.
+  /// Throws CommandError if the file cannot be opened, or its header has a record size other than the layout's.
   RawFile(std::string_view path, const RawLayout& layout);
 
   const RawLayout& Layout() const { return layout_; }
   const std::string& Name() const { return file_.Name(); }
-  /// The header's bytes, as many as the file has of the 16384; empty when there is none.
+  /// The header, up to 16384 bytes; empty if there is none.
   const std::string& Header() const { return header_; }
   uint64_t RecordCount() const { return records_; }
   size_t TrailingBytes() const { return trailing_; }
 
-  /// Fills `into` with `count` records from record `first` on. Throws CommandError when they cannot be read.
+  /// Reads `count` records, starting at record `first`, into `into`. Throws CommandError if they cannot be read.
   void Read(uint64_t first, size_t count, unsigned char* into);
 
   uint64_t StampOf(const unsigned char* record) const {
     return LoadLittleEndian<uint64_t>(record + layout_.StampOffset);
   }
 
-  /// Calls use(record, number) for every record in the order of the file, reading in large blocks. `progress` is told
-  /// with Begin(records, how many) what is read and with Reached(how many) how far that has come.
+  /// Calls use(record, number) for every record in file order, reading in large blocks. Calls progress.Begin(name of
+  /// the records, their number) first and progress.Reached(number of records read) after each block.
   template <class Progress, class Use>
   void ForEachRecord(Progress& progress, Use use) {
     progress.Begin(layout_.Records, records_);

@@ -7,11 +7,11 @@
 
 namespace pallomir {
 
-/// The value of the line `-key value` of a raw file's header, trimmed; empty when there is no such line. Bytes that are
-/// not printable ASCII come back as "?". Keys compare without regard to case.
+/// The trimmed value of the line `-key value` in a raw file's header; empty if there is none. Bytes that are not
+/// printable ASCII become "?". Keys are compared ignoring case.
 std::string HeaderText(std::string_view header, std::string_view key);
 
-/// The numbers of such a line: one, or one a channel. Stops at the first word that is not a number.
+/// The numbers of such a line: one, or one per channel. Stops at the first word that is not a number.
 std::vector<double> HeaderNumbers(std::string_view header, std::string_view key);
 
 /// A header of 16384 bytes: a title line, the `-key value` lines, and zeros.

@@ -9,15 +9,15 @@ namespace pallomir {
 
 enum class RawKind { Tetrode, SingleElectrode, Events, Video };
 
-/// How one kind of raw file of the acquisition system is laid out: a text header of 16384 bytes, which may be absent,
-/// then records of one size, little-endian and packed, each with its stamp (u64, microseconds) at a fixed place.
+/// The layout of one kind of raw file of the acquisition system: an optional text header of 16384 bytes, then packed
+/// little-endian records of one size, each with its stamp (u64, microseconds) at a fixed offset.
 struct RawLayout {
   RawKind Kind;
   std::string_view Extension;
-  std::string_view Records;  ///< what messages call the records
+  std::string_view Records;  ///< name of the records in messages
   size_t RecordBytes;
   size_t StampOffset;
-  int Channels;  ///< of the waveform; 0 where there is none
+  int Channels;  ///< of the waveform; 0 without waveforms
 };
 
 inline constexpr RawLayout kTetrodeLayout{RawKind::Tetrode, "Ntt", "tetrode spikes", 304, 0, 4};
@@ -28,23 +28,23 @@ inline constexpr RawLayout kVideoLayout{RawKind::Video, "Nvt", "video frames", 1
 inline constexpr std::array kRawLayouts{kTetrodeLayout, kSingleElectrodeLayout, kEventsLayout, kVideoLayout};
 
 inline constexpr size_t kRawHeaderBytes = 16384;
-/// What is guessed to be a file of records is none where the first stamps reach this, in microseconds.
+/// A file is not taken for one of records if its first stamps reach this limit, in microseconds.
 inline constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
 inline constexpr int kWaveformSamples = 32;
 
-// Places within a spike record; sample s of channel c is the i16 at kSpikeSamples + 2 * (s * channels + c).
+// Offsets within a spike record; sample s of channel c is the i16 at kSpikeSamples + 2 * (s * channels + c).
 inline constexpr size_t kSpikeGroup = 8;      // u32
 inline constexpr size_t kSpikeCell = 12;      // u32
 inline constexpr size_t kSpikeFeatures = 16;  // i32 x 8
 inline constexpr size_t kSpikeSamples = 48;
 
-// Places within an event record.
+// Offsets within an event record.
 inline constexpr size_t kEventId = 14;   // i16
 inline constexpr size_t kEventTtl = 16;  // u16
 inline constexpr size_t kEventText = 56;
 inline constexpr size_t kEventTextBytes = 128;
 
-// Places within a video frame.
+// Offsets within a video frame.
 inline constexpr size_t kFrameX = 1616;      // i32, pixels
 inline constexpr size_t kFrameY = 1620;      // i32, pixels
 inline constexpr size_t kFrameAngle = 1624;  // i32, degrees

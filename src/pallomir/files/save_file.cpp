@@ -16,16 +16,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What the names of files end in that are being written.
+/// Ending of the names of temporary files.
 constexpr std::string_view kEnding = ".saving~";
 
-/// So much of a name is told by that of the file beside it. Names of more than 255 bytes are refused by most systems.
+/// Bytes of the target's name used in the temporary name. Most systems refuse names of more than 255 bytes.
 constexpr size_t kNameKept = 200;
 
-/// After so many bytes the disk is set to work. It halves the wait for the 160 MB of a million spikes' cluster files.
+/// Start flushing after this many bytes. This halves the wait for the 160 MB of a million spikes' cluster files.
 constexpr size_t kFlushedAtOnce = 1 << 20;
 
-/// A name beside `path` that nobody can foresee, lest a link or a pipe wait there.
+/// An unpredictable name beside `path`, so that nobody can plant a link or a pipe there.
 fs::path NameBeside(const fs::path& path) {
   std::random_device random;
   char number[17];
@@ -65,7 +65,7 @@ SaveFile::~SaveFile() {
 
 void SaveFile::Write(const void* bytes, size_t count) {
   if (Faulted(FileCall::Write) || std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written to the end");
-  // The disk works while the next part is made.
+  // The disk writes while the next block is prepared.
   waiting_ += count;
   if (waiting_ < kFlushedAtOnce) return;
   waiting_ = 0;

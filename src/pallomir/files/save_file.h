@@ -7,27 +7,27 @@
 
 namespace pallomir {
 
-/// A file that comes to stand under its name whole or not at all: everything is written beside it, under a name that
-/// nobody can foresee, flushed to disk, then renamed over it. Without Commit() the earlier file, if any, stays as it
-/// was. A link is never written through: the new file takes the link's own place, and what it points to stays as it is.
+/// Writes a file atomically: to a temporary file beside it with an unpredictable name, which is flushed to disk and
+/// then renamed to the target. Without Commit() an existing file stays as it was. Links are not followed: the new file
+/// replaces the link, and the link's target stays as it is.
 class SaveFile {
  public:
-  /// Throws CommandError when no file can be made beside `path` (in the system's own notation), or something other than
-  /// a plain file or a link stands there.
+  /// Throws CommandError if no file can be created beside `path` (internal notation), or if `path` exists and is
+  /// neither a regular file nor a link.
   explicit SaveFile(std::string_view path);
   ~SaveFile();
   SaveFile(const SaveFile&) = delete;
   SaveFile& operator=(const SaveFile&) = delete;
 
-  /// Throws CommandError when the disk is full or fails.
+  /// Throws CommandError if the disk is full or fails.
   void Write(const void* bytes, size_t count);
   void Write(std::string_view text) { Write(text.data(), text.size()); }
 
-  /// Sees everything to the disk, so that Commit() has nothing left to do but rename. Throws CommandError when the disk
-  /// is full or fails.
+  /// Flushes all data to the disk, so that Commit() only has to rename. Throws CommandError if the disk is full or
+  /// fails.
   void Finish();
 
-  /// Puts the file in place. Throws CommandError when that fails; the earlier file is then as it was.
+  /// Renames the file to its target. Throws CommandError on failure; an existing file is then unchanged.
   void Commit();
 
  private:
@@ -43,8 +43,8 @@ class SaveFile {
   bool flushed_ = false;
 };
 
-/// Removes what programs that were killed while they saved left in a folder (in the system's own notation). What a
-/// running program is writing there stays.
+/// Removes temporary files left in `folder` (internal notation) by programs that were killed while saving. Files that a
+/// running program is writing stay.
 void RemoveLeftovers(std::string_view folder);
 
 }  // namespace pallomir

@@ -6,12 +6,11 @@
 
 namespace pallomir {
 
-/// When a file was written, as local date and time in the format of strftime().
+/// A file's time of last writing as local time, in the format of strftime().
 std::string LocalTime(std::filesystem::file_time_type time, const char* format);
 
-/// Gives a file a further name, which nothing has and nothing writes to, so that its place is free: its own and when it
-/// was written, "cbfile.exit.20261122-021015.txt". Returns the path. Throws CommandError when that fails; the file is
-/// then as it was.
+/// Renames a file to an unused name that contains its time of last writing, "cbfile.exit.20261122-021015.txt", which
+/// frees its own name. Returns the new path. Throws CommandError on failure; the file is then unchanged.
 std::string SetAside(std::string_view path);
 
 }  // namespace pallomir

@@ -23,7 +23,7 @@ std::string TextItems::Text() {
   std::string_view item;
   size_t end;
   if (text_[place_] == '"') {
-    // An item lies on one line, in quotes or not.
+    // An item never spans lines, even in quotes.
     const size_t close = std::min(text_.find_first_of("\"\r\n", place_ + 1), text_.size());
     if (close == text_.size() || text_[close] != '"')
       Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " do not end");
@@ -34,7 +34,7 @@ std::string TextItems::Text() {
     item = Trimmed(text_.substr(place_, end - place_));
   }
   if (item.size() > kLongestItem) Fault("an item is longer than " + std::to_string(kLongestItem) + " characters");
-  // The delimiter belongs to the item: a comma, or one line end.
+  // Consume the delimiter: a comma or one line end.
   if (end < text_.size() && text_[end] == '\r') ++end;
   if (end < text_.size() && (text_[end] == ',' || text_[end] == '\n')) nextLine_ += text_[end++] == '\n';
   place_ = end;

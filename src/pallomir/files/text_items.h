@@ -5,37 +5,38 @@
 
 namespace pallomir {
 
-/// Reads the free delimited format: items separated by commas or line ends, texts in double quotes, blanks before an
-/// item skipped. Messages name the file and the line.
+/// Reads comma- or line-separated items; texts are in double quotes, blanks before an item are skipped. Messages name
+/// the file and the line.
 class TextItems {
  public:
-  /// Longer items are refused, in bytes: what a broken file calls one item may be all of it.
+  /// The longest item in bytes; in a broken file a single item may span all of it.
   static constexpr size_t kLongestItem = 4096;
 
-  /// `text` must outlive the reader; `name` is what messages call the file, `firstLine` the line that `text` begins on.
+  /// `text` must outlive the reader; `name` is the file's name in messages, `firstLine` the number of the line on which
+  /// `text` begins.
   TextItems(std::string_view text, std::string_view name, int firstLine = 1)
       : text_(text), name_(name), line_(firstLine), nextLine_(firstLine) {}
 
-  /// True when only blanks and line ends are left.
+  /// True if only blanks and line ends remain.
   bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
 
-  /// The next item as text, without its quotes. Throws CommandError at the end of the file, and where quotes do not
-  /// end on their line or the item is too long.
+  /// The next item as text, without its quotes. Throws CommandError at the end of the file, if quotes are not closed on
+  /// their line, or if the item is too long.
   std::string Text();
 
-  /// The next item as a number. Throws CommandError at the end of the file, or when it is not one.
+  /// The next item as a number. Throws CommandError at the end of the file or if it is not a number.
   double Number();
 
-  /// The next item as a single-precision number; one beyond its range is refused as well.
+  /// The next item as a single-precision number. Also throws CommandError if it is out of range.
   float Single();
 
-  /// Throws the rest of the present line away.
+  /// Skips the rest of the current line.
   void SkipLine();
 
   /// The 1-based line on which the last item began.
   int Line() const { return line_; }
 
-  /// Ends the command: what is wrong on that line.
+  /// Throws CommandError: `what` is wrong on that line.
   [[noreturn]] void Fault(const std::string& what) const;
 
  private:

@@ -9,11 +9,11 @@
 
 namespace pallomir {
 
-/// Lines are looked at up to this length.
+/// Longer lines are cut off, in bytes.
 inline constexpr size_t kLongestLine = 4096;
 
-/// Calls use(line, isWhole) for every line of a text from byte `begin` on, without its line end; a file of any size
-/// takes 64 KiB. Of a line longer than kLongestLine only the beginning is given, and isWhole is false.
+/// Calls use(line, isWhole) for every line of a text, starting at byte `begin`, without its line end; uses 64 KiB of
+/// memory whatever the file's size. Lines longer than kLongestLine are cut off, with isWhole false.
 template <class Use>
 void ForEachLine(FileReader& file, uint64_t begin, Use use) {
   std::string block(size_t{1} << 16, '\0');

@@ -5,10 +5,10 @@
 
 namespace pallomir {
 
-/// True when nobody may write to an existing file, so that it is not to be replaced unasked.
+/// True if an existing file is read-only for everyone, so that it must not be replaced without asking.
 bool IsWriteProtected(std::string_view path);
 
-/// Where `path` leads, links resolved, when that is not within `folder`; else empty.
+/// The resolved target of `path`, following links, if it is outside `folder`; otherwise empty.
 std::string PlaceOutside(std::string_view folder, std::string_view path);
 
 }  // namespace pallomir

@@ -10,10 +10,10 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kLargestZero = 1e6;  // degrees; beyond, nothing sensible is meant
+constexpr double kLargestZero = 1e6;  // degrees; anything beyond is an error
 constexpr std::array<std::string_view, 4> kAxes = {"+x", "+y", "-x", "-y"};
 
-/// Whether `header` has `yes` rather than `no` under `key`.
+/// True if the value of `key` in `header` is `yes`, false if it is `no`.
 bool Says(std::string_view header, std::string_view key, std::string_view yes, std::string_view no,
           std::string_view file) {
   const std::string value = HeaderValue(header, key).value_or("");

@@ -8,24 +8,24 @@
 #include "pallomir/files/text_header.h"
 #include "pallomir/science/angle_convention.h"
 
-// How the header of a position file, and who types it, names a convention of angles.
+// How the headers of position files, and the user's input, name an angle convention.
 
 namespace pallomir {
 
 /// "zero +y, clockwise", "zero 12.5 degrees, counter-clockwise, y up".
 std::string ConventionText(const AngleConvention& convention);
 
-/// The zero that "+x", "+y", "-x", "-y" or a number of degrees names, 0 up to 360.
+/// The angle of the zero named by "+x", "+y", "-x", "-y" or a number of degrees, 0 up to 360; empty for other texts.
 std::optional<double> AngleZeroFromText(std::string_view text);
 
-/// "+x", "+y", "-x", "-y" or the degrees.
+/// "+x", "+y", "-x", "-y" or the number of degrees.
 std::string AngleZeroText(double zero);
 
-/// The lines of a position file's header that tell its convention.
+/// The lines of a position file's header that state its convention.
 std::vector<HeaderEntry> HeaderEntries(const AngleConvention& convention);
 
-/// What a header tells, kTextAngles when it says nothing. Throws CommandError, naming `file`, when it cannot be
-/// understood.
+/// The convention stated by a header; kTextAngles if there is none. Throws CommandError, naming `file`, if it is
+/// invalid.
 AngleConvention ConventionFrom(std::string_view header, std::string_view file);
 
 }  // namespace pallomir

@@ -26,7 +26,7 @@ std::string Printable(const unsigned char* begin, const unsigned char* end) {
   return text;
 }
 
-/// Plain, with at most 15 significant digits.
+/// Without an exponent, with at most 15 significant digits.
 std::string StampText(double stamp) {
   if (stamp < 1e15) return PlainDecimal(stamp);
   char text[32];  // d.dddddddddddddde+XX
@@ -56,7 +56,7 @@ std::string EventsListing(const std::string& path, bool filter, const Progress& 
     const int64_t records = std::min(kBlock, last + 1 - n);
     const size_t got =
         file.ReadUpTo(static_cast<uint64_t>(start + n * kRecord), bytes.data(), static_cast<size_t>(records * kRecord));
-    // What lies past the end of the file is empty.
+    // Records past the end of the file are zeros.
     std::fill(bytes.begin() + static_cast<std::ptrdiff_t>(got), bytes.end(), static_cast<unsigned char>(0));
     for (int64_t r = 0; r < records; ++r) {
       const unsigned char* record = bytes.data() + r * kRecord;

@@ -14,7 +14,7 @@ namespace pallomir {
 
 namespace {
 
-/// Appends what the file holds, as recorded.
+/// Appends the samples of the file, as recorded.
 void ReadRecorded(std::string_view path, FileReader& file, const Progress& progress, Positions& positions) {
   const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
   const long ownHeader = TextHeaderLength(beginning);

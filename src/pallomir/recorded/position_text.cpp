@@ -14,7 +14,7 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kFarthest = 1e9;  // pixels that a coordinate may be from 0
+constexpr double kFarthest = 1e9;  // the largest absolute coordinate, in pixels
 
 bool IsBlank(char c) {
   return c == ' ' || c == '\t';
@@ -28,7 +28,7 @@ void SkipBlanks(std::string_view& line) {
   while (!line.empty() && IsBlank(line.front())) line.remove_prefix(1);
 }
 
-/// The next column of a line, which is taken off it. Columns are apart by blanks, with or without one "," or ";".
+/// Removes the next column from a line and returns it. Columns are separated by blanks, optionally with one "," or ";".
 std::string_view TakeColumn(std::string_view& line) {
   size_t end = 0;
   while (end < line.size() && !EndsColumn(line[end])) ++end;
@@ -38,11 +38,11 @@ std::string_view TakeColumn(std::string_view& line) {
   if (line.empty() || !EndsColumn(line.front())) return column;
   line.remove_prefix(1);
   SkipBlanks(line);
-  if (line.empty()) line = " ";  // a last column without anything in it
+  if (line.empty()) line = " ";  // an empty last column
   return column;
 }
 
-/// Whether a column says that there is no number: nothing, "nan" or "inf", in any case and with any sign.
+/// Whether a column stands for a missing number: empty, "nan" or "inf", in any case and with any sign.
 bool SaysNone(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   std::string lower(text.substr(0, 10));
@@ -50,7 +50,7 @@ bool SaysNone(std::string_view text) {
   return lower.empty() || lower == "nan" || lower == "inf" || lower == "infinity";
 }
 
-/// A coordinate, NaN where there is none; nothing when the text is something else.
+/// A coordinate, NaN if missing; empty for any other text.
 std::optional<double> Coordinate(std::string_view text) {
   const auto number = NumberFromText(text);
   if (number && std::abs(*number) <= kFarthest) return number;
@@ -104,7 +104,7 @@ class TextReader {
       firstUnreadable_ = Quoted(text);
   }
 
-  /// The line "PixelsPerCm,4", before the first sample.
+  /// The line "PixelsPerCm,4", allowed before the first sample.
   bool TakeScale(std::string_view text) {
     if (!positions_.Time.empty() || !text.starts_with("PixelsPerCm")) return false;
     TakeColumn(text);
@@ -115,7 +115,7 @@ class TextReader {
     return true;
   }
 
-  /// One line before the first sample that begins with a letter or a quote names the columns.
+  /// The column names: one line before the first sample that begins with a letter or a quote.
   bool IsNames(std::string_view text) const {
     const char c = text.front();
     const bool word = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '"' || c == '\'';

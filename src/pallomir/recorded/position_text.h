@@ -6,8 +6,8 @@
 
 namespace pallomir {
 
-/// Appends the samples of a text from byte `begin` on, one a line. Lines that are none are counted; throws CommandError
-/// when they are more than the samples, or PixelsPerCm is not above 0.
+/// Appends the samples of a text file, one per line, starting at byte `begin`. Lines that are not samples are counted;
+/// throws CommandError if they outnumber the samples or PixelsPerCm is not above 0.
 void ReadPositionText(FileReader& file, size_t begin, const Progress& progress, Positions& positions);
 
 }  // namespace pallomir

@@ -35,7 +35,7 @@ bool FramesMakeSense(std::string_view beginning) {
   return !allZero;
 }
 
-/// Whether a header's "-RecordSize", if it has one, is that of frames.
+/// True unless the header has a "-RecordSize" other than that of frames.
 bool NamesFrameSize(std::string_view header) {
   const std::vector<double> size = HeaderNumbers(header, "RecordSize");
   return size.empty() || size[0] == kFrameBytes;

@@ -9,7 +9,7 @@ namespace pallomir {
 
 namespace {
 
-/// Volts a count that a converter may have.
+/// Whether a value is plausible as volts per count.
 bool IsScale(double volts) {
   return volts > 0 && volts < 1;
 }

@@ -13,7 +13,7 @@
 
 namespace pallomir {
 
-/// A record of a spike file, while it is in memory.
+/// A record of a spike file; `Bytes` points into the read buffer.
 struct SpikeRecord {
   uint64_t Number;  ///< from 0
   int64_t Stamp;    ///< microseconds
@@ -22,33 +22,33 @@ struct SpikeRecord {
   void ReadSamples(WireSamples& samples) const;
 };
 
-/// The acquisition system's file of tetrode spikes (.Ntt): a text header of 16384 bytes, which may be absent, then
-/// records of 304 bytes. A piece of a record at its end is left out.
+/// The acquisition system's tetrode spike file (.Ntt): an optional text header of 16384 bytes, then records of 304
+/// bytes. An incomplete record at the end is ignored.
 class SpikeFile {
  public:
-  /// Throws CommandError when the file cannot be opened or its header names another size of records.
+  /// Throws CommandError if the file cannot be opened or its header has another record size.
   explicit SpikeFile(std::string_view path);
 
   const std::string& Name() const { return file_.Name(); }
   uint64_t RecordCount() const { return file_.RecordCount(); }
   size_t TrailingBytes() const { return file_.TrailingBytes(); }
 
-  /// What a count is worth on each wire: the header's "-ADBitVolts", one number or one a wire. 1, and ScaleKnown() is
-  /// false, where the header does not say.
+  /// Microvolts per count on each wire: the header's "-ADBitVolts", one number or one per wire. All are 1, and
+  /// ScaleKnown() is false, if the header does not state it.
   const std::array<double, kWires>& MicrovoltsPerCount() const { return scale_; }
   bool ScaleKnown() const { return scaleKnown_; }
 
-  /// How long after a spike the system did not look for another, microseconds: the header's "-SpikeRetriggerTime"; 0
-  /// where it does not say.
+  /// Microseconds after a spike during which the system does not detect another: the header's "-SpikeRetriggerTime"; 0
+  /// if not stated.
   double DeadTime() const { return deadTime_; }
 
-  /// Calls use(record) for every record, in the order of the file, reading block by block and telling reached(share)
-  /// after each. Records whose stamp is beyond reason are passed over and counted. Throws CommandError when these are
-  /// most of them, or the file cannot be read.
+  /// Calls use(record) for every record in file order, reads in blocks and calls reached(share) after each. Records
+  /// with an implausible stamp are skipped and counted. Throws CommandError if these are the majority or the file
+  /// cannot be read.
   template <class Use>
   void ForEachSpike(const std::function<void(double)>& reached, Use use);
 
-  /// Records that the last ForEachSpike passed over.
+  /// Records skipped by the last ForEachSpike.
   uint64_t Unreadable() const { return unreadable_; }
 
  private:

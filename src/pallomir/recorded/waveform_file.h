@@ -11,7 +11,7 @@
 namespace pallomir {
 
 /// A waveform file has no header. The record of spike n begins at byte 2048 n: 32 blocks of 32 samples, i16
-/// little-endian, in raw counts; block c belongs to channel c and is zero where that was not recorded.
+/// little-endian, in raw counts; block c belongs to channel c and is zero if the channel was not recorded.
 inline constexpr int kWaveformBlocks = 32;
 inline constexpr int kBlockSamples = 32;
 inline constexpr size_t kWaveformBlockBytes = 2 * kBlockSamples;
@@ -20,21 +20,21 @@ inline constexpr size_t kWaveformRecordBytes = kWaveformBlocks * kWaveformBlockB
 /// Sample j of block b is value 32 b + j.
 using WaveformRecord = std::array<int16_t, kWaveformBlocks * kBlockSamples>;
 
-/// The name of the waveform file that belongs to a parameter file: its last 9 characters ("Ntt.parms") give way to
-/// "waveforms". Empty when the extension is not "parms" or the name is shorter than that.
+/// The name of the waveform file of a parameter file: "waveforms" replaces the last 9 characters ("Ntt.parms"). Empty
+/// if the extension is not "parms" or the name is too short.
 std::string WaveformFileName(std::string_view parameterFile);
 
-/// A waveform file, opened once and read at any place.
+/// A waveform file with random access to its records.
 class WaveformFile {
  public:
-  /// Throws CommandError when there is no name for it, or the file is missing or cannot be read.
+  /// Throws CommandError if the name cannot be formed, or the file is missing or cannot be read.
   explicit WaveformFile(std::string_view parameterFile);
 
   const std::string& Name() const { return file_.Name(); }
   int64_t RecordCount() const { return static_cast<int64_t>(file_.Length() / kWaveformRecordBytes); }
 
-  /// Reads record `n` into `into`. False, and `into` as it was, when no such record is stored: it lies before or beyond
-  /// the file, or the file ends within it. Throws CommandError when the disk reports a fault.
+  /// Reads record `n` into `into`. Returns false and leaves `into` unchanged if the file does not have the complete
+  /// record. Throws CommandError on a read error.
   bool Read(int64_t n, WaveformRecord& into);
 
  private:

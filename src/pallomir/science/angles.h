@@ -9,7 +9,7 @@ namespace pallomir {
 inline double DegreesOf(double right, double up) {
   const double degrees = std::atan2(up, right) * 180 / std::numbers::pi;
   const double turned = degrees < 0 ? degrees + 360 : degrees;
-  return turned < 360 ? turned : 0;  // a hair below 0 would become 360
+  return turned < 360 ? turned : 0;  // a negative angle too close to 0 rounds to 360
 }
 
 }  // namespace pallomir

@@ -8,8 +8,8 @@ namespace {
 
 constexpr double kTail = 0.025;
 
-/// The continued fraction of the incomplete beta function (Abramowitz and Stegun 1964, 26.5.8), evaluated from the
-/// front (Lentz 1976). It converges fast for x below a / (a + b), in some sqrt(a + b) steps at worst.
+/// The continued fraction of the incomplete beta function (Abramowitz and Stegun 1964, 26.5.8), evaluated with Lentz's
+/// algorithm (1976). It converges fast for x below a / (a + b), within about sqrt(a + b) steps at worst.
 double BetaFraction(double x, double a, double b) {
   constexpr double tiny = 1e-300;
   constexpr int most = 100'000;
@@ -29,7 +29,7 @@ double BetaFraction(double x, double a, double b) {
   return fraction;
 }
 
-/// The probability that a variable of the beta distribution of (a, b) is at most x.
+/// The cumulative distribution function of Beta(a, b) at x.
 double BetaProbability(double x, double a, double b) {
   if (x <= 0) return 0;
   if (x >= 1) return 1;
@@ -39,7 +39,7 @@ double BetaProbability(double x, double a, double b) {
   return 1 - front * BetaFraction(1 - x, b, a) / b;
 }
 
-/// The value that a variable of that distribution is at most with the probability p, by halving.
+/// The p quantile of Beta(a, b), by bisection.
 double BetaQuantile(double p, double a, double b) {
   double low = 0, high = 1;
   for (;;) {

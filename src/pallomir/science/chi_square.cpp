@@ -8,7 +8,7 @@ namespace pallomir {
 double ChiSquareSurvival(double x, int degrees) {
   if (x <= 0) return 1;
   const double half = x / 2;
-  // Twice the root of exp(-half) instead of it: one may be too small for a number where the sum is large.
+  // Multiply twice by the square root of exp(-half): exp(-half) itself may underflow while the sum is large.
   const double root = std::exp(-half / 2);
   if (root == 0) return 0;
   const bool even = degrees % 2 == 0;

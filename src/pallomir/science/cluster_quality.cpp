@@ -15,7 +15,7 @@ namespace {
 constexpr size_t kBlock = 512;
 using Block = std::array<double, kBlock>;
 
-/// The cluster's features: a row a spike.
+/// The features of the cluster's spikes, one row per spike.
 Eigen::MatrixXd MembersOf(const FeatureColumns& columns, std::span<const uint8_t> member, int64_t spikes) {
   Eigen::MatrixXd members(spikes, static_cast<Eigen::Index>(columns.size()));
   for (size_t f = 0; f < columns.size(); ++f) {
@@ -26,11 +26,11 @@ Eigen::MatrixXd MembersOf(const FeatureColumns& columns, std::span<const uint8_t
   return members;
 }
 
-/// The matrix that turns distances from the mean into ones whose squares add up to D2: the inverse of the covariance's
-/// Cholesky factor. Empty where the covariance is singular; features are scaled to variance 1 for that decision, which
-/// their units then do not touch.
+/// The matrix W for which the squares of W (x - mean) add up to D2: the inverse of the covariance's Cholesky factor.
+/// Empty if the covariance is singular, which is judged on the correlation matrix, so that the features' units don't
+/// matter.
 Eigen::MatrixXd WhiteningOf(const Eigen::MatrixXd& centred) {
-  constexpr double smallest = 1e-10;  // single precision leaves its rounding, some 1e-14, even where features depend
+  constexpr double smallest = 1e-10;  // rounding leaves some 1e-14 where features depend on each other
   const Eigen::MatrixXd covariance = centred.transpose() * centred / static_cast<double>(centred.rows() - 1);
   const Eigen::VectorXd scale = covariance.diagonal().cwiseSqrt();
   if (!(scale.minCoeff() > 0) || !covariance.allFinite()) return {};
@@ -53,7 +53,7 @@ void AddSquares(const double* values, size_t count, double* sums) {
   for (size_t i = 0; i < count; ++i) sums[i] += values[i] * values[i];
 }
 
-/// D2 of `count` spikes from spike `begin` on.
+/// D2 of `count` spikes, starting at spike `begin`.
 void SquaredDistances(const FeatureColumns& columns, const Eigen::VectorXd& mean, const Eigen::MatrixXd& whitening,
                       size_t begin, size_t count, Block& squared) {
   squared.fill(0);

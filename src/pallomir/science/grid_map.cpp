@@ -12,7 +12,7 @@ namespace pallomir {
 
 namespace {
 
-/// Where the placed samples lie, in bins counted from pixel 0.
+/// The range of the samples with a position, in bins counted from pixel 0.
 struct Extent {
   double Low = std::numeric_limits<double>::infinity();
   double High = -std::numeric_limits<double>::infinity();
@@ -44,14 +44,14 @@ Map EmptyMap(const Track& track, double bin) {
   return map;
 }
 
-/// The bin that a place of the track lies in; the map reaches over all of them.
+/// The index of the bin that contains a position of the track; the map covers all of them.
 size_t BinAt(const Map& map, double x, double y) {
   const double column = std::floor(x / map.Bin) - map.Left / map.Bin;
   const double row = std::floor(y / map.Bin) - map.Top / map.Bin;
   return map.Index(static_cast<int>(row), static_cast<int>(column));
 }
 
-/// One row under the weights, zeros on both sides of it.
+/// Smooths one row, with zeros beyond both ends.
 void SmoothRow(const double* row, int columns, const std::vector<double>& weights, double* into) {
   const int radius = static_cast<int>(weights.size() / 2);
   for (int k = std::max(-radius, 1 - columns); k <= std::min(radius, columns - 1); ++k)

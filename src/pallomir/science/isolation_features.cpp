@@ -17,7 +17,7 @@ struct Sums {
   float Product;  ///< with a component
 };
 
-/// Sums over a waveform, in lanes so that they are taken in vectors.
+/// Sums over a waveform, in lanes so that the compiler can vectorise the loop.
 PALLOMIR_HOT_LOOP
 Sums SumsOf(const int16_t* samples, const float* component) {
   constexpr int lanes = 8;
@@ -36,14 +36,14 @@ Sums SumsOf(const int16_t* samples, const float* component) {
   return sums;
 }
 
-/// A waveform divided by the root of its sum of squares.
+/// A waveform divided by the square root of its sum of squares.
 Shape Normalised(const std::array<int16_t, kWaveformSamples>& samples) {
   const Shape shape = Eigen::Map<const Eigen::Matrix<int16_t, kWaveformSamples, 1>>(samples.data()).cast<float>();
   const float norm = shape.norm();
   return norm > 0 ? Shape(shape / norm) : shape;
 }
 
-/// Sums for a covariance. Batches are added up in single precision and the batches in double.
+/// Sums for a covariance. Each batch is summed in single precision, the batches in double precision.
 struct Moments {
   Eigen::MatrixXf Batch = Eigen::MatrixXf(kWaveformSamples, kBatch);
   int Filled = 0;
@@ -62,7 +62,7 @@ struct Moments {
     Count += Filled;
     Filled = 0;
   }
-  /// The direction in which the shapes differ most, of length 1.
+  /// The direction of largest variance, as a unit vector.
   Shape FirstComponent() {
     Finish();
     if (Count == 0) return Shape::Zero();

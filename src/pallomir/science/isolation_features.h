@@ -8,8 +8,8 @@
 
 namespace pallomir {
 
-/// Finds, on each wire, the first principal component of waveforms that are divided by the root of their sum of
-/// squares; then measures spikes with it. A waveform of zeros stays one.
+/// Finds the first principal component of the waveforms on each wire, each waveform divided by the square root of its
+/// sum of squares; then projects spikes onto it. A waveform of zeros stays zero.
 class IsolationFeatures {
  public:
   IsolationFeatures();
@@ -17,16 +17,16 @@ class IsolationFeatures {
   IsolationFeatures(const IsolationFeatures&) = delete;
   IsolationFeatures& operator=(const IsolationFeatures&) = delete;
 
-  /// Lets a spike take part in the principal components.
+  /// Adds a spike to the data for the principal components.
   void Learn(const WireSamples& samples);
 
-  /// Ends learning: finds the components, and makes room for `spikes` measured spikes.
+  /// Ends learning: computes the components and reserves memory for `spikes` measured spikes.
   void FindComponents(size_t spikes);
 
-  /// Writes down a spike's energy (root mean square of its samples, counts) and component on each wire.
+  /// Stores a spike's energy (root mean square of its samples, in counts) and component on each wire.
   void Measure(const WireSamples& samples);
 
-  /// Takes the measured features out: of each wire on which some measured spike was not all 0, energy and component.
+  /// Moves the measured features out: energy and component of each wire on which some measured spike was not all 0.
   FeatureColumns TakeColumns();
 
  private:

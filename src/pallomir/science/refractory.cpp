@@ -9,7 +9,7 @@ namespace {
 /// `product` is (1 - f) f.
 Contamination ContaminationOf(double product) {
   if (product > 0.25) return {0.5, true};
-  // As (1 - sqrt(1 - 4 p)) / 2, without the difference that would cost small shares their digits.
+  // Equal to (1 - sqrt(1 - 4 p)) / 2, but without the cancellation that would make small shares imprecise.
   return {2 * product / (1 + std::sqrt(1 - 4 * product)), false};
 }
 

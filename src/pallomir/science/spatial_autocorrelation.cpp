@@ -10,16 +10,16 @@ namespace pallomir {
 namespace {
 
 constexpr double kRounding = 1e-12;
-/// Below this share of the sum of squares, a variance that is a difference of sums has lost too many digits.
+/// Below this share of the sum of squares, a variance computed as a difference of sums has lost too much precision.
 constexpr double kPlainVariance = 1e-3;
 
-/// The map as factors of the sums: what has no value is 0 in all of them.
+/// The map as factors of the sums; bins without a value are 0 in all of them.
 struct Factors {
   int Columns, Rows;
-  std::vector<double> One, Value, Square;  ///< 1, v and v * v; v of the order of 1, and 0 in the mean
+  std::vector<double> One, Value, Square;  ///< 1, v and v * v; v is scaled to about 1 and has mean 0
 };
 
-/// Where v comes from does not change a correlation, so it is taken relative to the largest value and to the mean.
+/// Offset and scale don't change a correlation, so v is taken relative to the largest value and to the mean.
 Factors FactorsOf(const Map& map) {
   const size_t bins = map.Values.size();
   Factors factors{map.Columns, map.Rows, std::vector<double>(bins), std::vector<double>(bins),
@@ -39,13 +39,13 @@ Factors FactorsOf(const Map& map) {
   return factors;
 }
 
-/// Sums over the overlap of a copy (A) and the moved copy (B), for all lags along x, 0 in the middle.
+/// Sums over the overlap of a copy (A) and the shifted copy (B), for all lags along x, lag 0 in the middle.
 struct LagSums {
   std::vector<double> N, A, B, AA, BB, AB;
   explicit LagSums(size_t lags) : N(lags), A(lags), B(lags), AA(lags), BB(lags), AB(lags) {}
 };
 
-/// Adds row `row` against row `other`: bin c against bin c + lag, for all lags that stay within the row.
+/// Adds row `row` against row `other`: bin c against bin c + lag, for all lags within the row.
 void AddRows(const Factors& factors, int row, int other, LagSums& sums) {
   const size_t columns = static_cast<size_t>(factors.Columns);
   const double* one = &factors.One[columns * other];
@@ -54,7 +54,7 @@ void AddRows(const Factors& factors, int row, int other, LagSums& sums) {
   for (size_t c = 0; c < columns; ++c) {
     const size_t bin = columns * row + c;
     if (factors.One[bin] == 0) continue;
-    const size_t lag = columns - 1 - c;  // of bin 0 of the other row
+    const size_t lag = columns - 1 - c;  // index of the lag of the other row's bin 0
     AddScaled(one, 1, &sums.N[lag], columns);
     AddScaled(one, factors.Value[bin], &sums.A[lag], columns);
     AddScaled(one, factors.Square[bin], &sums.AA[lag], columns);
@@ -64,7 +64,7 @@ void AddRows(const Factors& factors, int row, int other, LagSums& sums) {
   }
 }
 
-/// Calls use(a, b) with the values of all bins that overlap at a lag.
+/// Calls use(a, b) with the values of each pair of bins that overlap at a lag.
 template <class Use>
 void ForOverlap(const Factors& factors, int rowLag, int columnLag, Use use) {
   for (int row = 0; row + rowLag < factors.Rows; ++row)
@@ -75,7 +75,7 @@ void ForOverlap(const Factors& factors, int rowLag, int columnLag, Use use) {
     }
 }
 
-/// Two passes over the bins, for the few lags at which one pass loses digits.
+/// Two passes over the bins, for the few lags at which a single pass loses precision.
 double CarefulCorrelation(const Factors& factors, int rowLag, int columnLag) {
   double n = 0, sumA = 0, sumB = 0, lowA = 1e9, lowB = 1e9, highA = -1e9, highB = -1e9;
   ForOverlap(factors, rowLag, columnLag, [&](double a, double b) {

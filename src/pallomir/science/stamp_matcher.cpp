@@ -29,7 +29,7 @@ StampMatcher::StampMatcher(std::span<const int64_t> stamps) : total_(static_cast
 
 bool StampMatcher::Take(int64_t stamp) {
   stamp = StampAsWritten(stamp);
-  // Records are mostly in order: the place is where the last one was, or next to it.
+  // Records are mostly in order, so the index is that of the last stamp or the next one.
   if (place_ > 0 && stamps_[place_ - 1] >= stamp)
     place_ = static_cast<size_t>(std::lower_bound(stamps_.begin(), stamps_.end(), stamp) - stamps_.begin());
   while (place_ < stamps_.size() && stamps_[place_] < stamp) ++place_;

@@ -6,28 +6,29 @@
 
 namespace pallomir {
 
-/// `stamp` as it comes back from a text file of ours, which keeps 15 significant digits: halves to the even digit.
+/// `stamp` as read back from one of our text files, which keep 15 significant digits; ties round to even.
 int64_t StampAsWritten(int64_t stamp);
 
-/// Picks the spikes of a cluster out of a spike file by their stamps, in whatever order either of them is.
+/// Finds the spikes of a cluster in a spike file by their stamps; neither needs to be in order.
 class StampMatcher {
  public:
-  /// `stamps` of the cluster's spikes, microseconds; a stamp may stand there several times.
+  /// `stamps` of the cluster's spikes, in microseconds; a stamp may occur more than once.
   explicit StampMatcher(std::span<const int64_t> stamps);
 
-  /// Whether a record of the spike file is one of the cluster, asked of each in the order of the file. Where more
-  /// records have a stamp than the cluster has spikes with it, the first are taken and the others are counted.
+  /// Whether a record of the spike file belongs to the cluster; call it for each record in file order. If more records
+  /// have a stamp than the cluster has spikes with it, the first ones are taken and the others are counted as
+  /// ambiguous.
   bool Take(int64_t stamp);
 
-  /// Spikes of the cluster for which no record has been asked.
+  /// Spikes of the cluster for which no record was found.
   int64_t Missing() const { return total_ - taken_; }
-  /// Records that may have been meant as well as the ones that were taken.
+  /// Records that have the same stamp as taken ones and may be the cluster's spikes instead.
   int64_t Ambiguous() const { return ambiguous_; }
 
  private:
-  std::vector<int64_t> stamps_;    // each once, in order
-  std::vector<uint32_t> waiting_;  // spikes of that stamp for which no record has come
-  size_t place_ = 0;               // of the last stamp looked for, or behind it
+  std::vector<int64_t> stamps_;    // unique, in order
+  std::vector<uint32_t> waiting_;  // spikes with that stamp for which no record has come
+  size_t place_ = 0;               // index of the last stamp looked up, or past it
   int64_t total_;
   int64_t taken_ = 0;
   int64_t ambiguous_ = 0;

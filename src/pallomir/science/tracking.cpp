@@ -17,13 +17,13 @@ void SetHolds(Track& track) {
   if (count > 0) track.Hold.back() = std::min(MedianInterval(track.Time), static_cast<double>(kLongestHold));
 }
 
-/// The place that is `elapsed` of `span` microseconds on the way from `from` to `to`.
+/// The position after `elapsed` of `span` microseconds on the straight line from `from` to `to`.
 Place Between(Place from, Place to, int64_t elapsed, int64_t span) {
   const double share = span > 0 ? static_cast<double>(elapsed) / static_cast<double>(span) : 0;
   return {from.X + share * (to.X - from.X), from.Y + share * (to.Y - from.Y)};
 }
 
-/// Lays the lost samples between the good samples `before` and `after` on the line between these.
+/// Interpolates the lost samples between the good samples `before` and `after` linearly.
 void LayOnLine(Track& track, size_t before, size_t after) {
   const Place from{track.X[before], track.Y[before]}, to{track.X[after], track.Y[after]};
   for (size_t i = before + 1; i < after; ++i) {
@@ -35,7 +35,7 @@ void LayOnLine(Track& track, size_t before, size_t after) {
 
 void BridgeLostRuns(Track& track) {
   const size_t count = track.Time.size();
-  size_t good = count;  // the last good sample before i; none yet
+  size_t good = count;  // index of the last good sample before i; none yet
   for (size_t i = 0; i < count; ++i) {
     if (!track.Seen[i]) continue;
     if (good < i && track.Time[i] - track.Time[good] <= kLongestBridge) {
@@ -95,7 +95,7 @@ double MedianInterval(const std::vector<int64_t>& time) {
 }
 
 std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {
-  // The seen samples alone, so that the ends of every reach are steps of two pointers.
+  // Only the samples with a position that was seen, so that both ends of each window advance as pointers.
   std::vector<size_t> seen;
   for (size_t i = 0; i < track.Time.size(); ++i)
     if (track.Seen[i]) seen.push_back(i);
@@ -114,7 +114,7 @@ std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {
 
 std::vector<int64_t> SamplesOfSpikes(const Track& track, std::span<const int64_t> spikes) {
   std::vector<int64_t> samples(spikes.size(), -1);
-  size_t next = 0;  // the first sample after the spike
+  size_t next = 0;  // index of the first sample after the spike
   for (size_t s = 0; s < spikes.size(); ++s) {
     while (next < track.Time.size() && track.Time[next] <= spikes[s]) ++next;
     if (next == 0) continue;

@@ -11,17 +11,17 @@ namespace {
 constexpr int64_t kMillisecond = 1'000;
 constexpr int64_t kFarthestLag = 500;  // milliseconds, exclusive
 
-/// Counts of pairs by whole milliseconds of lag.
+/// Counts of pairs by lag, in bins of 1 ms.
 using Milliseconds = std::array<int64_t, kFarthestLag>;
 
-/// More neighbours than this are found by searching for the ends of each millisecond.
+/// With more neighbours than this, the end of each millisecond is found by binary search.
 constexpr size_t kManyNeighbours = 4096;
 
 void AddOneByOne(int64_t spike, std::span<const int64_t> later, Milliseconds& pairs) {
   for (const int64_t other : later) ++pairs[static_cast<size_t>((other - spike) / kMillisecond)];
 }
 
-/// For trains that no cell fires: takes a time that hardly depends on how many neighbours there are.
+/// For trains denser than any cell fires: the time hardly depends on the number of neighbours.
 void AddBySearching(int64_t spike, std::span<const int64_t> later, Milliseconds& pairs) {
   auto begin = later.begin();
   for (int64_t k = 0; k < kFarthestLag && begin != later.end(); ++k) {
@@ -36,8 +36,8 @@ void Gather(const Milliseconds& pairs, LagHistogram& histogram) {
   for (size_t k = 0; k < histogram.Pairs.size() * each; ++k) histogram.Pairs[k / each] += pairs[k];
 }
 
-/// The edges of the logarithmic bins as whole microseconds, each the first that is not below its edge. No branch
-/// depends on an interval: 6 ns each, where a binary search takes 23.
+/// The edges of the logarithmic bins, rounded up to whole microseconds. Looking up an interval has no branch that
+/// depends on it: 6 ns, where a binary search takes 23.
 class EdgeTable {
  public:
   EdgeTable() {
@@ -50,7 +50,7 @@ class EdgeTable {
     }
   }
 
-  /// How many edges are not above an interval.
+  /// How many edges are at or below an interval.
   size_t EdgesUpTo(int64_t interval) const {
     const size_t first = first_[static_cast<size_t>(std::bit_width(static_cast<uint64_t>(interval)))];
     size_t count = first;
@@ -61,7 +61,8 @@ class EdgeTable {
  private:
   static constexpr size_t kEdgesAnOctave = 4;  // 10 log10(2) = 3.01, so 4 at most
   std::array<int64_t, kLogBins + 1 + kEdgesAnOctave> edges_;
-  std::array<size_t, 64> first_;  ///< by the bits of an interval: the edges at or below the lowest such interval
+  std::array<size_t, 64> first_;  ///< by the interval's bit width: the number of edges at or below the lowest such
+                                  ///< interval
 };
 
 }  // namespace
@@ -85,7 +86,7 @@ TrainAutocorrelation AutocorrelationOf(std::span<const int64_t> spikes, const Pr
 }
 
 double LogEdge(int k) {
-  // Whole decades are exact: 0.1 ms is 100 microseconds.
+  // Multiply, so that whole decades are exact: 0.1 ms is 100 microseconds.
   double decade = 100;
   for (int d = 0; d < k / 10; ++d) decade *= 10;
   return decade * std::pow(10.0, (k % 10) / 10.0) / 1e3;
@@ -93,7 +94,7 @@ double LogEdge(int k) {
 
 LogIntervals LogIntervalsOf(std::span<const int64_t> spikes) {
   const EdgeTable table;
-  // How many edges lie at or below the interval: none, below the first bin; all, above the last.
+  // Indexed by the number of edges at or below the interval: none is below the first bin, all is above the last.
   std::array<int64_t, kLogBins + 2> counts{};
   LogIntervals intervals;
   for (size_t i = 1; i < spikes.size(); ++i) {

@@ -9,7 +9,7 @@ namespace pallomir {
 
 inline constexpr int kWires = 4;
 
-/// The samples of a spike by wire, raw counts.
+/// The samples of a spike by wire, in raw counts.
 using WireSamples = std::array<std::array<int16_t, kWaveformSamples>, kWires>;
 
 }  // namespace pallomir
