@@ -17,15 +17,15 @@ namespace pallomir {
 
 namespace {
 
-/// Reads notes line by line. A text that is not in quotes reaches to the next comma.
+/// Reads notes line by line. A text without quotes extends to the next comma.
 class NoteReader {
  public:
   explicit NoteReader(std::string_view text) : text_(text) {
-    // The mark that some editors put before a text.
+    // The byte order mark that some editors write.
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
 
-  /// The note of cluster c, which is the next line's.
+  /// Reads the note of cluster c from the next line.
   ClusterNote Read(int c) {
     const bool ended = text_.empty();
     TakeLine();
@@ -38,7 +38,7 @@ class NoteReader {
     return note;
   }
 
-  /// The lines that are still to come.
+  /// The remaining lines.
   std::string_view Rest() const { return text_; }
 
  private:
@@ -51,7 +51,7 @@ class NoteReader {
     ++line_;
   }
 
-  /// What stands before the next comma or the end of the line.
+  /// The text before the next comma or the end of the line.
   std::string_view TakeField() {
     const size_t comma = std::min(rest_.find(','), rest_.size());
     const std::string_view field = rest_.substr(0, comma);
@@ -64,7 +64,7 @@ class NoteReader {
     const std::string field(TakeField());
     const auto number = NumberFromText(field);
     if (!number) Fault(Quoted(field) + " is not a number");
-    // A number that is not the line's own is taken as it stands.
+    // A number other than the line's own cluster is accepted as it is.
     if (*number < 0 || *number > kClusters || *number != std::floor(*number))
       Fault("there is no cluster " + DoubleText(*number));
     return static_cast<int16_t>(*number);
@@ -91,15 +91,15 @@ class NoteReader {
     throw CommandError("ClNotes, line " + std::to_string(line_) + ": " + what + ".");
   }
 
-  std::string_view text_;  ///< the lines that are still to come
-  std::string_view rest_;  ///< what is left of the present one
-  bool more_ = false;      ///< whether another field follows in it
+  std::string_view text_;  ///< the remaining lines
+  std::string_view rest_;  ///< the rest of the current line
+  bool more_ = false;      ///< whether the current line has another field
   int line_ = 0;
 };
 
 struct NotesText {
   ByCluster<ClusterNote> Notes;
-  /// What follows them in the file, which is left alone.
+  /// The text after the notes in the file, which stays unchanged.
   std::string_view Rest;
 };
 
@@ -111,7 +111,7 @@ NotesText NotesFrom(std::string_view text) {
   return notes;
 }
 
-/// True when the notes of a file can be read, and some cluster is graded or remarked on.
+/// True if the notes of a file can be read and at least one cluster has a grade or remarks.
 bool HoldNotes(std::string_view text) {
   try {
     return NotesFrom(text).Notes != ByCluster<ClusterNote>();
@@ -124,7 +124,7 @@ void SafeguardWherePossible(const std::string& path) {
   try {
     FileUtility::SafeguardFile(path, HoldNotes);
   } catch (const CommandError&) {
-    // Notes in a folder that cannot be written to may be read all the same.
+    // Notes in a folder without write permission can still be read.
   }
 }
 

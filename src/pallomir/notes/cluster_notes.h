@@ -8,38 +8,39 @@
 
 namespace pallomir {
 
-/// The scale that clusters are graded on, best first.
+/// The grades of clusters, best first.
 inline constexpr std::array<std::string_view, 5> kRatings = {"Good", "Pretty Good", "Fair", "Marginal", "Poor"};
 
-/// The file of notes in the data directory: 31 lines `number,"rating","remarks"`, line k (from 0) for cluster k. What
-/// follows them belongs to somebody else.
+/// The path of the notes file in the data directory: 31 lines `number,"rating","remarks"`, line k (from 0) for cluster
+/// k. Any text after them is not ours.
 std::string NotesFilePath(const Session& session);
 
-/// Throws CommandError when remarks of cluster c hold a double quote or a line break, which the file cannot hold.
+/// Throws CommandError if the remarks of cluster c contain a double quote or a line break, which the file format does
+/// not allow.
 void CheckRemarks(int c, std::string_view remarks);
 
-/// The notes in a file; none where there is no such file. Throws CommandError naming the line where it is malformed.
+/// The notes in a file; empty notes if it does not exist. Throws CommandError naming the malformed line.
 ByCluster<ClusterNote> NotesIn(std::string_view path);
 
-/// Takes all notes from the file; lines beyond them count for nothing. False when there is no file; the notes are then
-/// left as they are. The file is safeguarded first where its folder can be written to.
+/// Reads all notes from the file; later lines are ignored. Returns false, with the notes unchanged, if there is no
+/// file. The file is backed up first if its folder is writable.
 ///
-/// Throws CommandError naming the line where the file is malformed; the notes are then left as they were.
+/// Throws CommandError naming the malformed line; the notes are then unchanged.
 bool ReadNotes(Session& session);
 
-/// True when the notes are those that were last read or written.
+/// True if the notes are those last read or written.
 bool NotesAreSaved(const Session& session);
 
-/// Why the file must not be replaced without the user's word: it cannot be read, is not the one that was read or
-/// written here, or is write-protected. Empty when it may be replaced.
+/// Why the file must not be replaced without asking the user: it cannot be read, differs from what was last read or
+/// written here, or is write-protected. Empty if it may be replaced.
 std::string DoubtAboutNotesFile(const Session& session);
 
-/// What to do with a file in doubt.
+/// What to do if there is such a doubt.
 enum class InDoubt { Refuse, SetAside };
 
-/// Writes all notes, all or nothing; an existing file is safeguarded first, and what follows the notes in it stays. One
-/// in doubt is refused, or is kept under a further name. Throws CommandError when the writing fails, and before
-/// anything is touched when some remarks hold a double quote or a line break, which the file cannot hold.
+/// Writes all notes, all or nothing; an existing file is backed up first, and text after its notes is kept. If there is
+/// a doubt about the file, refuses or renames it. Throws CommandError if writing fails, and before changing anything if
+/// remarks contain a double quote or a line break, which the file format does not allow.
 void WriteNotes(Session& session, InDoubt inDoubt = InDoubt::Refuse);
 
 }  // namespace pallomir

@@ -4,12 +4,12 @@
 
 namespace pallomir {
 
-/// Fills both colour tables: entry 0 black on white or white on black (the reference table's always white), 1..30
-/// fixed. Clusters displayed as cluster 0 take its colour.
+/// Fills both colour tables: entry 0 black on a white background or white on a black one (always white in the reference
+/// table), entries 1..30 fixed. Clusters displayed as cluster 0 get its colour.
 void BuildColourTable(Session& session);
 
-/// Sets the display flags of clusters 1..30 by the switches, whichever came first: a cluster is drawn unless its own
-/// display is switched off, or it is shown as unclustered points are and those are not drawn.
+/// Sets the display flags of clusters 1..30 from the switches, independent of the order in which they were set: a
+/// cluster is drawn unless its own display is off, or it is displayed as cluster 0 and cluster 0 is not drawn.
 void ShowClusters(Session& session);
 
 }  // namespace pallomir

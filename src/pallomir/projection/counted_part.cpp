@@ -9,7 +9,7 @@ namespace pallomir {
 
 namespace {
 
-/// Between the black and the white background: seen on either, and points and lines show through.
+/// Between the black and the white background: visible on both, with points and lines showing through.
 constexpr uint32_t kShade = 0xFF7F8FBF;
 constexpr uint32_t kShadeShare = 96;
 
@@ -17,7 +17,7 @@ struct Step {
   double X, Y;
 };
 
-/// The turn from one edge to the next, in (-pi, pi]; 0 where the coordinates' precision cannot tell it from none.
+/// The angle from one edge to the next, in (-pi, pi]; 0 if it is within the precision of the coordinates.
 double Turn(const Step& before, const Step& after) {
   const double left = before.X * after.Y, right = before.Y * after.X;
   const double along = before.X * after.X + before.Y * after.Y;
@@ -25,7 +25,8 @@ double Turn(const Step& before, const Step& after) {
   return std::atan2(straight ? 0 : left - right, along);
 }
 
-/// Where an edge has any length, the turn between it and the one before it that has; by the corner between the two.
+/// For each edge of nonzero length, the angle between it and the previous such edge, with the index of the corner
+/// between them.
 std::vector<std::pair<int, double>> TurnsOf(const Boundary& boundary, std::vector<int>& repeated) {
   std::vector<int> corners, still;
   std::vector<Step> steps;
@@ -49,14 +50,14 @@ std::vector<std::pair<int, double>> TurnsOf(const Boundary& boundary, std::vecto
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 
-/// Values from Low to High; none where Low is above.
+/// The values from Low to High; empty if Low > High.
 struct Span {
   double Low = -kInfinity;
   double High = kInfinity;
 };
 using Spans = std::vector<Span>;
 
-/// What edges that are compared with each other leave of a row: where all see a point on the one side, or all on the
+/// The parts of a row that one run of compared edges accepts: where all edges see a point on one side, or all on the
 /// other.
 struct Sides {
   Span One, Other;
@@ -78,8 +79,8 @@ void KeepWithin(const Sides& sides, Spans& spans) {
   spans = std::move(kept);
 }
 
-/// What the inside test accepts of the points at height y, but for single ones on an edge's line: an edge cuts the row
-/// in two, and one that sees all of it from its own line takes the comparison of its neighbours away.
+/// The parts of the row at height y that the inside test accepts, except for single points on an edge's line: an edge
+/// cuts the row in two; an edge whose line contains the whole row ends the comparison with its neighbours.
 void AcceptedAt(double y, const Boundary& boundary, Spans& spans) {
   spans.assign(1, {});
   Sides sides;
@@ -106,7 +107,7 @@ PolygonFaults FaultsOf(const Boundary& boundary) {
   const auto turns = TurnsOf(boundary, faults.Repeated);
   double round = 0;
   for (const auto& [corner, turn] : turns) round += turn;
-  // Halves of a figure of eight turn either way: it is its first corner's direction then.
+  // The two halves of a figure of eight cancel out: use the direction of its first corner.
   if (std::abs(round) < 1 && !turns.empty()) round = turns.front().second;
   for (const auto& [corner, turn] : turns)
     if (turn * round < 0 || std::abs(turn) > std::numbers::pi - 1e-6) faults.Inward.push_back(corner);

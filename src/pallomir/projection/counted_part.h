@@ -8,23 +8,23 @@
 
 namespace pallomir {
 
-/// How a polygon differs from one whose whole area the inside test accepts.
+/// How a polygon differs from one that the inside test accepts completely.
 struct PolygonFaults {
-  /// Corners at which it turns against its own direction, by index.
+  /// Indices of the corners at which it turns against its own direction.
   std::vector<int> Inward;
-  /// Corners that lie where the one before them does: the edges about them are not compared. At the polygon's beginning
-  /// and end that changes nothing, since the last edge is not compared with the first.
+  /// Corners at the same position as the one before: the edges around them are not compared. At the polygon's beginning
+  /// and end this changes nothing, since the last edge is not compared with the first.
   std::vector<int> Repeated;
-  /// It goes round more than once.
+  /// It winds round more than once.
   bool Crossing = false;
 
   bool Any() const { return Crossing || !Inward.empty() || !Repeated.empty(); }
-  /// One sentence; empty where there is no fault.
+  /// One sentence for the user; empty if there is no fault.
   std::string Sentence() const;
 };
 PolygonFaults FaultsOf(const Boundary& boundary);
 
-/// Shades what the inside test accepts of a view.
+/// Shades the part of a view that the inside test accepts.
 void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& boundary);
 
 }  // namespace pallomir

@@ -11,7 +11,7 @@ constexpr size_t kBlock = 2048;
 using Codes = std::array<uint8_t, kBlock>;
 using Numbers = std::array<float, kBlock>;
 
-/// Colour code by cluster; 0 for clusters that are not displayed.
+/// Colour code by cluster; 0 for hidden clusters.
 ByCluster<uint8_t> DisplayCodes(const Session& session) {
   ByCluster<uint8_t> codes;
   for (int c = 0; c < kClusterSlots; ++c) codes[c] = static_cast<uint8_t>(session.Display[c] ? ColourCode(c) : 0);
@@ -26,7 +26,7 @@ void CodesOfPoints(const PointTable& points, const ByCluster<uint8_t>& display, 
   }
   const int16_t* first = points.Slot(0).data() + begin;
   if (std::find(display.begin(), display.end(), 0) == display.end()) {
-    // All are displayed: arithmetic instead of a table, in vectors.
+    // All are displayed: compute the codes without a table, so that the loop is vectorised.
     for (size_t i = 0; i < count; ++i) codes[i] = static_cast<uint8_t>(ColourCode(first[i]));
   } else {
     for (size_t i = 0; i < count; ++i) codes[i] = display[first[i]];
@@ -53,7 +53,7 @@ void Restrict(const std::vector<std::pair<float, float>>& ranges, const float* r
   for (size_t i = 0; i < count; ++i) codes[i] = within[i] ? codes[i] : uint8_t{0};
 }
 
-/// `values` spread by up to half a unit to either side, or as they are.
+/// `values` with random jitter of up to half a unit either way, or unchanged.
 const float* Spread(const float* values, bool spread, UniformNumbers& random, size_t count, Numbers& into) {
   if (!spread) return values;
   random.Fill(into.data(), count);

@@ -11,11 +11,11 @@
 
 namespace pallomir {
 
-/// What a redraw takes from the form, besides the session.
+/// The settings of a redraw that come from the form, not from the session.
 struct DrawSettings {
-  /// A point is drawn when this is above a fresh uniform number; nothing for all points.
+  /// A point is drawn if this is above a new uniform random number; empty for all points.
   std::optional<float> DownsampleFraction;
-  /// Closed ranges of slot 8 outside of which points are not drawn; nothing for no restriction.
+  /// Closed ranges of slot 8; points outside of them are not drawn. Empty for no restriction.
   std::optional<std::vector<std::pair<float, float>>> RecordRanges;
 };
 
@@ -24,11 +24,11 @@ constexpr int ColourCode(int c) {
   return c + 1;
 }
 
-/// Radius in device pixels of a point on a surface `width` device pixels wide: 0 (a single pixel) for sizes below 1.
+/// Radius of a point in device pixels on a surface `width` device pixels wide: 0 (a single pixel) for sizes below 1.
 double PointRadius(float pointSize, int width);
 
-/// Draws loaded points begin..end-1 of the session's projection, each in the colour of one of its clusters, chosen at
-/// random when it is in several. Returns how many came to lie on the surface. 1.5 ns a point (pixels, one cluster).
+/// Draws loaded points begin..end-1 in the session's projection, each in the colour of one of its clusters, chosen at
+/// random if it is in several. Returns the number of points on the surface. 1.5 ns per point (pixels, one cluster).
 size_t DrawPoints(const Session& session, const View& view, const DrawSettings& settings, size_t begin, size_t end,
                   UniformNumbers& random, Raster& raster);
 

@@ -7,7 +7,7 @@ namespace pallomir {
 
 namespace {
 
-/// The cluster's first boundary in the present projection, else the next free one.
+/// The cluster's first boundary in the current projection, otherwise the next free one.
 int BoundaryToDraw(const Session& session, const Cluster& cluster) {
   int b = 0;
   while (b < cluster.BoundaryCount && !OnView(session, cluster.Boundaries[b])) ++b;
@@ -31,7 +31,7 @@ ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   return {};
 }
 
-/// False when the boundary is full.
+/// False if the boundary is full.
 bool Append(Boundary& boundary, Vertex vertex) {
   if (boundary.VertexCount == kVerticesPerBoundary) return false;
   boundary.Vertices[boundary.VertexCount++] = vertex;

@@ -9,19 +9,19 @@
 
 namespace pallomir {
 
-/// The polygon that is being drawn, from its first click to the closing one.
+/// The polygon being drawn, from its first click until it is closed.
 struct OpenPolygon {
   int16_t Cluster = 0;
   int16_t Boundary = 0;
-  /// The cluster before the first click. Other commands take an undo snapshot too while the polygon is open.
+  /// The cluster before the first click. Other commands may take undo snapshots while the polygon is open.
   pallomir::Cluster Before{};
-  /// What Undo would have brought back before the polygon was begun.
+  /// The undo snapshot before the polygon was begun.
   UndoSnapshot Earlier{};
 };
 
-/// What came of a click.
+/// The result of a click.
 struct ClickOutcome {
-  /// The click was not taken: why, for the status line. Empty when it was.
+  /// Why the click was refused, for the status line; empty if it was accepted.
   std::string Refused;
   bool Closed = false;
 };
@@ -29,21 +29,21 @@ struct ClickOutcome {
 /// The boundary of an open polygon.
 const Boundary& BoundaryOf(const Session& session, const OpenPolygon& open);
 
-/// A left click while boundaries are drawn: takes the undo snapshot and begins a polygon of the current cluster in
-/// the present projection, in place of the boundary it has there; or adds a vertex to the one that is open.
+/// A left click while drawing boundaries. Without an open polygon, takes the undo snapshot and begins a polygon of the
+/// current cluster in the current projection, replacing its boundary there; otherwise adds a vertex.
 ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Vertex click);
 
-/// A right click: adds the last vertex, closes the polygon and classifies its cluster. Where the polygon has all the
-/// vertices that a boundary can hold, it is closed without this one, and Refused says so. Nothing happens when no
-/// polygon is open.
+/// A right click: adds the last vertex, closes the polygon and classifies its cluster. If the boundary already has the
+/// maximum number of vertices, it is closed without this one, and Refused says so. Does nothing without an open
+/// polygon.
 ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click,
                           const Progress& progress = {});
 
-/// Takes an open polygon back: its cluster is that before the first click. Undo brings back what it would have then or,
-/// where another command took its snapshot meanwhile, that snapshot without the polygon.
+/// Removes an open polygon and restores its cluster. Undo then restores what it would have before the polygon or, if
+/// another command took a snapshot meanwhile, that snapshot without the polygon.
 void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open, const Progress& progress = {});
 
-/// Gives up a polygon whose cluster or projection is no longer the present one; it stays in the table as drawn so far.
+/// Stops drawing a polygon whose cluster or projection is no longer current; the part drawn so far stays in the table.
 void AbandonIfElsewhere(const Session& session, std::optional<OpenPolygon>& open);
 
 }  // namespace pallomir

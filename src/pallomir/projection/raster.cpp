@@ -14,16 +14,15 @@ namespace {
 constexpr size_t kBlock = 1024;
 constexpr double kLargestRadius = 500;
 
-/// Where the points of a block fall: an index into the padded bytes, or `nowhere`.
+/// Maps the points of a block to an index into the padded bytes, or to `Nowhere`.
 struct Mapping {
   float Left, Top, ScaleX, ScaleY;
-  float LimitX, LimitY;  ///< largest position, in padded pixels, that still lies on the bytes
+  float LimitX, LimitY;  ///< upper limit, in padded pixels, of positions on the raster
   float Margin;
   int32_t Stride, Nowhere;
 };
 
-/// Positions are rounded to the nearest pixel centre. The tests also turn away what is not a number. Returns how many
-/// points have a place.
+/// Rounds positions to the nearest pixel centre. The tests also reject NaN. Returns the number of points on the raster.
 PALLOMIR_HOT_LOOP
 int32_t MapBlock(const Mapping& mapping, const float* x, const float* y, const uint8_t* codes, size_t count,
                  int32_t* places) {
@@ -55,7 +54,7 @@ inline void FillRun(uint8_t* to, uint32_t code, uint32_t length) {
   }
 }
 
-/// How far row `row` of a disc reaches to either side of its centre.
+/// Half the width of row `row` of a disc, without the centre.
 int HalfRow(double radius, int row) {
   return static_cast<int>(std::sqrt(radius * radius - row * row));
 }
@@ -75,7 +74,7 @@ Raster::Raster(int width, int height, double radius, int pixel) : width_(width),
   margin_ = 2 * reach_;
   stride_ = width_ + 2 * margin_;
   MakeShape(radius, pixel);
-  // Behind the last row is room for one shape: there go the points that are nowhere.
+  // After the last row is room for one shape: points that are not on the raster are drawn there.
   bytes_.resize(static_cast<size_t>(stride_) * (height_ + 2 * margin_ + 2 * reach_ + 1));
 }
 
@@ -94,7 +93,7 @@ void Raster::MakeShape(double radius, int pixel) {
 
 size_t Raster::Draw(const View& view, const float* x, const float* y, const uint8_t* codes, size_t count) {
   if (!view.Drawable()) return 0;
-  // Places count from the outermost centre whose shape still reaches the surface.
+  // Indices count from the outermost centre whose shape still reaches the surface.
   Mapping m;
   m.Left = static_cast<float>(view.Left);
   m.Top = static_cast<float>(view.Top);

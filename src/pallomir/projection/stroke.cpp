@@ -7,11 +7,11 @@ namespace pallomir {
 
 namespace {
 
-/// A line by the axis along which it is longer: as X0..X1, left to right, of a canvas that may be turned.
+/// A line along its longer axis, from X0 to X1, on a canvas that may be transposed.
 struct Course {
   Segment Line;
-  int Length, Breadth;           ///< of the canvas, along the line and across it
-  std::ptrdiff_t Along, Across;  ///< from a pixel to the next one
+  int Length, Breadth;           ///< of the canvas, along and across the line
+  std::ptrdiff_t Along, Across;  ///< offset between neighbouring pixels
 };
 
 Course CourseOf(const Canvas& canvas, Segment line) {
@@ -25,12 +25,12 @@ Course CourseOf(const Canvas& canvas, Segment line) {
   return course;
 }
 
-/// How much of pixel i lies between two bounds.
+/// The share of pixel i between two bounds.
 double Covered(int i, double low, double high) {
   return std::min<double>(i + 1, high) - std::max<double>(i, low);
 }
 
-/// Square ends close the corner between two edges.
+/// Square ends fill the corner between two edges.
 Segment Lengthened(const Segment& line, double by) {
   const double dx = line.X1 - line.X0, dy = line.Y1 - line.Y0, length = std::hypot(dx, dy);
   const double x = length > 0 ? dx / length * by : by, y = length > 0 ? dy / length * by : 0;
@@ -47,7 +47,7 @@ std::optional<Segment> Clipped(const Segment& line, int width, int height, doubl
   const double dx = line.X1 - line.X0, dy = line.Y1 - line.Y0;
   const double left = -margin, right = width + margin, top = -margin, bottom = height + margin;
   if (!std::isfinite(dx) || !std::isfinite(dy)) return {};
-  // Liang and Barsky (1984): between which of its fractions the line is on the inner side of each border.
+  // Liang and Barsky (1984): the range of line parameters in which the line is inside all borders.
   double from = 0, to = 1;
   const auto cut = [&](double step, double room) {
     if (step < 0) from = std::max(from, room / step);
@@ -57,7 +57,7 @@ std::optional<Segment> Clipped(const Segment& line, int width, int height, doubl
   const bool near = cut(-dx, line.X0 - left) && cut(dx, right - line.X0) && cut(-dy, line.Y0 - top) &&
                     cut(dy, bottom - line.Y0) && from <= to;
   if (!near) return {};
-  // An end a million surfaces away leaves no digits: the border holds what it cuts.
+  // An end a million surfaces away has no precision left: clamp to the border.
   const auto x = [&](double t) { return std::clamp(line.X0 + t * dx, left, right); };
   const auto y = [&](double t) { return std::clamp(line.Y0 + t * dy, top, bottom); };
   return Segment{from > 0 ? x(from) : line.X0, from > 0 ? y(from) : line.Y0,  //
@@ -80,7 +80,7 @@ void Stroke(const Canvas& canvas, const Segment& line, double width, uint32_t co
   const double half = width / 2 * std::hypot(1, slope);
   const int first = std::max(0, static_cast<int>(std::floor(on.X0)));
   const int last = std::min(length - 1, static_cast<int>(std::floor(on.X1)));
-  // In whole numbers of 2^-24 pixels: the loop has no call to round, and few conversions.
+  // In units of 2^-24 pixels: the loop needs no rounding call and few conversions.
   constexpr int kBits = 24;
   const auto fine = [](double pixels) { return static_cast<int64_t>(pixels * (1 << kBits)); };
   int64_t low = fine(on.Y0 + (first + 0.5 - on.X0) * slope - half);

@@ -6,7 +6,7 @@
 namespace pallomir {
 
 UniformNumbers::UniformNumbers(uint64_t seed) {
-  // The lanes' seeds come from a mixing generator, which never gives sixteen related states.
+  // Seed the lanes with a mixing generator, so that their sixteen states are unrelated.
   for (uint32_t& state : state_) state = static_cast<uint32_t>(NextMixed(seed) >> 32) | 1U;
 }
 
@@ -20,7 +20,7 @@ static void FillLanes(uint32_t* state, float* numbers, size_t rounds) {
       s ^= s >> 17;
       s ^= s << 5;
       state[lane] = s;
-      // The upper 24 bits, as many as a float holds.
+      // The upper 24 bits, as many as fit a float.
       numbers[lane] = static_cast<float>(static_cast<int32_t>(s >> 8)) * 0x1p-24F;
     }
   }

@@ -6,8 +6,8 @@
 
 namespace pallomir {
 
-/// Uniform numbers in [0, 1) for display: sixteen xorshift generators (Marsaglia 2003) side by side, so that a block is
-/// filled in vectors. Good enough for spreading points, not for statistics.
+/// Uniform random numbers in [0, 1) for display: sixteen parallel xorshift generators (Marsaglia 2003), so that filling
+/// a block is vectorised. Good enough for jittering points, not for statistics.
 class UniformNumbers {
  public:
   explicit UniformNumbers(uint64_t seed);

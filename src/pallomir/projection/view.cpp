@@ -9,7 +9,7 @@
 namespace pallomir {
 
 bool View::Drawable() const {
-  // The pixels are reckoned in single precision, which must hold the extents.
+  // Pixels are computed in single precision, which must be able to represent the extents.
   const auto held = [](double extent) {
     return std::abs(extent) > 1e-37 && std::abs(extent) < std::numeric_limits<float>::max();
   };
@@ -24,7 +24,7 @@ View ViewOf(const Session& session, int width, int height) {
   return view;
 }
 
-/// As many digits as tell a tick from its neighbours.
+/// With enough digits to tell a tick from its neighbours.
 static std::string TickText(double value, double step) {
   const bool fine = std::abs(value) > 1e6 * step;
   return fine ? DoubleText(std::round(value / step) * step) : SingleText(static_cast<float>(value));
@@ -39,7 +39,7 @@ std::vector<Tick> AxisTicks(double from, double to, int count) {
   const double fraction = rough / power;
   const double step = power * (fraction < 1.5 ? 1 : fraction < 3.5 ? 2 : fraction < 7.5 ? 5 : 10);
   const double first = std::ceil(from / step);
-  // Where the range is too narrow for its own precision, steps no longer change the value.
+  // If the range is too narrow for its precision, a step no longer changes the value.
   if (first * step + step == first * step) return ticks;
   for (double k = first; k * step <= to && ticks.size() < 100; ++k)
     ticks.push_back({k * step, TickText(k * step, step)});

@@ -7,9 +7,9 @@
 
 namespace pallomir {
 
-/// How two parameters lie on a surface of Width x Height device pixels: Left is the value at the centre of the
-/// leftmost pixels, Right at the centre of the rightmost, Top and Bottom likewise, both ends included. Bottom is above
-/// Top where values grow downward.
+/// The mapping of two parameters to a surface of Width x Height device pixels: Left is the value at the centre of the
+/// leftmost pixels, Right at the centre of the rightmost, likewise Top and Bottom. Bottom is larger than Top if values
+/// grow downward.
 struct View {
   double Left = 0;
   double Right = 1;
@@ -18,31 +18,31 @@ struct View {
   int Width = 1;
   int Height = 1;
 
-  /// Device pixels, not rounded, of a value; and the value at a device pixel.
+  /// Converts a value to device pixels, not rounded, and a device pixel to a value.
   double PixelX(double value) const { return (value - Left) / (Right - Left) * (Width - 1); }
   double PixelY(double value) const { return (value - Top) / (Bottom - Top) * (Height - 1); }
   double ValueX(double pixel) const { return Width > 1 ? Left + pixel / (Width - 1) * (Right - Left) : Left; }
   double ValueY(double pixel) const { return Height > 1 ? Top + pixel / (Height - 1) * (Bottom - Top) : Top; }
 
-  /// False when an axis has no extent, or one that is not a number: nothing can be drawn.
+  /// False if an axis has no extent or one that is not finite: nothing can be drawn.
   bool Drawable() const;
 
   bool operator==(const View&) const = default;
 };
 
-/// The session's present projection. PosY on the vertical axis grows downward, as video coordinates do.
+/// The session's current projection. PosY on the vertical axis grows downward, as video coordinates do.
 View ViewOf(const Session& session, int width, int height);
 
-/// Round values at which an axis from `from` to `to` (in either order) is marked, about `count` of them, and the
-/// texts that stand at them.
+/// Round values for the ticks of an axis from `from` to `to` (in either order), about `count` of them, and their
+/// labels.
 struct Tick {
   double Value;
   std::string Text;
 };
 std::vector<Tick> AxisTicks(double from, double to, int count);
 
-/// Sets the session's two axis ranges to a rectangle in parameter units, given by any two opposite corners. False,
-/// and no change, when the rectangle has no extent.
+/// Sets the session's two axis ranges to a rectangle in parameter units, given by any two opposite corners. Returns
+/// false, without a change, if the rectangle has no extent.
 bool ZoomTo(Session& session, Vertex corner, Vertex opposite);
 
 }  // namespace pallomir

@@ -11,9 +11,8 @@ namespace pallomir {
 
 inline constexpr int64_t kLongestHold = 100'000;    ///< microseconds for which a sample counts at most
 inline constexpr int64_t kLongestBridge = 250'000;  ///< microseconds of the longest gap that is interpolated
-inline constexpr int64_t kTravelReach =
-    100'000;                                   ///< microseconds before and after a sample in which travel is measured
-inline constexpr double kSlowestTravelCm = 5;  ///< cm per second; slower movement has no direction
+inline constexpr int64_t kTravelReach = 100'000;    ///< microseconds around each sample that give its travel direction
+inline constexpr double kSlowestTravelCm = 5;       ///< cm per second; slower movement has no direction
 inline constexpr double kSlowestTravelPixels = 20;  ///< pixels per second, if pixels per cm are unknown
 
 /// The tracking samples within a time range, as columns in time order, with the time for which each counts.

@@ -15,20 +15,20 @@ struct EpochChoice {
 
 using EpochChoices = ByEpoch<EpochChoice>;
 
-/// Whether row `row` may be selected beside the rows that are. Throws CommandError when it has no record numbers, when
-/// one is not a number, or when one of its two ends lies within a row that is selected; a row that wholly encloses a
-/// selected one passes.
+/// Checks whether row `row` may be selected in addition to the selected rows. Throws CommandError if it has no record
+/// numbers, if one is not a number, or if either of its ends lies within a selected row; a row that completely encloses
+/// a selected one is accepted.
 void CheckSelection(const EpochChoices& rows, size_t row);
 
-/// The range that holds all selected rows.
+/// The range that covers all selected rows.
 struct EpochRange {
   int32_t StartRecord = 0;
   int32_t EndRecord = 0;
   std::string StartTime, EndTime;
 };
 
-/// From the smallest start to the largest end; all zero and empty when nothing is selected. Throws CommandError for a
-/// record number that is not one.
+/// From the smallest start to the largest end; zero and empty if nothing is selected. Throws CommandError for an
+/// invalid record number.
 EpochRange RangeOfSelected(const EpochChoices& rows);
 
 }  // namespace pallomir

@@ -45,7 +45,7 @@ void FindEpoch(Session& session, size_t row, const Epoch& epoch, std::span<const
   if (first != stamps.end()) {
     session.EpochStartTimestamp[row] = *first;
     session.EpochStartRecord[row] = static_cast<int32_t>(first - stamps.begin());
-    // The end is asked for only once there is a spike that it could lie before.
+    // Check the end only if there is a spike that it could exclude.
     if (first != last) {
       const double end = Number(row, "end", epoch.End);
       last = std::find_if(first + 1, stamps.end(), [=](double time) { return time > end; }) - 1;

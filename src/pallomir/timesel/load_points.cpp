@@ -9,7 +9,7 @@ namespace pallomir {
 
 namespace {
 
-/// The points have been replaced: a user who stops this is left with none, not with some that lack their clusters.
+/// The points have been replaced: if the user stops this, unload them rather than leave them partly classified.
 void Classify(Session& session, World& world) {
   WorkPace pace(world);
   try {
@@ -17,7 +17,7 @@ void Classify(Session& session, World& world) {
   } catch (const Interrupted&) {
     session.Points.ClearMemberships();
     GiveUpRange(session);
-    ClassifyAllClusters(session);  // the one row
+    ClassifyAllClusters(session);  // one row is left
     throw;
   }
 }

@@ -24,7 +24,7 @@ double StampAt(FileReader& file, const Session& session, const RecordGeometry& g
   const double position =
       std::nearbyint(record * static_cast<double>(geometry.RecordBytes) + static_cast<double>(geometry.Header));
   unsigned char stamp[kStampBytes];
-  // Before record 0, by a part of a record too, lies the header; and no file is longer than 9e18 bytes.
+  // An offset before record 0, even by a part of a record, is in the header; no file is longer than 9e18 bytes.
   const bool readable = position >= static_cast<double>(geometry.Header) && position < 9e18;
   if (!readable || file.ReadUpTo(static_cast<uint64_t>(position), stamp, sizeof stamp) < sizeof stamp)
     throw CommandError("Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
@@ -32,7 +32,7 @@ double StampAt(FileReader& file, const Session& session, const RecordGeometry& g
   return TimestampFromBytes(stamp);
 }
 
-/// The first record whose stamp fulfils `found`, scanning from record 0. -1 when none does.
+/// The first record for which `found` is true of its stamp, scanning from record 0; -1 if there is none.
 template <class Condition>
 RecordTime FirstRecord(FileReader& file, const Session& session, World& world, const RecordGeometry& geometry,
                        Condition found) {

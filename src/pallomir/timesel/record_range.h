@@ -14,16 +14,16 @@ struct RecordTime {
   double Time = 0;
 };
 
-/// The first record whose stamp is at or after `start`. Nothing when the parameter file's geometry is unknown. Throws
-/// CommandError ("Start time is out of file range") when no record reaches it.
+/// The first record whose stamp is at or after `start`. Empty if the parameter file's geometry is unknown. Throws
+/// CommandError ("Start time is out of file range") if there is no such record.
 std::optional<RecordTime> RecordAtStart(const Session& session, World& world, double start);
 
-/// The record before the first one whose stamp is after `end`; the last one, with a warning box, when none is. Nothing
-/// when the geometry is unknown. Throws CommandError when already record 0 lies after the end.
+/// The record before the first one whose stamp is after `end`; the last record, with a warning box, if there is none.
+/// Empty if the geometry is unknown. Throws CommandError if record 0 is already after `end`.
 std::optional<RecordTime> RecordAtEnd(const Session& session, World& world, double end);
 
-/// The stamp of a record, read at (record x its bytes) behind the header, rounded to a whole byte. Nothing when the
-/// geometry is unknown; throws CommandError when the file does not hold it, or it lies before record 0 by however
+/// The stamp of a record, read at (record x its bytes) after the header, rounded to a whole byte. Empty if the geometry
+/// is unknown; throws CommandError if the file does not contain the record, or its offset is before record 0, however
 /// little.
 std::optional<double> TimeOfRecord(const Session& session, double record);
 
