@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr float kInterval = 300;
 
-/// The names that the program itself writes begin so; whatever follows tells kept ones apart.
+/// Prefixes of the names that the program writes; kept files have a suffix.
 constexpr std::string_view kExit = "cbfile.exit", kAutosave = "cbfile.tmp";
 
 struct CutFile {
@@ -33,7 +33,7 @@ struct CutFile {
   bool IsUsers() const { return !IsOurs() && !IsKept(); }
 };
 
-/// True for a boundaries file that holds more than its header.
+/// True for a boundaries file with content after its header.
 bool HoldsBoundaries(const fs::path& path) {
   try {
     const std::string text = ReadText(PathText(path), kTextHeaderLimit);
@@ -47,7 +47,7 @@ bool HoldsBoundaries(const fs::path& path) {
   }
 }
 
-/// All boundaries files of the data directory that hold something, oldest first.
+/// All boundaries files in the data directory that are not empty, oldest first.
 std::vector<CutFile> CutsIn(const Session& session) {
   std::vector<CutFile> cuts;
   std::error_code error;
@@ -65,13 +65,13 @@ std::vector<CutFile> CutsIn(const Session& session) {
   return cuts;
 }
 
-/// What stands behind a file's header, which tells when it was written; nothing when it cannot be read.
+/// The text after a file's header, as the header has the date; empty if the file cannot be read.
 std::optional<std::string> BoundariesOf(const fs::path& path) {
   try {
     const std::string text = ReadText(PathText(path));
     if (const auto body = BodyBehindHeader(text)) return text.substr(body->Begin);
   } catch (const CommandError&) {
-    // A file that cannot be read is like no other.
+    // A file that cannot be read is never equal to another.
   }
   return {};
 }

@@ -9,31 +9,31 @@
 
 namespace pallomir {
 
-/// The autosaved boundaries file; BoundariesFilePath with the name "cbfile.tmp".
+/// Path of the autosaved boundaries file: BoundariesFilePath for "cbfile.tmp".
 std::string AutosavePath(const Session& session);
 
-/// True when the boundaries are to be saved at `now`, having been saved at `last` (seconds since midnight): after more
-/// than 300 seconds, and on every check in the first 300 seconds of a day, when the clock has started again.
+/// Whether to save the boundaries at `now` if they were last saved at `last` (seconds since midnight): after more than
+/// 300 seconds, and at every check in the first 300 seconds of a day, when the seconds restart from 0.
 bool AutosaveDue(float now, float last);
 
-/// A boundaries file of the data directory.
+/// A boundaries file in the data directory.
 struct FoundCut {
-  /// As the boxes have it, without ".txt".
+  /// The name as shown in the text boxes, without ".txt".
   std::string Name;
   /// Local date and time.
   std::string Written;
 };
 
-/// The newest of all boundaries files that hold a boundary, whoever wrote them, unless it is the one called `name` or
-/// holds the same boundaries.
+/// The newest of all boundaries files with at least one boundary, whoever wrote it; empty if that is the file called
+/// `name` or has the same boundaries.
 std::optional<FoundCut> NewerCutThan(const Session& session, std::string_view name);
 
-/// Before the exit copy or the autosave, which this run neither read nor wrote, is replaced: when it is newer than
-/// every boundaries file that the user wrote, and no other holds the same boundaries, it is kept under a further name,
-/// which is returned as the boxes have it. Throws CommandError when that fails.
+/// Called before the exit copy or the autosave is replaced if this run has neither read nor written it. If the file is
+/// newer than every boundaries file written by the user, and no other file has the same boundaries, it is renamed to
+/// keep it; returns the new name as shown in the text boxes. Throws CommandError if renaming fails.
 std::optional<std::string> KeepUnreadCut(const Session& session, std::string_view path);
 
-/// The cuts that were kept so, as the boxes have them, oldest first.
+/// Names of the files kept in this way, as shown in the text boxes, oldest first.
 std::vector<std::string> KeptCuts(const Session& session);
 
 }  // namespace pallomir

@@ -15,7 +15,7 @@ void Narrow(Session& session, int parameter, double d) {
   SetAxis(session, parameter, {session.AxisMinimum[parameter] + d, session.AxisMaximum[parameter] - d});
 }
 
-/// Narrows both axes by `sign` fifths, taken from the ranges before the change.
+/// Narrows both axes by `sign` fifths at either end, computed from the ranges before the change.
 void Scale(Session& session, int sign) {
   const double dx = sign * Fifth(session, session.XParameter);
   const double dy = sign * Fifth(session, session.YParameter);

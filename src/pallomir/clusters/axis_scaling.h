@@ -6,14 +6,14 @@
 
 namespace pallomir {
 
-/// Both parameters on view: their ranges shrink to three fifths about their centres, or grow to seven fifths.
+/// Scales the ranges of both displayed parameters about their centres, to three fifths or to seven fifths.
 void ScaleUp(Session& session);
 void ScaleDown(Session& session);
 
-/// Both parameters on view take their data ranges.
+/// Resets both displayed parameters to their data ranges.
 void ScaleDefaults(Session& session);
 
-/// Ends of an axis as typed; an empty one leaves that end as it is.
+/// The ends of an axis as typed; an empty one leaves that end unchanged.
 struct TypedRange {
   std::optional<double> Lower;
   std::optional<double> Upper;

@@ -22,7 +22,7 @@ namespace pallomir {
 
 namespace {
 
-/// Longer names of parameters are refused, in bytes.
+/// The longest allowed parameter name, in bytes.
 constexpr size_t kLongestName = 255;
 
 std::string RecordText(const Session& session, int c, const Boundary& boundary) {
@@ -36,7 +36,7 @@ std::string RecordText(const Session& session, int c, const Boundary& boundary) 
   return text + "\r\n";
 }
 
-/// Reads the records of one file into the boundary table.
+/// Reads the records of a file into the boundary table.
 class RecordReader {
  public:
   RecordReader(Session& session, std::string_view body, std::string_view name, int firstLine)
@@ -46,14 +46,14 @@ class RecordReader {
 
   int ClusterNumber() { return WholeWithin("cluster", 0, kClusters); }
 
-  /// The cluster if its records are wanted; nothing for any other number.
+  /// The cluster of the next record if it is wanted; empty for any other number.
   std::optional<int> ClusterAmong(const ByCluster<bool>& wanted) {
     const double number = std::nearbyint(items_.Number());
     if (!(number >= 0 && number <= kClusters) || !wanted[static_cast<size_t>(number)]) return {};
     return static_cast<int>(number);
   }
 
-  /// Starts cluster c over with one boundary, and marks it.
+  /// Resets cluster c to one boundary and marks it as defined.
   int StartCluster(int c) {
     ++session_.DefinitionCounter;
     session_.Clusters[c] = {};
@@ -69,8 +69,8 @@ class RecordReader {
     return cluster.BoundaryCount++;
   }
 
-  /// The record behind its cluster number. The boundary holds at any time what was read of it; the names are taken
-  /// over once the record is whole.
+  /// Reads a record after its cluster number. If reading fails, the boundary keeps the values read so far; the names
+  /// are only stored once the record is complete.
   void ReadBoundary(Boundary& boundary) {
     boundary = {};
     boundary.XParameter = static_cast<int16_t>(WholeWithin("parameter", 0, kParameters));
@@ -87,7 +87,7 @@ class RecordReader {
     session_.ParameterNames[boundary.YParameter] = std::move(yName);
   }
 
-  /// Passes over a record whose cluster is not wanted.
+  /// Skips a record whose cluster is not wanted.
   void SkipBoundary() {
     for (int item = 0; item < 4; ++item) items_.Text();
     const int64_t count = std::llrint(std::clamp(items_.Number(), 0.0, 1e15));
@@ -104,7 +104,7 @@ class RecordReader {
     return static_cast<int>(number);
   }
 
-  /// The name of a parameter, which has to be one that can be written again.
+  /// A parameter name, which must be writable in this format.
   std::string Name() {
     std::string name = items_.Text();
     if (name.size() > kLongestName)
@@ -118,8 +118,8 @@ class RecordReader {
   TextItems items_;
 };
 
-/// Deletes clusters with `forget`, then has `read` take one record after the other, and classifies. False where there
-/// is no file with a header. When it cannot be read to its end, what was read stays, and Undo leads to the cut before.
+/// Deletes clusters with `forget`, then calls `read` for each record, and classifies. Returns false if there is no file
+/// with a header. If reading fails, the records read so far are kept, and Undo restores the earlier cut.
 template <class Forget, class Read>
 bool ReadThenClassify(Session& session, std::string_view path, const Progress& progress, Forget forget, Read read) {
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
@@ -145,7 +145,7 @@ bool ReadThenClassify(Session& session, std::string_view path, const Progress& p
   return true;
 }
 
-/// True when all of a file's content can be read, and there is some boundary in it.
+/// True if the whole file can be read and has at least one boundary.
 bool HoldsBoundaries(std::string_view text) {
   const auto body = BodyBehindHeader(text);
   if (!body) return false;

@@ -9,24 +9,24 @@
 
 namespace pallomir {
 
-/// The boundaries file of a name as typed: in the data directory, with ".txt" behind it whatever it ends in.
+/// The path of a boundaries file by its name as typed: in the data directory, always with ".txt" appended.
 std::string BoundariesFilePath(const Session& session, std::string_view name);
 
-/// Writes the boundaries of every cluster that carries the defined mark, and says so in the log. An existing file is
-/// safeguarded, then replaced, all or nothing. Throws CommandError when it cannot be written.
+/// Writes the boundaries of every cluster marked as defined, and logs it. An existing file is backed up, then replaced,
+/// all or nothing. Throws CommandError if it cannot be written.
 void WriteCBFile(const Session& session, World& world, std::string_view path);
 
-/// Replaces all clusters by those of the file and classifies them. False when there is no such file or it lacks a
-/// header: the clusters are deleted all the same. Records of one cluster that are not contiguous start it over. The
-/// names of the parameters in a record replace the catalogue's.
+/// Replaces all clusters by those of the file and classifies them. Returns false if the file does not exist or has no
+/// header: the clusters are deleted in any case. If the records of a cluster are not contiguous, each run replaces the
+/// previous one. Parameter names in a record replace those of the catalogue.
 ///
-/// Throws CommandError naming the line where a number is out of its bounds, is none, or the file ends inside a record:
-/// the clusters read until then keep what was read, unclassified; the names are those of the whole records. However
-/// it ends early, Undo leads back to the cut before.
+/// Throws CommandError naming the line if a number is out of range or not a number, or if the file ends within a
+/// record: the data read so far is kept, unclassified, with the names of the complete records only. Whenever reading
+/// fails, Undo restores the earlier cut.
 bool ReadCBFile(Session& session, std::string_view path, const Progress& progress = {});
 
-/// Replaces only the chosen clusters, and keeps all their records even where they are not contiguous; other records are
-/// passed over, whatever their number. Otherwise as ReadCBFile.
+/// Replaces only the selected clusters, and keeps all their records even if they are not contiguous; other records are
+/// skipped, whatever their cluster number. Otherwise as ReadCBFile.
 bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected,
                           const Progress& progress = {});
 

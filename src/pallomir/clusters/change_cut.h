@@ -6,8 +6,8 @@
 
 namespace pallomir {
 
-/// Runs a change of the cut. When the user stops it, boundaries, marks, names and lists are as they were before, and
-/// Interrupted is passed on.
+/// Runs a change of the cut. If the user stops it, restores the boundaries, marks, names and lists, and rethrows
+/// Interrupted.
 void ChangeCut(Session& session, const std::function<void()>& change);
 
 }  // namespace pallomir

@@ -17,11 +17,11 @@ namespace pallomir {
 
 namespace {
 
-/// Points that are tested and entered at a time: their columns and flags stay in the first-level cache.
+/// Points processed at a time: their columns and flags stay in the first-level cache.
 constexpr size_t kBlock = 2048;
 using Flags = std::array<uint8_t, kBlock>;
 
-/// Appends c to point i's list unless it is there.
+/// Appends c to point i's list unless it is already in it.
 void Join(PointTable& points, size_t i, int16_t c) {
   for (int slot = 0;; ++slot) {
     if (slot == points.SlotsInUse()) points.AddSlot();
@@ -33,7 +33,7 @@ void Join(PointTable& points, size_t i, int16_t c) {
   }
 }
 
-/// Takes c out of point i's list and closes the gap.
+/// Removes c from point i's list and closes the gap.
 void Leave(PointTable& points, size_t i, int16_t c) {
   const int slots = points.SlotsInUse();
   int slot = 0;
@@ -43,7 +43,7 @@ void Leave(PointTable& points, size_t i, int16_t c) {
   points.Slot(slot)[i] = 0;
 }
 
-/// True when some point that is to join stands in another cluster already.
+/// True if some point that is to join is already in another cluster.
 PALLOMIR_HOT_LOOP
 bool NeedsLists(const int16_t* first, const uint8_t* inside, size_t count, int16_t c) {
   int needs = 0;
@@ -60,13 +60,13 @@ void EnterFirstSlot(int16_t* first, const uint8_t* inside, size_t count, int16_t
   }
 }
 
-/// Marks the points whose slot holds c.
+/// Marks the points whose slot contains c.
 PALLOMIR_HOT_LOOP
 void MarkMembers(const int16_t* slot, size_t count, int16_t c, uint8_t* member) {
   for (size_t i = 0; i < count; ++i) member[i] = static_cast<uint8_t>(member[i] | static_cast<int>(slot[i] == c));
 }
 
-/// Enters the flags of points begin..begin+count-1 into their lists.
+/// Updates the lists of points begin..begin+count-1 from their flags.
 void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, int16_t c) {
   if (points.SlotsInUse() == 0) points.AddSlot();
   int16_t* first = points.Slot(0).data() + begin;
@@ -74,7 +74,7 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
     EnterFirstSlot(first, inside.data(), count, c);
     return;
   }
-  // Only the lists of points that come in or leave are gone through.
+  // Visit only the lists of points that join or leave.
   Flags member{};
   for (int slot = 0; slot < points.SlotsInUse() && points.Entered(c); ++slot)
     MarkMembers(points.Slot(slot).data() + begin, count, c, member.data());
@@ -92,12 +92,12 @@ void Enter(PointTable& points, size_t begin, size_t count, const Flags& inside, 
   }
 }
 
-/// The points of a block that lie inside all boundaries so far. Only they are tested against the next one, gathered
-/// from its columns.
+/// The points of a block that are inside all boundaries so far. Only these are gathered and tested against the next
+/// boundary.
 class Survivors {
  public:
-  /// Tests against one more boundary; `count` is that of the block where it is the second one, else 0. False when no
-  /// point is left to test.
+  /// Tests against one more boundary; `count` is the block's number of points for the second boundary, otherwise 0.
+  /// Returns false if no point is left.
   bool KeepInside(const Boundary& boundary, const float* x, const float* y, size_t count, Flags& inside) {
     if (count > 0) {
       std::iota(places_.begin(), places_.begin() + count, uint16_t{0});
@@ -134,7 +134,7 @@ void MarkNotFinite(const float* values, size_t count, uint8_t* odd) {
     odd[i] = static_cast<uint8_t>(odd[i] | static_cast<int>(!(std::abs(values[i]) <= kLargest)));
 }
 
-/// The parameters in which a cluster was cut, each once.
+/// The parameters of a cluster's boundaries, without duplicates.
 std::vector<int16_t> ParametersOf(const Cluster& cluster) {
   std::vector<int16_t> parameters;
   for (int b = 0; b < cluster.BoundaryCount; ++b)

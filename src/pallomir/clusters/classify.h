@@ -7,23 +7,24 @@
 
 namespace pallomir {
 
-/// Re-evaluates every loaded point's membership in cluster c (0..30, else CommandError). A point that comes in joins
-/// the end of its list; one that stays keeps its place; one that leaves is taken out. A cluster without boundaries
-/// holds no point. `progress` may stop it; the lists are then half of the one and half of the other cut.
+/// Re-evaluates the membership of every loaded point in cluster c (0..30, otherwise CommandError). A point that joins
+/// is appended to its list; one that stays keeps its position; one that leaves is removed. A cluster without boundaries
+/// has no points. `progress` may stop it; the lists are then partly those of the old cut and partly those of the new.
 void ClassifyCluster(Session& session, int c, const Progress& progress = {});
 
-/// ClassifyCluster for those of 1..30 that are wanted, in increasing order.
+/// ClassifyCluster for the wanted clusters among 1..30, in increasing order.
 void ClassifyClusters(Session& session, const ByCluster<bool>& wanted, const Progress& progress = {});
 void ClassifyAllClusters(Session& session, const Progress& progress = {});
 
-/// Takes cluster c's boundaries away and c out of every membership list. A cluster without boundaries is left alone.
+/// Deletes cluster c's boundaries and removes c from every membership list. Does nothing for a cluster without
+/// boundaries.
 void ClearCluster(Session& session, int c, const Progress& progress = {});
 
-/// Loaded points in cluster c; for c = 0 the points in no cluster.
+/// Number of loaded points in cluster c; for c = 0 that of points in no cluster.
 int64_t PointsInCluster(const Session& session, int c);
 
-/// The points of cluster c that have no place on some projection in which it was cut: a value there is not finite. Such
-/// a value never rejects a point, so they are members wherever their other values lie.
+/// Number of points in cluster c that cannot be drawn on some projection in which it was cut, because a value is not
+/// finite. Such a value never rejects a point, so these points are members wherever their other values are.
 int64_t PointsNotFinite(const Session& session, int c);
 
 }  // namespace pallomir

@@ -14,7 +14,7 @@ void DeleteCluster(Session& session, int c, const Progress& progress) {
 }
 
 void DeleteAllClusters(Session& session) {
-  // Nothing but these clusters' numbers stands in the lists.
+  // The lists contain no other numbers than these clusters'.
   session.Points.ClearMemberships();
   for (int c = 1; c <= kClusters; ++c) DeleteCluster(session, c);
 }

@@ -10,15 +10,15 @@ namespace pallomir {
 
 namespace {
 
-/// One edge, from (X, Y) by (Dx, Dy).
+/// An edge from (X, Y) along (Dx, Dy).
 struct Edge {
   double X, Y, Dx, Dy;
 };
 
 using Edges = std::array<Edge, kVerticesPerBoundary>;
 
-/// The edges of a boundary, the closing one last. Single-precision coordinates differ exactly in double precision or
-/// are rounded as the one-point test rounds them.
+/// The edges of a boundary, the closing edge last. Differences of single-precision coordinates are exact in double
+/// precision or rounded as in the test of a single point.
 size_t EdgesOf(const Boundary& boundary, Edges& edges) {
   const auto count = static_cast<size_t>(boundary.VertexCount);
   for (size_t k = 0; k < count; ++k) {
@@ -29,20 +29,20 @@ size_t EdgesOf(const Boundary& boundary, Edges& edges) {
   return count;
 }
 
-/// Points that pass through the edges together, four edges at a time: a pass stays in vectors and in the first-level
-/// cache. 1.6 ns a point for 5 edges; with a branch for each edge it is 12 ns.
+/// Points tested together, against four edges in each pass: a pass is vectorised and stays in the first-level cache.
+/// 1.6 ns per point for 5 edges, 12 ns with a branch for each edge.
 constexpr size_t kBlock = 256;
 constexpr size_t kEdgesAPass = 4;
-/// After so many passes the points that are rejected by then are left behind, if they are many.
+/// After this many passes, boundaries with many edges drop the points already rejected.
 constexpr size_t kPassesBetweenSieves = 2;
 
-/// The state of a block. Each edge's cross product is multiplied by the one before it; the product is negative exactly
-/// when the two are of opposite sign (it cannot underflow: cross products of single-precision input are multiples of
-/// 2^-298), so the smallest product tells whether any pair of edges rejects the point.
+/// The state of a block. Each edge's cross product is multiplied by the previous one; the product is negative exactly
+/// if their signs differ (it cannot underflow: cross products of single-precision input are multiples of 2^-298), so
+/// the smallest product tells whether any pair of edges rejects the point.
 struct Block {
   size_t Count;
   std::array<double, kBlock> X, Y, Previous, Smallest;
-  std::array<uint16_t, kBlock> Place;  ///< of the point within the block as it came
+  std::array<uint16_t, kBlock> Place;  ///< the point's original index within the block
 };
 
 template <size_t kEdges>
@@ -63,7 +63,7 @@ PALLOMIR_HOT_PART void Pass(const Edge* first, Block& block) {
   }
 }
 
-/// Marks the points that are rejected so far, and moves the others together.
+/// Clears the flags of the points rejected so far and compacts the others.
 PALLOMIR_HOT_PART void Sieve(Block& block, uint8_t* inside) {
   size_t kept = 0;
   for (size_t i = 0; i < block.Count; ++i) {

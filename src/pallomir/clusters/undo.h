@@ -5,12 +5,12 @@
 
 namespace pallomir {
 
-/// Copies the boundaries of clusters 1..30 and the definition counter into the undo snapshot. Called at the start of
-/// every change that can be undone.
+/// Copies the boundaries and the definition counter into the undo snapshot. Called at the start of every change that
+/// can be undone.
 void SaveUndoSnapshot(Session& session);
 
-/// Exchanges the present boundaries and counter with the snapshot, marks and classifies the clusters that then have
-/// boundaries. Done twice it leads back.
+/// Swaps the current boundaries and counter with the snapshot; marks and classifies the clusters that then have
+/// boundaries. A second call restores the first state.
 void UndoLastChange(Session& session, const Progress& progress = {});
 
 }  // namespace pallomir

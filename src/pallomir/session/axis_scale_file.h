@@ -6,14 +6,14 @@
 
 namespace pallomir {
 
-/// The file of axis ranges in the data directory: 134 lines "maximum,minimum", one for each parameter in order.
+/// The path of the axis range file in the data directory: 134 lines "maximum,minimum", one per parameter in order.
 std::string AxesScaleFilePath(const Session& session);
 
-/// Writes the axis ranges, all or nothing. Throws CommandError when that fails.
+/// Writes the axis ranges, all or nothing. Throws CommandError on failure.
 void WriteAxesScaleFile(const Session& session);
 
-/// Takes the axis ranges from the file, all of them or none. Throws CommandError when the file is missing ("... is not
-/// present"), ends early or holds something else.
+/// Reads the axis ranges from the file, all or none. Throws CommandError if the file is missing ("... is not present"),
+/// ends early or contains anything else.
 void ReadAxesScaleFile(Session& session);
 
 }  // namespace pallomir

@@ -17,7 +17,7 @@ struct Vertex {
   bool operator==(const Vertex&) const = default;
 };
 
-/// A polygon in the units of two parameters, its vertices in drawing order; the last one is joined to the first.
+/// A polygon in the units of two parameters, with its vertices in drawing order; the last is joined to the first.
 struct Boundary {
   int16_t XParameter = 0;
   int16_t YParameter = 0;
@@ -26,7 +26,7 @@ struct Boundary {
   bool operator==(const Boundary&) const = default;
 };
 
-/// A spike belongs to a cluster when it lies inside every boundary 0..BoundaryCount-1.
+/// A spike is in a cluster if it is inside every boundary 0..BoundaryCount-1.
 struct Cluster {
   int16_t BoundaryCount = 0;
   std::array<Boundary, kBoundariesPerCluster> Boundaries{};
@@ -36,7 +36,7 @@ struct Cluster {
 /// By cluster number; entry 0 is never classified.
 using BoundaryTable = std::array<Cluster, kClusterSlots>;
 
-/// What Undo exchanges with the present state.
+/// What Undo swaps with the current state.
 struct UndoSnapshot {
   BoundaryTable Clusters{};
   int16_t DefinitionCounter = 0;

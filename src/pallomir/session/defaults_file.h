@@ -8,8 +8,8 @@
 
 namespace pallomir {
 
-/// What a Defaults file carries from one run to the next, besides the session's epoch record numbers: the texts of
-/// boxes of the main form, and the items of its epoch list.
+/// The content of a Defaults file, apart from the session's epoch record numbers: texts of the main form's boxes and
+/// the items of its epoch list. They carry over from one run to the next.
 struct Defaults {
   std::string CBFileWrite;
   std::string CBFileRead;
@@ -19,17 +19,17 @@ struct Defaults {
   std::vector<std::string> Epochs;
 };
 
-/// Reads a Defaults file over `defaults` and the session's epoch records. A missing file changes nothing; of one
-/// without a header nothing is taken, and the epoch list is emptied: false then. Lines with another key are skipped.
+/// Reads a Defaults file into `defaults` and the session's epoch records. A missing file changes nothing. A file
+/// without a header only clears the epoch list, and false is returned. Lines with an unknown key are skipped.
 ///
-/// Throws CommandError where the file is broken or has a 31st pair of epoch records; what was read until then holds.
+/// Throws CommandError if the file is malformed or has a 31st pair of epoch records; values read so far are kept.
 bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path);
 
-/// True for a file that begins as a Defaults file does.
+/// True for a file with the header of a Defaults file.
 bool IsDefaultsFile(std::string_view path);
 
-/// Writes a Defaults file, all or nothing; the parameter file's name is left empty. Throws CommandError when it cannot
-/// be written, or a text holds a double quote or line end, which the format cannot.
+/// Writes a Defaults file, all or nothing; the parameter file's name is left empty. Throws CommandError if it cannot be
+/// written, or if a text contains a double quote or line end, which the format does not allow.
 void WriteDefaults(const Session& session, const Defaults& defaults, std::string_view path);
 
 }  // namespace pallomir

@@ -5,8 +5,8 @@
 
 namespace pallomir {
 
-/// A parameter's index is its place in the catalogue, its column in a parameter-file row and its slot in a point
-/// record. Tables by parameter have one entry more, which stays unused.
+/// A parameter's index is its position in the catalogue, its column in a parameter-file row and its slot in a point
+/// record. Tables by parameter have one additional, unused entry.
 inline constexpr int kParameters = 134;
 inline constexpr int kParameterSlots = 135;
 
@@ -22,10 +22,10 @@ inline constexpr int kPosY = 100;
 inline constexpr int kTimestamp = 101;
 inline constexpr int kValley = 102;
 
-/// The slot that holds the spike's record number where epochs are displayed and cluster files written.
+/// The slot used as the spike's record number when displaying epochs and writing cluster files.
 inline constexpr int kRecordSlot = 8;
 
-/// The 134 names in order, and an empty one for the unused slot.
+/// The 134 names in order, with an empty one for the unused slot.
 std::array<std::string, kParameterSlots> ParameterCatalogue();
 
 }  // namespace pallomir

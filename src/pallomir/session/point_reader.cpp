@@ -36,14 +36,14 @@ void CheckRange(const Session& session, int32_t first, int32_t last) {
     throw CommandError(
         range + " cannot be loaded: the file holds records 0 to " + std::to_string(session.File.RecordCount - 1) + ".",
         "ERROR");
-  // The tenth of the range, to which progress is told, would be 0.
+  // With fewer rows, the tenth of the range at which progress is shown would be 0.
   if (rows < 6)
     throw CommandError(range + " cannot be loaded: a range holds at least 6 records, this one " +
                            std::to_string(std::max<int64_t>(rows, 0)) + ".",
                        "ERROR");
 }
 
-/// The first load of a run gives every parameter its data range, which always holds 0, and its axis.
+/// The first load of a run sets every parameter's data range, which always includes 0, and its axis.
 void TakeRanges(Session& session, const RowFindings& findings) {
   for (int p = 0; p < kParameters; ++p) {
     const float low = findings.Ranges.Minimum(p), high = findings.Ranges.Maximum(p);
@@ -62,7 +62,7 @@ void Report(World& world, const RowFindings& findings, int32_t first, int32_t la
                         std::to_string(findings.MissingBytes) + " bytes, which count as 0.");
 }
 
-/// The file has to be the one whose records were counted. One that has taken its place is counted, for the next load.
+/// The file must be the one whose records were counted. If it was replaced, the new one is counted for the next load.
 void CheckSameFile(ParameterFile& opened, FileReader& file) {
   const long header = ParameterHeaderLength(file);
   if (header < 0)
@@ -81,10 +81,10 @@ void CheckSameFile(ParameterFile& opened, FileReader& file) {
                      "still here.");
 }
 
-/// The points that are to make room for a load, without their values: these can be read again.
+/// The points that a load replaces, without their values, which can be read again.
 class FormerPoints {
  public:
-  /// Takes them out of the session, which then holds none.
+  /// Moves the points out of the session, which has none then.
   explicit FormerPoints(Session& session)
       : points_(std::exchange(session.Points, PointTable())),
         first_(std::exchange(session.LoadStartRecord, 0)),
@@ -92,7 +92,7 @@ class FormerPoints {
     if (first_ != 0 || last_ != 0) points_.ReleaseValues();
   }
 
-  /// Puts them back into the session and returns an empty text; where they cannot be had again, a sentence.
+  /// Restores the points and returns an empty text, or a sentence for the user if that fails.
   std::string PutBack(Session& session, World& world, FileReader& file) {
     if (first_ == 0 && last_ == 0) {
       session.Points = std::move(points_);
@@ -128,8 +128,8 @@ class FormerPoints {
   int32_t first_, last_;
 };
 
-/// Loads the rows in place of what is loaded, the memory of which is given back first: two tables side by side would
-/// take twice the memory. What ends the load early, or a sentence about it, is thrown once the former points are back.
+/// Replaces the loaded rows. Their memory is released first: two tables at once would take twice the memory. If the
+/// load fails, the former points are restored before the exception is passed on.
 void Load(Session& session, World& world, FileReader& file, int32_t first, int32_t last) {
   const auto rows = static_cast<size_t>(int64_t{last} - first + 1);
   FormerPoints former(session);

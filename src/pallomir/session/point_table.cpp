@@ -9,8 +9,8 @@ namespace pallomir {
 
 namespace {
 
-/// Distance in floats between the starts of columns: whole cache lines, an odd number of them, so that the same row of
-/// many columns does not fall into the same few cache sets.
+/// Distance in floats between the starts of columns: an odd number of whole cache lines, so that the same row of many
+/// columns does not map to the same few cache sets.
 size_t ColumnStride(size_t values) {
   return 16 * (((values + 15) / 16) | 1);
 }
@@ -18,7 +18,7 @@ size_t ColumnStride(size_t values) {
 }  // namespace
 
 PointTable::PointTable(size_t rows) : rows_(rows), stride_(ColumnStride(rows + 1)) {
-  // The unused slot has a column too: nothing but zeros, which costs no memory until it is written.
+  // The unused slot has a column of zeros too, which takes no memory until it is written.
   valueMemory_ = AllocateLargeMemory(stride_ * kParameterSlots * sizeof(float));
   columns_ = static_cast<float*>(valueMemory_.get());
   stampMemory_ = AllocateLargeMemory((rows + 1) * sizeof(uint64_t));

@@ -12,7 +12,7 @@
 
 namespace pallomir {
 
-/// Entries of tables by cluster number: 0 (no cluster) and the user's clusters 1..30.
+/// Size of tables by cluster number: 0 (no cluster) and the user's clusters 1..30.
 inline constexpr int kClusterSlots = 31;
 
 /// One loaded row as a record.
@@ -22,25 +22,25 @@ struct PointRecord {
   uint64_t Stamp = 0;
 };
 
-/// The membership lists of all points: their slots, and which clusters any of them may hold.
+/// The membership lists of all points: their slots, and which clusters they may contain.
 struct MembershipLists {
   std::vector<std::vector<int16_t>> Slots;
   std::array<bool, kClusterSlots> Entered{};
 };
 
-/// The loaded rows as columns: record i of rows 0..M-1, and record M, which is all zero.
+/// The loaded rows as columns: rows 0..M-1, and a row M of zeros.
 ///
-/// A point's membership list is packed from slot 0 in the order in which it joined clusters and ends with 0. A slot's
-/// column exists only once some point is in more clusters than there are columns before it.
+/// A point's membership list fills the slots from 0, in the order in which it joined clusters, and ends with 0. A
+/// slot's column is only allocated once some point is in more clusters than there are columns.
 class PointTable {
  public:
-  /// A table of `rows` rows, all zero; memory is taken only as it is written to. Throws std::bad_alloc when memory does
-  /// not suffice.
+  /// A table of `rows` rows of zeros; memory is only committed as it is written. Throws std::bad_alloc if there is not
+  /// enough memory.
   explicit PointTable(size_t rows = 0);
 
   size_t Rows() const { return rows_; }
 
-  /// Values of one parameter (0..134, the last all zero), M + 1 of them; memory is padded to a multiple of 16.
+  /// Values of one parameter (0..134, the last all zero), M + 1 of them; memory is padded to a multiple of 16 values.
   std::span<float> Column(int parameter) { return {columns_ + parameter * stride_, rows_ + 1}; }
   std::span<const float> Column(int parameter) const { return {columns_ + parameter * stride_, rows_ + 1}; }
 
@@ -52,33 +52,34 @@ class PointTable {
   std::span<int16_t> Slot(int slot) { return lists_.Slots[slot]; }
   std::span<const int16_t> Slot(int slot) const { return lists_.Slots[slot]; }
 
-  /// Adds the next slot's column, all zero. Throws CommandError for a 32nd.
+  /// Adds a column for the next slot, all zero. Throws CommandError for a 32nd.
   void AddSlot();
 
-  /// Empties every membership list.
+  /// Clears every membership list.
   void ClearMemberships() { lists_ = {}; }
 
   const MembershipLists& Lists() const { return lists_; }
-  /// Gives all points the lists that they had before; of this table, as it was then.
+  /// Restores membership lists copied from this table earlier.
   void SetLists(MembershipLists lists) { lists_ = std::move(lists); }
 
-  /// Whether any list may hold cluster c. Who enters points sets it; it spares looking through lists that cannot.
+  /// Whether any list may contain cluster c. Set by the code that enters points; saves searching lists that cannot
+  /// contain it.
   bool Entered(int c) const { return lists_.Entered[c]; }
   void SetEntered(int c, bool entered) { lists_.Entered[c] = entered; }
 
-  /// How many clusters point i is in.
+  /// Number of clusters that point i is in.
   int Memberships(size_t i) const;
 
   PointRecord Record(size_t i) const;
 
-  /// Gives all rows up but the first `rows`.
+  /// Discards all rows but the first `rows`.
   void KeepFirst(size_t rows);
 
-  /// Gives the memory of the values back, nearly all that the table takes, and keeps stamps and lists. Until
-  /// TakeValues() no column may be asked for.
+  /// Releases the memory of the values, nearly all of the table's, and keeps stamps and lists. Columns must not be
+  /// accessed until TakeValues().
   void ReleaseValues();
 
-  /// Takes over the values of a table of as many rows.
+  /// Takes over the values of a table with the same number of rows.
   void TakeValues(PointTable&& from);
 
  private:

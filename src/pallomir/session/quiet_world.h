@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// A world that nobody watches, for work on the command line and in measurements.
+/// A world without a user interface, for the command line and benchmarks.
 class QuietWorld : public World {
  public:
   void ShowMessage(std::string_view, std::string_view) override {}

@@ -19,7 +19,7 @@ namespace {
 
 constexpr auto kPumpInterval = std::chrono::milliseconds(20);
 
-/// Hides the progress bar however the reading ends.
+/// Hides the progress bar on every exit from reading.
 struct ProgressShown {
   explicit ProgressShown(World& world) : world_(world) { world_.ShowProgress(0); }
   ~ProgressShown() { world_.HideProgress(); }
@@ -28,7 +28,7 @@ struct ProgressShown {
   World& world_;
 };
 
-/// Tells the world how far the reading is, and ends it when the user wants so.
+/// Reports the progress of reading, and throws Interrupted if the user stops it.
 class Pacer {
  public:
   Pacer(World& world, int64_t first, int64_t rows)
@@ -38,7 +38,7 @@ class Pacer {
         tenth_(std::llrint(static_cast<double>(rows) / 10)),
         rows_(static_cast<double>(rows)) {}
 
-  /// Rows up to `end` (exclusive) are read.
+  /// Rows before `end` have been read.
   void Reached(int64_t end) {
     const int64_t multiple = (end - 1) / tenth_ * tenth_;
     if (multiple >= first_ && multiple != shown_) {
@@ -60,16 +60,15 @@ class Pacer {
   int64_t shown_ = -1;
 };
 
-/// Rows that are read at a time: 261 kB, which are still in the second-level cache when they are spread.
+/// Rows read at a time: 261 kB, still in the second-level cache when they are transposed.
 constexpr size_t kBlockRows = 30 * kTileRows;
 
-/// So much of the machine's memory is left alone. Whether there is enough for the rows to come is looked at that often,
-/// in blocks.
+/// Memory left free on the machine, in bytes, and the number of blocks between checks for it.
 constexpr uint64_t kMemoryLeft = 256'000'000;
 constexpr size_t kMemoryBlocks = 256;
 
-/// Throws std::bad_alloc unless there is memory for `rows` more rows of which those in the buffer are the first. Most
-/// channels of most recordings were not recorded: their columns take none.
+/// Throws std::bad_alloc unless there is memory for `rows` more rows, the first of which are in the buffer. Columns of
+/// channels that were not recorded, which are most in most recordings, take no memory.
 void CheckMemory(const std::vector<unsigned char>& buffer, size_t rows) {
   std::array<bool, kParameters> used{};
   for (size_t row = 0; row < kBlockRows; ++row) {
@@ -81,8 +80,8 @@ void CheckMemory(const std::vector<unsigned char>& buffer, size_t rows) {
   if (FreeMemory() < kMemoryLeft + rows * (columns * sizeof(float) + kStampBytes)) throw std::bad_alloc();
 }
 
-/// Reads `count` rows from row `row` on into the buffer, zeros behind them. Only the file's last row may be there in
-/// part; its missing bytes are counted.
+/// Reads `count` rows from row `row` into the buffer and fills the rest with zeros. Only the file's last row may be
+/// incomplete; its missing bytes are counted.
 void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool last, std::vector<unsigned char>& buffer,
                RowFindings& findings) {
   const size_t wanted = count * kRowBytes;
@@ -93,8 +92,8 @@ void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool la
   std::fill(buffer.begin() + got, buffer.end(), 0);
 }
 
-/// Spreads the buffer's rows over the columns from record k on. Whole tiles: the columns are padded to take them, and
-/// the buffer's rows behind `count` are zero.
+/// Transposes the buffer's rows into the columns from record k. Uses whole tiles: the columns have padding for them,
+/// and the buffer's rows after `count` are zero.
 void SpreadBlock(const std::vector<unsigned char>& buffer, size_t count, size_t k, PointTable& points,
                  RowFindings& findings) {
   ColumnPointers columns;

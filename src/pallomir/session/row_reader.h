@@ -9,18 +9,18 @@
 
 namespace pallomir {
 
-/// What was met while rows were read.
+/// Irregularities found while reading rows, and the value ranges.
 struct RowFindings {
   ColumnRanges Ranges;
-  int64_t OddRows = 0;       ///< with a value that is not finite
-  int64_t FirstOddRow = -1;  ///< of the table
-  size_t MissingBytes = 0;   ///< of the last row, which the file holds in part
+  int64_t OddRows = 0;       ///< rows with a value that is not finite
+  int64_t FirstOddRow = -1;  ///< its index in the table
+  size_t MissingBytes = 0;   ///< missing at the end of an incomplete last row
 };
 
-/// Reads as many rows of a parameter file as `points`, which is all zero, has room for: from row `first` on, behind a
-/// header of `header` bytes. The progress bar is shown meanwhile. Throws CommandError where the file ends early,
-/// std::bad_alloc before the last of the machine's memory is taken, Interrupted when the user stops it; the table is
-/// then filled in part.
+/// Reads rows of a parameter file into `points`, which must be all zero, until it is full: from row `first`, after a
+/// header of `header` bytes. Shows the progress bar meanwhile. Throws CommandError if the file ends early,
+/// std::bad_alloc before the machine runs out of memory, Interrupted when the user stops it; the table is then partly
+/// filled.
 RowFindings ReadRows(FileReader& file, long header, int64_t first, PointTable& points, World& world);
 
 }  // namespace pallomir

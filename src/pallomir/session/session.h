@@ -31,28 +31,28 @@ struct ParameterFile {
   int64_t RecordCount = 0;
 };
 
-/// What the user thinks of a cluster.
+/// The user's grade of a cluster.
 struct ClusterNote {
   /// The cluster's own number once it has been graded; 0 before.
   int16_t Number = 0;
-  /// One of the names of the scale, or empty.
+  /// One of kRatings, or empty.
   std::string Rating;
   std::string Remarks;
   bool operator==(const ClusterNote&) const = default;
 };
 
-/// All that the forms share: one instance, made in main() and passed by reference. Data only.
+/// The state shared by all forms: one instance, created in main() and passed by reference. Data only.
 struct Session {
   ParameterFile File;
   std::string DataDirectory;
 
-  /// The loaded rows: none before the first load, then one for each record of the range. What goes through them goes
-  /// by Points.Rows(), and so by the range.
+  /// The loaded rows: none before the first load, then one for each record of the range. Loops over points use
+  /// Points.Rows(), which follows the range.
   PointTable Points;
-  /// The range, bounds included. 0 and 0 is that of no load: of one that was given up a row stays.
+  /// The loaded range, inclusive. 0 and 0 if nothing is loaded; after a range was given up one row remains.
   int32_t LoadStartRecord = 0;
   int32_t LoadEndRecord = 0;
-  /// On from start-up until the first load has ended.
+  /// True from start-up until the first load has ended.
   bool FirstLoad = true;
 
   ByParameter<std::string> ParameterNames = ParameterCatalogue();
@@ -61,13 +61,13 @@ struct Session {
   ByParameter<float> AxisMinimum{};
   ByParameter<float> AxisMaximum{};
 
-  /// First and last spike of each epoch, as the search found them: stamps in microseconds and record numbers.
+  /// First and last spike of each epoch, as found by the search: stamps in microseconds and record numbers.
   ByEpoch<double> EpochStartTimestamp{};
   ByEpoch<int32_t> EpochStartRecord{};
   ByEpoch<double> EpochEndTimestamp{};
   ByEpoch<int32_t> EpochEndRecord{};
 
-  /// On while the points of several epochs are loaded, of which only the ticked ones may be on view.
+  /// True while the points of several epochs are loaded, of which only the ticked ones may be displayed.
   bool MultipleEpochs = false;
 
   BoundaryTable Clusters{};
@@ -76,7 +76,7 @@ struct Session {
   int16_t DefinitionCounter = 0;
   UndoSnapshot Undo;
 
-  /// The cluster that new boundaries are drawn for; 0 while none is chosen.
+  /// The cluster for which new boundaries are drawn; 0 if none is chosen.
   int16_t CurrentCluster = 0;
   int16_t XParameter = 0;
   int16_t YParameter = 1;
@@ -85,9 +85,9 @@ struct Session {
   ByCluster<Colour> ReferenceColours{};
   /// Whether points of a cluster are drawn, by cluster 0..30: see ShowClusters.
   ByCluster<bool> Display{};
-  /// Clusters whose own display is switched off.
+  /// Clusters whose own display is off.
   ByCluster<bool> DisplayDisabled{};
-  /// Clusters that are shown as unclustered points are.
+  /// Clusters displayed as unclustered points.
   ByCluster<bool> DisplayAsZero{};
   bool AutomaticRedraw = true;
   float PointSize = 0.5F;
@@ -96,18 +96,18 @@ struct Session {
   bool WhiteBackground = false;
 
   ByCluster<ClusterNote> Notes{};
-  /// The text of the notes file as it was last read or written; nothing while it has been neither.
+  /// The text of the notes file as last read or written; empty if neither has happened.
   std::optional<std::string> NotesFile;
-  /// While on, the cluster file writer writes the current cluster alone, to the files that the analyses read.
+  /// If true, the cluster file writer writes only the current cluster, to the files that the analyses read.
   bool TemporaryMode = false;
 };
 
-/// True while a range of points is loaded. What looks at points asks this before it starts.
+/// True if a range of points is loaded. Code that uses points checks this first.
 inline bool PointsLoaded(const Session& session) {
   return session.LoadStartRecord != 0 || session.LoadEndRecord != 0;
 }
 
-/// True when a boundary was drawn on the two parameters that are on view, in this order.
+/// True if a boundary was drawn on the two displayed parameters, in this order.
 inline bool OnView(const Session& session, const Boundary& boundary) {
   return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
 }

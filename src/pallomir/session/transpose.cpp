@@ -23,7 +23,7 @@ PALLOMIR_HOT_LOOP
 bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, ColumnRanges& ranges) {
   constexpr size_t kLanes = ColumnRanges::kLanes;
   constexpr float kLargest = std::numeric_limits<float>::max();
-  // Most channels of most recordings were not recorded: their columns are zero as they are, and never touched.
+  // In most recordings most channels were not recorded: their columns are already zero and are not touched.
   std::array<uint32_t, kParameters> bits{};
   for (size_t r = 0; r < kTileRows; ++r) {
     const unsigned char* values = rows + r * kRowBytes + kStampBytes;
@@ -42,7 +42,7 @@ bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, Col
       for (size_t lane = 0; lane < kLanes; ++lane) {
         const float value = values[r + lane];
         const bool finite = (value >= -kLargest) & (value <= kLargest);
-        const float counted = finite ? value : 0;  // 0 widens nothing
+        const float counted = finite ? value : 0;  // 0 does not widen the range
         high[lane] = counted > high[lane] ? counted : high[lane];
         low[lane] = counted < low[lane] ? counted : low[lane];
         odd[lane] |= static_cast<int>(!finite);

@@ -5,8 +5,8 @@
 
 namespace pallomir {
 
-/// Lets the user see and stop a piece of work. The progress bar appears once it has taken a fifth of a second, and is
-/// hidden however the work ends.
+/// Shows the progress of an operation and lets the user stop it. The progress bar appears after 200 ms and is hidden
+/// when the operation ends, however it ends.
 class WorkPace {
  public:
   explicit WorkPace(World& world) : world_(world), begin_(world.Now()) {}
@@ -14,7 +14,7 @@ class WorkPace {
   WorkPace(const WorkPace&) = delete;
   WorkPace& operator=(const WorkPace&) = delete;
 
-  /// For work that tells its progress: it must end before this does.
+  /// For operations that take a Progress; it must not outlive this object.
   operator Progress() {  // NOLINT(google-explicit-constructor)
     return Progress([this](double share) {
       Reached(share);
@@ -22,14 +22,14 @@ class WorkPace {
     });
   }
 
-  /// `share` (0 to 1) of the work is done. Cheap enough for every few microseconds of work. Throws Interrupted when the
-  /// user wants it to stop.
+  /// `share` (0 to 1) of the work is done. Cheap enough to call every few microseconds. Throws Interrupted when the
+  /// user stops the work.
   void Reached(double share);
 
  private:
   World& world_;
   World::Clock::time_point begin_;
-  /// The user is looked at right away: whatever was clicked before shows.
+  /// The first call processes events at once, so that earlier clicks take visible effect.
   World::Clock::time_point pumped_{};
   bool shown_ = false;
 };

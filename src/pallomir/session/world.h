@@ -5,16 +5,16 @@
 
 namespace pallomir {
 
-/// The world outside the program's own logic. The main form is one; tests hand in a recording fake.
+/// The program's environment. The main form implements it; tests use a recording fake.
 class World {
  public:
   using Clock = std::chrono::steady_clock;
   virtual ~World() = default;
 
-  /// What time it is, for work that shows how far it is.
+  /// The current time, for operations that show their progress.
   virtual Clock::time_point Now() const { return Clock::now(); }
 
-  /// A modal message box with an OK button, under the application's own title when `title` is empty.
+  /// A modal message box with an OK button; an empty `title` stands for the application's name.
   virtual void ShowMessage(std::string_view text, std::string_view title = {}) = 0;
 
   /// Appends one line to the session log.
@@ -24,10 +24,10 @@ class World {
   virtual void ShowProgress(double share) = 0;
   virtual void HideProgress() = 0;
 
-  /// Lets the user interface process pending events. False when the user wants the running work to stop.
+  /// Lets the user interface process pending events. Returns false if the user stops the running work.
   virtual bool PumpEvents() = 0;
 
-  /// Work that was to stop is putting back what was: from here on PumpEvents() is false only for a new wish to stop.
+  /// Stopped work is restoring the former state: from now on PumpEvents() only returns false for a new stop request.
   virtual void StopHeard() {}
 };
 
