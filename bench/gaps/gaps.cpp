@@ -1,7 +1,7 @@
 // Presses every command on the real forms, on a large recording, and prints how long each left the user without an
 // answer: the longest time between two looks at the user interface.
-//   pallomir-gaps [RECORDING]     a sample recording; one of PALLOMIR_BENCH_SPIKES (a million) is made when none is
-//   named
+//   pallomir-gaps [RECORDING]
+// RECORDING is a sample recording; without it, one of PALLOMIR_BENCH_SPIKES (a million) spikes is made.
 
 #include <QPrinter>
 #include <QtWidgets>

@@ -25,7 +25,7 @@ void WriteCenterFile(const Session& session, World& world, std::string_view name
 
 std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
   if (!FileUtility::FileExists(path)) return {};
-  // Two numbers need no more.
+  // More than enough for two numbers.
   const std::string text = ReadText(path, 4096);
   const std::string name = PathText(PlatformPath(path).filename());
   TextItems items(text, name);

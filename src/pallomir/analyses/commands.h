@@ -9,29 +9,30 @@
 
 namespace pallomir {
 
-/// What the analysis commands work with.
+/// What the analysis commands need from the application.
 struct AnalysisTools {
   World& Outside;
   Components& Parts;
-  /// The command that writes cluster files; in the temporary mode, the current cluster's.
+  /// The command that writes cluster files; in temporary mode, those of the current cluster only.
   std::function<void()> WriteClusterFiles;
 };
 
-// The commands that look at the chosen cluster. Each raises the temporary mode, has the cluster's spikes written to
-// "cl-tmp" and "ttmp", and hands these to a component, which computes into a file of the data directory and shows it.
-// The temporary mode ends only when that has gone well; a command that ends early leaves it on, for the writer to see.
+// Commands that analyse the current cluster. Each turns temporary mode on, has the cluster's spikes written to "cl-tmp"
+// and "ttmp", and passes these to a component, which writes its result to a file in the data directory and shows it.
+// Temporary mode is turned off only on success; a command that fails leaves it on, which the cluster file writer then
+// obeys.
 //
-// They throw CommandError when no cluster is chosen (nothing is written then), when `positionName`, a file of the
-// folder above the data, is empty or not there, and whatever the writer and the components throw.
+// They throw CommandError if no cluster is chosen (before writing anything) or if `positionName`, a file in the parent
+// of the data directory, is empty or does not exist, and whatever the writer and the components throw.
 
 /// `colours` is "Color" or "Gray".
 void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
                  const std::string& colours);
 
-/// Of the whole time range; no cluster needs to be chosen.
+/// For the whole time range; needs no current cluster.
 void ShowOccupancyMap(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
-/// The rate map is made anew for it.
+/// Computes the rate map anew.
 void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std::string& positionName,
                          const std::string& colours);
 
@@ -39,13 +40,13 @@ void ShowAutoCorr(Session& session, const AnalysisTools& tools);
 void ShowLogISI(Session& session, const AnalysisTools& tools);
 void ShowDirection(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
-/// The report needs the spike file that the parameter file was made of, and always looks for "CenterCoords".
+/// Needs the spike file from which the parameter file was made; always looks for "CenterCoords".
 void ShowReport(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
-/// Ends after its checks: it shows no average waveforms.
+/// Only performs its checks: it shows no average waveforms.
 void ShowAvgWaveforms(Session& session, const AnalysisTools& tools);
 
-/// The spike file behind a parameter file: the name without ".parms", or the name itself with another extension.
+/// The spike file of a parameter file: the name without ".parms", or the name itself if it has another extension.
 std::string SpikeFilePath(const std::string& parameterFile);
 
 }  // namespace pallomir

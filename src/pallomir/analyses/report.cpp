@@ -20,7 +20,7 @@ void AddRemark(Report& report, const std::string& sentence) {
   if (!sentence.empty()) report.Remarks += (report.Remarks.empty() ? "" : " ") + sentence;
 }
 
-/// What only adds to the report is left out where it cannot be read, and said so.
+/// Optional parts of the report that cannot be read are left out, with a remark.
 void WherePossible(Report& report, const std::function<void()>& add) {
   try {
     add();
@@ -50,7 +50,7 @@ void AddRemarks(Report& report, const std::string& whyNoDirection) {
   if (!report.CentreGiven)
     AddRemark(report, "Angles are about the middle of the tracked area: no center file was read.");
   if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel.");
-  if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // else it stands on the map
+  if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // otherwise the map shows it
   if (report.Spikes.WithoutHeight > 0)
     AddRemark(report, Counted(report.Spikes.WithoutHeight, " spike has", " spikes have") +
                           " a peak that is not a number, and no height.");

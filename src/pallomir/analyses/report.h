@@ -15,27 +15,27 @@
 
 namespace pallomir {
 
-/// All that the one-page report shows of a cluster.
+/// The content of the one-page report of a cluster.
 struct Report {
   MapResult Occupancy;
   MapResult Rate;
-  Track Path;                     ///< where the animal went
-  std::vector<int64_t> SampleOf;  ///< for each spike, its sample of Path, or -1
+  Track Path;                     ///< the animal's track
+  std::vector<int64_t> SampleOf;  ///< for each spike, the index of its sample in Path, or -1
   ClusterLines Spikes;
   PlaceSeries Places;  ///< for each spike
   TrackedPoint Centre;
-  bool CentreGiven = false;  ///< by the center file; else the middle of the tracked area
+  bool CentreGiven = false;  ///< from the center file; otherwise the centre of the tracked area
   ClusterMeasures Measures;
   RefractoryFigures Refractory;
-  double MeanRate = kNotKnown;  ///< spikes a second over the time range
+  double MeanRate = kNotKnown;  ///< spikes per second over the time range
   DirectionTuning Direction;
   bool DirectionOfTravel = false;
   ClusterNote Note;
-  std::string Remarks;  ///< what the reader has to know: what is missing, left out, out of order
+  std::string Remarks;  ///< what the reader must know: data that is missing, skipped or out of order
 };
 
-/// Gathers the report of cluster `c` from its files. A center or notes file that is missing is no fault. Throws
-/// CommandError where a file cannot be read, Interrupted when the user stops it.
+/// Builds the report of cluster `c` from its files. The center and notes files are optional. Throws CommandError if a
+/// file cannot be read, Interrupted when the user stops it.
 Report MakeReport(World& world, const ReportFiles& files, int c);
 
 }  // namespace pallomir

@@ -5,11 +5,10 @@
 
 namespace pallomir {
 
-// What the analysis commands hand their files to. Each component is made for one command and released at its end; what
-// it shows stays. Every operation throws CommandError when a file cannot be read or written, and Interrupted when the
-// user stops it.
+// Components that the analysis commands call. Each is made for one command and released at its end; its windows stay
+// open. Every operation throws CommandError if a file cannot be read or written, Interrupted when the user stops it.
 
-/// Maps of where a cluster fired and where the animal was.
+/// Rate and occupancy maps.
 class MapEngine {
  public:
   virtual ~MapEngine() = default;
@@ -17,14 +16,14 @@ class MapEngine {
                               const std::string& positionFile, const std::string& outputFile) = 0;
   virtual void ComputeOccupancyMap(const std::string& clusterFile, const std::string& positionFile,
                                    const std::string& outputFile) = 0;
-  /// Writes the rate map's name with the extension ".2DAcorr".
+  /// Writes a file with the rate map's name and the extension ".2DAcorr".
   virtual void ComputeSpatialAutoCorr(const std::string& rateMapFile) = 0;
   /// `kind` is "Single" or "2DCorr", `colours` "Color" or "Gray".
   virtual void ShowMap(const std::string& mapFile, const std::string& kind, const std::string& colours,
                        const std::string& title) = 0;
 };
 
-/// When a cluster fired: its autocorrelation and intervals, computed into the output file and shown.
+/// A cluster's autocorrelation and intervals, computed into the output file and shown.
 class TrainPlot {
  public:
   virtual ~TrainPlot() = default;
@@ -34,17 +33,17 @@ class TrainPlot {
                           const std::string& kind, const std::string& title) = 0;
 };
 
-/// How a cluster fired by the direction of the head.
+/// A cluster's tuning to head direction.
 class DirectionPlot {
  public:
   virtual ~DirectionPlot() = default;
-  /// Writes the time file's name + ".dir".
+  /// Writes the file with the time file's name + ".dir".
   virtual void ComputeDirection(const std::string& timeFile, const std::string& positionFile,
                                 const std::string& clusterFile) = 0;
   virtual void ShowDirection(const std::string& directionFile, const std::string& kind, const std::string& title) = 0;
 };
 
-/// What a report is made of.
+/// The input files of a report.
 struct ReportFiles {
   std::string SpikeFile;
   std::string ClusterFile;
@@ -58,7 +57,7 @@ struct ReportFiles {
 class SpikeSource {
  public:
   virtual ~SpikeSource() = default;
-  /// `mode` is "Display"; `option` and `number` are handed over as false and 0.
+  /// `mode` is "Display"; `option` and `number` are passed as false and 0.
   virtual void ShowReport(const ReportFiles& files, const std::string& mode, bool option, double number) = 0;
 };
 

@@ -11,15 +11,15 @@ namespace {
 
 constexpr size_t kPointsBetweenLooks = 1024;
 
-/// Uniform draws, each seeded from the clock. What was drawn from before goes into the seed too, so that a clock that
-/// stands still between two points does not make them draw alike.
+/// Uniform random draws, each seeded from the clock. The previous state is added to the seed, so that two points draw
+/// differently even if the clock does not advance between them.
 class ClockDraws {
  public:
-  /// One of 0..count-1.
+  /// A random number from 0 to count-1.
   int Below(int count) {
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
     state_ += static_cast<uint64_t>(now);
-    // Above 32 bits the scaled number stands whole, below them what is cut off.
+    // The product's upper 32 bits are the integer part of the scaled number.
     return static_cast<int>((NextMixed(state_) >> 32) * static_cast<uint64_t>(count) >> 32);
   }
 
@@ -44,7 +44,7 @@ Assignment AssignClusters(const PointTable& points, const Progress& progress) {
     if (second[i] == 0) continue;
     assignment.AnyOverlap = true;
     const int count = points.Memberships(i);
-    // A list is in the order in which its clusters were made.
+    // A list is in the order in which the clusters were entered, so sort each pair.
     for (int b = 1; b < count; ++b)
       for (int a = 0; a < b; ++a) {
         const auto [low, high] = std::minmax(points.Slot(a)[i], points.Slot(b)[i]);

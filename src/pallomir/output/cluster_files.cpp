@@ -18,20 +18,20 @@ namespace pallomir {
 
 namespace {
 
-/// How much of the work is done once all lines are written; the rest is seeing them to the disk.
+/// Share of the work done once all lines are written; the rest is flushing them to the disk.
 constexpr double kShareWritten = 0.85;
 
-/// A file of lines that is being written beside the one it will replace.
+/// A file of lines, written to a temporary file beside its target.
 class LineFile {
  public:
   LineFile(const std::string& path, std::string_view beginning) : file_(path) { file_.Write(beginning); }
 
-  /// Where a line of up to SpikeLines::kRoom characters may be put.
+  /// A buffer position with room for SpikeLines::kRoom characters.
   char* Room() {
     if (buffer_.size() - used_ < SpikeLines::kRoom) Empty();
     return buffer_.data() + used_;
   }
-  /// A line was put there, up to `end`.
+  /// Records a line written there, which ends at `end`.
   void Added(const char* end) {
     used_ = static_cast<size_t>(end - buffer_.data());
     ++Lines;
@@ -57,11 +57,11 @@ class LineFile {
   size_t used_ = 0;
 };
 
-/// The files of one run, by cluster; none for a cluster that is not defined.
+/// The files of one run, by cluster; null for a cluster that is not defined.
 using LineFiles = ByCluster<std::unique_ptr<LineFile>>;
 using ClusterSet = ByCluster<bool>;
 
-/// The clusters that get a file, 0 for the unclassified spikes.
+/// The clusters that get a file; 0 stands for the unclassified spikes.
 ClusterSet Wanted(const Session& session) {
   ClusterSet wanted = session.ClusterDefined;
   wanted[0] = true;
@@ -86,7 +86,7 @@ double TimeFrom(const std::string& text, const char* which) {
   return *number;
 }
 
-/// The header of a cluster file, and its two lines of the time range.
+/// The header of a cluster file and the two lines of its time range.
 std::string BeginningFor(const ClusterFileTexts& texts) {
   return TextHeader("Cl-File") + DoubleText(TimeFrom(texts.StartTime, "start")) + "\r\n" +
          DoubleText(TimeFrom(texts.EndTime, "end")) + "\r\n";
@@ -136,7 +136,7 @@ void ReportOverlaps(World& world, const Assignment& assignment) {
                             std::to_string(count) + " points");
 }
 
-/// Writes every file beside its place and sees it to the disk. Points are gone through once, whatever the number of
+/// Writes every temporary file and flushes it to the disk. Makes one pass over the points, whatever the number of
 /// clusters: 30 buffers take less of the cache than 30 passes over the columns.
 void WriteBeside(const Session& session, World& world, const std::string& name, const std::string& beginning,
                  const std::vector<uint8_t>& cluster, LineFiles& files) {
@@ -157,7 +157,7 @@ void WriteBeside(const Session& session, World& world, const std::string& name, 
   }
 }
 
-/// Makes cluster c's file, if any, the OLD one. True when an older OLD one had to go for it.
+/// Renames cluster c's file, if any, to its OLD name. True if this replaced an older OLD file.
 bool KeepAsOld(const Session& session, const std::string& name, int c) {
   const std::string path = ClusterFilePath(session, name, c), old = OldClusterFilePath(session, name, c);
   if (!FileUtility::FileExists(path)) return false;
@@ -173,8 +173,8 @@ void ReportWritten(World& world, const LineFiles& files, const ClusterSet& place
   line("0 (Undefined points)", 0);
 }
 
-/// Gives the files their names. One cluster after the other, so that a program that is killed here leaves each under
-/// its own name, the new or the earlier one; only one may stand under its OLD name alone.
+/// Renames the files to their targets, one cluster after the other, so that if the program is killed here each cluster
+/// still has its own file, the new or the earlier one; for at most one cluster only the OLD file exists.
 void PutInPlace(const Session& session, World& world, const std::string& name, const LineFiles& files) {
   ClusterSet placed{}, missing = Wanted(session);
   const auto place = [&](int c) {

@@ -9,31 +9,31 @@
 
 namespace pallomir {
 
-/// What the writer takes from the main form's text boxes, as typed.
+/// Texts of the main form's boxes that the writer uses, as typed.
 struct ClusterFileTexts {
   std::string ClustFile = "cl-maze1";  ///< the files' name without the cluster number
-  std::string StartTime, EndTime;      ///< the time range, which the files begin with
+  std::string StartTime, EndTime;      ///< the time range, written at the start of each file
 };
 
 // All in the data directory.
 std::string ClusterFilePath(const Session& session, std::string_view name, int c);
-/// The version of cluster c's file before the last one.
+/// The previous version of cluster c's file.
 std::string OldClusterFilePath(const Session& session, std::string_view name, int c);
 std::string UnclassifiedFilePath(const Session& session, std::string_view name);
 /// The current cluster alone, and its stamps alone.
 std::string TemporaryClusterFilePath(const Session& session);
 std::string TemporaryTimeFilePath(const Session& session);
 
-/// Every file that a run may replace or rename, apart from the temporary ones.
+/// Every file that a run may replace or rename, except the temporary ones.
 std::vector<std::string> ClusterFilePaths(const Session& session, std::string_view name);
 
-/// Writes a file for every defined cluster and one for the unclassified spikes, each loaded spike into one of them: a
-/// spike in several clusters goes into any of these, and the overlap is reported. Earlier cluster files become the OLD
-/// ones. In the temporary mode only the current cluster is written, to its two files, and nothing is reported.
+/// Writes a file for every defined cluster and one for the unclassified spikes, with each loaded spike in exactly one
+/// of them: a spike in several clusters goes to one of these, and the overlap is reported. Earlier cluster files are
+/// renamed as OLD. In temporary mode only the current cluster is written, to its two files, and nothing is reported.
 ///
-/// Everything is written beside and seen to the disk before the first file changes its name, so a full disk, a fault
-/// or the user's stop (Interrupted) leaves all as it was. Throws CommandError that says which files were written and
-/// which were not; before any of that, when a text is not a number or the name is empty.
+/// All files are written beside their targets and flushed before the first is renamed, so that a full disk, a write
+/// error or the user's stop (Interrupted) changes nothing. Throws CommandError that says which files were written and
+/// which were not; before any of that, if a text is not a number or the name is empty.
 void WriteClusterFiles(const Session& session, World& world, const ClusterFileTexts& texts);
 
 }  // namespace pallomir

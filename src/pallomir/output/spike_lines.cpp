@@ -2,7 +2,7 @@
 
 namespace pallomir {
 
-// The record number comes first: that is the format.
+// The format puts the record number first.
 constexpr std::array<int, 17> kParametersInLine = {kRecordSlot, 0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12, 13, 14, 15, 16};
 
 SpikeLines::SpikeLines(const PointTable& points) : stamps_(points.Stamps().data()) {

@@ -7,19 +7,19 @@
 
 namespace pallomir {
 
-/// The lines of cluster and time files, straight from the columns.
+/// Formats the lines of cluster and time files from the columns.
 class SpikeLines {
  public:
-  /// `points` must outlive it.
+  /// `points` must outlive this object.
   explicit SpikeLines(const PointTable& points);
 
-  /// Room for a line, in characters.
+  /// Buffer size for a line, in characters.
   static constexpr size_t kRoom = 18 * (kNumberRoom + 1) + 2;
 
-  /// Puts point i's line (17 parameters and the stamp, separated by commas) at `to` and returns its end.
+  /// Writes point i's line (17 parameters and the stamp, separated by commas) to `to` and returns its end.
   char* PutSpike(char* to, size_t i) const;
 
-  /// Puts the line of point i's stamp alone.
+  /// Writes a line with point i's stamp only.
   char* PutStamp(char* to, size_t i) const;
 
  private:

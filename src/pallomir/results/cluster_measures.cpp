@@ -11,13 +11,13 @@ namespace {
 
 constexpr int64_t kMostLearnt = 100'000;
 
-/// The spikes of a file that lie within a time range, gone through several times.
+/// The spikes of a file within a time range, for several passes.
 struct SpikesWithin {
   SpikeFile File;
   TimeRange Range;
   WorkPace Pace;
 
-  /// Calls use(record) for each; `from` and `to` are the shares of all the work that are done before and after it.
+  /// Calls use(record) for each; `from` and `to` are the shares of the total work done before and after this pass.
   template <class Use>
   void ForEach(double from, double to, Use use) {
     File.ForEachSpike([&](double share) { Pace.Reached(from + (to - from) * share); },
@@ -27,7 +27,7 @@ struct SpikesWithin {
   }
 };
 
-// The shares of the work that are done once the spikes have been counted, learnt from, and measured.
+// Shares of the total work done after counting, learning from, and measuring the spikes.
 constexpr double kCounted = 0.2, kLearnt = 0.5, kMeasured = 0.8;
 
 int64_t CountOf(SpikesWithin& spikes) {

@@ -7,7 +7,7 @@
 
 namespace pallomir {
 
-// `track` is that of `positions` within the range. What is merely empty is explained in the result.
+// `track` is that of `positions` within the range. If a result is empty, its explanation says why.
 
 /// The rate map of the spikes over the positions.
 MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeTimes& spikes);
@@ -15,8 +15,8 @@ MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeT
 /// The seconds spent in every bin.
 MapResult OccupancyMapOf(const Positions& positions, const Track& track, const TimeRange& range);
 
-// The same from files. Each writes its result to a file, all or nothing, and returns what stands there. They throw
-// CommandError when a file cannot be read or written, and Interrupted when the user stops them.
+// The same from files. Each writes its result to a file, all or nothing, and returns it. They throw CommandError if a
+// file cannot be read or written, Interrupted when the user stops them.
 
 /// The rate map of the spikes of `timeFile`, within the time range of `clusterFile`, over the positions.
 MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,

@@ -7,8 +7,8 @@
 
 namespace pallomir {
 
-// Each writes its result to a file, all or nothing, and returns what stands there. They throw CommandError when a file
-// cannot be read or written, and Interrupted when the user stops them. What is merely empty is explained in the result.
+// Each writes its result to a file, all or nothing, and returns it. They throw CommandError if a file cannot be read or
+// written, Interrupted when the user stops them. If a result is empty, its explanation says why.
 
 /// The autocorrelation of the spikes of `timeFile` within the time range of `clusterFile`.
 AutocorrelationResult ComputeAutoCorr(World& world, std::string_view clusterFile, std::string_view timeFile,

@@ -8,21 +8,21 @@
 
 namespace pallomir {
 
-/// A cell's tuning to direction and what a window says about it.
+/// A cell's tuning to direction, with the figures shown in its window.
 struct DirectionResult {
   DirectionTuning Tuning;
-  bool OfTravel = false;  ///< the file holds no head directions: these are directions of travel
+  bool OfTravel = false;  ///< the position file has no head directions: these are directions of travel
   Usage Used;
-  std::string Explanation;  ///< why there is nothing to see; empty where there is
+  std::string Explanation;  ///< why the plot is empty; otherwise empty
 };
 
-/// A text header of kind "HeadDirection", which also tells where directions are from ("head" or "travel") and the mean
-/// vector, a line of column names, then a line for each bin, "from,to,spikes,dwell,rate". All or nothing; throws
-/// CommandError when it cannot be written.
+/// Writes a text header of kind "HeadDirection", which also states the source of the directions ("head" or "travel")
+/// and the mean vector, a line of column names, then a line for each bin, "from,to,spikes,dwell,rate". All or nothing;
+/// throws CommandError if it cannot be written.
 void WriteDirectionFile(const DirectionResult& result, std::string_view path);
 
-/// Mean vector, coverage and peak are made from the rates again. Throws CommandError naming the line where the file is
-/// not as above.
+/// Reads such a file; mean vector, coverage and peak are recomputed from the rates. Throws CommandError naming the
+/// malformed line.
 DirectionResult ReadDirectionFile(std::string_view path);
 
 }  // namespace pallomir

@@ -7,15 +7,15 @@
 
 namespace pallomir {
 
-// Why a plot is empty, in a sentence for the user; empty text when there is no reason.
+// Each returns a sentence for the user on why a plot is empty, or an empty text if it is not.
 
 /// No sample, none within the range, the animal lost in all of them, or no time between them.
 std::string WhyNoTrack(const Positions& positions, const Track& track, const TimeRange& range);
 
-/// No spike within the range, or none that fell on a sample.
+/// No spike within the range, or none on a usable sample.
 std::string WhyNoSpikes(const Usage& usage, const TimeRange& range);
 
-/// `correlation` of `map` has no value anywhere.
+/// No value anywhere in `correlation`, the autocorrelation of `map`.
 std::string WhyNoCorrelation(const Map& map, const Map& correlation);
 
 }  // namespace pallomir

@@ -17,11 +17,12 @@ namespace pallomir {
 namespace {
 
 constexpr size_t kItems = 18;
-constexpr size_t kFirstPeak = 1;  // before it the record number
-constexpr size_t kPeaks = 16;     // behind them the stamp
+constexpr size_t kFirstPeak = 1;  // after the record number
+constexpr size_t kPeaks = 16;     // followed by the stamp
 using Items = std::array<double, kItems>;
 
-/// The number of an item: NaN for what the writer puts where a value is not finite, and for what no peak can be.
+/// The number of an item: NaN for the texts written for values that are not finite, and for values beyond single
+/// precision; empty for other texts.
 std::optional<double> NumberOf(std::string_view text) {
   if (const auto number = NumberFromText(text))
     return std::abs(*number) <= std::numeric_limits<float>::max() ? *number : kNotKnown;
@@ -31,7 +32,7 @@ std::optional<double> NumberOf(std::string_view text) {
   return {};
 }
 
-/// The numbers of a line, apart by commas. False when they are not `count`.
+/// Parses the comma-separated numbers of a line. False if there are not exactly `count`.
 bool ParseLine(std::string_view line, size_t count, Items& items) {
   for (size_t k = 0; k < count; ++k) {
     const size_t comma = line.find(',');
@@ -49,7 +50,7 @@ struct Spike {
   std::array<float, kPeaks> Peaks;
 };
 
-/// The highest of the peaks that were recorded; NaN where one of them is not finite.
+/// The highest of the recorded peaks; NaN if any peak is not finite.
 float HighestOf(const Spike& spike, const std::array<bool, kPeaks>& recorded) {
   float highest = -std::numeric_limits<float>::infinity();
   for (size_t k = 0; k < kPeaks; ++k) {

@@ -9,22 +9,22 @@
 
 namespace pallomir {
 
-/// The text of a number of a result: 15 significant digits, or "NaN".
+/// The text of a number in a result: 15 significant digits, or "NaN".
 std::string ResultNumber(double value);
 
-/// The whole number on a line of a header, 0 when there is no such line. Throws CommandError when it is something else.
+/// The whole number in a header line, 0 if there is no such line. Throws CommandError for any other value.
 int64_t HeaderCount(std::string_view header, std::string_view key, std::string_view name);
 
-/// The number on a line of a header; NaN when there is no such line.
+/// The number in a header line; NaN if there is no such line.
 double HeaderNumber(std::string_view header, std::string_view key, std::string_view name);
 
-/// Adds a line to a header, unless the value is not a number.
+/// Adds a line to a header, unless the value is NaN.
 void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value);
 
-/// A result file: its header, and the lines behind that.
+/// A result file: its header and the lines after it.
 class ResultText {
  public:
-  /// Throws CommandError when the file cannot be read or is not of the kind ("... is not a file of kind RateMap.").
+  /// Throws CommandError if the file cannot be read or is of another kind ("... is not a file of kind RateMap.").
   ResultText(std::string_view path, std::string_view kind);
 
   const std::string& Name() const { return name_; }
@@ -34,10 +34,10 @@ class ResultText {
   std::string_view Line();
   bool AtEnd();
 
-  /// Appends the numbers of the next line, of which there have to be `count`. Throws CommandError otherwise.
+  /// Appends the numbers of the next line. Throws CommandError unless there are exactly `count`.
   void Numbers(size_t count, std::vector<double>& into);
 
-  /// Throws CommandError naming the line that was last read.
+  /// Throws CommandError naming the last line read.
   [[noreturn]] void Fault(const std::string& what) const;
 
  private:
@@ -48,7 +48,7 @@ class ResultText {
   int line_ = 0;
 };
 
-/// The kind of a result file ("RateMap"); empty when it has no header of ours.
+/// The kind of a result file ("RateMap"); empty if it has no header of ours.
 std::string ResultKind(std::string_view path);
 
 }  // namespace pallomir

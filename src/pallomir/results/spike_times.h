@@ -10,13 +10,13 @@
 
 namespace pallomir {
 
-/// When a cluster fired.
+/// The stamps of a cluster's spikes.
 struct SpikeTimes {
-  TimeRange Range;             ///< only what lies within counts
+  TimeRange Range;             ///< spikes outside are skipped
   std::vector<int64_t> Times;  ///< microseconds, within the range, in order
-  int64_t Outside = 0;         ///< spikes left out because they are not within the range
-  int64_t Unreadable = 0;      ///< spikes left out because their stamp makes no sense
-  int64_t Disordered = 0;      ///< spikes earlier than the one before them in the file; they have been sorted
+  int64_t Outside = 0;         ///< spikes skipped because they are outside the range
+  int64_t Unreadable = 0;      ///< spikes skipped because their stamp is implausible
+  int64_t Disordered = 0;      ///< spikes earlier than their predecessor in the file; they have been sorted
 };
 
 /// A line of a text file, without its line end.
@@ -25,19 +25,20 @@ struct NumberedLine {
   int Number;
   std::string_view Text;
 
-  /// Throws CommandError that names the line; `what` goes on from it: "is not a spike".
+  /// Throws CommandError that names the line; `what` continues the sentence: "is not a spike".
   [[noreturn]] void Refuse(std::string_view what) const;
 };
 
-/// Calls take(line) for every line behind the header of a file of ours, which may be absent; empty lines are passed
-/// over. Throws CommandError when the file cannot be read, Interrupted when the user stops it.
+/// Calls take(line) for every line after the optional header of one of our files; skips empty lines. Throws
+/// CommandError if the file cannot be read, Interrupted when the user stops it.
 void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take);
 
-/// The first two lines behind the header of a cluster file. Throws CommandError where they are not numbers.
+/// The time range in the first two lines after the header of a cluster file. Throws CommandError if they are not
+/// numbers.
 TimeRange ReadTimeRange(std::string_view clusterFile);
 
-/// The stamps of a time file, one a line behind its header, that lie within the range of the cluster file. Throws
-/// CommandError naming the line that holds no number.
+/// The stamps of a time file, one per line after its header, that are within the time range of the cluster file. Throws
+/// CommandError naming a line that is not a number.
 SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile);
 
 }  // namespace pallomir

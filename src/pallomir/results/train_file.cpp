@@ -21,7 +21,7 @@ void Save(std::string_view path, const char* kind, std::vector<HeaderEntry> line
   file.Commit();
 }
 
-/// The next line has to begin with the edges of a bin; what remains is its count.
+/// Checks that the next line begins with the edges of a bin, and returns its count.
 int64_t CountOfBin(ResultText& text, const std::vector<double>& edges) {
   std::vector<double> numbers;
   text.Numbers(edges.size() + 1, numbers);
@@ -33,7 +33,7 @@ int64_t CountOfBin(ResultText& text, const std::vector<double>& edges) {
   return static_cast<int64_t>(count);
 }
 
-/// Calls use(edges, pairs) for every bin as it stands in the file: width, from and to in milliseconds.
+/// Calls use(edges, pairs) for every bin in file order: width, from and to in milliseconds.
 template <class Histogram, class Use>
 void ForBins(Histogram& histogram, Use use) {
   const double width = static_cast<double>(histogram.Width) / 1e3;

@@ -8,11 +8,11 @@
 
 namespace pallomir {
 
-/// A spike train's autocorrelation, or its intervals, and what a window says about them.
+/// A spike train's autocorrelation, or its intervals, with the figures shown in its window.
 struct AutocorrelationResult {
   TrainAutocorrelation Correlation;
   Usage Used;
-  std::string Explanation;  ///< why there is nothing to see; empty where there is
+  std::string Explanation;  ///< why the plot is empty; otherwise empty
 };
 struct IntervalResult {
   LogIntervals Intervals;
@@ -20,14 +20,14 @@ struct IntervalResult {
   std::string Explanation;
 };
 
-/// A text header of kind "TrainAutoCorr", a line of column names, then a line for each bin, "width,from,to,pairs": the
-/// bins of 1 ms from -50 to 50 ms, then those of 5 ms from -500 to 500 ms. All or nothing; throws CommandError when it
-/// cannot be written.
+/// Writes a text header of kind "TrainAutoCorr", a line of column names, then a line for each bin,
+/// "width,from,to,pairs": the bins of 1 ms from -50 to 50 ms, then those of 5 ms from -500 to 500 ms. All or nothing;
+/// throws CommandError if it cannot be written.
 void WriteAutocorrelationFile(const AutocorrelationResult& result, std::string_view path);
 AutocorrelationResult ReadAutocorrelationFile(std::string_view path);
 
-/// A text header of kind "LogISI", which also holds what lies outside the bins and the count below 2 ms, a line of
-/// column names, then a line for each bin, "from,to,intervals".
+/// Writes a text header of kind "LogISI", which also has the counts outside the bins and below 2 ms, a line of column
+/// names, then a line for each bin, "from,to,intervals".
 void WriteIntervalFile(const IntervalResult& result, std::string_view path);
 IntervalResult ReadIntervalFile(std::string_view path);
 

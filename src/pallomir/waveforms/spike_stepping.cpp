@@ -6,7 +6,7 @@ namespace pallomir {
 
 namespace {
 
-/// The largest counter; kBeforeFirstSpike when no points are loaded.
+/// The index of the last spike; kBeforeFirstSpike if no points are loaded.
 int32_t LastSpike(const Session& session) {
   return static_cast<int32_t>(session.Points.Rows()) - 1;
 }
@@ -24,7 +24,7 @@ std::optional<int> FirstTickedCluster(const PointTable& points, size_t i, const 
   if (first == 0) return ticks[0] ? std::optional(0) : std::nullopt;
   for (int slot = 0; slot < points.SlotsInUse(); ++slot) {
     const int cluster = points.Slot(slot)[i];
-    if (cluster == 0) break;  // the end of the list, not cluster 0
+    if (cluster == 0) break;  // end of the list, not cluster 0
     if (ticks[cluster]) return cluster;
   }
   return {};
@@ -39,7 +39,7 @@ std::optional<ShownSpike> StepForward(const Session& session, const ClusterTicks
 }
 
 std::optional<ShownSpike> StepBack(const Session& session, const ClusterTicks& ticks, int32_t& counter) {
-  // A range that was loaded meanwhile may be shorter than the counter has come.
+  // A range loaded in the meantime may be shorter than the counter.
   counter = std::min(counter, LastSpike(session) + 1);
   while (counter > 0)
     if (const auto shown = SpikeAt(session, ticks, --counter)) return shown;

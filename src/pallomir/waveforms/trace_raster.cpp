@@ -12,8 +12,7 @@ namespace {
 
 constexpr size_t kWord = sizeof(uint64_t);
 
-/// The row that a segment has at the centre of each column from `from` up to, not including, `to`, with 32 bits behind
-/// the point.
+/// The row of a segment at the centre of each column in [from, to), computed with 32 fractional bits.
 void FollowSegment(int32_t column, int32_t row, double slope, int32_t from, int32_t to, int32_t* centres) {
   constexpr double one = 0x1p32;
   const auto step = static_cast<int64_t>(slope * one);
@@ -21,8 +20,8 @@ void FollowSegment(int32_t column, int32_t row, double slope, int32_t from, int3
   for (int32_t c = from; c < to; ++c, place += step) centres[c] = static_cast<int32_t>(place >> 32);
 }
 
-/// What the trace fills of each column: half of the way to the rows of the columns beside it. Of the rows between two
-/// columns' centres, none is filled twice.
+/// The rows that the trace fills in each column: half-way to the rows of the neighbouring columns. Of the rows between
+/// the centres of two columns, none is filled twice.
 PALLOMIR_HOT_LOOP
 void SpreadOverRows(const int32_t* centres, size_t count, int32_t height, int32_t* tops, int32_t* bottoms) {
   for (size_t c = 0; c < count; ++c) {
@@ -36,8 +35,8 @@ void SpreadOverRows(const int32_t* centres, size_t count, int32_t height, int32_
   }
 }
 
-/// Writes `length` equal bytes, at least 1. Short runs are most of them: they go into one word without a branch that
-/// nobody could foretell, so that memory must hold a word from `to` on.
+/// Writes `length` equal bytes, at least 1. Most runs are short: they are written as one word, without an unpredictable
+/// branch, so a whole word must be accessible at `to`.
 inline void FillRun(uint8_t* to, uint64_t codes, size_t length) {
   if (length <= kWord) {
     const auto rest = static_cast<int>(8 * (kWord - length));
@@ -75,9 +74,9 @@ void TraceRaster::Clear() {
 void TraceRaster::DrawTrace(std::span<const int32_t> columns, std::span<const int32_t> rows, uint8_t code) {
   const auto [highest, lowest] = std::minmax_element(rows.begin(), rows.end());
   if (rows.empty() || *lowest < 0 || *highest >= height_ || columns.back() < 0 || columns.front() >= width_) return;
-  // Most traces of a tetrode are: they stand for wires that it does not have.
+  // Most traces of a tetrode are flat: they belong to channels that it does not have.
   if (*lowest == *highest) return FillRow(*lowest, columns.front(), columns.back(), code);
-  // Vertices that share a column are joined within it.
+  // Vertices in the same column are joined within it.
   size_t begin = 0;
   for (size_t k = 1; k < columns.size(); ++k) {
     if (columns[k] != columns[k - 1]) continue;
@@ -101,7 +100,7 @@ void TraceRaster::DrawRising(std::span<const int32_t> columns, std::span<const i
   }
   if (columns.back() == last) centres[last] = rows.back();
 
-  // The columns to fill, and their neighbours: beyond its ends the trace goes on level.
+  // The columns to fill, and their neighbours: beyond its ends the trace continues horizontally.
   const int32_t begin = std::max(first, 0), end = std::min(last, width_ - 1) + 1;
   if (first == begin) centres[begin - 1] = centres[begin];
   if (last == end - 1) centres[end] = centres[end - 1];
@@ -126,7 +125,7 @@ void TraceRaster::FillRow(int32_t row, int32_t left, int32_t right, uint8_t code
 }
 
 void TraceRaster::Paint(std::span<const uint32_t, 256> palette, uint32_t* pixels, size_t stride) const {
-  // In tiles, so that neither side is gone through across its lines in memory.
+  // In tiles for the cache: the source is stored by columns, the target by rows.
   constexpr int tile = 32;
   for (int top = 0; top < height_; top += tile)
     for (int left = 0; left < width_; left += tile)

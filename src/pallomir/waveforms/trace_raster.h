@@ -7,11 +7,11 @@
 
 namespace pallomir {
 
-/// Coordinates of a trace, in device pixels, lie within this on either side of 0.
+/// Largest absolute coordinate of a trace, in device pixels.
 inline constexpr int32_t kFarthestPixel = 1 << 28;
 
-/// A picture of traces: one byte a pixel, 0 where nothing is drawn, else a colour code. It is kept column by column,
-/// because a trace goes from left to right and mostly steeply: what it fills of a column is one run of bytes.
+/// An image of traces: one byte per pixel, 0 where nothing is drawn, otherwise a colour code. It is stored column by
+/// column, because a trace runs from left to right and is mostly steep: in each column it fills one run of bytes.
 class TraceRaster {
  public:
   TraceRaster(int width, int height);
@@ -22,18 +22,18 @@ class TraceRaster {
 
   void Clear();
 
-  /// Draws a line, one pixel thick, from vertex to vertex: vertex k at the centre of pixel (columns[k], rows[k]), the
-  /// columns ascending. Between two vertices each row or each column, whichever is more, has one pixel. What lies off
-  /// the picture is left out.
+  /// Draws a line, one pixel thick, from vertex to vertex: vertex k is at the centre of pixel (columns[k], rows[k]);
+  /// columns must be ascending. Between two vertices each row or each column, whichever are more, has one pixel. Parts
+  /// outside the image are clipped.
   void DrawTrace(std::span<const int32_t> columns, std::span<const int32_t> rows, uint8_t code);
 
-  /// Draws rows `top`..`bottom`, both included, of a column.
+  /// Fills rows `top`..`bottom` (inclusive) of a column.
   void FillColumn(int32_t column, int32_t top, int32_t bottom, uint8_t code);
 
-  /// Draws columns `left`..`right`, both included, of a row.
+  /// Fills columns `left`..`right` (inclusive) of a row.
   void FillRow(int32_t row, int32_t left, int32_t right, uint8_t code);
 
-  /// Turns the picture into lines of pixels, `stride` of them from line to line, palette[code] for each.
+  /// Converts the image to rows of pixels, `stride` pixels apart, with palette[code] for each pixel.
   void Paint(std::span<const uint32_t, 256> palette, uint32_t* pixels, size_t stride) const;
 
  private:
@@ -44,9 +44,9 @@ class TraceRaster {
 
   int width_;
   int height_;
-  size_t stride_;  ///< bytes of a column: its pixels, one more above and below for what is off the picture, and padding
+  size_t stride_;  ///< bytes per column: its pixels, one each above and below for parts outside the image, and padding
   std::vector<uint8_t> bytes_;
-  // Of the trace being drawn, by column from the one before the picture to the one behind it.
+  // Of the trace being drawn, by column, from the one before the image to the one after it.
   std::vector<int32_t> centres_;
   std::vector<int32_t> tops_;
   std::vector<int32_t> bottoms_;

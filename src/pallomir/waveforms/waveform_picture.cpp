@@ -12,13 +12,13 @@ namespace {
 
 constexpr int kLastBlock = kWaveformBlocks - 1;
 
-/// The nearest pixel, held within what a trace may reach.
+/// The nearest pixel, clamped to the range of a trace.
 int32_t NearestPixel(double pixel) {
   constexpr double farthest = kFarthestPixel;
   return static_cast<int32_t>(std::floor(std::clamp(pixel, -farthest, farthest) + 0.5));
 }
 
-/// Rows of samples: `base` of the height 0, `scale` rows a count. As NearestPixel, but in vectors.
+/// Rows of samples: height 0 is at row `base`, one count is `scale` rows. As NearestPixel, but vectorised.
 PALLOMIR_HOT_LOOP
 void RowsOf(const int16_t* samples, double base, double scale, int32_t* rows) {
   constexpr double farthest = kFarthestPixel;
@@ -47,8 +47,7 @@ void WaveformPicture::Clear() {
 
 void WaveformPicture::Draw(const WaveformRecord& record, int cluster, double unitsACount) {
   if (!view_.Drawable()) return;
-  // The lines through sample 8 are drawn before each trace, the last time before the last trace: this comes to the
-  // same, and takes them once.
+  // Drawing the lines through sample 8 once, before the last trace, gives the same image as drawing them before each.
   const auto code = static_cast<uint8_t>(ColourCode(cluster));
   for (int block = 0; block < kLastBlock; ++block) DrawBlock(record, block, code, unitsACount);
   DrawMarkers();

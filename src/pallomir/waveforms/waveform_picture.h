@@ -9,8 +9,8 @@
 
 namespace pallomir {
 
-/// The drawing of the waveform viewer on a surface of device pixels; waveforms drawn without Clear() between them lie
-/// over each other. 10,000 waveforms of 32 recorded channels take 0.5 s on 900 x 900 pixels, a painter 10 s.
+/// The waveform viewer's image on a surface of device pixels; waveforms are drawn over each other until Clear(). 10,000
+/// waveforms of 32 recorded channels take 0.5 s on 900 x 900 pixels, with the toolkit's painter 10 s.
 class WaveformPicture {
  public:
   explicit WaveformPicture(const View& view);
@@ -20,8 +20,8 @@ class WaveformPicture {
 
   void Clear();
 
-  /// Draws the 32 traces of a record in the colour code of `cluster`, a count `unitsACount` units high (negative:
-  /// upside down), and the white lines through sample 8, which lie over all traces but the last.
+  /// Draws the 32 traces of a record in the colour code of `cluster`, at `unitsACount` units per count (negative:
+  /// upside down), and the white lines through sample 8, which are above all traces but the last.
   void Draw(const WaveformRecord& record, int cluster, double unitsACount = 1);
 
  private:

@@ -4,11 +4,11 @@
 
 namespace pallomir {
 
-// The drawing's own scale. Even blocks stand in a left column and odd ones in a right column kColumnShift units
-// further right, each kBlockShift units below the block before; a sample is one unit wide and a count one unit high.
+// Coordinates of the drawing. Even blocks are in the left column and odd ones in the right column, kColumnShift units
+// further right, each kBlockShift units below the previous block; a sample is one unit wide and a count one unit high.
 inline constexpr double kBlockShift = 200;
 inline constexpr double kColumnShift = 36;
-inline constexpr double kMarkerSample = 8;  ///< a line goes through this sample of either column
+inline constexpr double kMarkerSample = 8;  ///< a line is drawn through this sample of either column
 inline constexpr double kLeftMarkerTop = 150;
 inline constexpr double kMarkerTop = 0;
 inline constexpr double kMarkerBottom = -7000;
@@ -17,7 +17,7 @@ inline constexpr double kMarkerBottom = -7000;
 View WholeWaveformView(int width, int height);
 
 /// The view of a rectangle, given by any two opposite corners in units of the drawing, on the surface of `view`.
-/// The view as it was when the rectangle is narrower than a tenth of a sample or lower than a count.
+/// Returns `view` if the rectangle is narrower than a tenth of a sample or lower than one count.
 View ZoomedWaveformView(const View& view, Vertex corner, Vertex opposite);
 
 }  // namespace pallomir
