@@ -1,2 +1,2 @@
-// A program of one floor and those below it: see pallomir_floor().
+// A program linked with one layer and those below it: see pallomir_floor().
 int main() {}

@@ -11,7 +11,7 @@
 
 namespace {
 
-/// What may stand on the command line. Help and version are answered before there has to be a display.
+/// The command line options. Help and version work without a display.
 void Describe(QCommandLineParser& line) {
   line.setApplicationDescription("Cuts clusters of spikes out of tetrode recordings.");
   line.addHelpOption();
@@ -41,7 +41,7 @@ int main(int argumentCount, char** arguments) {
   QApplication::setWindowIcon(QIcon(":/icons/pallomir.svg"));
   line.process(application);
   pallomir::Session session;
-  // A parameter file on the command line, as a file manager names it, is what the dialog would have been answered with.
+  // A parameter file on the command line, as a file manager passes it, replaces the answer to the file dialog.
   const QString file = line.positionalArguments().value(0);
   pallomir::DesktopDialogs dialogs(file.isEmpty() ? file : QFileInfo(file).absoluteFilePath());
   pallomir::Main_Form form(session, dialogs);

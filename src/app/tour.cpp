@@ -1,7 +1,8 @@
 // Does the program's main job on the real forms, as a user would with the mouse, and takes pictures of them:
 //   pallomir-tour DATA_FOLDER PICTURE_FOLDER
-// It is made for the sample recording, where the spike file tells which cell each spike came from. It leaves every file
-// that Pallomir writes; those of the analyses are of one cell. The documents' examples and pictures are made of them.
+// It is made for the sample recording, whose spike file says which cell each spike came from. It leaves every file that
+// Pallomir writes; those of the analyses are for one cell. The examples and pictures in the documentation are made from
+// them.
 
 #include "app/tour_album.h"
 #include "app/tour_hands.h"
@@ -18,7 +19,7 @@ namespace pallomir {
 
 namespace {
 
-/// Takes the file that a dialog names, or the folder's parameter file, and prints what a message box would say.
+/// Answers file dialogs with the file name given or the folder's parameter file, and prints the texts of message boxes.
 class TourDialogs : public Dialogs {
  public:
   explicit TourDialogs(const QString& folder) : folder_(folder) {}
@@ -45,7 +46,7 @@ class Tour {
   bool Run() {
     if (!form_.Form_Load()) return false;
     form_.show();
-    // An offscreen display is smaller than a desk.
+    // An offscreen display is smaller than a desktop.
     form_.resize(574, 764);
     Projection()->resize(700, 764);
     TakePicture("start", "the controls and the empty projection");
@@ -65,10 +66,10 @@ class Tour {
   }
 
  private:
-  // Clusters by what the sample's cells are.
+  // Cluster numbers for the cells of the sample.
   static constexpr int kInterneuron = 1, kPlaceCell = 2, kGridCell = 3, kHeadDirectionCell = 4;
 
-  /// A cloud by its extent on the four wires.
+  /// A cluster's range of peaks on each of the four wires.
   struct Cloud {
     int Cluster;
     std::array<std::pair<float, float>, 4> Peaks;
@@ -78,7 +79,7 @@ class Tour {
        {kGridCell, {{{2720, 4540}, {2550, 4340}, {5080, 7570}, {4250, 6470}}}},
        {kHeadDirectionCell, {{{5550, 8150}, {3390, 5380}, {7120, 10390}, {3720, 5790}}}}}};
 
-  /// The epochs of the sample are named by pairs of events: "Epoch 1 start", "Epoch 1 end".
+  /// Pairs of events name the epochs of the sample: "Epoch 1 start", "Epoch 1 end".
   void DefineEpochs() {
     Press(&form_, "cmdDefineEpochs");
     QWidget* form = Find(&form_, "TimeEpochs");
@@ -114,7 +115,7 @@ class Tour {
 
   void Cut() {
     Choose(kInterneuron);
-    // Round the interneuron of the sample, by its peaks on the first two wires ...
+    // Around the interneuron of the sample, by its peaks on the first two wires ...
     const std::vector<Vertex> corners = {{2500, 4100}, {3400, 4000}, {4500, 5300},
                                          {4600, 6900}, {3300, 6900}, {2300, 5300}};
     for (size_t k = 0; k < 4; ++k) Click(Surface(), PlaceOf(corners[k]));
@@ -124,7 +125,7 @@ class Tour {
     Click(Surface(), PlaceOf(corners[5]), Qt::RightButton);
     TakePicture("first-boundary", "the polygon closed: cluster 1");
     SayPurity();
-    // ... and on the other two, where its neighbours there are far away.
+    // ... and on the other two, where its neighbours on the first are far away.
     ShowParameters(2, 3);
     DrawPolygon({{2800, 7000}, {3800, 7000}, {5300, 9500}, {5300, 10700}, {3900, 10700}, {2700, 8600}});
     TakePicture("second-boundary", "cluster 1 narrowed by a boundary on two other parameters");
@@ -177,7 +178,7 @@ class Tour {
     Press(notes, "cmdClNoteExit");
   }
 
-  /// Writes the cut, and reads it back.
+  /// Writes the cut and reads it back.
   bool KeepCut() {
     const std::vector<int64_t> before = Sizes();
     auto* tabs = Find<QTabWidget>(&form_, "tabs");
@@ -203,7 +204,7 @@ class Tour {
     Analyse(kGridCell, "cmd2DAutoCorr", "grid-autocorrelation", "the grid cell's spatial autocorrelation");
     Analyse(kHeadDirectionCell, "cmdDirection", "head-direction", "the head-direction cell's tuning");
     ShowWaveforms();
-    // The others are of the place cell; two more, without a picture, make all result files those of one cell.
+    // The others are for the place cell; two more, without a picture, make all result files those of one cell.
     Analyse(kPlaceCell, "cmd2DAutoCorr");
     Analyse(kPlaceCell, "cmdDirection");
     Analyse(kPlaceCell, "cmdRateMap", "rate-map", "where the place cell fired");
@@ -213,13 +214,13 @@ class Tour {
     Analyse(kPlaceCell, "cmdReport", "report", "its report");
   }
 
-  /// Presses the button of an analysis and keeps a picture of the window that it opens, if it has a name.
+  /// Runs an analysis and saves a picture of the window it opens, if it has a name.
   void Analyse(int c, const char* button, const QString& name = {}, const char* what = "") {
     Choose(c);
     Press(&form_, button);
     QWidget* window = Window(QString(button) == "cmdReport" ? "frmReport" : "ResultWindow");
     if (!window) qFatal("%s opened no window", button);
-    // Larger than they are on the offscreen display.
+    // Larger than on the offscreen display.
     window->resize(window->objectName() == "frmReport" ? QSize(1010, 740) : QSize(600, 680));
     QApplication::processEvents();
     if (!name.isEmpty()) album_.Keep(window->grab(), name, what);
@@ -235,7 +236,7 @@ class Tour {
     Press(waveforms, "chkOverlay");
     Find<QComboBox>(waveforms, "cboHeight")->setCurrentIndex(2);
     for (int i = 0; i < 100; ++i) Press(waveforms, "cmdForward");
-    // A drag round the wires that were recorded.
+    // Drag around the recorded wires.
     QWidget* drawing = Find(waveforms, "waveforms");
     const QPointF opposite(drawing->width() - 2.0, drawing->height() * 0.14);
     BeginDrag(drawing, {1, 1}, opposite);
@@ -259,7 +260,7 @@ class Tour {
     for (const Vertex& corner : corners) Click(Surface(), PlaceOf(corner), --left ? Qt::LeftButton : Qt::RightButton);
   }
 
-  /// Where values of the two parameters lie on the projection.
+  /// The position of two parameter values in the projection.
   QPointF PlaceOf(const Vertex& value) const {
     const View view = ViewOf(session_, Surface()->width(), Surface()->height());
     return {view.PixelX(value.X), view.PixelY(value.Y)};
@@ -279,7 +280,7 @@ class Tour {
     return sizes;
   }
 
-  /// How well cluster 1 holds the spikes of the cell that most of it came from, as the spike file tells.
+  /// Prints how well cluster 1 matches the cell that most of it came from, according to the spike file.
   void SayPurity() {
     const std::vector<uint32_t> cells = CellsOfSpikes();
     std::map<uint32_t, int64_t> inCluster, inAll;
@@ -301,7 +302,7 @@ class Tour {
   std::vector<uint32_t> CellsOfSpikes() const {
     std::string path = session_.File.Path;
     path.resize(path.size() - std::string_view(".parms").size());
-    constexpr size_t kCellNumber = 12;  // byte of a record
+    constexpr size_t kCellNumber = 12;  // offset in a record, in bytes
     std::vector<uint32_t> cells;
     SpikeFile(path).ForEachSpike(
         [](double) {},

@@ -5,8 +5,8 @@
 
 namespace pallomir {
 
-/// A picture in at most 256 colours, a third as large on disk. A colour goes to one that differs by no more than the
-/// eye sees, so that the shades of text do not crowd out the colours of a map.
+/// An image reduced to at most 256 colours, a third of the size on disk. Colours are merged with others that differ
+/// imperceptibly, so that the shades of text do not displace the colours of a map.
 inline QImage InFewColours(const QImage& picture) {
   constexpr int kUnseen = 4;  // of 255, in red, green and blue
   const QImage plain = picture.convertToFormat(QImage::Format_RGB32);
@@ -27,20 +27,20 @@ inline QImage InFewColours(const QImage& picture) {
   return plain.convertToFormat(QImage::Format_Indexed8, chosen, Qt::ThresholdDither);
 }
 
-/// The folder of pictures that a tour fills, saying what each of them shows.
+/// The folder of screenshots written by a tour, which prints what each of them shows.
 class Album {
  public:
   explicit Album(const QString& folder) : folder_(folder) { QDir().mkpath(folder); }
 
   void Keep(const QPixmap& picture, const QString& name, const char* what) {
-    constexpr int kSmallest = 0;  // of PNG's qualities: the same pixels in fewer bytes
+    constexpr int kSmallest = 0;  // of PNG's quality settings: the same pixels in fewer bytes
     const QString path = folder_ + "/" + name + ".png";
     if (!InFewColours(picture.toImage()).save(path, "PNG", kSmallest)) qFatal("cannot write %s", qPrintable(path));
     std::printf("  %-26s%s\n", qPrintable(name + ".png"), what);
     ++pictures_;
   }
 
-  /// Two windows as they stand beside each other on a desk.
+  /// Two windows side by side, as on a desktop.
   void Keep(QWidget* left, QWidget* right, const QString& name, const char* what) {
     const QPixmap first = left->grab(), second = right->grab();
     constexpr int kGap = 6;

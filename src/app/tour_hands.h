@@ -2,11 +2,11 @@
 
 #include <QtWidgets>
 
-// The hands of a user: they find controls by name and work them with the mouse.
+// Acts as a user: finds controls by name and operates them with the mouse.
 
 namespace pallomir {
 
-/// A control of a form. A tour that looks for one that is not there ends.
+/// Finds a control of a form; aborts the tour if it does not exist.
 template <class Control = QWidget>
 Control* Find(const QWidget* form, const QString& name) {
   auto* control = form ? form->findChild<Control*>(name) : nullptr;
@@ -24,7 +24,7 @@ inline void Press(const QWidget* form, const QString& button) {
   QApplication::processEvents();
 }
 
-/// Chooses an entry of a menu.
+/// Triggers a menu entry.
 inline void ChooseEntry(const QWidget* form, const QString& entry) {
   form->findChild<QAction*>(entry)->trigger();
   QApplication::processEvents();
@@ -55,7 +55,7 @@ inline void DoubleClick(QWidget* widget, QPointF at) {
   QApplication::processEvents();
 }
 
-/// Presses at one place and moves to the other; the button is still down.
+/// Presses at one position and moves to the other; the button stays down.
 inline void BeginDrag(QWidget* widget, QPointF from, QPointF to) {
   Mouse(widget, QEvent::MouseButtonPress, Qt::LeftButton, from);
   Mouse(widget, QEvent::MouseMove, Qt::NoButton, to);
@@ -73,7 +73,7 @@ inline void ClickItem(QListWidget* list, int row) {
   Click(list->viewport(), list->visualItemRect(list->item(row)).center());
 }
 
-/// A window of its own, by name; of several, the last one that came.
+/// A top-level window by name; the last one if there are several.
 inline QWidget* Window(const QString& name) {
   QWidget* found = nullptr;
   for (QWidget* window : QApplication::topLevelWidgets())

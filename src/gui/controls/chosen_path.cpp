@@ -20,7 +20,7 @@ QString TextOf(const fs::path& name) {
   return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
 }
 
-/// The entry of a folder that the toolkit calls `name`, or that path itself unless there is exactly one.
+/// The entry of `folder` that Qt shows as `name`, or `name` itself unless there is exactly one such entry.
 fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
   const QString called = TextOf(name);
   fs::path found;

@@ -5,8 +5,8 @@
 
 namespace pallomir {
 
-/// The path that a file dialog, or the command line, names, in the system's own notation. The toolkit's texts cannot
-/// hold a name that is not UTF-8: what it made of such a name is looked for in its folder.
+/// The path named by a file dialog or the command line, in the internal notation. Qt's strings cannot represent a name
+/// that is not UTF-8: the file that Qt shows under such a name is looked up in its folder.
 std::string PathOf(const QString& chosen);
 
 }  // namespace pallomir

@@ -5,7 +5,7 @@
 
 namespace pallomir {
 
-/// Names a control: its object name, tooltip and, for assistive tools, what it is called.
+/// Sets a control's object name, tooltip and accessible name.
 template <class Control>
 Control* Named(Control* control, const QString& name, const QString& accessibleName, const QString& toolTip) {
   control->setObjectName(name);
@@ -23,25 +23,25 @@ QPushButton* MakeButton(const QString& name, const QString& caption, const QStri
 QCheckBox* MakeCheckBox(const QString& name, const QString& caption, const QString& toolTip);
 QRadioButton* MakeOption(const QString& name, const QString& caption, const QString& toolTip);
 
-/// A text box that takes `digits` digits in its narrowest form.
+/// A text box with room for at least `digits` digits.
 QLineEdit* MakeTextBox(const QString& name, const QString& accessibleName, const QString& toolTip, int digits,
                        const QString& text = {});
 
-/// The number in a text box; nothing when its text is not one.
+/// The number in a text box; empty if its text is not a number.
 std::optional<double> NumberIn(const QLineEdit* box);
 
-/// The same in single precision; what is beyond its range is the last number within.
+/// The same in single precision; clamped to its range.
 std::optional<float> SingleIn(const QLineEdit* box);
 
-/// A label that takes every text as it stands, whatever tags it holds: file names and remarks come from elsewhere. With
-/// `buddy`, which its mnemonic focuses.
+/// A label that shows any text as plain text, as file names and remarks may contain tags. `buddy` gets the focus by the
+/// label's mnemonic.
 QLabel* MakeLabel(const QString& caption, QWidget* buddy = nullptr);
 QLabel* MakeHeading(const QString& caption);
 
-/// A tooltip that shows a text as it stands.
+/// A tooltip that shows plain text.
 QString PlainToolTip(const QString& text);
 
-/// Lays widgets out side by side; a null pointer stands for stretch.
+/// Lays widgets out side by side; a null pointer stands for a stretch.
 QHBoxLayout* Row(std::initializer_list<QWidget*> widgets, int spacing = 6);
 
 }  // namespace pallomir

@@ -8,7 +8,10 @@ namespace pallomir {
 
 namespace {
 
-/// "A (*.a)|*.a|All files (*.*)|*.*" as "A (*.a);;All files (*)".
+/// Converts "A (*.a)
+/// *.a
+/// All files (*.*)
+/// *.*" to "A (*.a);;All files (*)".
 QString DialogFilter(const QString& filter) {
   const QStringList parts = filter.split('|');
   QStringList entries;
@@ -19,7 +22,7 @@ QString DialogFilter(const QString& filter) {
   return entries.join(";;");
 }
 
-/// Where the desktop has no file dialog of its own, the toolkit's is narrower than its columns.
+/// Without a native file dialog, Qt's is too narrow for its columns.
 void MakeRoom(QFileDialog& dialog) {
   dialog.resize(780, 460);
   if (auto* files = dialog.findChild<QTreeView*>("treeView"))
@@ -42,7 +45,7 @@ QString DesktopDialogs::OpenFile(QWidget* parent, const FileDialogOptions& optio
   MakeRoom(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(options.DefaultExtension);
-  // Where there is only one file to choose, it is chosen already.
+  // If there is only one candidate, preselect it.
   const QStringList candidates = QDir().entryList({options.Filter.section('|', 1, 1)}, QDir::Files);
   if (!options.FileName.isEmpty())
     dialog.selectFile(options.FileName);
@@ -59,7 +62,7 @@ QString DesktopDialogs::SaveFile(QWidget* parent, const FileDialogOptions& optio
   dialog.setOption(QFileDialog::DontConfirmOverwrite, !options.ConfirmReplacing);
   dialog.setDefaultSuffix(options.DefaultExtension);
   dialog.selectFile(options.FileName);
-  // A name without an ending takes that of the kind that is chosen.
+  // A name without an extension gets that of the chosen type.
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
     const QString ending = filter.section("(*.", 1, 1).section(')', 0, 0);
     if (!ending.isEmpty()) dialog.setDefaultSuffix(ending);
@@ -76,7 +79,7 @@ int DesktopDialogs::Print(QWidget* parent, QPrinter& printer) {
 bool DesktopDialogs::Confirm(QWidget* parent, const QString& question) {
   QMessageBox box(QMessageBox::Warning, QApplication::applicationDisplayName(), question,
                   QMessageBox::Yes | QMessageBox::No, parent);
-  box.setTextFormat(Qt::PlainText);  // it names files
+  box.setTextFormat(Qt::PlainText);  // it shows file names
   box.setDefaultButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
 }

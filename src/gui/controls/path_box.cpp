@@ -10,7 +10,7 @@ void PathBox::paintEvent(QPaintEvent* event) {
   initStyleOption(&option);
   const QRect room =
       style()->subElementRect(QStyle::SE_LineEditContents, &option, this).adjusted(kMargin, 0, -kMargin, 0);
-  // With the focus it can be gone through and copied from like any box.
+  // With the focus it can be scrolled and copied like any line edit.
   if (hasFocus() || fontMetrics().horizontalAdvance(text()) <= room.width()) return QLineEdit::paintEvent(event);
   QPainter painter(this);
   style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);

@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// A box that shows a path. Where there is no room for all of it, its start is left out: its end tells folders apart.
+/// A box that shows a path. If it does not fit, its start is elided, since its end tells folders apart.
 class PathBox : public QLineEdit {
  public:
   PathBox() { setReadOnly(true); }

@@ -8,11 +8,11 @@
 
 namespace pallomir {
 
-/// Runs a command of a form and shows the user what ended it, if anything did: false then. What ends the program, and
-/// the user's own wish to stop, are the caller's.
+/// Runs a command of a form and shows the error, if any: returns false then. Exceptions that end the program and the
+/// user's stop are left to the caller.
 bool RunCommand(World& world, const std::function<void()>& command);
 
-/// What a user reads of an exception.
+/// The text of an exception for the user.
 std::string SentenceOf(const std::exception& error);
 
 }  // namespace pallomir

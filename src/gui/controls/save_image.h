@@ -7,14 +7,14 @@
 
 namespace pallomir {
 
-/// An image that nothing was drawn on yet. Throws CommandError when there is no memory for it.
+/// An uninitialised image. Throws CommandError if there is not enough memory.
 QImage MakeImage(QSize size, QImage::Format format);
 
-/// A picture as a PNG file's bytes. The user is looked at meanwhile, a large picture taking a third of a second: the
-/// window that asks for it may be gone afterwards. Throws CommandError when there is no memory for them.
+/// The bytes of an image as a PNG file. Events are processed meanwhile, as a large image takes a third of a second: the
+/// window that called this may be destroyed afterwards. Throws CommandError if there is not enough memory.
 QByteArray PngOf(const QImage& image);
 
-/// Writes the bytes of a picture, all or nothing. Throws CommandError when they are none, or cannot be written.
+/// Writes the bytes of an image, all or nothing. Throws CommandError if they are empty or cannot be written.
 void SavePictureBytes(const QByteArray& bytes, std::string_view path);
 
 }  // namespace pallomir

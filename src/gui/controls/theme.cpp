@@ -17,7 +17,7 @@ struct Shades {
   const char* Pressed;
   const char* Accent;
   const char* AccentText;
-  /// Which of the two icons of each kind.
+  /// Suffix of the icon names for this theme.
   const char* Icons;
 };
 

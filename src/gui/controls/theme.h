@@ -4,7 +4,7 @@ class QApplication;
 
 namespace pallomir {
 
-/// The look that all forms share, light or dark as the desktop is.
+/// Applies the style shared by all forms, light or dark as the desktop is.
 void ApplyTheme(QApplication& application);
 
 }  // namespace pallomir

@@ -4,18 +4,18 @@
 
 #include "pallomir/session/session.h"
 
-// What windows, and the files that they offer to save, say of the recording.
+// Window titles, and names of files to save, that identify the recording.
 
 namespace pallomir {
 
-/// "TT1" where the parameter file is TT1.Ntt.parms; its whole name where that ends otherwise; empty without a file.
+/// "TT1" for the parameter file TT1.Ntt.parms; the whole name for any other ending; empty without a file.
 QString TetrodeOf(const Session& session);
 
-/// A window's caption, then what it shows: "Projections — TT1", "Analysis Report Sheet — TT1, cluster 2" where `c` is
-/// not 0. The caption alone where the tetrode is not known.
+/// A window's caption and content: "Projections — TT1", "Analysis Report Sheet — TT1, cluster 2" if `c` is not 0. The
+/// caption alone if the tetrode is unknown.
 QString TitleWithTetrode(const QString& caption, const QString& tetrode, int c = 0);
 
-/// A file name to offer, without its ending: "TT1 cluster 2 rate map" for "Cluster 2" and "Rate map".
+/// A default file name without its extension: "TT1 cluster 2 rate map" for "Cluster 2" and "Rate map".
 QString FileNameWithTetrode(const QString& tetrode, const QStringList& what);
 
 }  // namespace pallomir

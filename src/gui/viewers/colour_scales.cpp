@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kSteps = 32;
 
-/// Lightness 0 to 1, chroma, and hue in degrees, of the OKLab space (Ottosson 2020), in which equal steps look equal.
+/// Lightness 0 to 1, chroma, and hue in degrees, in the OKLab space (Ottosson 2020), in which equal steps look equal.
 struct Tone {
   double Lightness, Chroma, Hue;
 };
@@ -34,7 +34,7 @@ Linear LinearOf(const Tone& tone) {
           -0.0041960863 * l - 0.7034186147 * m + 1.7076147010 * s};
 }
 
-/// The tone on a screen, with less chroma where the screen cannot show it.
+/// The tone as a screen colour, with chroma reduced to what the screen can show.
 QColor ColourOf(Tone tone) {
   while (!LinearOf(tone).Shown() && tone.Chroma > 0) tone.Chroma -= 0.002;
   const auto encoded = [](double value) {
@@ -45,7 +45,7 @@ QColor ColourOf(Tone tone) {
   return QColor::fromRgbF(encoded(linear.Red), encoded(linear.Green), encoded(linear.Blue));
 }
 
-/// From tone to tone at equal distances.
+/// A gradient through equally spaced tones.
 QCPColorGradient Through(std::span<const Tone> tones) {
   QCPColorGradient gradient;
   gradient.clearColorStops();
@@ -60,7 +60,7 @@ QCPColorGradient Through(std::span<const Tone> tones) {
   return gradient;
 }
 
-// Lightness rises by the same amount from each tone to the next.
+// Lightness changes by the same amount from each tone to the next.
 constexpr Tone kEven[] = {
     {0.28, 0.13, 308}, {0.445, 0.13, 268}, {0.61, 0.11, 205}, {0.775, 0.18, 148}, {0.94, 0.19, 108}};
 constexpr Tone kHeat[] = {{0.20, 0.06, 20}, {0.45, 0.18, 27}, {0.70, 0.19, 52}, {0.95, 0.13, 104}};

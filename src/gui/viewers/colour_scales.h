@@ -4,8 +4,8 @@
 
 namespace pallomir {
 
-/// How values become colours. All but Jet change their lightness evenly from one end to the other, so that equal
-/// differences look equal. Gray is darkest at the highest value, to be told from unvisited white.
+/// How values map to colours. In all but Jet the lightness changes evenly from one end to the other, so that equal
+/// differences look equal. Gray is darkest at the highest value, to distinguish it from unvisited white.
 enum class ColourScale { Even, Jet, Heat, Gray };
 
 inline constexpr ColourScale kColourScales[] = {ColourScale::Even, ColourScale::Jet, ColourScale::Heat,
@@ -14,7 +14,7 @@ inline constexpr ColourScale kColourScales[] = {ColourScale::Even, ColourScale::
 /// "Even", "Jet", "Heat", "Gray".
 QString NameOf(ColourScale scale);
 
-/// The colours; white where there is no value.
+/// The colour gradient; white for missing values.
 QCPColorGradient GradientOf(ColourScale scale);
 
 }  // namespace pallomir

@@ -12,14 +12,14 @@ namespace pallomir {
 
 namespace {
 
-/// Where a component works and shows.
+/// The context in which a component works and opens windows.
 struct Desktop {
   const Session& TheSession;
   World& TheWorld;
   Dialogs& TheDialogs;
   QWidget* Parent;
 
-  /// A window is its own: it goes when it is closed, or with its parent.
+  /// The window owns itself: it is destroyed when closed, or with its parent.
   template <class Window, class... More>
   void Show(const std::string& title, const std::string& file, More... more) const {
     const ResultTitle full{QString::fromStdString(title), TetrodeOf(TheSession)};
@@ -42,7 +42,7 @@ class DesktopMapEngine : public MapEngine {
   void ComputeSpatialAutoCorr(const std::string& rateMapFile) override {
     pallomir::ComputeSpatialAutoCorr(desktop_.TheWorld, rateMapFile);
   }
-  /// The file tells by itself what kind of map it holds.
+  /// The file itself states the kind of its map.
   void ShowMap(const std::string& mapFile, const std::string&, const std::string& colours,
                const std::string& title) override {
     desktop_.Show<MapWindow>(title, mapFile, colours == "Gray" ? ColourScale::Gray : ColourScale::Even);

@@ -12,13 +12,13 @@ class QWidget;
 
 namespace pallomir {
 
-/// The components as they work on a desktop: each result is shown in a window of its own, which stays open beside
-/// others until the user closes it or `parent` goes.
+/// The components of the desktop application: each result is shown in its own window, which stays open until the user
+/// closes it or `parent` is destroyed.
 class DesktopComponents : public Components {
  public:
   using SpikeSourceMaker = std::function<std::unique_ptr<SpikeSource>()>;
 
-  /// `dialogs` has to outlive the windows, `session` and `world` the components that are made.
+  /// `dialogs` must outlive the windows, `session` and `world` the components.
   DesktopComponents(const Session& session, World& world, Dialogs& dialogs, QWidget* parent,
                     SpikeSourceMaker makeSpikeSource)
       : session_(session),

@@ -10,9 +10,9 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kMargin = 1.2;       // of the outermost ring, for the degrees round it
+constexpr double kMargin = 1.2;       // times the outermost ring, for the labels around it
 constexpr double kRingLabel = 67.5;   // degrees: between two spokes
-constexpr char kGridPart[] = "grid";  // object name of what is drawn quietly
+constexpr char kGridPart[] = "grid";  // object name of guide lines
 
 QPointF OnCircle(double degrees, double radius) {
   const double angle = degrees * std::numbers::pi / 180;
@@ -23,7 +23,7 @@ double MiddleOf(int bin) {
   return (bin + 0.5) * kDirectionBin;
 }
 
-/// The next number of 1, 1.2, 1.6, 2, 2.4, 3, 4, 5, 6, 8 times a power of ten: also its half reads well.
+/// The next number among 1, 1.2, 1.6, 2, 2.4, 3, 4, 5, 6, 8 times a power of ten, whose halves are round too.
 double RoundAbove(double value) {
   if (!(value > 1e-300)) return 1;
   const double decade = std::pow(10, std::floor(std::log10(value)));
@@ -97,7 +97,7 @@ void DirectionWindow::DrawGrid() {
     if (Plot()->item(i)->objectName() == kGridPart) Plot()->item(i)->setLayer("grid");
 }
 
-/// A closed line through the middles of the bins, broken where a bin has no value.
+/// A closed line through the bin centres, with gaps at bins without a value.
 QCPCurve* DirectionWindow::DrawCurve(const DirectionTuning::Bins& values, double outermost) {
   auto* curve = new QCPCurve(rect_->axis(QCPAxis::atBottom), rect_->axis(QCPAxis::atLeft));
   QVector<double> x, y;
@@ -132,7 +132,7 @@ void DirectionWindow::Restyle(const PlotStyle& style) {
   tuning_->setPen(QPen(style.Data, 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   QColor fill = style.Data;
   fill.setAlphaF(0.14F);
-  // Where bins are empty a filled line would close over them.
+  // A fill would bridge the gaps at empty bins.
   tuning_->setBrush(result_.Tuning.Coverage == 1 ? QBrush(fill) : QBrush(Qt::NoBrush));
   if (vector_) vector_->setPen(QPen(style.Mark, 2));
 }

@@ -6,13 +6,13 @@
 
 namespace pallomir {
 
-/// How a cell fires by direction, as a polar plot: 0 degrees to the right, counter-clockwise. The outermost ring is a
+/// A cell's tuning to direction as a polar plot: 0 degrees to the right, counter-clockwise. The outermost ring is a
 /// rate for the tuning curve and the longest dwell of a bin for the dwell curve.
 class DirectionWindow : public ResultWindow {
   Q_OBJECT
 
  public:
-  /// Throws CommandError when the direction file cannot be read.
+  /// Throws CommandError if the direction file cannot be read.
   DirectionWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view directionFile);
 
  protected:

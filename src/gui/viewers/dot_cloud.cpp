@@ -13,10 +13,10 @@ namespace pallomir {
 namespace {
 
 constexpr size_t kMostShapes = 4000;
-constexpr int kDetail = 4;  ///< pixels of the picture for each of the plot's; twelve hundred dots an inch gain nothing
+constexpr int kDetail = 4;  ///< image pixels per plot pixel; 1,200 dpi would look no better
 constexpr double kLineWidth = 0.6;
 
-/// Dots, or a line through them, as one picture.
+/// Dots, or a line through them, as one image.
 class DotCloud : public QCPAbstractPlottable {
  public:
   DotCloud(QCPAxis* x, QCPAxis* y, std::vector<float> xs, std::vector<float> ys, QColor colour, double diameter,
@@ -46,7 +46,7 @@ class DotCloud : public QCPAbstractPlottable {
       const QImage& picture = Picture(rect);
       const double scale = painter->deviceTransform().m11();
       painter->setRenderHint(QPainter::LosslessImageRendering);
-      // A painter that shrinks pictures looks at four pixels alone; this looks at all of them.
+      // A painter that shrinks images interpolates between four pixels; this averages over all of them.
       const bool shrunk = scale < kDetail && painter->deviceTransform().type() <= QTransform::TxScale;
       painter->drawImage(QRectF(rect), shrunk ? picture.scaled((QSizeF(rect.size()) * scale).toSize(),
                                                                Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
@@ -58,7 +58,7 @@ class DotCloud : public QCPAbstractPlottable {
   void drawLegendIcon(QCPPainter*, const QRectF&) const override {}
 
  private:
-  /// Kept until the place of the dots on it changes: a sheet is drawn several times while it is laid out and saved.
+  /// Cached until the dots' positions in it change: a sheet is drawn several times while it is laid out and saved.
   const QImage& Picture(const QRect& rect) {
     const View view{mKeyAxis->pixelToCoord(rect.left()),
                     mKeyAxis->pixelToCoord(rect.left() + rect.width()),
@@ -79,7 +79,7 @@ class DotCloud : public QCPAbstractPlottable {
       DrawJoined(view, raster);
     else
       Draw(view, xs_, ys_, raster);
-    // All pixels have the colour, so that nothing that smooths or packs the picture blends another one in.
+    // All pixels, even transparent ones, have the dots' colour, so that smoothing or compression blends in no other.
     QImage picture = MakeImage({view.Width, view.Height}, QImage::Format_ARGB32);
     const QRgb dot = colour_.rgb(), nothing = dot & 0x00FFFFFF;
     for (int row = 0; row < view.Height; ++row) {
@@ -95,7 +95,7 @@ class DotCloud : public QCPAbstractPlottable {
     raster.Draw(view, xs.data(), ys.data(), codes.data(), xs.size());
   }
 
-  /// As many dots between two places as there are pixels.
+  /// Adds a dot per pixel between two positions.
   void DrawJoined(const View& view, Raster& raster) const {
     std::vector<float> xs, ys;
     const int most = view.Width + view.Height;

@@ -6,14 +6,14 @@
 
 namespace pallomir {
 
-// What is drawn by the hundred thousand. Up to some thousands, dots and lines are shapes that stay sharp at any size;
-// beyond, they become one picture, as fine as print asks for: half a million dots are drawn in some milliseconds, and a
-// PDF of them has kilobytes instead of megabytes.
+// Drawing hundreds of thousands of dots. Up to some thousands, dots and lines are vector shapes; beyond that they
+// become one image in print resolution: half a million dots are drawn in some milliseconds, and a PDF has kilobytes
+// instead of megabytes.
 
-/// Adds a round dot at each place. Places that are not finite are left out.
+/// Adds a round dot at each position. Positions that are not finite are skipped.
 void AddDots(QCPAxis* x, QCPAxis* y, std::vector<float> xs, std::vector<float> ys, QColor colour, double diameter);
 
-/// Adds a thin line through the places, broken where one is not finite.
+/// Adds a thin line through the positions, with a gap at any that is not finite.
 void AddLine(QCPAxis* x, QCPAxis* y, std::vector<float> xs, std::vector<float> ys, QColor colour);
 
 }  // namespace pallomir

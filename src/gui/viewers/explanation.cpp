@@ -11,7 +11,7 @@ void Explanation::draw(QCPPainter* painter) {
   const QRectF room = rect();
   QTextDocument words;
   QTextOption option(Qt::AlignHCenter);
-  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // a file's name may be wider than the plot
+  option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);  // a file name may be wider than the plot
   words.setDefaultTextOption(option);
   words.setDocumentMargin(0);
   words.setPlainText(text());

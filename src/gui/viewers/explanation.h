@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// Why a plot is empty, in its middle: wrapped to its width, and smaller where it would not fit otherwise.
+/// Why a plot is empty, shown in its middle: wrapped to its width, in a smaller font if it would not fit otherwise.
 class Explanation : public QCPTextElement {
  public:
   using QCPTextElement::QCPTextElement;

@@ -6,18 +6,18 @@
 
 namespace pallomir {
 
-// Numbers as windows show them. What is not a number is never shown as one.
+// Numbers as shown in windows. NaN is never shown as a number.
 
-/// A measured value for reading, of three digits: "0.0123", "12.3", "1 230".
+/// A measured value with three significant digits: "0.0123", "12.3", "1 230".
 QString Figure(double value);
 
-/// "Peak 12.3 spikes/s"; empty where the value is not a number.
+/// "Peak 12.3 spikes/s"; empty for NaN.
 QString NamedFigure(const QString& name, double value, std::string_view unit);
 
-/// A count, all its digits: "12 345".
+/// A count with all its digits: "12 345".
 QString Whole(double count);
 
-/// What there is of `parts`, in one line.
+/// The parts that are not empty, in one line.
 QString InLine(const QStringList& parts);
 
 }  // namespace pallomir

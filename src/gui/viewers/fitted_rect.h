@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// An axis rectangle that keeps its proportions, so that a unit is as long on one axis as on the other.
+/// An axis rectangle with a fixed aspect ratio, so that units are equally long on both axes.
 class FittedRect : public QCPAxisRect {
  public:
   /// `proportion` is width over height.
@@ -27,7 +27,7 @@ class FittedRect : public QCPAxisRect {
   double proportion_;
 };
 
-/// A colour scale as high as an axis rectangle, right beside it.
+/// A colour scale to the right of an axis rectangle, with the same height.
 class ScaleBeside : public QCPColorScale {
  public:
   ScaleBeside(QCustomPlot* plot, const FittedRect* rect) : QCPColorScale(plot), rect_(rect) {}
@@ -44,7 +44,7 @@ class ScaleBeside : public QCPColorScale {
   const FittedRect* rect_;
 };
 
-/// A colour scale as wide as an axis rectangle, below its numbers and label.
+/// A colour scale below an axis rectangle with its tick labels and axis label, with the same width.
 class ScaleBelow : public QCPColorScale {
  public:
   ScaleBelow(QCustomPlot* plot, const FittedRect* rect) : QCPColorScale(plot), rect_(rect) {

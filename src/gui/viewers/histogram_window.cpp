@@ -8,7 +8,7 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kRoomAbove = 1.1;  // for the words of a mark
+constexpr double kRoomAbove = 1.1;  // for the label of a mark
 
 }  // namespace
 
@@ -18,7 +18,7 @@ void HistogramWindow::AddHistogram(const Histogram& histogram) {
   rect->setRangeDrag(Qt::Horizontal);
   Body()->addElement(Body()->rowCount(), 0, rect);
   for (const auto side : {QCPAxis::atTop, QCPAxis::atRight}) rect->axis(side)->setVisible(false);
-  // One left margin for all, so that their axes stand one above the other.
+  // One left margin for all, so that their axes are aligned.
   if (panels_.empty())
     rect->setMarginGroup(QCP::msLeft, new QCPMarginGroup(Plot()));
   else
@@ -37,12 +37,12 @@ void HistogramWindow::AddHistogram(const Histogram& histogram) {
     x->setNumberFormat("g");
   }
   const double highest = *std::max_element(histogram.Counts.begin(), histogram.Counts.end());
-  constexpr double hair = 1e-9;  // so that rounding does not cost the numbers at the ends
+  constexpr double hair = 1e-9;  // so that rounding does not hide the tick labels at the ends
   Bound(x,
         {histogram.Edges.first() * (1 + (histogram.Logarithmic ? -hair : hair)), histogram.Edges.last() * (1 + hair)});
   Bound(y, {0, std::max(highest, 1.0) * kRoomAbove}, true);
 
-  // Steps with the area below filled: bars without seams, true on a logarithmic axis as well.
+  // A filled step line: bars without seams, correct on a logarithmic axis too.
   QVector<double> heights = histogram.Counts;
   heights << 0;
   auto* bars = new QCPGraph(x, y);

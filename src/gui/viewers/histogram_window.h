@@ -13,7 +13,7 @@ class HistogramWindow : public ResultWindow {
  protected:
   using ResultWindow::ResultWindow;
 
-  /// Bin k holds `Counts[k]` and reaches from `Edges[k]` to `Edges[k + 1]`, in milliseconds.
+  /// Bin k has the count `Counts[k]` and extends from `Edges[k]` to `Edges[k + 1]`, in milliseconds.
   struct Histogram {
     QVector<double> Edges;
     QVector<double> Counts;
@@ -23,7 +23,7 @@ class HistogramWindow : public ResultWindow {
   };
   void AddHistogram(const Histogram& histogram);
 
-  /// A dashed upright line in the histogram that was added last, with words at its upper end.
+  /// Draws a dashed vertical line in the histogram added last, labelled at its upper end.
   void Mark(double milliseconds, const QString& words);
 
   void Restyle(const PlotStyle& style) override;

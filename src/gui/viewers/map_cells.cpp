@@ -12,7 +12,7 @@ namespace {
 
 constexpr double kPercentile = 0.99;
 
-/// The numbers of a scale above whose end there are values: the last one says so.
+/// Ticks of a scale whose last colour includes higher values: the last label says so.
 class OpenEnded : public QCPAxisTicker {
  public:
   OpenEnded(double end, const QString& text) : end_(end), text_(text) {}
@@ -36,7 +36,7 @@ class OpenEnded : public QCPAxisTicker {
 
 void FillCells(QCPColorMap& colours, const MapResult& map, double scale) {
   const Map& grid = map.Grid;
-  // A border without values goes round, which is out of sight: the plot wants two bins each way.
+  // A border without values, outside the visible range: the colour map needs at least two bins each way.
   QCPColorMapData* cells = colours.data();
   const auto centre = [&](double corner, int bin) { return (corner + (bin + 0.5) * grid.Bin) / scale; };
   cells->setSize(grid.Columns + 2, grid.Rows + 2);
@@ -57,7 +57,7 @@ double ColoursEnd(const MapResult& map) {
   for (const double value : map.Grid.Values)
     if (value > 0) visited.push_back(value);
   if (visited.empty()) return PeakOf(map.Grid).Value;
-  // The bin below the percentile, so that also in a small map one bin does not decide.
+  // The bin below the percentile, so that a single bin does not decide even in a small map.
   const auto end = visited.begin() + static_cast<std::ptrdiff_t>(kPercentile * static_cast<double>(visited.size() - 1));
   std::nth_element(visited.begin(), end, visited.end());
   return *end;

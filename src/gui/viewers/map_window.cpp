@@ -24,7 +24,7 @@ QString KindText(MapKind kind) {
   return "Spatial autocorrelation";
 }
 
-/// Where the animal never was there is nothing to see, not a time of 0.
+/// Shows unvisited bins as missing values, not as a time of 0.
 MapResult Shown(MapResult result) {
   if (result.Kind == MapKind::Occupancy)
     for (double& value : result.Grid.Values)
@@ -113,7 +113,7 @@ void MapWindow::FillColours() {
   SetScale(*scale_, result_, 5);
 }
 
-/// A dark cross with a light rim, seen on any colour.
+/// A dark cross with a light rim, visible on any colour.
 void MapWindow::MarkLagZero() {
   for (const auto& [colour, width, size] : {std::tuple(Qt::white, 3.2, 13.0), std::tuple(Qt::black, 1.4, 11.0)}) {
     auto* cross = new QCPGraph(rect_->axis(QCPAxis::atBottom), rect_->axis(QCPAxis::atLeft));

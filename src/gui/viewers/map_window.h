@@ -7,12 +7,12 @@
 
 namespace pallomir {
 
-/// A map as the camera sees it: square bins, y downwards, white where the animal never was.
+/// A map as the camera sees it: square bins, y downwards, unvisited bins white.
 class MapWindow : public ResultWindow {
   Q_OBJECT
 
  public:
-  /// `colours` is what it begins with. Throws CommandError when the map file cannot be read.
+  /// `colours` is the initial scale. Throws CommandError if the map file cannot be read.
   MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile, ColourScale colours);
 
  protected:
@@ -29,7 +29,7 @@ class MapWindow : public ResultWindow {
   void MakeChoice(ColourScale colours);
   void Choose(ColourScale colours);
 
-  /// A length in the unit of the axes.
+  /// Converts a length in pixels to axis units.
   double InUnits(double pixels) const { return result_.PixelsPerCm > 0 ? pixels / result_.PixelsPerCm : pixels; }
   QString LengthUnit() const { return result_.PixelsPerCm > 0 ? "cm" : "pixels"; }
 

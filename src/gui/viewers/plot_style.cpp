@@ -8,7 +8,7 @@ constexpr double kHairLine = 1;
 constexpr int kTick = 5;
 constexpr int kSubTick = 2;
 
-/// Sizes in pixels, so that a picture in a file has the proportions of the window whatever its resolution.
+/// Sizes in pixels, so that a saved image has the window's proportions at any resolution.
 QFont SizedFont(const QWidget& widget, double times, QFont::Weight weight) {
   QFont font = widget.font();
   font.setPixelSize(qRound(QFontInfo(widget.font()).pixelSize() * times));

@@ -6,29 +6,29 @@
 
 namespace pallomir {
 
-/// What a plot is drawn with.
+/// The colours and fonts of a plot.
 struct PlotStyle {
   QColor Ground;
-  QColor Ink;    ///< axes, numbers and words
-  QColor Quiet;  ///< what only guides the eye, and second words
+  QColor Ink;    ///< axes, numbers and text
+  QColor Quiet;  ///< guide lines and secondary text
   QColor Line;   ///< grids
   QColor Data;   ///< bars and curves
-  QColor Mark;   ///< what stands out from the data
+  QColor Mark;   ///< highlights
   QFont Text;
   QFont Small;
   QFont Title;
 };
 
-/// As the rest of the desktop, light or dark, with the widget's font.
+/// The desktop's style, light or dark, with the widget's font.
 PlotStyle ScreenStyle(const QWidget& widget);
 
-/// Dark on white, as pictures are kept and printed; sizes as on the screen.
+/// Dark on white, for saved and printed plots; sizes as on the screen.
 PlotStyle PrintStyle(const QWidget& widget);
 
-/// Thin lines, ticks outwards, no grid.
+/// Thin lines, outward ticks, no grid.
 void StyleAxis(QCPAxis* axis, const PlotStyle& style);
 
-/// Words of a plot, which leave their place to the rest when the window is small.
+/// Text in a plot that gives way to the rest if the window is small.
 QCPTextElement* MakeWords(QCustomPlot* plot, const QString& text, int flags);
 void StyleWords(QCPTextElement* words, const QFont& font, QColor colour);
 

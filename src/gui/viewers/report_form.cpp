@@ -20,7 +20,7 @@ namespace pallomir {
 
 namespace {
 
-// The sheet has the proportions of A4 across.
+// The sheet has the proportions of A4 landscape.
 constexpr int kWidth = 1000;
 constexpr int kHeight = 707;
 constexpr int kPictureScale = 3;
@@ -86,7 +86,7 @@ QString NoteText(const ClusterNote& note) {
 QLabel* MakeText(const QString& name, double points, bool bold = false) {
   auto* label = MakeLabel({});
   label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);  // notes and file names are shown in it
+  label->setTextFormat(Qt::PlainText);  // it shows notes and file names
   QFont font = label->font();
   font.setPointSizeF(points);
   font.setBold(bold);
@@ -128,7 +128,7 @@ void ReportForm::LayOut() {
   maps->setText("- MAPS -");
 
   auto* grid = new QGridLayout;
-  grid->setHorizontalSpacing(16);  // columns of the same width
+  grid->setHorizontalSpacing(16);  // columns of equal width
   grid->setVerticalSpacing(4);
   picOccMap_ = AddPicture(grid, "picOccMap", "Occupancy", 0, 0);
   picRateMap_ = AddPicture(grid, "picRateMap", "Rate", 0, 1);
@@ -216,7 +216,7 @@ void ReportForm::Show(const Report& report, const QString& title) {
 void ReportForm::Timer1_Timer() {
   const QLocale locale;
   const QString now = locale.toString(QTime::currentTime(), "h:mm:ss AP");
-  // The caption holds the date as well: it is written at every tick.
+  // The text has the date too, so that it changes at midnight.
   if (lblTime_->text() != now)
     lblTime_->setText(locale.toString(QDate::currentDate(), QLocale::ShortFormat) + "  " + now);
 }

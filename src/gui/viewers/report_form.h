@@ -13,7 +13,7 @@ class QLabel;
 
 namespace pallomir {
 
-/// "Analysis Report Sheet": one page about one cluster, to be printed or saved.
+/// "Analysis Report Sheet": one page about one cluster, for printing or saving.
 class ReportForm : public QMainWindow {
   Q_OBJECT
 

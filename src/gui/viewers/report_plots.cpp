@@ -19,7 +19,7 @@ namespace {
 
 constexpr double kMinute = 60e6;  // microseconds
 
-/// White paper, whatever the desktop looks like; no axes yet.
+/// White background in any theme; no axes yet.
 PlotStyle Prepare(QCustomPlot& plot) {
   plot.clearPlottables();
   plot.plotLayout()->clear();
@@ -50,7 +50,7 @@ QCPAxisRect* AddRect(QCustomPlot& plot, QCPAxisRect* rect, const PlotStyle& styl
   return rect;
 }
 
-/// The camera's picture of the whole path: y downward, a unit as long on both axes.
+/// The arena as the camera sees it: y downward, units equally long on both axes.
 QCPAxisRect* AddArena(QCustomPlot& plot, const PlotStyle& style, const Map& map, double scale) {
   auto* rect = new FittedRect(&plot, static_cast<double>(map.Columns) / map.Rows);
   AddRect(plot, rect, style);
@@ -63,7 +63,7 @@ QCPAxisRect* AddArena(QCustomPlot& plot, const PlotStyle& style, const Map& map,
   return rect;
 }
 
-/// Pixels to the unit of the axes.
+/// Pixels per axis unit.
 double Scale(const MapResult& map) {
   return map.PixelsPerCm > 0 ? map.PixelsPerCm : 1;
 }
@@ -143,7 +143,7 @@ void PlotSpikesOnPath(QCustomPlot& plot, const Report& report) {
 }
 
 void AlignMaps(std::span<QCustomPlot* const> plots) {
-  // What other elements of a plot take on its right and below counts as margin.
+  // Other elements to the right of and below a plot count as margin.
   const auto besides = [](const QCustomPlot& plot) {
     const QRect outer = plot.axisRect()->outerRect();
     return QMargins(0, 0, plot.width() - 1 - outer.right(), plot.height() - 1 - outer.bottom());

@@ -8,21 +8,21 @@
 
 namespace pallomir {
 
-// Fill the picture boxes of the report sheet. A plot without data says why.
+// Fill the plots of the report sheet. A plot without data says why.
 
 void PlotMap(QCustomPlot& plot, const MapResult& map);
 
-/// The animal's path in gray and the spikes on it, as the camera sees them.
+/// The animal's path in gray with the spikes on it, as the camera sees them.
 void PlotSpikesOnPath(QCustomPlot& plot, const Report& report);
 
-/// Gives the maps, once each has its place on the sheet, axes of one size. Empty ones stay as they are.
+/// Gives the axes of all maps the same size, once they are laid out on the sheet. Empty maps are unchanged.
 void AlignMaps(std::span<QCustomPlot* const> plots);
 
 /// The average spike on each wire, with a band of one standard deviation.
 void PlotAverageWaveform(QCustomPlot& plot, const ClusterMeasures& measures);
 
-/// A value of each spike against time in minutes from the start of the time range. `range` is the whole axis, or
-/// invalid for that of the values.
+/// A value of each spike against time in minutes from the start of the time range. `range` is the range of the value
+/// axis; if invalid, that of the values.
 template <class Value>
 void PlotSeries(QCustomPlot& plot, const ClusterLines& spikes, const std::vector<Value>& values, const QString& label,
                 QCPRange range = {});

@@ -28,7 +28,7 @@ void PaintWords(QCPPainter& painter, const QWidget& sheet, const QLabel& label) 
   painter.drawText(QRect(label.mapTo(&sheet, QPoint()), label.size()), flags, label.text());
 }
 
-/// As large as `page` has room for.
+/// Draws the sheet as large as fits `page`.
 void PaintSheet(QCPPainter& painter, const QWidget& sheet, QSize page) {
   const double scale =
       std::min(static_cast<double>(page.width()) / sheet.width(), static_cast<double>(page.height()) / sheet.height());
@@ -49,7 +49,7 @@ void PaintSheet(QCPPainter& painter, const QWidget& sheet, QSize page) {
   }
 }
 
-/// `Device` is a QPagedPaintDevice with its resolution.
+/// `Device` is a QPagedPaintDevice with a resolution.
 template <class Device>
 void PaintPages(Device& device, const QWidget& sheet, int copies) {
   QCPPainter painter;
@@ -87,7 +87,7 @@ QByteArray SheetPdf(const QWidget& sheet, const QString& title, const QPageLayou
 }
 
 void PrintSheet(const QWidget& sheet, const QString& title, QPrinter& printer, int copies) {
-  // Each copy is printed here, as a page.
+  // Copies are printed here, as separate pages.
   printer.setCopyCount(1);
   if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty()) {
     const QByteArray pdf = SheetPdf(sheet, title, printer.pageLayout(), printer.resolution(), copies);

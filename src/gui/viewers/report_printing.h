@@ -8,17 +8,17 @@ class QWidget;
 
 namespace pallomir {
 
-// The report sheet, a widget of labels and plots, on paper and in files: words as letters, plots as lines. All throw
-// CommandError when there is no memory, or a page could not be made.
+// Prints and saves the report sheet, a widget of labels and plots, with text as text and plots as vectors. All throw
+// CommandError if there is not enough memory or a page could not be made.
 
-/// `scale` times as large as on the screen.
+/// An image at `scale` times the size on the screen.
 QImage SheetImage(const QWidget& sheet, int scale);
 
-/// A PDF file's bytes: as many pages as copies are wanted, the sheet as large on each as there is room for.
+/// The bytes of a PDF file: one page per copy, with the sheet as large as fits the page.
 QByteArray SheetPdf(const QWidget& sheet, const QString& title, const QPageLayout& page, int resolution,
                     int copies = 1);
 
-/// Prints the sheet. A printer that prints to a file gets it whole or not at all, as every file that is saved.
+/// Prints the sheet. Printing to a file is all or nothing, as for every saved file.
 void PrintSheet(const QWidget& sheet, const QString& title, QPrinter& printer, int copies);
 
 }  // namespace pallomir

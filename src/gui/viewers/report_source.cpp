@@ -13,7 +13,7 @@ void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool
   form->Show(report, QString("Cluster %1 - %2")
                          .arg(cluster_)
                          .arg(QString::fromStdString(PathText(PlatformPath(files.SpikeFile).filename()))));
-  form.release();  // its own now: it goes when it is closed, or with its parent
+  form.release();  // the form owns itself: it is destroyed when closed, or with its parent
 }
 
 }  // namespace pallomir

@@ -9,7 +9,7 @@ class QWidget;
 
 namespace pallomir {
 
-/// Makes the report of cluster `c` and shows it in a sheet of its own.
+/// Makes the report of cluster `c` and shows it in its own sheet.
 class ReportSource : public SpikeSource {
  public:
   ReportSource(const Session& session, World& world, Dialogs& dialogs, QWidget* parent, int c)

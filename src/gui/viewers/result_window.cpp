@@ -130,7 +130,7 @@ void ResultWindow::KeepWithin(const BoundAxis& bound, const QCPRange& range) {
     return;
   }
   if (range.lower >= whole.lower && range.upper <= whole.upper) return;
-  // Pushed back as far as it reaches out, on the scale that the axis has.
+  // Move the range back inside, in the axis's own scale.
   const bool logarithmic = bound.Axis->scaleType() == QCPAxis::stLogarithmic;
   const double by = logarithmic ? range.lower < whole.lower ? whole.lower / range.lower : whole.upper / range.upper
                     : range.lower < whole.lower ? whole.lower - range.lower
@@ -207,7 +207,7 @@ void ResultWindow::Dress(const PlotStyle& style) {
   else
     Restyle(style);
   usage_->setFont(style.Small);
-  // No line above the plot is ever cut.
+  // Wide enough that no line above the plot is cut off.
   int widest = QFontMetrics(style.Title).horizontalAdvance(title_->text());
   for (const QCPTextElement* line : figures_)
     widest = std::max(widest, QFontMetrics(style.Text).horizontalAdvance(line->text()));
@@ -222,7 +222,7 @@ void ResultWindow::changeEvent(QEvent* event) {
 }
 
 void ResultWindow::Present() {
-  // Axes above what they measure.
+  // Draw axes above the data.
   for (QCPAxisRect* rect : plot_->axisRects())
     for (QCPAxis* axis : rect->axes()) axis->setLayer("axes");
   Dress(ScreenStyle(*this));
@@ -244,7 +244,7 @@ template <class Write>
 void ResultWindow::Save(const FileDialogOptions& options, Write write) {
   const QString path = dialogs_.SaveFile(this, options);
   if (path.isEmpty()) return;
-  // The user may close the window meanwhile.
+  // The user may close the window in the meantime.
   const QPointer<ResultWindow> window(this);
   Dialogs& dialogs = dialogs_;
   try {

@@ -13,46 +13,45 @@
 
 namespace pallomir {
 
-/// What a result is of: the title that the command gave, "Cluster 2", and the tetrode.
+/// What a result is about: the title given by the command, "Cluster 2", and the tetrode.
 struct ResultTitle {
   QString Title;
   QString Tetrode;
 };
 
-/// A window of its own that shows one result and stays open beside others: the plot, what is under the pointer, what
-/// the result was made of, and buttons to keep it. The wheel zooms, a drag moves, a double click shows all again.
+/// A window that shows one result and stays open: the plot, the value under the pointer, the data used for the result,
+/// and buttons to save it. The wheel zooms, dragging moves, a double click shows everything again.
 class ResultWindow : public QWidget {
   Q_OBJECT
 
  public:
-  /// Shows it where there is room for it.
+  /// Shows the window where there is room for it.
   void Present();
 
  protected:
-  /// `kind` says what the result is ("Rate map"). The result file is kept as it is now, to be saved later. Throws
-  /// CommandError when it cannot be read.
+  /// `kind` says what the result is ("Rate map"). Reads the result file now, so that it can be saved later. Throws
+  /// CommandError if it cannot be read.
   ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const QString& kind,
                std::string_view resultFile);
 
-  /// Gives the plot's body the colours and fonts of `style`: those of the screen, or for a while those of print.
+  /// Applies the colours and fonts of `style` to the plot's body: the screen style or, temporarily, the print style.
   virtual void Restyle(const PlotStyle& style) = 0;
 
-  /// What is at a place of the plot; empty when nothing is.
+  /// Text for a position in the plot; empty if nothing is there.
   virtual QString ReadOut(QPointF at) const = 0;
 
-  /// Sets the words of the window; `figures` are lines above the plot. With an explanation (why there is nothing to
-  /// see) the rest of the plot remains empty: see `IsEmpty`.
+  /// Sets the texts of the window; `figures` are lines above the plot. With an explanation (why there is nothing to
+  /// see) the rest of the plot stays empty: see `IsEmpty`.
   void SetWords(const QStringList& figures, const QString& usage, const QString& explanation);
   bool IsEmpty() const { return explanation_ != nullptr; }
 
-  /// Lets an axis move and zoom within `whole`, which is what it shows at first. One that is `standing` keeps its lower
-  /// end.
+  /// Limits moving and zooming of an axis to `whole`, its initial range. If `standing`, its lower end is fixed.
   void Bound(QCPAxis* axis, QCPRange whole, bool standing = false);
 
   QCustomPlot* Plot() const { return plot_; }
-  /// Where the plot's own elements go: below the title and the figures.
+  /// Layout for the plot's own elements, below the title and the figures.
   QCPLayoutGrid* Body() const { return body_; }
-  /// In front of the buttons.
+  /// Adds a control before the buttons.
   void AddControl(QWidget* control);
 
   void changeEvent(QEvent* event) override;
@@ -77,7 +76,7 @@ class ResultWindow : public QWidget {
   void CopyPicture();
   void cmdSavePicture_Click();
   void cmdSaveData_Click();
-  /// Asks for a name, and writes to it what `write` writes there.
+  /// Asks for a file name and calls `write` with it.
   template <class Write>
   void Save(const FileDialogOptions& options, Write write);
 

@@ -11,7 +11,7 @@ namespace pallomir {
 
 namespace {
 
-constexpr int kDotsPerInch = 96;  // one dot for each pixel of the plot
+constexpr int kDotsPerInch = 96;  // one dot per pixel of the plot
 
 void Paint(QCustomPlot& plot, QPaintDevice& device) {
   QCPPainter painter;

@@ -5,12 +5,12 @@
 
 namespace pallomir {
 
-/// A spike train's autocorrelation, near (50 ms) above far (500 ms).
+/// A spike train's autocorrelation, up to 50 ms above that up to 500 ms.
 class AutocorrelationWindow : public HistogramWindow {
   Q_OBJECT
 
  public:
-  /// Throws CommandError when the result file cannot be read.
+  /// Throws CommandError if the result file cannot be read.
   AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
 };
 
@@ -19,7 +19,7 @@ class IntervalWindow : public HistogramWindow {
   Q_OBJECT
 
  public:
-  /// Throws CommandError when the result file cannot be read.
+  /// Throws CommandError if the result file cannot be read.
   IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
 };
 

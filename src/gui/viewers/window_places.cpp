@@ -8,7 +8,7 @@ namespace pallomir {
 namespace {
 
 constexpr char kResult[] = "result";
-constexpr int kSide = 6, kTitle = 30;  // what the desktop puts round a window, at most
+constexpr int kSide = 6, kTitle = 30;  // largest window frame and title bar, in pixels
 constexpr int kCascade = 28;
 constexpr double kShrunk[] = {1, 0.8, 0.65};
 
@@ -31,7 +31,7 @@ QRect RoomOf(const QWidget* window) {
   return (window->parentWidget() ? window->parentWidget() : window)->screen()->availableGeometry();
 }
 
-/// The window that the results belong to; null when it is not to be seen.
+/// The frame of the window to which the results belong; null if it is not visible.
 QRect ControlsOf(const QWidget* window) {
   const QWidget* parent = window->parentWidget();
   return parent && parent->isVisible() ? parent->window()->frameGeometry() : QRect();
@@ -47,7 +47,7 @@ std::vector<Neighbour> NeighboursOf(const QWidget* window) {
   return neighbours;
 }
 
-/// The largest part of `room` that `taken` leaves.
+/// The largest part of `room` outside `taken`.
 QRect RoomBeside(const QRect& room, const QRect& taken) {
   if (taken.isNull()) return room;
   const QRect parts[] = {{QPoint(taken.right() + 1, room.top()), room.bottomRight()},
@@ -67,7 +67,7 @@ bool Fits(QSize size, const QRect& room) {
   return size.width() <= room.width() && size.height() <= room.height();
 }
 
-/// The uppermost, then rightmost place that covers none of `obstacles`; invalid when there is none.
+/// The uppermost, then rightmost position that covers none of `obstacles`; invalid if there is none.
 QRect PlaceBetween(const QRect& room, QSize size, const std::vector<QRect>& obstacles) {
   if (!Fits(size, room)) return {};
   QList<int> lefts = {room.right() + 1 - size.width(), room.left()};
@@ -88,7 +88,7 @@ QRect PlaceBetween(const QRect& room, QSize size, const std::vector<QRect>& obst
   return {};
 }
 
-/// In steps down and to the left from the upper right corner, over what is there.
+/// Cascaded down and to the left from the upper right corner, over other windows.
 QRect Cascaded(const QRect& room, const QRect& controls, QSize size, std::span<const Neighbour> neighbours) {
   const QRect beside = RoomBeside(room, controls);
   const QRect area = Fits(size, beside) ? beside : room;
@@ -106,7 +106,7 @@ QRect Cascaded(const QRect& room, const QRect& controls, QSize size, std::span<c
   return place;
 }
 
-/// `frame` is what the window takes with what the desktop puts round it.
+/// `frame` is the window including its frame.
 void SetFrame(QWidget* window, const QRect& frame) {
   window->resize(frame.marginsRemoved(kFrame).size());
   window->move(frame.topLeft());
@@ -156,7 +156,7 @@ void TileResults() {
   for (const QWidget* window : results) smallest = smallest.expandedTo(window->minimumSizeHint().grownBy(kFrame));
   const QRect room = RoomOf(results.front());
   QRect area = RoomBeside(room, ControlsOf(results.front()));
-  // As many columns as leave the smaller side of a window largest.
+  // The number of columns that makes the smaller side of a window largest.
   const auto cells = [&](int columns) {
     return QSize(area.width() / columns, area.height() / ((count + columns - 1) / columns));
   };
