@@ -4,14 +4,14 @@
 
 namespace pallomir {
 
-/// What is looked at once a cluster is cut.
+/// Commands that analyse a cluster.
 class AnalysesPanel : public QWidget {
   Q_OBJECT
 
  public:
   explicit AnalysesPanel(QWidget* parent);
 
-  /// Whether the button's tag says that the next click on the projection is the centre of the maze.
+  /// Whether the button's tag says that the next click on the projection sets the centre of the maze.
   bool CenterArmed() const { return cmdWriteCenterFile->property("Tag").toDouble() == 1; }
 
   QPushButton* cmdRateMap;

@@ -43,7 +43,7 @@ AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
   auto* yHeading = MakeHeading("&Y axis");
   xHeading->setBuddy(lstX_Axis);
   yHeading->setBuddy(lstY_Axis);
-  grid->setRowMinimumHeight(0, 25);  // as high as the button beside it
+  grid->setRowMinimumHeight(0, 25);  // the height of the button beside it
   grid->addWidget(xHeading, 0, 0);
   grid->addWidget(yHeading, 0, 1);
   grid->addWidget(lstX_Axis, 1, 0);

@@ -8,14 +8,14 @@
 
 namespace pallomir {
 
-/// The two parameters on view and the scales of their axes.
+/// The two displayed parameters and the scales of their axes.
 class AxesPanel : public QWidget {
   Q_OBJECT
 
  public:
   explicit AxesPanel(QWidget* parent);
 
-  /// Fills both lists with the catalogue, so that a list index is a parameter index.
+  /// Fills both lists with the parameter names, so that a list index is a parameter index.
   void FillLists(const ByParameter<std::string>& names);
 
   QListWidget* lstX_Axis;

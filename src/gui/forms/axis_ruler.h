@@ -7,13 +7,13 @@
 
 namespace pallomir {
 
-/// The numbers and the name of an axis, in a strip beside the plot: there they hide no point.
+/// The tick labels and the name of an axis, in a strip beside the plot, where they hide no points.
 class AxisRuler : public QWidget {
  public:
-  /// Below the plot, or to its left, where it is read from below.
+  /// Below the plot, or to its left with the name rotated.
   AxisRuler(Qt::Orientation orientation, QWidget* parent);
 
-  /// A number and its place along the strip, from the plot's left or upper edge.
+  /// A tick label and its position along the strip, from the plot's left or upper edge.
   struct Mark {
     double Place;
     QString Text;

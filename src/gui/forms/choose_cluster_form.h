@@ -9,7 +9,7 @@ class QCheckBox;
 
 namespace pallomir {
 
-/// Which clusters are read from a boundaries file. Shown and hidden, never reset.
+/// Selects the clusters to read from a boundaries file. Shown and hidden, never reset.
 class ChooseClusterForm : public QDialog {
   Q_OBJECT
 

@@ -210,7 +210,7 @@ bool ClNoteForm::Save() {
     WriteNotes(session_);
     return true;
   }
-  // Nothing was added to what the file held: it may stay as it is.
+  // The notes are unchanged since they were last read or written: the file can stay as it is.
   if (NotesAreSaved(session_)) return true;
   const QString question = FromText(doubt) +
                            "\n\nWrite the notes of this form in its place? The file is kept beside them, under a name "
@@ -231,7 +231,7 @@ void ClNoteForm::cmdCancel_Click() {
 }
 
 void ClNoteForm::closeEvent(QCloseEvent* event) {
-  // Notes that cannot be saved keep the form open.
+  // The form stays open if the notes cannot be saved.
   RunCommand(world_, [this] { cmdClNoteExit_Click(); });
   event->setAccepted(!isVisible());
   if (event->isAccepted()) emit Unloaded();

@@ -17,27 +17,26 @@ namespace pallomir {
 class ClusterLabel;
 class Dialogs;
 
-/// "Cluster Quality & Remarks": a grade and remarks for every cluster, kept in the file ClNotes.
+/// "Cluster Quality & Remarks": a grade and remarks for every cluster, stored in the file ClNotes.
 class ClNoteForm : public QDialog {
   Q_OBJECT
 
  public:
   ClNoteForm(Session& session, World& world, Dialogs& dialogs, QWidget* parent);
 
-  /// Reads the notes and shows their grades. Throws CommandError when the file is malformed; the form is then of use
-  /// all the same.
+  /// Reads the notes and shows their grades. Throws CommandError if the file is malformed; the form can still be used.
   void Form_Load();
 
-  /// Marks the cluster that is chosen on the controls.
+  /// Highlights the current cluster of the controls.
   void ShowCurrentCluster();
 
  signals:
-  /// The form was unloaded: the next showing starts from the file, where there is one.
+  /// The form was unloaded: the next time it is shown it reads the file again, if there is one.
   void Unloaded();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
-  /// Esc does what the close box does.
+  /// Esc does the same as the close box.
   void reject() override { close(); }
 
  private:
@@ -52,7 +51,7 @@ class ClNoteForm : public QDialog {
   void cmdCopyRemarks_Click();
   void cmdClear_Click();
   void cmdClNoteExit_Click();
-  /// False when the file on disk is in doubt and the user leaves it as it is.
+  /// False if the file must not be replaced without asking and the user cancels.
   bool Save();
   void cmdCancel_Click();
   void ShowPage(bool first);
@@ -61,7 +60,7 @@ class ClNoteForm : public QDialog {
   Session& session_;
   World& world_;
   Dialogs& dialogs_;
-  /// The cluster whose label was last chosen; 0 when none.
+  /// The cluster whose label was last clicked; 0 if none.
   int selected_ = 0;
   ByCluster<ClusterLabel*> lblChooseCl_{};
   ByCluster<std::array<QRadioButton*, kGrades>> grades_{};

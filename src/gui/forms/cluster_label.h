@@ -7,11 +7,11 @@
 
 namespace pallomir {
 
-/// Behind the label of a cluster that is not chosen.
+/// Background of the label of a cluster that is not chosen.
 inline constexpr Colour kUnchosenBack = 0x00000F;
 
-/// A cluster's number in its colour, near-black behind; black on its colour when chosen. The quiet form, an outline,
-/// stands for a cluster that has no boundary yet.
+/// A cluster's number in its colour on near-black, or black on its colour if chosen. The quiet form, an outline, is for
+/// a cluster without boundaries.
 class ClusterLabel : public QAbstractButton {
   Q_OBJECT
 

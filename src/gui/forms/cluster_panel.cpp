@@ -83,7 +83,7 @@ void ClusterPanel::MakeRow(QGridLayout* grid, int line, int c) {
 void ClusterPanel::ShowRow(int c, bool shown) {
   const QString tag = shown ? "1" : "0";
   if (c == 0 || lblChooseCluster[c]->property("Tag") == tag) return;
-  // Focus goes along with the label that the user chose the cluster by.
+  // Keep the focus on the label by which the user chose the cluster.
   const bool focused = lblNewCluster[c]->hasFocus() || lblChooseCluster[c]->hasFocus();
   for (QWidget* control :
        {static_cast<QWidget*>(chkDisableClusterDisplay[c]), static_cast<QWidget*>(chkDisplayClusterAsZero[c]),

@@ -8,8 +8,8 @@
 
 namespace pallomir {
 
-/// The thirty clusters on two pages: each with its label and three display boxes. A cluster without boundaries shows
-/// only a quiet number, by which it can be chosen.
+/// The thirty clusters on two pages, each with its label and three display boxes. A cluster without boundaries only has
+/// a quiet label, which can be clicked to choose it.
 class ClusterPanel : public QWidget {
   Q_OBJECT
 
@@ -22,7 +22,7 @@ class ClusterPanel : public QWidget {
   /// Paints all labels: the chosen cluster black on its colour, the others in their colours.
   void Paint(const ByCluster<Colour>& colours, int chosen);
 
-  /// Exchanges the two pages; the button's caption names the one that the next click shows.
+  /// Switches between the two pages; the button's caption names the page that the next click shows.
   void TogglePages();
 
   QFrame* fraCL1to15;

@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// How points are drawn and what the mouse does in the projection.
+/// Settings for drawing points and for the mouse in the projection.
 class DisplayPanel : public QWidget {
   Q_OBJECT
 

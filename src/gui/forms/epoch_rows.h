@@ -12,19 +12,19 @@ namespace pallomir {
 template <class Control>
 using EpochControls = std::array<Control*, kEpochs>;
 
-/// The thirty rows of an epoch table under their headings, fifteen on view. cmdNext, whose tag says which half is
+/// The thirty rows of an epoch table under their headings, fifteen at a time. cmdNext, whose tag says which half is
 /// shown, switches between the halves.
 class EpochRows : public QScrollArea {
  public:
   struct Column {
     QString Heading;
     int Stretch;
-    /// Makes the control of row 0..29.
+    /// Creates the control of row 0..29.
     std::function<QWidget*(int)> Make;
-    /// The heading's object name, where it has one.
+    /// The heading's object name, if any.
     QString Name = {};
   };
-  /// What cmdNext reads while the first and while the second half is shown.
+  /// The captions of cmdNext while the first and the second half are shown.
   EpochRows(const std::vector<Column>& columns, const QString& firstCaption, const QString& secondCaption);
 
   QPushButton* cmdNext;

@@ -4,7 +4,7 @@
 
 namespace pallomir {
 
-/// The files in which a cut is kept, and leaving the program.
+/// Commands for the files of a cut, and for leaving the program.
 class FilesPanel : public QWidget {
   Q_OBJECT
 

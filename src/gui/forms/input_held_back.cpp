@@ -12,7 +12,7 @@ bool InputHeldBack::eventFilter(QObject* watched, QEvent* event) {
   }();
   switch (event->type()) {
     case QEvent::ShortcutOverride:
-      // The first that is heard of a key: taken, it does not run a shortcut.
+      // The first event of a key: accepting it prevents shortcuts.
       event->accept();
       if (isEscape) stop_();
       return true;

@@ -5,8 +5,8 @@
 
 namespace pallomir {
 
-/// An event filter for the whole application while a longer piece of work runs: Esc stops the work; other keys and
-/// clicks are lost, so that no control changes that nothing answers to. Message boxes of the work itself are let be.
+/// An application-wide event filter during a long operation: Esc stops it; other keys and clicks are discarded, so that
+/// no control changes without effect. Message boxes of the operation itself work normally.
 class InputHeldBack : public QObject {
  public:
   InputHeldBack(std::function<void()> stop, std::function<void()> refuse)

@@ -16,7 +16,7 @@ class QLineEdit;
 
 namespace pallomir {
 
-/// "Load Multiple Epochs": the range that holds several epochs, and a picture of these alone.
+/// "Load Multiple Epochs": loads the range that covers several epochs, and displays only these.
 class LoadMultipleEpochsForm : public QDialog {
   Q_OBJECT
 
@@ -26,13 +26,13 @@ class LoadMultipleEpochsForm : public QDialog {
 
   EpochChoices Choices() const;
 
-  /// The record ranges that a redraw is restricted to: those of the ticked rows, or none at all (the empty optional)
-  /// while points in between are displayed.
+  /// The record ranges that a redraw shows: those of the ticked rows, or empty for no restriction while points in
+  /// between are displayed.
   std::optional<std::vector<std::pair<float, float>>> RecordRanges() const;
 
  signals:
   void Load();
-  /// A tick or a record number has changed what the next redraw shows.
+  /// A tick or a record number changed what the next redraw shows.
   void SelectionChanged();
 
  private:

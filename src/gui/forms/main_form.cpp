@@ -87,7 +87,7 @@ bool Main_Form::ChooseParameterFile() {
                                                     "Tobrescan Output (*.Ntt.parms)|*.Ntt.parms|All files (*.*)|*.*",
                                                     {},
                                                     "Ntt.parms"});
-    // The run's files lie where the chosen one does.
+    // The run's files are in the folder of the chosen file.
     const std::string path = PathOf(chosen);
     std::error_code error;
     if (!chosen.isEmpty()) std::filesystem::current_path(PlatformPath(path).parent_path(), error);
@@ -202,7 +202,7 @@ bool Main_Form::PumpEvents() {
 }
 
 void Main_Form::StopHeard() {
-  // A program that is to close does not wait for what was.
+  // A program about to close does not restore the former points.
   if (!closeAfterWork_) stopWork_ = false;
 }
 
@@ -213,7 +213,7 @@ void Main_Form::EndProgram() {
 
 bool Main_Form::CloseForms() {
   if (timeEpochs_ && timeEpochs_->StopWork()) {
-    // The search ends first; then the program does.
+    // End the search first, then the program.
     connect(timeEpochs_, &TimeEpochs::Idle, this, &Main_Form::close,
             static_cast<Qt::ConnectionType>(Qt::QueuedConnection | Qt::SingleShotConnection | Qt::UniqueConnection));
     return false;
@@ -241,12 +241,12 @@ void Main_Form::Escape() {
 
 void Main_Form::closeEvent(QCloseEvent* event) {
   if (working_) {
-    // The load ends first; then the program does.
+    // End the operation first, then the program.
     stopWork_ = closeAfterWork_ = true;
     event->ignore();
     return;
   }
-  // The window's own close box does what Exit does.
+  // The window's close box does the same as Exit.
   if (!closing_ && !(CloseForms() && SaveOnExit())) {
     event->ignore();
     return;
@@ -287,12 +287,12 @@ bool Main_Form::eventFilter(QObject* watched, QEvent* event) {
         menu && menu->reason() == QContextMenuEvent::Keyboard)
       popup->second->popup(menu->globalPos());
   }
-  // A key that was pressed elsewhere, in a message box that has gone since, is none of the list's.
+  // A key pressed elsewhere, in a message box that has closed since, does not count as the list's.
   const bool listKey = watched == axes_->lstY_Axis && (type == QEvent::KeyPress || type == QEvent::KeyRelease);
   const bool keyWasDown = std::exchange(listKeyDown_, listKey ? type == QEvent::KeyPress : listKeyDown_);
   if ((listKey && type == QEvent::KeyRelease && keyWasDown) ||
       (watched == axes_->lstY_Axis->viewport() && type == QEvent::MouseButtonRelease)) {
-    // After the list itself has taken the event.
+    // After the list itself has handled the event.
     QTimer::singleShot(0, this, [this] { Run([this] { lstY_Axis_Up(); }); });
   }
   if (watched == display_->cmdRedraw && type == QEvent::MouseButtonPress && mouse->button() == Qt::RightButton)

@@ -46,7 +46,7 @@ class Waveforms;
 struct AnalysisTools;
 struct ClusterFileTexts;
 
-/// "Cluster cutting controls": the form that all commands are given on.
+/// "Cluster cutting controls": the form with all commands.
 class Main_Form : public QMainWindow, public World {
   Q_OBJECT
 
@@ -54,7 +54,8 @@ class Main_Form : public QMainWindow, public World {
   Main_Form(Session& session, Dialogs& dialogs);
   ~Main_Form() override;
 
-  /// The load event: lets the user choose the parameter file and sets the run up. False when the program is to end.
+  /// The load event: lets the user choose the parameter file and initialises the run. Returns false if the program is
+  /// to end.
   bool Form_Load();
 
   // World
@@ -70,7 +71,7 @@ class Main_Form : public QMainWindow, public World {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  // Layout and what happens on which event (main_form_layout.cpp)
+  // Layout and event connections (main_form_layout.cpp)
   void LayOut();
   void MakeMenus();
   void PlaceWindows();
@@ -147,34 +148,34 @@ class Main_Form : public QMainWindow, public World {
   void cmdExit_Click();
 
   // Shared by the handlers
-  /// Runs an event handler: not while another works, and says what to do next when it ends early.
+  /// Runs an event handler, unless another is running; shows what to do next if it fails.
   void Run(const std::function<void()>& handler);
-  /// Runs what may take long: nothing else is let in meanwhile, Esc and closing the program stop it.
+  /// Runs a long operation: other input is blocked meanwhile; Esc and closing the program stop it.
   void Work(const std::function<void()>& work);
-  /// Work that changes the cut: when it is stopped, the cut is as it was before.
+  /// A long change of the cut: if stopped, the cut is restored.
   void ChangeCut(const std::function<void(const Progress&)>& change);
-  /// The same for the projection; false when it was stopped.
+  /// The same for the projection; returns false if stopped.
   bool ChangeCutOnProjection(const std::function<void(const Progress&)>& change);
   void SayAtWork();
-  /// What is missing before most commands can run.
+  /// What most commands still need before they can run.
   QString NextStep() const;
   bool ChooseParameterFile();
-  /// Takes the data directory for this program, or asks when another has it. False when the user rather not enters.
+  /// Locks the data directory for this program, or asks if another has locked it. False if the user declines.
   bool EnterFolder();
-  /// Says in a window's title which tetrode it is of.
+  /// Adds the tetrode's name to a window's title.
   void NameTetrode(QWidget* window) const;
   /// Loads, classifies and shows a range of records.
   void LoadRange(int32_t start, int32_t end);
-  /// A load has ended early and left no points.
+  /// A load failed and left no points.
   void ShowNoPoints();
-  /// Whether the times typed, by which cluster files and analyses go, hold all loaded points.
+  /// Whether the typed times, which cluster files and analyses use, include all loaded points.
   bool TimesSpanLoaded() const;
   std::vector<std::string> EpochItems() const;
-  /// What is not well with the records of an epoch that was chosen.
+  /// What is wrong with the records of a chosen epoch.
   QString AboutRecords(int32_t first, int32_t last) const;
   ProjectionOptions Options() const;
   void Redraw();
-  /// For what takes effect at the next redraw: none is asked for while nothing is loaded.
+  /// For settings that take effect at the next redraw: does nothing if no points are loaded.
   void RedrawIfLoaded();
   TypedRange Typed() const;
   void SetTypedAxis(int parameter);
@@ -184,50 +185,50 @@ class Main_Form : public QMainWindow, public World {
   void ShowPendingAxis();
   void ShowAxes(int x, int y);
   void TypeClusterDigit(int digit);
-  /// Stops work or the drawing of one point at a time; gives the centre of the maze up; takes an open polygon back.
+  /// Stops an operation or the slow redraw, cancels choosing the centre of the maze, or removes an open polygon.
   void Escape();
   bool ClusterChosen();
-  /// After the boundaries were changed by a command: the rows, the picture, no open polygon.
+  /// After a command changed the boundaries: updates the rows and the image, and abandons an open polygon.
   void AfterEdit();
   void ShowOverlapEnded();
-  /// Runs an analysis with what it needs; one of places needs the position file too.
+  /// Runs an analysis with the tools it needs; analyses of positions also need the position file.
   void Analyse(const std::function<void(const AnalysisTools&)>& analysis);
   void AnalysePlaces(const std::function<void(const AnalysisTools&)>& analysis);
-  /// Which file an analysis of places misses, and where it comes from.
+  /// Which file an analysis of positions lacks, and where it comes from.
   QString MissingFileAdvice() const;
   std::string PositionName() const;
   ClusterFileTexts ClusterTexts() const;
-  /// A menu entry that sets a button's tag and runs it.
+  /// A menu entry that sets a button's tag and clicks it.
   static void RunTagged(QPushButton* button, const QString& tag);
-  /// The next left click on the projection is the centre of the maze, or no longer is.
+  /// Sets whether the next left click on the projection is the centre of the maze.
   void ArmCenter(bool armed);
-  /// Says which boundaries files there are, for who asked for another.
+  /// Names the existing boundaries files, for a user who asked for another.
   QString BoundariesAdvice() const;
   std::string ReadPath() const;
   void ShowRead(const std::function<bool(const Progress&)>& read);
-  /// Writes boundaries so that a newer cut which nobody has read stays.
+  /// Writes the boundaries, keeping a newer cut that this run has not read.
   void WriteBoundaries(const std::string& path);
   void Autosave();
-  /// Asks before files are replaced that are write-protected, and before anything is written out of the data folder by
-  /// a name that came from a Defaults file, the one in `box`. Ends the command where the user does not agree.
+  /// Asks before replacing write-protected files, and before writing outside the data folder to a name that came from a
+  /// Defaults file, the one in `box`. Ends the command if the user declines.
   void AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box = nullptr);
   void Ask(const QString& question);
-  /// Names the newest cut where it is not the one that Read CBFile would read.
+  /// Names the newest cut if it is not the one that Read CBFile would read.
   void TellNewestCut();
   Defaults PresentDefaults() const;
   void ReadDefaultsFiles();
   void StartAutosave();
-  /// Forms with something to save or to ask about close before the program does. False when one stays.
+  /// Closes the forms with something to save or to ask before the program ends. False if one stays open.
   bool CloseForms();
-  /// The exit sequence's saving. False when it failed and the user wants to stay.
+  /// Saves on exit. False if that failed and the user wants to stay.
   bool SaveOnExit();
-  /// A program that has to end keeps the cut as the autosave does.
+  /// Saves the cut as the autosave does when the program has to end.
   void SaveBeforeTheEnd();
   void EndProgram();
 
   Session& session_;
   Dialogs& dialogs_;
-  /// Of the data directory. Where another program has it, nothing is saved but what the user orders.
+  /// Of the data directory. If another program has it, only what the user orders is saved.
   FolderLock folder_;
   std::unique_ptr<Components> components_;
   RangePanel* range_;
@@ -245,16 +246,16 @@ class Main_Form : public QMainWindow, public World {
   QTimer* Timer1_;
   QTimer* tmrDelayTimer_;
   float lastAutosave_ = 0;
-  /// Boundaries files that this run read or wrote.
+  /// Boundaries files read or written in this run.
   std::set<std::string> knownCuts_;
-  /// Names as a Defaults file brought them; they are not the user's own.
+  /// Names from a Defaults file, not typed by the user.
   std::map<const QLineEdit*, QString> fromDefaults_;
   bool autosaveFailed_ = false;
-  /// What a command that ended early says to do next, in the status line.
+  /// What to do next after a failed command, for the status line.
   QString advice_;
-  /// What holds once a command was stopped.
+  /// The state after a command was stopped, for the status line.
   QString stopped_;
-  /// Digits typed for a cluster number, and when the first one was.
+  /// The digits typed for a cluster number, and the time of the first one.
   int typedCluster_ = 0;
   QElapsedTimer typedAt_;
   QMenu* mnuscaleXaxis_;
@@ -264,14 +265,14 @@ class Main_Form : public QMainWindow, public World {
   QPlainTextEdit* txtMessages_;
   QLabel* status_;
   std::unique_ptr<Projections> projections_;
-  /// What a double-click, or Enter, in a text box runs.
+  /// Handlers of a double click, or Enter, in a text box.
   std::map<QWidget*, void (Main_Form::*)()> doubleClicks_;
   /// The menu that a right click on a button opens.
   std::map<QWidget*, QMenu*> popups_;
   bool listKeyDown_ = false;
   bool working_ = false;
   bool stopWork_ = false;
-  /// Closing was asked for while work was running.
+  /// The program is to close once the operation has ended.
   bool closeAfterWork_ = false;
   bool closing_ = false;
   InputHeldBack atWork_{[this] { Escape(); }, [this] { SayAtWork(); }};

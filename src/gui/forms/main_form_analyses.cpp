@@ -1,4 +1,4 @@
-// Looking at the chosen cluster: the analyses, notes, the centre of the maze.
+// Analysing the current cluster: the analyses, notes, the centre of the maze.
 
 #include <QtWidgets>
 
@@ -73,7 +73,7 @@ std::string Main_Form::PositionName() const {
 void Main_Form::cmdRateMap_Click() {
   const std::string colours = TagOf(analyses_->cmdRateMap);
   AnalysePlaces([&](const AnalysisTools& tools) { ShowRateMap(session_, tools, PositionName(), colours); });
-  // Gray is for one map.
+  // Gray applies to one map only.
   analyses_->cmdRateMap->setProperty("Tag", kColour);
 }
 
@@ -84,7 +84,7 @@ void Main_Form::cmdOccMap_Click() {
 void Main_Form::cmd2DAutoCorr_Click() {
   const std::string colours = TagOf(analyses_->cmd2DAutoCorr);
   AnalysePlaces([&](const AnalysisTools& tools) { ShowSpatialAutoCorr(session_, tools, PositionName(), colours); });
-  // The rate map's tag, not its own: gray stays for autocorrelations.
+  // Resets the rate map's tag, not its own: gray stays for autocorrelations.
   analyses_->cmdRateMap->setProperty("Tag", kColour);
 }
 

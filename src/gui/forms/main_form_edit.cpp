@@ -14,7 +14,7 @@ namespace pallomir {
 
 namespace {
 
-/// What a copy from cluster `source` did. One that only deletes leaves the picture as it is.
+/// The result of copying cluster `source`, as a sentence. A copy that only deleted does not redraw the image.
 QString CopySentence(int source, const CopyOutcome& outcome) {
   if (outcome.Copied) return QString("Cluster %1 was copied to cluster %2.").arg(source).arg(outcome.Target);
   if (!outcome.Deleted) return QString("Cluster %1 has no boundary to copy.").arg(source);
@@ -73,7 +73,7 @@ void Main_Form::cmdCopyCluster_Click() {
   }
   projections_->GiveUpPolygon();
   RefreshClusters();
-  // Also where nothing is loaded, and the picture cannot be drawn afresh.
+  // Say so even if nothing is loaded and the image cannot be redrawn.
   advice_ = CopySentence(source, outcome);
   if (outcome.Copied) Redraw();
   status_->setText(advice_);
@@ -92,7 +92,7 @@ void Main_Form::cmdDeleteCluster_Click() {
 void Main_Form::cmdDeleteAllClusters_Click() {
   const bool any = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) > 0;
   DeleteEveryCluster(session_);
-  // Also where nothing is loaded, and the picture cannot be drawn afresh.
+  // Say so even if nothing is loaded and the image cannot be redrawn.
   advice_ = any ? "All clusters were deleted. Undo brings them back." : "There was no cluster to delete.";
   AfterEdit();
   status_->setText(advice_);

@@ -57,7 +57,7 @@ QString Main_Form::AboutRecords(int32_t first, int32_t last) const {
     if (start < NumberIn(range_->txtStartTime) || end > NumberIn(range_->txtEndTime))
       return "These records are those of an earlier search: Define Epochs, Get Event IDs finds the epoch's own.";
   } catch (const CommandError& error) {
-    // To choose is not to load yet: no box.
+    // Choosing an epoch does not load it yet, so show no message box.
     return FromText(error.what());
   }
   return {};

@@ -27,7 +27,7 @@ namespace pallomir {
 
 namespace {
 
-/// The longest interval that the timer was made for.
+/// Interval of the autosave check in milliseconds: the longest that the timer was designed for.
 constexpr int kAutosaveCheck = 65535;
 
 float SecondsSinceMidnight() {
@@ -192,7 +192,7 @@ void Main_Form::Timer1_Timer() {
 
 void Main_Form::Autosave() {
   const std::string path = AutosavePath(session_);
-  // Nobody may be there to be asked.
+  // The user may be away, so do not ask.
   if (IsWriteProtected(path)) SetAside(path);
   WriteBoundaries(path);
 }
@@ -296,7 +296,7 @@ bool Main_Form::SaveOnExit() {
   } catch (const Interrupted&) {
     return dialogs_.Confirm(this, "Not everything was saved.\n\nLeave all the same?");
   } catch (const std::exception& error) {
-    // Nothing is lost without the user's word.
+    // Do not lose anything without the user's consent.
     return dialogs_.Confirm(this, QString::fromStdString(SentenceOf(error)) + "\n\nLeave all the same?");
   }
   return true;

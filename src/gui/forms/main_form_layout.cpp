@@ -53,7 +53,7 @@ void Main_Form::LayOut() {
   txtMessages_->setReadOnly(true);
   txtMessages_->setTabChangesFocus(true);
   txtMessages_->setPlaceholderText("Messages");
-  // Takes the room that the controls leave.
+  // Takes the space left by the controls.
   txtMessages_->setMinimumHeight(2 * txtMessages_->fontMetrics().lineSpacing() + 10);
   txtMessages_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
 
@@ -72,7 +72,7 @@ void Main_Form::LayOut() {
   column->addWidget(txtMessages_, 1);
   controls_ = new QWidget;
   controls_->setLayout(column);
-  // On a screen that is too low for them the controls are scrolled.
+  // On a low screen the controls scroll.
   auto* scroll = new QScrollArea;
   scroll->setFrameShape(QFrame::NoFrame);
   scroll->setFocusPolicy(Qt::NoFocus);
@@ -89,7 +89,7 @@ void Main_Form::LayOut() {
 }
 
 void Main_Form::PlaceWindows() {
-  // Side by side on the screen, with room for the frames that the desktop adds.
+  // Side by side on the screen, with room for the window frames.
   constexpr int kFrame = 6, kTitle = 30, kHighest = 900, kNarrowest = 560, kNarrowestView = 400, kWidestView = 1100;
   const QRect screen = this->screen()->availableGeometry().adjusted(kFrame, kTitle, -kFrame, -kFrame);
   const int height = std::min(screen.height(), kHighest), bars = menuBar()->sizeHint().height() + statusBar()->height();
@@ -147,7 +147,7 @@ void Main_Form::MakeMenus() {
   view->addMenu(axesScaleFile)->setText("Axis scales in a file");
   view->addMenu(rateMap)->setText("Rate map");
   view->addMenu(autoCorr)->setText("Spatial autocorrelation");
-  // Both scale buttons open the X menu; the Y entry acts alike.
+  // Both scale buttons open the X menu; the Y entry does the same.
   popups_ = {{axes_->cmdscaleXaxis, mnuscaleXaxis_}, {axes_->cmdscaleYaxis, mnuscaleXaxis_},
              {axes_->cmdRestoreAxes, axesScaleFile}, {files_->cmdReadCBFile, readCBFile},
              {range_->cmdLoadPoints, loadPoints},    {analyses_->cmdRateMap, rateMap},
@@ -206,7 +206,7 @@ void Main_Form::ConnectClusters() {
   for (int c = 1; c <= kClusters; ++c) {
     onItem(clusters_->lblChooseCluster[c], c, &Main_Form::lblChooseCluster_Click);
     onItem(clusters_->lblNewCluster[c], c, &Main_Form::lblChooseCluster_Click);
-    // The display boxes act on every change of theirs, also on one that the program makes.
+    // The display boxes react to every change, including changes by the program.
     const auto onChange = [this, c](QCheckBox* box, void (Main_Form::*handler)(int)) {
       connect(box, &QCheckBox::toggled, this, [this, c, handler] { Run([=, this] { (this->*handler)(c); }); });
     };

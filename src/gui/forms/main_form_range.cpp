@@ -19,7 +19,7 @@ void SetNumber(QLineEdit* box, double value) {
   box->setText(QString::fromStdString(PlainDecimal(value)));
 }
 
-/// A record box's number; what was loaded before where it holds none.
+/// The number in a record box, or `otherwise`, the record loaded before, if it has none.
 int32_t RecordIn(const QLineEdit* box, int32_t otherwise) {
   const auto number = NumberIn(box);
   return number ? WholeNumber(*number, box->accessibleName().toStdString()) : otherwise;
@@ -34,7 +34,7 @@ void Main_Form::cmdLoadPoints_Click() {
   const int32_t end = RecordIn(range_->txtEndEvent, session_.LoadEndRecord);
   session_.MultipleEpochs = false;
   LoadRange(start, end);
-  // A box without a number shows what was loaded in its stead.
+  // A box without a number shows the record loaded instead.
   if (!NumberIn(range_->txtStartEvent)) range_->txtStartEvent->setText(QString::number(start));
   if (!NumberIn(range_->txtEndEvent)) range_->txtEndEvent->setText(QString::number(end));
 }

@@ -1,4 +1,4 @@
-// What is on view and how: axes, points, colours, the choice of clusters.
+// What is displayed and how: axes, points, colours, the choice of clusters.
 
 #include <QtWidgets>
 #include <cmath>
@@ -161,7 +161,7 @@ void Main_Form::lblChooseCluster_Click(int c) {
 }
 
 void Main_Form::TypeClusterDigit(int digit) {
-  constexpr qint64 kTogether = 800;  // milliseconds in which two digits make one number
+  constexpr qint64 kTogether = 800;  // milliseconds within which two digits form one number
   const bool second = typedAt_.isValid() && typedAt_.elapsed() < kTogether;
   typedCluster_ = second && typedCluster_ * 10 + digit <= kClusters ? typedCluster_ * 10 + digit : digit;
   typedAt_.start();
@@ -213,7 +213,7 @@ void Main_Form::ResetDisplay(int c) {
 
 void Main_Form::RefreshClusters() {
   for (int c = 1; c <= kClusters; ++c) {
-    // A cluster that has gone takes its display choices along.
+    // A cluster that was deleted loses its display settings.
     if (!session_.ClusterDefined[c] && clusters_->lblChooseCluster[c]->property("Tag") == "1") ResetDisplay(c);
     clusters_->ShowRow(c, session_.ClusterDefined[c]);
   }

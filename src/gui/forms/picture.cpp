@@ -53,7 +53,7 @@ void DrawBoundaries(QImage& ground, const Session& session, const View& view, do
       const Boundary& boundary = cluster.Boundaries[b];
       if (!OnView(session, boundary)) continue;
       const std::span corners(boundary.Vertices.data(), static_cast<size_t>(boundary.VertexCount));
-      // On white a dark rim keeps light colours visible.
+      // On white, a dark rim keeps light colours visible.
       if (session.WhiteBackground) StrokePolygon(canvas, view, corners, true, 2.6 * ratio, kRim);
       StrokePolygon(canvas, view, corners, true, 1.3 * ratio, ScreenColour(colour).rgb());
     }

@@ -11,10 +11,10 @@
 
 namespace pallomir {
 
-/// The image's pixels, of four bytes each.
+/// The pixels of an image with four bytes per pixel.
 Canvas CanvasOf(QImage& image);
 
-/// About how many marks an axis of so many logical pixels has.
+/// The approximate number of ticks for an axis of this length in logical pixels.
 int AxisTickCount(double length);
 
 struct GroundOptions {
@@ -22,16 +22,16 @@ struct GroundOptions {
   bool Boundaries = true;
 };
 
-/// What lies under the points: the background, the axes' lines, the boundaries made in the session's projection.
+/// The layer below the points: the background, the axis lines and the boundaries in the session's projection.
 QImage MakeGround(const Session& session, const View& view, double pixelRatio, const GroundOptions& options);
 
 /// The ground with the raster's points over it, in the session's colours.
 QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session);
 
-/// The raster's points in one colour, clear elsewhere.
+/// The raster's points in one colour, transparent elsewhere.
 QImage PointsAlone(const Raster& raster, QColor colour);
 
-/// The traces, palette[code] for each pixel's code.
+/// The traces, with palette[code] for each pixel.
 QImage ImageOf(const TraceRaster& traces, std::span<const uint32_t, 256> palette);
 
 }  // namespace pallomir

@@ -154,7 +154,7 @@ void PlotSurface::mousePressEvent(QMouseEvent* event) {
 }
 
 void PlotSurface::mouseDoubleClickEvent(QMouseEvent* event) {
-  // The second press of a double click is no press of its own, unless the hand has moved on.
+  // Ignore the second press of a double click, unless the pointer has moved on.
   constexpr double kSamePlace = 2;
   const QPointF moved = event->position() - pressed_;
   if (std::max(std::abs(moved.x()), std::abs(moved.y())) > kSamePlace) mousePressEvent(event);

@@ -10,16 +10,16 @@
 
 namespace pallomir {
 
-/// A polygon shown over the picture: while it is drawn, and afterwards where the inside test takes less of it, or more,
-/// than its area.
+/// A polygon shown over the image: while it is drawn, and afterwards if the inside test accepts an area other than the
+/// polygon's.
 struct ShownPolygon {
   Boundary Shape;
   QColor Colour;
   bool Open = false;
 };
 
-/// The area whose whole extent spans the two axes. It keeps the finished picture and paints what moves over it (the
-/// open polygon, the rubber band, the zoom rectangle) without drawing a point again.
+/// The plot area, which spans both axes completely. It keeps the finished image and paints moving items over it (the
+/// open polygon, the rubber band, the zoom rectangle) without redrawing any points.
 class PlotSurface : public QWidget {
   Q_OBJECT
 
@@ -29,26 +29,26 @@ class PlotSurface : public QWidget {
   /// Size in device pixels, at least 1 x 1.
   QSize DeviceSize() const;
 
-  /// A picture of DeviceSize() device pixels.
+  /// Sets an image of DeviceSize() device pixels.
   void SetPicture(QImage picture, const View& view);
 
-  /// A picture that shows nothing and has no scale of its own: `scale` tells it whenever it is asked for.
+  /// Sets an image without content or scale: `scale` is called whenever the scale is needed.
   void SetBlank(QImage picture, std::function<View()> scale);
 
-  /// What the positions on the surface mean.
+  /// The mapping between positions on the surface and parameter values.
   View Scale() const { return scale_ ? scale_() : View{}; }
 
-  /// What is read there while there is no picture: a heading, and lines below it.
+  /// The text shown without an image: a heading and lines below it.
   void SetNotice(const QString& heading, const QStringList& lines);
 
-  /// The polygon over the picture, if any: an open one with a line from its last vertex to the pointer, one with faults
-  /// with its part that counts shaded and the corners at fault marked.
+  /// The polygon over the image, if any: an open one with a line from its last vertex to the pointer, one with faults
+  /// with the part that counts shaded and the faulty corners marked.
   void SetPolygon(std::optional<ShownPolygon> polygon);
 
-  /// What blinks over the picture, in device pixels; a null image for nothing.
+  /// The image that blinks over the surface, in device pixels; null for none.
   void SetBlink(QImage image);
 
-  /// The zoom rectangle, by its anchor; nothing hides it.
+  /// Shows the zoom rectangle from this anchor; empty hides it.
   void SetZoomAnchor(std::optional<Vertex> anchor);
 
  signals:
@@ -72,14 +72,14 @@ class PlotSurface : public QWidget {
   Vertex ValueAt(QPointF position) const;
   QPointF PositionOf(Vertex vertex) const;
   void PaintNotice(QPainter& painter) const;
-  /// Lays the polygon on the picture.
+  /// Draws the polygon on the image.
   void Compose(const View& scale);
   void PaintRubberBand(QPainter& painter) const;
   void PaintZoomRectangle(QPainter& painter) const;
 
   std::function<View()> scale_;
   QImage picture_;
-  /// The picture with the polygon on it, and the scale at which that was laid there; nothing when it is to be again.
+  /// The image with the polygon, and the scale for which it was drawn; empty if it must be drawn again.
   QImage shown_;
   std::optional<View> composed_;
   QString noticeHeading_;

@@ -20,7 +20,7 @@ namespace pallomir {
 namespace {
 
 constexpr auto kFrame = std::chrono::milliseconds(30);
-/// The longest time without a look at the user interface, which is thought of after so many points.
+/// The longest time without processing events, checked after every kTogether points.
 constexpr auto kLongest = std::chrono::milliseconds(40);
 constexpr size_t kTogether = 4096;
 
@@ -80,7 +80,7 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   resized_.setSingleShot(true);
   resized_.setInterval(0);
   connect(&resized_, &QTimer::timeout, this, [this] {
-    // During a load there are no points: those that are there when it has ended are drawn in the new size.
+    // There are no points during a load: redraw in the new size once it has ended.
     if (!PointsLoaded(session_)) {
       if (options_().Busy) QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
     } else {
@@ -103,7 +103,7 @@ void Projections::Redraw() {
   const bool givenUp = open && !open_;
   if (!isVisible()) show();
   BeginPicture();
-  // Redraws do not pile up under a held key: the one that is running goes on with the new picture.
+  // Redraws do not pile up under a held key: the running one continues with the new image.
   if (drawing_) {
     startOver_ = true;
     return;
@@ -121,7 +121,7 @@ void Projections::Redraw() {
 bool Projections::DrawAllPoints() {
   const uint64_t generation = generation_;
   const ProjectionOptions options = options_();
-  // What is clicked from now on means the new picture: it is shown before the first look at the user interface.
+  // Further clicks refer to the new image, so show it before events are first processed.
   std::chrono::steady_clock::time_point shown;
   auto looked = std::chrono::steady_clock::now();
   size_t nextLook = options.Batch;
@@ -130,7 +130,7 @@ bool Projections::DrawAllPoints() {
     shown_ += DrawPoints(session_, view_, options.Drawing, begin, end, random_, raster_);
     begin = end;
     if (begin == session_.Points.Rows()) break;
-    // Large discs take their time: the user is not left alone for a whole batch of them.
+    // Large discs are slow: process events even within a batch.
     if (begin < nextLook && std::chrono::steady_clock::now() - looked < kLongest) continue;
     if (begin == nextLook) nextLook += options.Batch;
     if (std::chrono::steady_clock::now() - shown > kFrame) {
@@ -139,7 +139,7 @@ bool Projections::DrawAllPoints() {
     }
     world_.PumpEvents();
     looked = std::chrono::steady_clock::now();
-    // Whatever the user did meanwhile may have started a newer picture, or ended the program.
+    // An event may have started a newer image or ended the program.
     if (generation != generation_) return false;
   }
   return true;
@@ -233,7 +233,7 @@ void Projections::SlowTick() {
     StopSlowRedraw();
     return;
   }
-  // At most what a redraw does in one go; a slow screen drops behind instead of falling deaf.
+  // At most as many as a redraw does at once; a slow screen falls behind but stays responsive.
   constexpr size_t kMost = 250000;
   const ProjectionOptions options = options_();
   const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options.Batch) + slowRest_;
@@ -272,7 +272,7 @@ void Projections::ShowOverlap() {
     overlap_->Scale = scale;
     overlap_->PointSize = session_.PointSize;
     overlap_->Next = 0;
-    // Circles at every point size.
+    // Discs at every point size.
     overlap_->Drawn.emplace(scale.Width, scale.Height, static_cast<double>(scale.Width) * session_.PointSize / 1000,
                             DevicePixel());
   }
@@ -319,14 +319,14 @@ void Projections::Supersede() {
 }
 
 void Projections::closeEvent(QCloseEvent* event) {
-  // The view is hidden, not ended; the next redraw shows it again.
+  // The view is hidden, not destroyed; the next redraw shows it again.
   event->ignore();
   hide();
   emit Hidden();
 }
 
 void Projections::changeEvent(QEvent* event) {
-  // Moved to a screen of another density.
+  // Moved to a screen with another pixel density.
   if (event->type() == QEvent::ActivationChange && raster_.Width() != surface_->DeviceSize().width()) resized_.start();
   QWidget::changeEvent(event);
 }

@@ -21,42 +21,42 @@ namespace pallomir {
 
 class AxisRuler;
 
-/// What the projection view takes from the main form whenever it draws or is clicked.
+/// The main form's settings that the projection view uses for drawing and clicks.
 struct ProjectionOptions {
   bool Zoom = false;
   bool DrawBoundaries = true;
   bool AxesOff = false;
-  /// The next left click is the centre of the maze.
+  /// The next left click sets the centre of the maze.
   bool CenterArmed = false;
-  /// A longer piece of work is running: the mouse does nothing.
+  /// A long operation is running: the mouse does nothing.
   bool Busy = false;
-  /// Points between two looks at the user interface, at least 1.
+  /// Number of points between two processings of events, at least 1.
   size_t Batch = 1;
-  /// What has to be said beside the number of points drawn.
+  /// Text shown with the number of points drawn.
   QString CountNote;
   DrawSettings Drawing;
 };
 
-/// The loaded points as a scatter plot of two parameters, where boundaries are drawn and zoomed into.
+/// The loaded points as a scatter plot of two parameters, for drawing boundaries and zooming.
 class Projections : public QWidget {
   Q_OBJECT
 
  public:
-  /// Runs a change of the cut that may take long; false when the user stopped it, and all is as it was.
+  /// Runs a change of the cut that may take long; returns false, with everything restored, if the user stopped it.
   using CutChange = std::function<bool(const std::function<void(const Progress&)>& change)>;
 
   Projections(Session& session, World& world, std::function<ProjectionOptions()> options, CutChange changeCut);
 
-  /// Clears and repaints the view with the session's present projection. Throws CommandError when no points are
-  /// loaded. A newer redraw, begun by whatever the user did meanwhile, ends an older one.
+  /// Redraws the view in the session's current projection. Throws CommandError if no points are loaded. A newer redraw,
+  /// started by an event processed meanwhile, ends an older one.
   void Redraw();
 
-  /// Draws the loaded points one at a time, in their order, so many a second; any other redraw shows all at once.
+  /// Draws the loaded points one at a time, in order, at a given number per second; any other redraw shows all at once.
   void StartSlowRedraw();
   void StopSlowRedraw();
   bool SlowRedrawRunning() const { return slow_.isActive(); }
 
-  /// Blinks points over whatever picture is on view, white and black in turn at each Blink(), until StopOverlap().
+  /// Blinks points over the current image, alternately white and black at each Blink(), until StopOverlap().
   void StartOverlap(OverlapPoints points);
   void StopOverlap();
   void Blink();
@@ -65,33 +65,33 @@ class Projections : public QWidget {
   bool PolygonOpen() const { return open_.has_value(); }
   void TakeBackPolygon(const Progress& progress) { pallomir::TakeBackPolygon(session_, open_, progress); }
 
-  /// An open polygon is given up; it stays in the table as drawn so far.
+  /// Stops drawing an open polygon; the part drawn so far stays in the table.
   void GiveUpPolygon();
 
-  /// Takes the picture away; the data stay.
+  /// Removes the image; the data are kept.
   void Clear();
 
-  /// Ends whatever redraw is running.
+  /// Ends any running redraw.
   void Supersede();
 
-  /// Says in the status line what the mouse would do now.
+  /// Shows in the status line what the mouse does now.
   void ShowHint();
 
-  /// The mouse mode has changed: the pointer shows it.
+  /// Shows a changed mouse mode in the pointer.
   void ShowMode();
 
-  /// Another cluster was chosen: an open polygon of the earlier one is given up.
+  /// Another cluster was chosen: stops drawing an open polygon of the previous one.
   void ShowCluster();
 
  signals:
-  /// The user has closed the window.
+  /// The user closed the window.
   void Hidden();
-  /// A click began, extended or closed a polygon: the boundary table has changed.
+  /// A click began, extended or closed a polygon: the boundary table changed.
   void BoundariesChanged();
   void OverlapEnded();
-  /// A left click while the centre of the maze was asked for.
+  /// A left click chose the centre of the maze.
   void CenterChosen(Vertex at);
-  /// A key that steps to a neighbouring parameter of an axis.
+  /// A key steps to a neighbouring parameter of an axis.
   void StepAxes(int x, int y);
 
  protected:
@@ -105,16 +105,16 @@ class Projections : public QWidget {
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
   /// A click that begins, extends or closes a polygon.
   void ClickCorner(Vertex at, Qt::MouseButton button);
-  /// False when a newer picture, or the end, came meanwhile.
+  /// False if a newer image, or the program's end, came meanwhile.
   bool DrawAllPoints();
-  /// Side of the square that stands for a pixel.
+  /// Side of the square drawn for a pixel, in device pixels.
   int DevicePixel() const;
   void BeginPicture();
   void ShowPicture();
   void ShowRulers();
-  /// An empty picture. While there is none of points, the scale is that of the ranges and the size now.
+  /// Shows an empty image. Until there is one of points, the scale follows the current ranges and size.
   void ShowBlank();
-  /// The boundary of the current cluster that is on view, if its faults are to be shown.
+  /// The current cluster's boundary in this projection, if its faults are to be shown.
   const Boundary* FaultyBoundary() const;
   void ShowPolygon();
   void ShowOverlap();
@@ -145,26 +145,26 @@ class Projections : public QWidget {
   /// The overlap display.
   struct Overlap {
     OverlapPoints Points;
-    /// Whether they are white now.
+    /// Whether the points are white now.
     bool White = false;
-    /// The picture of the first `Next` of them, for a scale and a point size.
+    /// The image of the first `Next` points, for a scale and a point size.
     std::optional<Raster> Drawn{};
     View Scale{};
     float PointSize = 0;
     size_t Next = 0;
   };
   std::optional<Overlap> overlap_;
-  /// Many overlapping points are drawn in turns.
+  /// Many overlapping points are drawn over several timer events.
   QTimer overlapTurn_;
   bool drawn_ = false;
-  /// Counts pictures begun; a redraw that finds another number has been superseded.
+  /// Counts the images begun; a redraw that finds another number has been superseded.
   uint64_t generation_ = 0;
   bool drawing_ = false;
-  /// A newer redraw was asked for while one runs.
+  /// A newer redraw was requested while one is running.
   bool startOver_ = false;
   size_t slowPoint_ = 0;
   QElapsedTimer slowClock_;
-  /// The part of a point that was due at the last tick.
+  /// The fraction of a point left over from the last tick.
   double slowRest_ = 0;
   size_t shown_ = 0;
 };

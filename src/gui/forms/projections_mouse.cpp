@@ -8,13 +8,13 @@
 #include "pallomir/files/number_text.h"
 #include "pallomir/projection/counted_part.h"
 
-// What the mouse and the keys do in the projection view, and what it says of that.
+// The mouse and keys in the projection view, and its hints about them.
 
 namespace pallomir {
 
 namespace {
 
-/// How many points a cluster holds, and how many of them no picture shows.
+/// The number of points in a cluster, and how many of them no image shows.
 QString PointsHeld(const Session& session, int c) {
   const QString held = FromText(Grouped(PointsInCluster(session, c))) + " points";
   const int64_t unseen = PointsNotFinite(session, c);

@@ -27,7 +27,7 @@ RangePanel::RangePanel(QWidget* parent) : QWidget(parent) {
 
   cboEpochs = Named(new QComboBox, "cboEpochs", "Epoch", "Choose an epoch to fill in its records and times.");
   SetEpochs({});
-  // As wide as the form has room for, whatever the epochs are called; the opened list shows them whole.
+  // As wide as the form allows, whatever the epochs' names; the opened list shows them completely.
   cboEpochs->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   cboEpochs->setMinimumContentsLength(12);
   cboEpochs->view()->setMinimumWidth(cboEpochs->fontMetrics().horizontalAdvance('0') * 36);

@@ -4,14 +4,14 @@
 
 namespace pallomir {
 
-/// Which part of the recording is loaded: the file, an epoch, two records and the times that belong to them.
+/// The loaded part of the recording: the file, an epoch, two records and their times.
 class RangePanel : public QWidget {
   Q_OBJECT
 
  public:
   explicit RangePanel(QWidget* parent);
 
-  /// Makes these the list of epochs, none of them chosen.
+  /// Replaces the list of epochs; none is selected.
   void SetEpochs(const QStringList& items);
 
   QLineEdit* txtCurDir;

@@ -5,7 +5,7 @@
 
 namespace pallomir {
 
-/// A sentence below a form: it takes a second line where it needs one, and never widens the form.
+/// A sentence below a form: wraps to a second line if necessary and never widens the form.
 class StatusLine : public QLabel {
  public:
   StatusLine() {
@@ -23,7 +23,7 @@ class StatusLine : public QLabel {
   }
 };
 
-/// A sentence on one line, which ends with dots where there is no room for all of it.
+/// A sentence on one line, elided if it does not fit.
 class ElidedLine : public QLabel {
  public:
   ElidedLine() {

@@ -185,14 +185,14 @@ void TimeEpochs::cmdLoadEventsFile_Click() {
 }
 
 void TimeEpochs::ShowListing(std::string_view listing) {
-  // A million lines take the text box seconds.
+  // Inserting a million lines into the text box takes seconds.
   constexpr size_t kPiece = 65536;
   WorkPace pace(*this);
   for (size_t at = 0; at < listing.size();) {
     const size_t end = std::min(listing.find('\n', at + kPiece), listing.size() - 1) + 1;
     const QString piece = FromText(listing.substr(at, end - at));
     if (at == 0) {
-      txtEventsFile_->setPlainText(piece);  // which leaves the cursor at the beginning
+      txtEventsFile_->setPlainText(piece);  // leaves the cursor at the beginning
     } else {
       QTextCursor cursor(txtEventsFile_->document());
       cursor.movePosition(QTextCursor::End);
@@ -224,7 +224,7 @@ void TimeEpochs::SelectStamp(QTextCursor cursor) {
 }
 
 void TimeEpochs::TakeSelection(QLineEdit* box) {
-  // Typed over, not set: the box can undo it.
+  // Inserted rather than set, so that the box can undo it.
   box->selectAll();
   box->insert(txtEventsFile_->textCursor().selectedText());
 }

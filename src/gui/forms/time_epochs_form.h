@@ -21,8 +21,8 @@ class QTextCursor;
 
 namespace pallomir {
 
-/// "Time Epochs": names up to thirty parts of the recording, with the events file at hand to find their times, and
-/// finds their spike records. It holds nothing between openings: each one starts from the items of cboEpochs.
+/// "Time Epochs": defines up to thirty named parts of the recording, shows the events file to look up their times, and
+/// finds their spike records. It keeps nothing when closed: it always starts from the items of cboEpochs.
 class TimeEpochs : public QDialog, public World {
   Q_OBJECT
 
@@ -37,24 +37,24 @@ class TimeEpochs : public QDialog, public World {
   void HideProgress() override;
   bool PumpEvents() override;
 
-  /// Stops a search or a listing that is under way; false when none is.
+  /// Stops a running search or listing; false if none is running.
   bool StopWork();
 
  signals:
-  /// The user is done: the items that cboEpochs is to hold.
+  /// The user is done: the new items for cboEpochs.
   void Done(const QStringList& items);
-  /// A search or a listing has ended.
+  /// A search or listing has ended.
   void Idle();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  /// Esc and the close box: stops a search, else asks before changes are given up.
+  /// Esc and the close box: stops a search, otherwise asks before discarding changes.
   void reject() override;
 
  private:
   void LayOut();
   void Connect();
-  /// Runs what may take long, with all but Stop and Esc shut off; `next` has the focus afterwards.
+  /// Runs a long operation with all controls but Stop and Esc disabled; `next` gets the focus afterwards.
   void Work(QWidget* next, const std::function<void()>& work);
   void cmdLoadEventsFile_Click();
   void ShowListing(std::string_view listing);
@@ -63,7 +63,7 @@ class TimeEpochs : public QDialog, public World {
   void cmdSave_Click();
   void cmdClear_Click();
   void cmdCancel_Click();
-  /// Selects the stamp of the line that the cursor is on.
+  /// Selects the stamp in the line of the cursor.
   void SelectStamp(QTextCursor cursor);
   EpochTable Typed() const;
   void ShowRecords();

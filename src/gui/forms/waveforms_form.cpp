@@ -18,11 +18,11 @@ namespace pallomir {
 
 namespace {
 
-constexpr int kSpikePace = 20;  // milliseconds a spike
-constexpr int kTurn = 25;       // milliseconds of drawing between two looks at the user
-constexpr int kShown = 100;     // milliseconds between two pictures of a long drawing
+constexpr int kSpikePace = 20;  // milliseconds per spike
+constexpr int kTurn = 25;       // milliseconds of drawing between two processings of events
+constexpr int kShown = 100;     // milliseconds between two images of a long drawing
 
-/// What the codes of the picture are painted with.
+/// The palette for the codes of the image.
 std::array<uint32_t, 256> Palette(const Session& session) {
   std::array<uint32_t, 256> palette;
   palette.fill(QColor(Qt::white).rgb());
@@ -62,7 +62,7 @@ Waveforms::Waveforms(const Session& session, World& world, Dialogs& dialogs, QWi
   resized_.setInterval(0);
   connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
   connect(&resized_, &QTimer::timeout, this, [this] {
-    // The same part of the drawing on the new size.
+    // Keep the same part of the drawing at the new size.
     View view = WholeWaveformView(surface_->DeviceSize().width(), surface_->DeviceSize().height());
     const View& shown = onView_.Picture().Area();
     view.Left = shown.Left, view.Right = shown.Right, view.Top = shown.Top, view.Bottom = shown.Bottom;
@@ -101,7 +101,7 @@ bool Waveforms::StepWith(Step step) {
 template <class Step>
 void Waveforms::StepOnce(Step step, const QString& none) {
   RequirePoints();
-  // Opened first: without the file no spike is passed over.
+  // Open the file first: if it is missing, no spike is skipped.
   WaveformFile file(session_.File.Path);
   if (!StepWith(step)) status_->setText(none);
   DrawOn(file);
@@ -209,7 +209,7 @@ void Waveforms::DrawAgain(const View& area) {
       return;
     }
   } catch (const std::exception& error) {
-    // Nobody asked for the file: a window that is resized raises no box.
+    // The user did not ask for the file: resizing a window shows no message box.
     StopDrawing();
     status_->setText(QString::fromStdString(SentenceOf(error)));
   }

@@ -21,7 +21,7 @@ namespace pallomir {
 
 class PlotSurface;
 
-/// "Waveforms": the stored waveforms of the loaded spikes of the ticked clusters, one at a time or one over another.
+/// "Waveforms": the stored waveforms of the loaded spikes in the ticked clusters, one at a time or overlaid.
 class Waveforms : public QDialog {
   Q_OBJECT
 
@@ -29,7 +29,7 @@ class Waveforms : public QDialog {
   Waveforms(const Session& session, World& world, Dialogs& dialogs, QWidget* parent);
 
  protected:
-  /// Esc stops the drawing that is under way; else it closes the window.
+  /// Esc stops a running drawing; otherwise it closes the window.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -48,16 +48,17 @@ class Waveforms : public QDialog {
   void cmdSavePicture_Click();
 
   void RequirePoints() const;
-  /// Brings the spike that `step` comes to on view, if there is one.
+  /// Adds the spike to which `step` leads to the view, if any.
   template <class Step>
   bool StepWith(Step step);
   template <class Step>
   void StepOnce(Step step, const QString& none);
-  /// Draws for a short while: what is waiting, then what Show All comes to. What is left is for the timer's next turn.
+  /// Draws for a short time: the spikes waiting, then those that Show All steps to. The rest is left to the next timer
+  /// event.
   void DrawOn(WaveformFile& file);
   bool DrawNext(WaveformFile& file);
   void StopDrawing();
-  /// The spikes on view are drawn again: on a surface of another size, or another part of the drawing.
+  /// Redraws the spikes in view: for a surface of another size, or another part of the drawing.
   void DrawAgain(const View& area);
   void ShowPicture();
   QString OnView() const;
@@ -71,9 +72,9 @@ class Waveforms : public QDialog {
   SpikesOnView onView_{WholeWaveformView(1, 1)};
   std::optional<Vertex> zoomAnchor_;
   QTimer turn_;
-  /// Show All is on.
+  /// Show All is running.
   bool running_ = false;
-  /// Drawing has taken more than one turn, and the status line tells how far it is.
+  /// Drawing takes more than one timer event, and the status line shows its progress.
   bool inTurns_ = false;
   QElapsedTimer sinceShown_;
   QTimer resized_;

@@ -1,4 +1,4 @@
-// The controls of the waveform viewer, and what happens on which event.
+// The controls of the waveform viewer and their event connections.
 
 #include <QtWidgets>
 
