@@ -1,4 +1,4 @@
-// What the windows of the analyses wait for.
+// The computations behind the analysis windows.
 
 #include <algorithm>
 #include <cmath>
@@ -52,7 +52,7 @@ double UnderKernel(const Map& map, int row, int column) {
   return sum;
 }
 
-/// A search for every spike, a kernel for every bin.
+/// A search for each spike, a kernel for each bin.
 void RateMapNaive(benchmark::State& state) {
   const Recorded& r = Given();
   for (auto _ : state) {
@@ -107,7 +107,7 @@ double PlainCorrelation(const Map& map, int rowLag, int columnLag) {
   return ab / std::sqrt(aa * bb);
 }
 
-/// The textbook's formula at every lag.
+/// The textbook formula at every lag.
 void SpatialNaive(benchmark::State& state) {
   const Map& rate = Given().Rate;
   for (auto _ : state) {
@@ -156,7 +156,7 @@ void IntervalsOurs(benchmark::State& state) {
 }
 BENCHMARK(IntervalsOurs)->Name("100 000 spikes: log intervals/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// A logarithm for every interval.
+/// A logarithm for each interval.
 void IntervalsNaive(benchmark::State& state) {
   const Recorded& r = Given();
   for (auto _ : state) {
@@ -179,7 +179,7 @@ void DirectionOurs(benchmark::State& state) {
 }
 BENCHMARK(DirectionOurs)->Name("100 000 spikes: direction tuning/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// A search for every spike.
+/// A search for each spike.
 void DirectionNaive(benchmark::State& state) {
   const Recorded& r = Given();
   for (auto _ : state) {

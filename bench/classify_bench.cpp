@@ -1,4 +1,4 @@
-// Which points lie inside a cluster's boundaries.
+// Testing which points are inside a cluster's boundaries.
 
 #include <vector>
 
@@ -26,7 +26,7 @@ void ClassifyOurs(benchmark::State& state) {
 }
 BENCHMARK(ClassifyOurs)->Name("classify, 5 corners/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// One record after the other, one edge after the other, over records as they stand in the file.
+/// One record and one edge at a time, with the records laid out as in the file.
 void ClassifyNaive(benchmark::State& state) {
   const Session& session = LoadedSession();
   std::vector<PointRecord> records(static_cast<size_t>(Spikes()));
@@ -43,7 +43,7 @@ void ClassifyNaive(benchmark::State& state) {
 }
 BENCHMARK(ClassifyNaive)->Name("classify, 5 corners/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// A sweep over the two columns.
+/// One pass over the two columns.
 void ClassifyFloor(benchmark::State& state) {
   const Session& session = LoadedSession();
   const auto x = session.Points.Column(0), y = session.Points.Column(1);
@@ -80,7 +80,7 @@ void ClassifyMany(benchmark::State& state) {
 }
 BENCHMARK(ClassifyMany)->Name("classify, 30 clusters of 3/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// All that a boundaries file can hold: 30 clusters of 21 boundaries of 51 corners, on points of four channels.
+/// The largest possible boundaries file: 30 clusters of 21 boundaries of 51 corners, on points of four channels.
 void ReadFullFile(benchmark::State& state) {
   Session session = OpenSession();
   QuietWorld world;

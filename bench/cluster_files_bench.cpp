@@ -1,4 +1,4 @@
-// The cut written as text: 18 numbers a spike, in 30 clusters.
+// Writing the cut as text: 18 numbers per spike, in 30 clusters.
 
 #include <cstdio>
 #include <random>
@@ -14,7 +14,7 @@ namespace pallomir::bench {
 
 namespace {
 
-/// The cluster files' parameters, with the peaks of a tetrode (the others are 0) or of 16 channels, in fractions as
+/// The cluster files' parameters, with the peaks of a tetrode (the others are 0) or of 16 channels, with fractions as
 /// after averaging, and every spike in one of 30 clusters.
 Session CutSession(int channels) {
   Session session;
@@ -39,7 +39,7 @@ void WriteOurs(benchmark::State& state, int channels) {
   for (auto _ : state) WriteClusterFiles(session, world, {"cl-bench", "0", "1e12"});
 }
 
-/// One pass for each file, and a print for each number.
+/// One pass per file, and a print per number.
 void WriteNaive(benchmark::State& state, int channels) {
   const Session session = CutSession(channels);
   const PointTable& points = session.Points;
@@ -63,7 +63,7 @@ void WriteNaive(benchmark::State& state, int channels) {
     }
 }
 
-/// The formatting alone, in the order of the points.
+/// Only the formatting, in the order of the points.
 void FormatOnly(benchmark::State& state, int channels) {
   const Session session = CutSession(channels);
   const SpikeLines lines(session.Points);

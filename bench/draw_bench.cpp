@@ -1,4 +1,4 @@
-// Points into a picture of 900 x 900 pixels.
+// Drawing points into an image of 900 x 900 pixels.
 
 #include <QImage>
 #include <QPainter>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int kSide = 900;
 
-/// The loaded points with one cluster cut out, in a view of MPeak-1 and MPeak-2.
+/// The loaded points with one cluster, in a view of MPeak-1 and MPeak-2.
 Session& CutSession() {
   Session& session = LoadedSession();
   session.Clusters = {};
@@ -45,7 +45,7 @@ void DrawPixels(benchmark::State& state) {
 }
 BENCHMARK(DrawPixels)->Name("draw pixels/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// Ten ranges of records are looked at for every point, and leave all of them.
+/// Tests every point against ten record ranges, all of which contain it.
 void DrawTenEpochs(benchmark::State& state) {
   DrawSettings settings;
   settings.RecordRanges.emplace(10, std::pair(-1e9F, 1e9F));
@@ -65,7 +65,7 @@ void DrawDiscs(benchmark::State& state) {
 }
 BENCHMARK(DrawDiscs)->Name("draw discs of size 3/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// A painter and a pen for every point.
+/// A painter and a pen for each point.
 void DrawNaive(benchmark::State& state, bool discs) {
   const Session& session = CutSession();
   const View view = ViewOf(session, kSide, kSide);
@@ -101,7 +101,7 @@ void DrawNaiveDiscs(benchmark::State& state) {
 }
 BENCHMARK(DrawNaiveDiscs)->Name("draw discs of size 3/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// Boundaries of 51 corners over a view: stars on it, or far beyond it on all sides.
+/// Boundaries of 51 corners: stars within the view, or reaching far beyond it on all sides.
 std::vector<Boundary> Stars(float reach) {
   std::vector<Boundary> stars(30);
   for (size_t c = 0; c < stars.size(); ++c) {
@@ -135,7 +135,7 @@ void StrokeFar(benchmark::State& state) {
 }
 BENCHMARK(StrokeFar)->Name("30 boundaries that reach far out/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
-/// The toolkit's painter, for boundaries that lie on the view.
+/// The toolkit's painter, for boundaries within the view.
 void StrokeNaive(benchmark::State& state) {
   const std::vector<Boundary> stars = Stars(0.4F);
   const View view{0, 1, 1, 0, kSide, kSide};

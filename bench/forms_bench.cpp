@@ -1,4 +1,4 @@
-// What the user waits for, on the real forms.
+// User commands on the real forms.
 
 #include <QtWidgets>
 
@@ -97,7 +97,7 @@ BENCHMARK(CloseStar)
     ->Iterations(1)
     ->Repetitions(5);
 
-/// `clusters` clusters of one boundary, then Undo and Undo again.
+/// `clusters` clusters of one boundary, then Undo twice.
 void UndoOnForm(benchmark::State& state, int clusters) {
   Program program;
   program.Load();
@@ -141,8 +141,8 @@ BENCHMARK(UndoThirty)
     ->Iterations(1)
     ->Repetitions(5);
 
-/// A redraw of 4 000 points and of stars of 51 corners, one a cluster, that reach so many times as far as the view; the
-/// floor has none.
+/// A redraw of 4 000 points and of stars of 51 corners, one per cluster, which reach `reach` times as far as the view;
+/// the floor has none.
 void RedrawOnForm(benchmark::State& state, int clusters, double reach) {
   Program program;
   program.Form.findChild<QLineEdit*>("txtEndEvent")->setText(QString::number(std::min<int64_t>(Spikes(), 4000) - 1));

@@ -38,7 +38,7 @@ void LoadNaive(benchmark::State& state, Channels channels) {
   }
 }
 
-/// Nothing but large reads of the same bytes.
+/// Only large reads of the same bytes.
 void LoadFloor(benchmark::State& state, Channels channels) {
   std::vector<unsigned char> buffer(1 << 20);
   for (auto _ : state) {
@@ -48,7 +48,7 @@ void LoadFloor(benchmark::State& state, Channels channels) {
   }
 }
 
-/// What the system takes to give the memory of a table of 32 channels for the first time: no load can avoid it.
+/// The time the system takes to provide the memory of a table of 32 channels for the first time: no load can avoid it.
 void FreshMemory(benchmark::State& state) {
   const size_t bytes = static_cast<size_t>(Spikes()) * kParameters * sizeof(float);
   for (auto _ : state) {

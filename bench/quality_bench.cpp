@@ -1,4 +1,4 @@
-// A cluster that is one spike in fifty of a spike file.
+// Isolation of a cluster with one in fifty of a file's spikes.
 
 #include <cmath>
 #include <random>

@@ -10,15 +10,15 @@
 
 namespace pallomir::bench {
 
-/// Spikes in the benchmark recording: a million, or what PALLOMIR_BENCH_SPIKES says.
+/// Spikes in the benchmark recording: a million, or the value of PALLOMIR_BENCH_SPIKES.
 int64_t Spikes();
 
-/// Whether the recording's rows have values in every column, as of 32 channels; else four channels' (a tetrode's), the
-/// others zero.
+/// Whether the recording's rows have values in every column, as with 32 channels, or only those of four channels (a
+/// tetrode), with the others zero.
 enum class Channels { Tetrode, All };
 
-/// A folder with a recording of Spikes() rows (four Gaussian clouds on four channels), made on first use and removed
-/// when the program ends. Ends in ".../TT1".
+/// A folder with a recording of Spikes() rows (four Gaussian clouds on four channels), created on first use and removed
+/// when the program ends. Its path ends in ".../TT1".
 const std::string& RecordingFolder(Channels channels = Channels::Tetrode);
 
 /// The parameter file in it.
@@ -27,10 +27,10 @@ std::string ParameterFilePath(Channels channels = Channels::Tetrode);
 /// A session with the whole recording loaded, shared by the benchmarks.
 Session& LoadedSession();
 
-/// A session that has the recording open but nothing loaded.
+/// A session with the recording open but nothing loaded.
 Session OpenSession(Channels channels = Channels::Tetrode);
 
-/// A polygon of `vertices` corners about the middle of the first cloud, on MPeak-1 and MPeak-2; a star when `star`.
+/// A polygon of `vertices` corners around the centre of the first cloud, on MPeak-1 and MPeak-2; a star if `star`.
 Boundary Polygon(int vertices, bool star = false);
 
 }  // namespace pallomir::bench

@@ -1,4 +1,4 @@
-// Times and records: what goes through the stamps of the whole file.
+// Times and records: the commands that read the stamps of the whole file.
 
 #include <fstream>
 
@@ -18,7 +18,7 @@ double LastStamp() {
   return *TimeOfRecord(session, static_cast<double>(Spikes() - 1));
 }
 
-/// Thirty epochs of equal length, one after another.
+/// Thirty consecutive epochs of equal length.
 EpochTable Thirty() {
   EpochTable table;
   const double length = LastStamp() / kEpochs;
@@ -41,7 +41,7 @@ BENCHMARK(FindOurs)
     ->Iterations(1)
     ->Repetitions(5);
 
-/// Every row from record 0 on, each stamp read by itself and the texts turned into numbers beside it.
+/// Every row from record 0, with each stamp read separately and the texts converted each time.
 void FindNaive(benchmark::State& state) {
   const EpochTable table = Thirty();
   const Session session = OpenSession();

@@ -22,7 +22,7 @@ void ToWindow(benchmark::State& state, const std::function<void(Components&)>& c
   QWidget parent;
   Session session;
   DesktopComponents components(session, world, dialogs, &parent, {});
-  WalkFile("");  // written before the clock runs
+  WalkFile("");  // written before timing starts
   for (auto _ : state) {
     command(components);
     QApplication::processEvents();
@@ -69,7 +69,7 @@ void ShowHeadDirection(Components& components) {
   plot->ShowDirection(WalkFile("ttmp.dir"), "Single", "Cluster 7");
 }
 
-/// As long a report as half the spikes of the benchmark make, all of one cluster.
+/// A report on one cluster with half of the benchmark's spikes.
 Report LongReport() {
   const Positions& places = WalkInBox().Places;
   SpikeTimes spikes{{places.Time.front(), places.Time.back()}, {}, 0, 0};
@@ -90,14 +90,14 @@ Report LongReport() {
   return report;
 }
 
-/// Answers where to save.
+/// Answers the save dialog.
 class SavingDialogs : public DesktopDialogs {
  public:
   QString SaveFile(QWidget*, const FileDialogOptions&) override { return QString::fromStdString(Path); }
   const std::string Path = RecordingFolder() + "/report.pdf";
 };
 
-/// The sheet from its contents until it is painted, or from the menu until its PDF stands on the disk.
+/// From the report's data until the sheet is painted, or from the menu command until its PDF is on the disk.
 void ReportSheet(benchmark::State& state, bool save) {
   constexpr qint64 kLargestPdf = 3'000'000;
   const Report report = LongReport();

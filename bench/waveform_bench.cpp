@@ -1,5 +1,5 @@
-// Waveforms over each other in a picture of 900 x 900 pixels: one record of 1024 samples for every hundredth spike, 10
-// million segments for a million spikes, reading included.
+// Overlaying waveforms in an image of 900 x 900 pixels: one record of 1024 samples for every hundredth spike, 10
+// million segments for a million spikes, including reading.
 
 #include <QImage>
 #include <QPainter>
@@ -39,7 +39,7 @@ void WriteWaveforms(const std::string& path, int recorded) {
   file.Commit();
 }
 
-/// The waveform file is written beside the parameter file whose name is returned.
+/// Writes the waveform file beside the parameter file whose name is returned.
 std::string WaveformsOf(int recorded) {
   const std::string stem = RecordingFolder() + "\\waveforms" + std::to_string(recorded);
   static std::array<bool, kWaveformBlocks + 1> written{};
@@ -62,7 +62,7 @@ void OverlayOurs(benchmark::State& state, int recorded) {
   }
 }
 
-/// A painter's line for each segment, where samples are not all 0.
+/// A painter's line for each segment of the channels whose samples are not all 0.
 void OverlayNaive(benchmark::State& state, int recorded) {
   const std::string name = WaveformsOf(recorded);
   const View view = WholeWaveformView(kSide, kSide);

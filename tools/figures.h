@@ -6,13 +6,13 @@
 
 namespace pallomir {
 
-/// A count with its thousands set apart.
+/// A count with groups of three digits.
 std::string CountText(uint64_t count);
 
-/// `value` rounded to `decimals` places, without exponent.
+/// `value` rounded to `decimals` decimal places, without an exponent.
 std::string RoundedText(double value, int decimals);
 
-/// A text that may come from anywhere, for a terminal: control characters, and bytes that are no UTF-8, become "\\x1B".
+/// A text from any source, for a terminal: control characters, and bytes that are not UTF-8, become "\\x1B".
 std::string Escaped(std::string_view text);
 
 /// "20 min 0.500 s", "12.300 s".

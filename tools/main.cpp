@@ -20,7 +20,7 @@ constexpr int kStopped = 130;
 constexpr uint64_t kMostSampleSpikes = 50'000'000;
 constexpr uint64_t kMostSampleMinutes = 10'000;
 
-/// A path as the shell gives it, in the notation that the program works with.
+/// Converts a path from the shell to the internal notation.
 std::string FromShell(const std::string& path) {
   return pallomir::PathText(path);
 }
@@ -29,7 +29,7 @@ void Print(const pallomir::ImportReport& report) {
   for (const std::string& line : report.Lines()) std::cout << pallomir::Escaped(line) << "\n";
 }
 
-/// How the video file counts angles, and whether they mean anything.
+/// How the video file measures angles, and whether they are meaningful.
 void AddAngleOptions(CLI::App& command, CLI::Option* video, pallomir::ImportRequest& import) {
   const auto takeZero = [&import](const std::string& text) {
     const auto zero = pallomir::AngleZeroFromText(text);
@@ -110,7 +110,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   pallomir::HeedRequestsToStop();
-  // By the time that an error is told, Run() has left and its progress bar is gone.
+  // Catch errors here, after Run() has returned and removed its progress bar.
   try {
     return Run(argc, argv);
   } catch (const pallomir::Interrupted&) {

@@ -29,7 +29,7 @@ void ThrowIfToStop() {
 
 void HeedRequestsToStop() {
   for (const int signal : {SIGINT, SIGTERM})
-    if (std::signal(signal, AskToStop) == SIG_IGN) std::signal(signal, SIG_IGN);  // as who started it wants
+    if (std::signal(signal, AskToStop) == SIG_IGN) std::signal(signal, SIG_IGN);  // respect an ignored signal
 }
 
 bool IsToStop() {

@@ -10,13 +10,13 @@
 
 namespace pallomir {
 
-/// From now on Ctrl-C, or being asked to end, is a request that the work heeds at its next look at its progress, so
-/// that no half-written file stays. A second one ends the program at once.
+/// From now on Ctrl-C or a termination signal requests a stop, which takes effect when the work next reports its
+/// progress, so that no half-written file remains. A second signal ends the program at once.
 void HeedRequestsToStop();
 bool IsToStop();
 
-/// Tells on a stream how long pieces of work go: a bar with the rate, redrawn ten times a second, where the stream is a
-/// terminal, and a line at the end of a piece of work that asks for it.
+/// Shows the progress of work on a stream: on a terminal a bar with the rate, redrawn ten times a second, and a final
+/// line if requested.
 class ProgressBar {
  public:
   using Clock = std::chrono::steady_clock;
@@ -27,11 +27,11 @@ class ProgressBar {
   ProgressBar(const ProgressBar&) = delete;
   ProgressBar& operator=(const ProgressBar&) = delete;
 
-  /// `units` is what is counted ("spikes"), `total` how many there are. Takes over from the work before. Both throw
-  /// Interrupted when the work is to stop.
+  /// `units` is what is counted ("spikes"), `total` their number. Begin() replaces the previous work. Both throw
+  /// Interrupted if the work is to stop.
   void Begin(std::string_view units, uint64_t total);
   void Reached(uint64_t count);
-  /// Says how much was `done` ("Wrote") and how fast.
+  /// Prints how much was `done` ("Wrote") and how fast.
   void End(std::string_view done);
 
  private:
@@ -48,7 +48,7 @@ class ProgressBar {
   bool barShown_ = false;
 };
 
-/// True when standard error is a terminal (or another device), so that a bar may be drawn on it.
+/// True if standard error is a terminal (or another device), so that a bar can be drawn on it.
 bool StandardErrorIsTerminal();
 
 }  // namespace pallomir

@@ -1,5 +1,5 @@
-// Presses every command on the real forms, on a large recording, and prints how long each left the user without an
-// answer: the longest time between two looks at the user interface.
+// Runs every command on the real forms with a large recording, and prints how long each left the user interface
+// unresponsive: the longest time between two processings of events.
 //   pallomir-gaps [RECORDING]
 // RECORDING is a sample recording; without it, one of PALLOMIR_BENCH_SPIKES (a million) spikes is made.
 
@@ -25,11 +25,11 @@ namespace pallomir::bench {
 
 namespace {
 
-// Milliseconds that a command is watched for after it has come back. A run on a few points only tries every command.
+// Milliseconds for which a command is watched after it has returned. A run with few points only tries every command.
 const int kGoesOn = Spikes() < 100'000 ? 10 : 300;
-constexpr double kTold = 50;  // shorter ones are only counted
+constexpr double kTold = 50;  // milliseconds; shorter gaps are only counted
 
-/// Every corner a regular one of an ellipse round all points: no point is left out early.
+/// A polygon of regular corners on an ellipse around all points, so that no point is rejected early.
 Boundary RoundAll(const Session& session, int x, int y) {
   Boundary boundary{static_cast<int16_t>(x), static_cast<int16_t>(y), kVerticesPerBoundary, {}};
   const auto middle = [&](int p) { return (session.DataMinimum[p] + session.DataMaximum[p]) / 2; };
@@ -114,7 +114,7 @@ class Driver : public Dialogs {
     return nullptr;
   }
 
-  /// Every button and box of a window but some; of a control array the first two.
+  /// Presses every button and box of a window except some; of a control array the first two.
   void PressAll(QWidget* window, QStringList without) {
     std::map<QString, QPointer<QAbstractButton>> buttons;
     static const QRegularExpression later("\\(([03-9]|\\d\\d+)\\)$");
@@ -140,7 +140,7 @@ class Driver : public Dialogs {
     QApplication::sendEvent(at, &event);
   }
 
-  /// Puts a cut into the session by way of a boundaries file.
+  /// Sets the session's cut via a boundaries file.
   void ReadCut(const char* name, const std::function<void(Session&)>& cut) {
     session_.Clusters = {};
     session_.ClusterDefined = {};
@@ -149,7 +149,7 @@ class Driver : public Dialogs {
     Measure(QString("Read CBFile, ") + name, [&] { Press("cmdReadCBFile"); });
   }
 
-  /// Cluster 1 holds every point, 2 to 5 ever fewer of them; 1 is chosen.
+  /// Cluster 1 has every point, 2 to 5 fewer and fewer; 1 is chosen.
   void CutSome() {
     ReadCut("5 clusters", [](Session& session) {
       for (int c = 1; c <= 5; ++c) {
@@ -204,7 +204,7 @@ class Driver : public Dialogs {
       Measure(QString("largest cut: ") + command, [&] { Press(command); });
   }
 
-  /// Presses a button that opens a window, then all that is on that.
+  /// Presses a button that opens a window, then every control in that window.
   void LookAt(const char* button) {
     Press("lblChooseCluster(1)");
     const QWidgetList before = QApplication::topLevelWidgets();

@@ -5,7 +5,7 @@
 
 namespace pallomir::bench {
 
-/// Feels when the program looks at its user: a timer that is always due fires at every look.
+/// Measures when the program processes events: a timer that is always due fires each time.
 class Pulse : public QObject {
  public:
   Pulse() {
@@ -22,7 +22,7 @@ class Pulse : public QObject {
   /// Milliseconds since Begin().
   double Elapsed() const { return static_cast<double>(clock_.nsecsElapsed()) / 1e6; }
 
-  /// Lets what was begun go on for so many milliseconds.
+  /// Processes events for so many milliseconds, so that work already started continues.
   void Watch(int milliseconds) {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
@@ -30,7 +30,7 @@ class Pulse : public QObject {
     Beat();
   }
 
-  /// The longest time between two looks since Begin(), in milliseconds.
+  /// The longest time between two processings of events since Begin(), in milliseconds.
   double Longest() const { return longest_; }
 
  private:

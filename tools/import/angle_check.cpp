@@ -13,10 +13,10 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kRunningCm = 10;  // a second
+constexpr double kRunningCm = 10;  // cm per second
 constexpr double kRunningPixels = 40;
 constexpr size_t kEnoughRunning = 300;  // samples; ten seconds at 30 frames a second
-constexpr double kNearAxis = 20;        // degrees within which an axis is meant
+constexpr double kNearAxis = 20;        // degrees within which a zero is snapped to an axis
 constexpr double kBadAgreement = 0.5;
 constexpr double kClearlyBetter = 0.1;
 
@@ -24,7 +24,7 @@ std::complex<double> Unit(double degrees) {
   return std::polar(1.0, degrees * std::numbers::pi / 180);
 }
 
-/// An angle and the way of travel at one time; travel in degrees from +x towards +y.
+/// An angle and the direction of travel at one time; travel in degrees from +x towards +y.
 struct Run {
   double Angle, Travel;
 };
@@ -44,7 +44,7 @@ AngleFit FitOf(const std::vector<Run>& runs, const AngleConvention& convention) 
   return {convention, runs.empty() ? 0 : sum / static_cast<double>(runs.size())};
 }
 
-/// The zero with which a sense fits best is the mean direction of travel less the angle, or plus it when clockwise.
+/// The best zero for a sense is the mean direction of travel minus the angle, or plus the angle if clockwise.
 AngleFit BestOf(const std::vector<Run>& runs, bool clockwise) {
   std::complex<double> sum;
   for (const Run& run : runs) sum += Unit(run.Travel + (clockwise ? run.Angle : -run.Angle));

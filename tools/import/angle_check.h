@@ -7,28 +7,30 @@
 
 namespace pallomir {
 
-/// How well angles of the head, read by some convention, agree with the way that the animal ran.
+/// How well head angles, read by some convention, agree with the direction of travel.
 struct AngleFit {
   AngleConvention Convention;
-  double Agreement = 0;  ///< mean cosine of the difference: 1 where they are always the same, 0 where unrelated
+  double Agreement = 0;  ///< mean cosine of the difference: 1 if always equal, 0 if unrelated
 };
 
 struct AngleCheck {
   bool HasAngles = false;
-  size_t Running = 0;    ///< samples that have an angle while the animal ran
-  double Speed = 0;      ///< above which it ran, in pixels a second
+  size_t Running = 0;    ///< samples with an angle while the animal ran
+  double Speed = 0;      ///< minimum speed of running, in pixels per second
   AngleFit Assumed;      ///< the convention of the positions
-  AngleFit Best;         ///< of all zeros and both senses; its zero is an axis where one is near
-  bool HasSense = true;  ///< the runs went more ways than to and fro, so that they tell cw from ccw
+  AngleFit Best;         ///< of all zeros and both senses; its zero is snapped to a near axis
+  bool HasSense = true;  ///< the runs went in more directions than to and fro, so that they distinguish cw from ccw
 
-  bool IsEnough() const;  ///< there are samples enough to say something
-  bool Fits() const;      ///< no convention is clearly better than the assumed one, and that is no bad one
+  bool IsEnough() const;  ///< there are enough samples for a result
+  bool Fits() const;      ///< no convention is clearly better than the assumed one, and that one is acceptable
 };
 
-/// `recorded` holds angles as recorded. The animal runs above 10 cm/s, or 40 pixels/s where the scale is not known.
+/// `recorded` has the angles as recorded. The animal counts as running above 10 cm/s, or 40 pixels/s if the scale is
+/// unknown.
 AngleCheck CheckAngles(const Positions& recorded);
 
-/// "zero +y, clockwise; ...": what was assumed, what fits, how well, and with which options of the import to have it.
+/// "zero +y, clockwise; ...": the assumed and the best convention, how well they fit, and the import options for the
+/// best.
 std::string AnglesSentence(const AngleCheck& check);
 
 }  // namespace pallomir

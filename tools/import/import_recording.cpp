@@ -19,7 +19,7 @@ namespace {
 
 constexpr size_t kCopySize = size_t{1} << 20;
 
-/// Opens a raw file whose extension must stand for one of `kinds`.
+/// Opens a raw file whose extension must be that of one of `kinds`.
 RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, std::string_view wanted) {
   const RawLayout* layout = LayoutByExtension(path);
   if (!layout || std::find(kinds.begin(), kinds.end(), layout->Kind) == kinds.end())
@@ -27,7 +27,7 @@ RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, s
   return RawFile(path, *layout);
 }
 
-/// A copy byte by byte, also of what is not a whole record.
+/// A byte-by-byte copy, including an incomplete record at the end.
 void CopyFile(const std::string& source, OutputFile& to, ProgressBar& progress) {
   FileReader from(source);
   std::vector<unsigned char> block(kCopySize);
@@ -44,13 +44,13 @@ std::filesystem::path NameOf(const std::string& path) {
   return PlatformPath(path).filename();
 }
 
-/// As the header has it, 0 when it does not say.
+/// From the header, 0 if not stated.
 int WaveformLengthOf(const RawFile& spikes) {
   const std::vector<double> length = HeaderNumbers(spikes.Header(), "WaveformLength");
   return length.empty() || !(std::abs(length[0]) < 1e6) ? 0 : static_cast<int>(length[0]);
 }
 
-/// The raw files, all of them opened before anything is written.
+/// The raw files, all opened before anything is written.
 struct RawRecording {
   explicit RawRecording(const ImportRequest& request)
       : Spikes(OpenRaw(request.Spikes, {RawKind::Tetrode, RawKind::SingleElectrode}, "a spike file (.Ntt or .Nse)")) {
@@ -63,7 +63,7 @@ struct RawRecording {
   std::optional<RawFile> Events;
 };
 
-/// Reads all but the waveforms.
+/// Reads everything except the waveforms.
 ImportReport LookThrough(const ImportRequest& request, RawRecording& raw, const RecordOrder& order,
                          ProgressBar& progress) {
   ImportReport report;
@@ -90,7 +90,7 @@ ImportReport LookThrough(const ImportRequest& request, RawRecording& raw, const 
   return report;
 }
 
-/// One file.
+/// A group of one file.
 OutputGroup Alone(OutputFile file, std::function<void(OutputFile&)> make) {
   OutputGroup group;
   group.Files.push_back(std::move(file));
@@ -98,7 +98,7 @@ OutputGroup Alone(OutputFile file, std::function<void(OutputFile&)> make) {
   return group;
 }
 
-/// What goes into the folder that all tetrodes share.
+/// The files in the folder that all tetrodes share.
 void AddTracking(const ImportRequest& request, const Tracking& video, std::vector<OutputGroup>& groups) {
   const std::filesystem::path out = PlatformPath(request.Out);
   OutputFile sampling(out / "VideoSampling");
@@ -130,7 +130,7 @@ ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress
   const std::filesystem::path spikesName = NameOf(request.Spikes);
   const std::string stem = PathText(spikesName.stem());
   const std::filesystem::path folder = PlatformPath(request.Out) / PlatformPath(stem);
-  // The analysis report finds a tetrode's spike file by leaving ".parms" off the parameter file's name.
+  // The analysis report expects a tetrode's spike file under the parameter file's name without ".parms".
   const bool isTetrode = raw.Spikes.Layout().Kind == RawKind::Tetrode;
   std::vector<OutputGroup> groups;
   AddTracking(request, report.Video, groups);

@@ -10,26 +10,26 @@
 
 namespace pallomir {
 
-/// What to import, and where to. Paths in the system's own notation; an empty one means that there is no such file.
+/// What to import, and where to. Paths are in the internal notation; an empty path stands for no file.
 struct ImportRequest {
   std::string Spikes{};                   ///< .Ntt or .Nse
   std::string Video{};                    ///< .Nvt
   std::string Events{};                   ///< .Nev
-  std::string Out{};                      ///< the recording's folder; made where it is missing
-  double PixelsPerCm = 0;                 ///< written into Pos.p; 0 when it is not known
-  AngleConvention Angles = kVideoAngles;  ///< how the video file counts the angle of the head
-  bool HasAngles = true;                  ///< otherwise those of the video file mean nothing
-  bool Replace = false;                   ///< files that stand there already and hold something else
-  std::string Date{};                     ///< of the files' headers, as TextHeader takes it
+  std::string Out{};                      ///< the recording's folder; created if missing
+  double PixelsPerCm = 0;                 ///< written to Pos.p; 0 if unknown
+  AngleConvention Angles = kVideoAngles;  ///< how the video file measures the head angle
+  bool HasAngles = true;                  ///< if false, the video file's angles are meaningless
+  bool Replace = false;                   ///< replace existing files with other content
+  std::string Date{};                     ///< for the files' headers, as in TextHeader
 };
 
-/// What was met. Bytes and records are of the raw files.
+/// Findings of an import. Bytes and records are those of the raw files.
 struct ImportReport {
   std::string SpikesName;
   StampSeries Spikes;
   size_t SpikesTrailing = 0;
-  uint64_t SpikesPlaced = 0;  ///< spikes with a tracked place
-  int WaveformLength = 0;     ///< as the header has it; 0 when it does not say
+  uint64_t SpikesPlaced = 0;  ///< spikes with a position
+  int WaveformLength = 0;     ///< from the header; 0 if not stated
   bool HasVideo = false;
   Tracking Video;
   AngleCheck Angles;
@@ -37,20 +37,19 @@ struct ImportReport {
   bool HasEvents = false;
   StampSeries Events;
   size_t EventsTrailing = 0;
-  std::vector<std::string> Left;  ///< names of files that stood there already as they would have been made
+  std::vector<std::string> Left;  ///< names of existing files that already had the content to be written
 
-  /// The report for the user, a line each.
+  /// The report for the user, as lines.
   std::vector<std::string> Lines() const;
 };
 
 /// Makes the files that a session opens: in the folder `Out`, VideoSampling and Pos.p; in its subfolder named after the
-/// spike file ("TT1"), copies of the spike and events files, TT1.waveforms and, put in place last, the parameter file
-/// TT1.Ntt.parms. Spikes out of time order are sorted, in both files alike. Without a video file there is no Pos.p, and
-/// VideoSampling, which no session does without, is made only where there is none.
+/// spike file ("TT1"), copies of the spike and events files, TT1.waveforms and, last, the parameter file TT1.Ntt.parms.
+/// Spikes out of time order are sorted, in both files alike. Without a video file Pos.p is not made, and VideoSampling,
+/// which every session needs, only if it does not exist.
 ///
-/// Every file is put in place whole or not at all; what stands there already is judged as PutInPlace() says. Throws
-/// CommandError when a file cannot be read or written, or is of another kind than its place in the request asks for,
-/// and Interrupted when the user stops it.
+/// Every file is written all or nothing; existing files are checked as described for PutInPlace(). Throws CommandError
+/// if a file cannot be read or written, or is not of the kind requested, and Interrupted when the user stops it.
 ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress);
 
 }  // namespace pallomir

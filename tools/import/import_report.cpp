@@ -5,7 +5,7 @@ namespace pallomir {
 
 namespace {
 
-/// "TT1.Ntt: 80 000 spikes", then what was odd about their records.
+/// "TT1.Ntt: 80 000 spikes", followed by oddities of their records.
 std::string RecordsLine(const std::string& name, const std::string& records, const StampSeries& stamps, size_t trailing,
                         bool isSorted) {
   std::string line = name + ": " + CountText(stamps.Count) + " " + records;

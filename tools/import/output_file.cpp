@@ -16,11 +16,12 @@ namespace pallomir {
 
 namespace {
 
-/// How long other imports may take to put their files in place.
+/// How long other imports may take to rename their files.
 constexpr auto kPatience = std::chrono::seconds(30);
 constexpr auto kNextLook = std::chrono::milliseconds(20);
 
-/// Waits up to `patience` for whoever works in the folder, and removes what others that were killed left there.
+/// Waits up to `patience` for another program to release the folder, and removes temporary files left by killed
+/// programs.
 FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds patience) {
   const auto begin = std::chrono::steady_clock::now();
   while (true) {
@@ -37,7 +38,7 @@ FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds pati
   }
 }
 
-/// A header's lines without those that tell of program and date.
+/// The lines of a header, except those with program and date.
 std::string WhatCounts(std::string_view header) {
   std::string text;
   while (!header.empty()) {
@@ -48,7 +49,7 @@ std::string WhatCounts(std::string_view header) {
   return text;
 }
 
-/// Files that have not been found to be left, if any.
+/// The files not known to stay unchanged; with `standingOnly` only those that exist.
 std::vector<OutputFile*> Open(OutputGroup& group, bool standingOnly) {
   std::vector<OutputFile*> open;
   for (OutputFile& file : group.Files)

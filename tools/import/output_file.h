@@ -14,28 +14,28 @@
 
 namespace pallomir {
 
-/// A file that a call makes, and that may stand there already. Its bytes are made as often as they are needed: to be
-/// compared with those that stand there, and to be written.
+/// A file to be made, which may already exist. Its bytes are generated as often as needed: to compare them with an
+/// existing file, and to write them.
 class OutputFile {
  public:
-  /// `header` is the text header that comes before the bytes that are written; empty where there is none.
+  /// `header` is the text header before the written bytes; empty if there is none.
   explicit OutputFile(std::filesystem::path path, std::string header = {});
 
   bool Stands() const;
-  /// The same bytes stand there already, but for date and version in the header; they are left.
+  /// The existing file has the same bytes, except for the date and version in the header; it stays unchanged.
   bool IsLeft() const { return left_; }
   const std::filesystem::path& Path() const { return path_; }
 
-  /// Until EndComparing(), Write() compares. Both throw CommandError when something else stands there.
+  /// Write() compares until EndComparing(). Both throw CommandError if the existing file differs.
   void BeginComparing();
   void EndComparing();
-  /// Until EndWriting(), Write() writes beside the place.
+  /// Write() writes to a temporary file until EndWriting().
   void BeginWriting();
   void EndWriting();
-  /// Does nothing while neither goes on. Throws CommandError as SaveFile does.
+  /// Does nothing unless comparing or writing. Throws CommandError as SaveFile does.
   void Write(const void* bytes, size_t count);
   void Write(std::string_view text) { Write(text.data(), text.size()); }
-  /// Puts in place what was written, unless the same stands there.
+  /// Renames the written file to its target, unless the existing file is the same.
   void Commit();
 
  private:
@@ -50,22 +50,22 @@ class OutputFile {
   bool left_ = false;
 };
 
-/// Makes a folder and those above it. Throws CommandError when that fails.
+/// Creates a folder and its parents. Throws CommandError on failure.
 void MakeFolder(const std::filesystem::path& folder);
 
-/// Throws CommandError when what stands at `path` is a link, a folder or no regular file, or is one of `sources`.
+/// Throws CommandError if `path` is a link, a folder or not a regular file, or is one of `sources`.
 void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::string> sources);
 
 /// Files that are made together.
 struct OutputGroup {
   std::vector<OutputFile> Files;
-  std::function<void(std::span<OutputFile>)> Make;  ///< hands the bytes of all of them to Write()
+  std::function<void(std::span<OutputFile>)> Make;  ///< passes the bytes of all of them to Write()
 };
 
-/// Makes the groups' files, those of the first group first. Nothing is put in place unless everything can be: throws
-/// CommandError before anything is written when a file stands there that is not a plain one, is one of `sources`, or,
-/// without `replace`, holds something else. What came to stand there meanwhile is judged in the same way. The folder of
-/// the last group must not be in use by another program; the others are locked while files are put in place.
+/// Makes the groups' files, the first group first. Renames nothing unless all files can be made: throws CommandError
+/// before writing anything if an existing file is not a regular one, is one of `sources`, or, without `replace`, has
+/// other content. Files created in the meantime are checked in the same way. The folder of the last group must not be
+/// in use by another program; the others are locked while files are renamed.
 void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace);
 
 }  // namespace pallomir

@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t kWriteSize = size_t{1} << 18;
 
-/// Frames hold whole numbers.
+/// Frames contain whole numbers.
 std::string WholeText(double value, int unknown) {
   return std::to_string(std::isnan(value) ? unknown : std::lround(value));
 }

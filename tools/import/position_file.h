@@ -8,11 +8,11 @@
 
 namespace pallomir {
 
-/// The text header of Pos.p, which tells by which convention its angles are counted.
+/// The text header of Pos.p, which states its angle convention.
 std::string PositionHeader(const Positions& recorded, std::string_view date);
 
-/// Writes what follows the header: a line "PixelsPerCm,N" where the scale is known, then a line "stamp,x,y,angle" a
-/// sample, lost ones included, with the angle as it was recorded and -1 where there is none.
+/// Writes what follows the header: a line "PixelsPerCm,N" if the scale is known, then a line "stamp,x,y,angle" per
+/// sample, including lost ones, with the angle as recorded, or -1 if unknown.
 void WritePositions(const Positions& recorded, OutputFile& file);
 
 }  // namespace pallomir

@@ -29,7 +29,7 @@ void StoreWaveforms(std::span<const Waveform> channels, unsigned char* record) {
   }
 }
 
-/// No sample has a stamp beyond what the type of theirs holds.
+/// Position at a stamp, which is clamped to the type of the samples' times.
 std::optional<Place> PlaceAt(const SeenPlaces& places, uint64_t stamp) {
   return places.At(static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)));
 }
@@ -38,7 +38,7 @@ std::optional<Place> PlaceAt(const SeenPlaces& places, uint64_t stamp) {
 
 uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
                      OutputFile& waveforms, ProgressBar& progress) {
-  // What the channels of this file do not fill stays zero in every block.
+  // Channels that this file does not have stay zero in every block.
   std::vector<unsigned char> raw(kBlockRecords * spikes.Layout().RecordBytes);
   std::vector<unsigned char> rows(kBlockRecords * kRowBytes);
   std::vector<unsigned char> records(kBlockRecords * kWaveformRecordBytes);

@@ -8,9 +8,9 @@
 
 namespace pallomir {
 
-/// Writes the rows of the parameter file and the records of the waveform file of all spikes in order of time; row r of
-/// the one and record r of the other are the same spike. Returns how many spikes have a tracked place. Throws
-/// CommandError when reading or writing fails.
+/// Writes the rows of the parameter file and the records of the waveform file of all spikes in time order; row r and
+/// record r are the same spike. Returns the number of spikes with a position. Throws CommandError if reading or writing
+/// fails.
 uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
                      OutputFile& waveforms, ProgressBar& progress);
 

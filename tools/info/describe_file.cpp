@@ -44,7 +44,7 @@ bool IsVideoSampling(std::string_view path) {
   return SameButForCase(path.substr(path.find_last_of("/\\") + 1), "VideoSampling");
 }
 
-/// The layout whose record size the header names; nullptr when it names none of them.
+/// The layout with the record size stated in the header; nullptr if there is none.
 const RawLayout* LayoutByHeader(std::string_view header) {
   const std::vector<double> size = HeaderNumbers(header, "RecordSize");
   for (const RawLayout& layout : kRawLayouts)

@@ -8,14 +8,14 @@
 
 namespace pallomir {
 
-/// What a file is, how much it holds, which time it spans and what is odd about it, in lines for the user. Told by the
-/// extension in either case, and where that says nothing by the header: spike, events and video files (.Ntt, .Nse,
-/// .Nev, .Nvt), parameter files, waveform files, Pos.p, VideoSampling, and our text files.
+/// Describes a file in lines for the user: its kind, size, time span and oddities. The kind is determined by the
+/// extension, ignoring case, or if that is unknown by the header: spike, events and video files (.Ntt, .Nse, .Nev,
+/// .Nvt), parameter files, waveform files, Pos.p, VideoSampling, and our text files.
 ///
-/// Throws CommandError when the file cannot be read or is none of these.
+/// Throws CommandError if the file cannot be read or is of no known kind.
 std::string DescribeFile(std::string_view path, ProgressBar& progress);
 
-// One kind each; DescribeFile calls them.
+// One per kind; called by DescribeFile.
 std::string DescribeRaw(std::string_view path, const RawLayout& layout, ProgressBar& progress);
 std::string DescribeParameters(std::string_view path, ProgressBar& progress);
 std::string DescribeWaveforms(std::string_view path, ProgressBar& progress);

@@ -19,7 +19,7 @@ namespace {
 constexpr size_t kBlockBytes = size_t{1} << 20;
 constexpr int kChannels = 32;
 
-/// Calls use(record) for every whole record of `size` bytes behind `header`; returns how many bytes are left over.
+/// Calls use(record) for every complete record of `size` bytes after `header`; returns the number of bytes left over.
 template <class Use>
 uint64_t ForEachRecord(FileReader& file, uint64_t header, size_t size, ProgressBar& progress, Use use) {
   std::vector<unsigned char> block(kBlockBytes / size * size);
@@ -34,7 +34,7 @@ uint64_t ForEachRecord(FileReader& file, uint64_t header, size_t size, ProgressB
   return file.Length() - end;
 }
 
-/// What the rows of a parameter file amount to.
+/// Statistics of the rows of a parameter file.
 struct RowFindings {
   StampSeries Stamps;
   uint64_t OddRows = 0;  ///< with values that are not finite
@@ -47,7 +47,7 @@ struct RowFindings {
     Stamps.Add(LoadLittleEndian<uint64_t>(row));
     bool odd = false;
     for (int p = 0; p < kParameters; ++p) {
-      // All bits of the exponent set: infinite, or not a number.
+      // All exponent bits set: infinity or NaN.
       const auto bits = LoadLittleEndian<uint32_t>(row + kStampBytes + sizeof(float) * p);
       odd = odd || (bits & 0x7F800000) == 0x7F800000;
       if (p >= kEnergy && p < kEnergy + kChannels && bits != 0) Recorded[p - kEnergy] = true;

@@ -23,7 +23,7 @@ uint64_t Unknown(const std::vector<double>& column) {
   return static_cast<uint64_t>(std::count_if(column.begin(), column.end(), [](double v) { return std::isnan(v); }));
 }
 
-/// Nobody watches, but the work can be stopped.
+/// A world without a user interface whose work can be stopped.
 class StoppableWorld : public QuietWorld {
  public:
   bool PumpEvents() override { return !IsToStop(); }
@@ -41,7 +41,7 @@ std::string DescribePositions(std::string_view path) {
   Positions positions;
   positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, header), file.Name());
   ReadPositionText(file, header, pace, positions);
-  StampSeries stamps;  // has no times before 0
+  StampSeries stamps;  // negative times are clamped to 0
   for (const int64_t time : positions.Time) stamps.Add(static_cast<uint64_t>(std::max<int64_t>(time, 0)));
   RepairSamples(positions);
 

@@ -25,7 +25,7 @@ void AddRecords(Facts& facts, const RawFile& file) {
     facts.Odd("bytes at the end that are no whole record: " + std::to_string(file.TrailingBytes()));
 }
 
-/// Lines of the header as they stand there, those that are present.
+/// Lines of the header, unchanged, if present.
 void AddHeaderLines(Facts& facts, const RawFile& file) {
   for (const std::string_view key : {"AcqEntName", "SamplingFrequency", "WaveformLength", "AlignmentPt",
                                      "InputInverted", "Resolution", "DirectionOffset"})
@@ -33,7 +33,7 @@ void AddHeaderLines(Facts& facts, const RawFile& file) {
       facts.Add("header", std::string(key) + " " + text.substr(0, 80));
 }
 
-/// One scale for all channels, or one each.
+/// One scale for all channels, or one for each.
 void AddScale(Facts& facts, const RawFile& file) {
   std::string scales;
   for (const double volts : HeaderNumbers(file.Header(), "ADBitVolts"))
@@ -53,7 +53,7 @@ void AddSpikes(Facts& facts, RawFile& file, ProgressBar& progress) {
   for (const auto& [cell, count] : cells) facts.Add("cell " + std::to_string(cell), CountText(count) + " spikes");
 }
 
-/// The text of a field that a zero ends.
+/// The text of a zero-terminated field.
 std::string FieldText(const unsigned char* bytes, size_t size) {
   return std::string(bytes, std::find(bytes, bytes + size, 0));
 }

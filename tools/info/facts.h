@@ -8,8 +8,8 @@
 
 namespace pallomir {
 
-/// What is known about a file, a line each: a label and a text. Oddities have the label "odd". Texts may hold anything;
-/// it is escaped.
+/// Facts about a file, one line each: a label and a text. Oddities have the label "odd". Texts may contain anything;
+/// they are escaped.
 class Facts {
  public:
   explicit Facts(std::string_view title) : text_(Escaped(title) + "\n") {}
@@ -17,7 +17,7 @@ class Facts {
   void Add(std::string_view label, std::string_view text);
   void Odd(std::string_view text) { Add("odd", text); }
 
-  /// The span of time, the rate, and how much is out of order. `units` is what is counted ("spikes").
+  /// Adds the time span, the rate, and the number of stamps out of order. `units` is what is counted ("spikes").
   void AddStamps(const StampSeries& stamps, std::string_view units);
 
   const std::string& Text() const { return text_; }

@@ -17,7 +17,7 @@ RecordOrder::RecordOrder(RawFile& file, ProgressBar& progress) {
 
 void RecordOrder::Read(RawFile& file, uint64_t first, size_t count, unsigned char* into) const {
   if (entries_.empty()) return file.Read(first, count, into);
-  // Neighbours in time are mostly neighbours in the file too, and are read together.
+  // Neighbours in time are mostly neighbours in the file too: read them together.
   for (size_t r = 0; r < count;) {
     const uint64_t source = entries_[first + r].Source;
     size_t run = 1;

@@ -8,15 +8,15 @@
 
 namespace pallomir {
 
-/// The records of a raw file in order of time.
+/// The records of a raw file in time order.
 class RecordOrder {
  public:
-  /// Goes through the file's stamps. Memory is taken, 16 bytes a record, only when they are out of order.
+  /// Reads the file's stamps. Uses memory, 16 bytes per record, only if they are out of order.
   RecordOrder(RawFile& file, ProgressBar& progress);
 
   const StampSeries& Stamps() const { return stamps_; }
 
-  /// As RawFile::Read, but by place in the order of time; records with equal stamps stay as they are in the file.
+  /// As RawFile::Read, but by index in time order; records with equal stamps keep their order in the file.
   void Read(RawFile& file, uint64_t first, size_t count, unsigned char* into) const;
 
  private:
@@ -25,7 +25,7 @@ class RecordOrder {
     uint64_t Source;
   };
   StampSeries stamps_;
-  std::vector<Entry> entries_;  // empty when the file is in order
+  std::vector<Entry> entries_;  // empty if the file is in order
 };
 
 }  // namespace pallomir

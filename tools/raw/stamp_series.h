@@ -6,12 +6,12 @@
 
 namespace pallomir {
 
-/// What a series of stamps (microseconds) amounts to, taken in one by one in the order of the file.
+/// Statistics of a series of stamps (microseconds), added one by one in file order.
 struct StampSeries {
   uint64_t Count = 0;
   uint64_t Lowest = std::numeric_limits<uint64_t>::max();
   uint64_t Highest = 0;
-  uint64_t Disordered = 0;  ///< stamps that are earlier than the stamp before them
+  uint64_t Disordered = 0;  ///< stamps earlier than their predecessor
   uint64_t FirstDisordered = 0;
 
   void Add(uint64_t stamp) {

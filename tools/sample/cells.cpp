@@ -10,11 +10,11 @@ namespace pallomir {
 
 namespace {
 
-constexpr double kBackgroundRate = 0.05;  // spikes a second that tuned cells fire everywhere
+constexpr double kBackgroundRate = 0.05;  // spikes per second of tuned cells everywhere
 constexpr double kThetaFrequency = 8;     // Hz
 constexpr uint64_t kMillisecond = 1'000;
 
-/// Three gratings at 60 degrees, 1 at every vertex and near 0 between them.
+/// Sum of three gratings at 60 degrees, 1 at every vertex and near 0 between them.
 double GridAt(const Cell& cell, double x, double y) {
   const double cyclesPerCm = 2 / (std::sqrt(3.0) * cell.FieldSize);
   double sum = 0;
@@ -47,7 +47,7 @@ double RateAt(const Cell& cell, const WalkStep& step, double theta) {
   return 0;
 }
 
-/// One burst: two to five spikes 3 to 7 ms apart, each lower than the one before. Returns the time of the last.
+/// One burst: two to five spikes 3 to 7 ms apart, each lower than the previous one. Returns the time of the last.
 uint64_t FireBurst(uint64_t time, uint32_t number, Draws& draws, std::vector<CellSpike>& spikes) {
   const uint64_t length = 2 + draws.Next() % 4;
   float height = 1;
@@ -59,7 +59,7 @@ uint64_t FireBurst(uint64_t time, uint32_t number, Draws& draws, std::vector<Cel
   return time;
 }
 
-/// Each millisecond holds a spike with a chance of rate times a millisecond, unless the cell is refractory.
+/// Each millisecond has a spike with a probability of rate times 1 ms, unless the cell is refractory.
 void FireCell(uint32_t number, const std::vector<WalkStep>& walk, double share, Draws draws,
               std::vector<CellSpike>& spikes) {
   const Cell& cell = kCells[number - 1];
@@ -91,7 +91,7 @@ std::vector<CellSpike> FireCells(const std::vector<WalkStep>& walk, double share
 }
 
 std::array<float, 4> HeightsOnWires(const Cell& cell, double elapsed) {
-  constexpr double halfSpacing = 12.5;  // the wires stand at the corners of a square of 25 micrometres
+  constexpr double halfSpacing = 12.5;  // the wires are at the corners of a square of 25 micrometres
   constexpr double drift = 2;
   std::array<float, 4> heights;
   for (int wire = 0; wire < 4; ++wire) {

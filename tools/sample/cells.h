@@ -10,20 +10,20 @@ namespace pallomir {
 
 enum class CellKind { Place, Grid, HeadDirection, Bursting, Interneuron };
 
-/// A neuron near the tetrode. Its spikes are as high on a wire as `Strength` divided by its distance from the wire.
+/// A neuron near the tetrode. The height of its spikes on a wire is `Strength` divided by its distance from the wire.
 struct Cell {
   CellKind Kind;
-  std::array<double, 3> Site;   ///< micrometres from the middle of the four wires: across, across, in depth
+  std::array<double, 3> Site;   ///< micrometres from the centre of the four wires: across, across, in depth
   double Strength;              ///< microvolts times micrometres
-  double PeakRate;              ///< spikes a second; bursts a second for the bursting cell
-  double FieldX, FieldY;        ///< cm: middle of the place field, or a vertex of the grid
+  double PeakRate;              ///< spikes per second; bursts per second for the bursting cell
+  double FieldX, FieldY;        ///< cm: centre of the place field, or a vertex of the grid
   double FieldSize;             ///< cm: radius of the place field, or spacing of the grid
   double PreferredHeading = 0;  ///< turns
 };
 
 /// The cells of the sample recording; cell number n of the spike file is entry n - 1, and 0 is the multi-unit noise.
-/// Their sites are such that every cell stands clear of all others in a projection of two MPeak parameters, and no
-/// projection shows all of them apart.
+/// Their sites are chosen so that each cell is separate from all others in some projection of two MPeak parameters, but
+/// no projection separates all of them.
 inline constexpr std::array<Cell, 6> kCells{{
     {CellKind::Place, {35.9, 11.8, 25.1}, 5540, 18, 30, 70, 22},
     {CellKind::Place, {-15.3, -5.9, 25.8}, 6130, 20, 72, 35, 20},
@@ -33,19 +33,19 @@ inline constexpr std::array<Cell, 6> kCells{{
     {CellKind::Interneuron, {24.9, 10.5, 12.0}, 4640, 14, 0, 0, 0},
 }};
 
-inline constexpr uint64_t kRefractory = 2'500;  ///< microseconds; no cell fires twice within
+inline constexpr uint64_t kRefractory = 2'500;  ///< microseconds; no cell fires twice within this time
 
 struct CellSpike {
   uint64_t Time;  ///< microseconds from the start
-  float Height;   ///< of the cell's usual spike; a burst's spikes shrink
+  float Height;   ///< relative to the cell's usual spike; shrinks within a burst
   uint32_t Cell;  ///< 1-based
 };
 
-/// The spikes of all cells along a walk, in order of time. `share` of them, 0 to 1, are kept.
+/// The spikes of all cells along a walk, in time order. Keeps a `share` of them, 0 to 1.
 std::vector<CellSpike> FireCells(const std::vector<WalkStep>& walk, double share, const Draws& draws);
 
-/// How high `cell` stands on each wire, in microvolts, when `elapsed` (0 to 1) of the recording is over: the tissue
-/// moves by 2 micrometres meanwhile.
+/// The height of `cell` on each wire, in microvolts, after the share `elapsed` (0 to 1) of the recording: the tissue
+/// drifts by 2 micrometres during it.
 std::array<float, 4> HeightsOnWires(const Cell& cell, double elapsed);
 
 }  // namespace pallomir

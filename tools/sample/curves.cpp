@@ -11,7 +11,7 @@ double CosTurns(double turns) {
   if (distance > 0.25) distance = 0.5 - distance;
   const double x = 2 * pi * distance;
   const double q = x * x;
-  // Taylor's series; the next term is below 1e-10 for x up to pi / 2.
+  // Taylor series; the next term is below 1e-10 for x up to pi / 2.
   return sign * (1 - q / 2 * (1 - q / 12 * (1 - q / 30 * (1 - q / 56 * (1 - q / 90 * (1 - q / 132 * (1 - q / 182)))))));
 }
 

@@ -2,8 +2,8 @@
 
 namespace pallomir {
 
-/// The cosine of an angle in turns, to 1e-9. The library's own differs in its last digit from platform to platform, and
-/// the sample recording must not; what is built of + - * / and square roots does not.
+/// The cosine of an angle in turns, to 1e-9. The library's own differs in its last digit between platforms, but the
+/// sample recording must not; results computed with + - * / and square roots are the same.
 double CosTurns(double turns);
 inline double SinTurns(double turns) {
   return CosTurns(turns - 0.25);

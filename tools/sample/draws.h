@@ -6,12 +6,12 @@
 
 namespace pallomir {
 
-/// Random draws that are the same for a seed on every platform, which the standard library's distributions are not.
+/// Random draws that are the same for a seed on every platform, unlike those of the standard library's distributions.
 class Draws {
  public:
   explicit Draws(uint64_t seed) : state_(seed) {}
 
-  /// A generator of its own for part `part` of what is drawn, so that one part may change without the others.
+  /// An independent generator for part `part`, so that one part can change without the others.
   Draws Part(uint64_t part) const { return Draws(Draws(state_ + part * 0xD1B54A32D192ED03).Next()); }
 
   uint64_t Next() { return NextMixed(state_); }

@@ -13,8 +13,8 @@ namespace pallomir {
 namespace {
 
 constexpr uint64_t kMinute = 60'000'000;    // microseconds
-constexpr uint64_t kClosestSpikes = 4'000;  // microseconds from one to the next, on average
-constexpr uint64_t kFullRates = 4'000;      // spikes a minute from which on every spike of the cells is kept
+constexpr uint64_t kClosestSpikes = 4'000;  // smallest mean interval, microseconds
+constexpr uint64_t kFullRates = 4'000;      // spikes per minute from which all of the cells' spikes are kept
 constexpr const char* kDate = "2026-01-01 00:00:00";
 
 enum Part : uint64_t { kWalk, kCellSpikes, kWaveforms, kVideo };

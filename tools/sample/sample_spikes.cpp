@@ -12,7 +12,7 @@ namespace {
 
 constexpr size_t kBlockRecords = 1024;
 constexpr uint64_t kMillisecond = 1'000;
-constexpr float kHeightSpread = 0.05F;  // of a cell's spikes, as a share
+constexpr float kHeightSpread = 0.05F;  // of a cell's spikes, as a share of their height
 
 std::string SpikesHeader() {
   const std::string volts = "0.000000030517578125";  // 1e-6 / kCountsPerMicrovolt
@@ -65,7 +65,7 @@ SpikeShape ShapeOf(const CellSpike& spike, uint64_t microseconds, Draws& draws) 
   return shape;
 }
 
-/// Far cells, many of them: low, and not very different from wire to wire.
+/// Many distant cells: low spikes with similar heights on all wires.
 SpikeShape NoiseShape(Draws& draws) {
   SpikeShape shape{};
   const double u = draws.Uniform();
@@ -111,8 +111,8 @@ class SpikeFileWriter {
   uint64_t written_ = 0;
 };
 
-/// The times at which noise fires within the millisecond from `begin` on, so many that `remaining` spread evenly over
-/// `milliseconds`; in order.
+/// Draws the times of noise within the millisecond from `begin` on, in order, at a rate that spreads `remaining` evenly
+/// over `milliseconds`.
 void DrawNoiseTimes(uint64_t begin, uint64_t remaining, uint64_t milliseconds, Draws& draws,
                     std::vector<uint64_t>& times) {
   times.clear();

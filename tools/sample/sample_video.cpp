@@ -14,9 +14,9 @@ namespace {
 
 constexpr double kBoxLeft = 120;  // pixels
 constexpr double kBoxTop = 40;
-constexpr double kLossChance = 0.002;  // a frame, of losing the animal for 2 to 25 frames
+constexpr double kLossChance = 0.002;  // per frame, of losing the animal for 2 to 25 frames
 
-/// The time of each frame: about 33 ms apart, never less than 26 or more than 39, except where the camera stood still.
+/// The time of each frame: about 33 ms apart, between 26 and 39, except in the gaps.
 class FrameClock {
  public:
   explicit FrameClock(uint64_t microseconds)
@@ -55,7 +55,7 @@ void StoreFrame(uint64_t time, const WalkStep* step, Draws& draws, unsigned char
   if (step) {
     x = Pixels(step->X, kBoxLeft, draws);
     y = Pixels(step->Y, kBoxTop, draws);
-    // Clockwise from +y, as kVideoAngles says; headings go from +x towards +y.
+    // Clockwise from +y, as in kVideoAngles; headings go from +x towards +y.
     angle = static_cast<int32_t>(std::lround((1.25 - step->Heading) * 360.0)) % 360;
   }
   StoreLittleEndian(record + kVideoLayout.StampOffset, kSampleStart + time);

@@ -10,12 +10,12 @@ namespace pallomir {
 namespace {
 
 constexpr double kNoise = 9;             // microvolts
-constexpr double kSharedNoise = 0.4;     // of the variance, common to the wires
-constexpr double kNoiseMemory = 0.5;     // correlation of a noise sample with the one before
+constexpr double kSharedNoise = 0.4;     // share of the variance common to the wires
+constexpr double kNoiseMemory = 0.5;     // correlation of a noise sample with the previous one
 constexpr double kNoiseRenewal = 0.866;  // sqrt(1 - kNoiseMemory^2)
 
-/// Height of a spike, its peak being 1, `t` samples after the peak; a peak whose sides reach `rise` and `fall` samples
-/// far, then a valley of some depth.
+/// The height of a spike, with a peak of 1, `t` samples after the peak: a peak with flanks of `Rise` and `Fall`
+/// samples, then a valley.
 struct Outline {
   double Rise, Fall, ValleyPlace, ValleyReach, ValleyDepth;
 

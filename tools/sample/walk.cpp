@@ -11,9 +11,9 @@ namespace {
 
 constexpr double kStepSeconds = 0.01;
 constexpr double kRootStep = 0.1;  // sqrt(kStepSeconds)
-constexpr double kWall = 2;        // cm that the middle of the head keeps off the walls
+constexpr double kWall = 2;        // cm between the centre of the head and the walls, at least
 
-/// A value that strays and is drawn back to `middle` within some `seconds`, spreading by `spread`.
+/// A random walk that reverts to `Middle` with a time constant of `Seconds`; `Spread` is its standard deviation.
 struct Stray {
   double Value;
   double Middle;
@@ -26,7 +26,7 @@ struct Stray {
   }
 };
 
-/// Moves one coordinate on; true when there is a wall, where it stops.
+/// Moves one coordinate; returns true if it stops at a wall.
 bool Move(double& place, double distance) {
   place += distance;
   const double inside = std::clamp(place, kWall, kBoxSize - kWall);
