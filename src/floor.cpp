@@ -1,2 +1,2 @@
-// A program linked with one layer and those below it: see pallomir_floor().
+// An empty program linked with one floor and those below it: see pallomir_floor().
 int main() {}

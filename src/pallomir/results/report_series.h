@@ -17,8 +17,9 @@ struct ClusterLines {
   /// peak is not finite.
   std::vector<float> MaxHeight;
   int64_t WithoutHeight = 0;  ///< spikes with NaN as MaxHeight
-  int64_t First = 0;  ///< time range of the file, microseconds; spikes outside are skipped. An implausible end is
-                      ///< replaced by that of the spikes
+  /// Time range of the file, microseconds; spikes outside are skipped. If either end is implausible, both are narrowed
+  /// to the spikes.
+  int64_t First = 0;
   int64_t Last = 0;
 };
 
