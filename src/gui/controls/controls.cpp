@@ -54,6 +54,24 @@ QLabel* MakeHeading(const QString& caption) {
   return label;
 }
 
+QMenu* MakeMenu(QWidget* parent, const QString& name, const QString& title) {
+  auto* menu = new QMenu(title, parent);
+  menu->setObjectName(name);
+  return menu;
+}
+
+QAction* MakeEntry(QMenu* menu, const QString& name, const QString& caption) {
+  QAction* entry = menu->addAction(caption);
+  entry->setObjectName(name);
+  return entry;
+}
+
+void ShowOnTop(QWidget* window) {
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
+
 QString PlainToolTip(const QString& text) {
   return Qt::mightBeRichText(text) ? "<span>" + text.toHtmlEscaped() + "</span>" : text;
 }

@@ -38,6 +38,13 @@ std::optional<float> SingleIn(const QLineEdit* box);
 QLabel* MakeLabel(const QString& caption, QWidget* buddy = nullptr);
 QLabel* MakeHeading(const QString& caption);
 
+/// A menu that a right click opens; it belongs to `parent`.
+QMenu* MakeMenu(QWidget* parent, const QString& name, const QString& title);
+QAction* MakeEntry(QMenu* menu, const QString& name, const QString& caption);
+
+/// Shows a window above the others, with the keyboard's focus.
+void ShowOnTop(QWidget* window);
+
 /// A tooltip that shows plain text.
 QString PlainToolTip(const QString& text);
 

@@ -7,10 +7,7 @@ class QWidget;
 
 namespace pallomir {
 
-/// The settings of a file dialog. `Filter` has the form "Text (*.txt)
-/// *.txt
-/// All files
-/// *.*".
+/// The settings of a file dialog. `Filter` alternates captions and patterns: "Text (*.txt)|*.txt|All files|*.*".
 struct FileDialogOptions {
   QString Title;
   QString Filter;

@@ -1,5 +1,8 @@
 #include "gui/forms/axes_panel.h"
 
+#include "gui/controls/event_hook.h"
+#include "pallomir/session/axis_scale_file.h"
+
 namespace pallomir {
 
 namespace {
@@ -15,7 +18,15 @@ QListWidget* MakeList(const QString& name, const QString& accessibleName, const 
 
 }  // namespace
 
-AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
+AxesPanel::AxesPanel(Workbench& bench, Projections& projections, QWidget* parent)
+    : QWidget(parent), bench_(bench), session_(bench.TheSession()), projections_(projections) {
+  MakeControls();
+  MakeMenus();
+  LayOut();
+  Connect();
+}
+
+void AxesPanel::MakeControls() {
   lstX_Axis = MakeList("lstX_Axis", "X axis",
                        "Horizontal axis. A choice here takes effect with the next click or key in the Y list.");
   lstY_Axis = MakeList("lstY_Axis", "Y axis", "Vertical axis. A click or key here shows the two chosen parameters.");
@@ -35,7 +46,32 @@ AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
   cmdscaleYaxis =
       MakeButton("cmdscaleYaxis", "Set Y",
                  "Give the Y axis these two ends, from the next redraw on. Right click for all parameters.");
+}
 
+void AxesPanel::MakeMenus() {
+  mnuscaleXaxis = MakeMenu(this, "mnuscaleXaxis", "Scale X axis");
+  bench_.On(MakeEntry(mnuscaleXaxis, "mnuApplyXscaleToAllParameters", "Apply to All Parameters"), &QAction::triggered,
+            [this] { mnuApplyXscaleToAllParameters_Click(); });
+  mnuscaleYAxis = MakeMenu(this, "mnuscaleYAxis", "Scale Y axis");
+  bench_.On(MakeEntry(mnuscaleYAxis, "mnuApplyYscaleToAllParameters", "Apply to All Parameters"), &QAction::triggered,
+            [this] { mnuApplyYscaleToAllParameters_Click(); });
+  // Both buttons open the X menu; the Y entry does the same.
+  OpenByRightClick(cmdscaleXaxis, mnuscaleXaxis);
+  OpenByRightClick(cmdscaleYaxis, mnuscaleXaxis);
+  mnuAxesScaleFile = MakeMenu(this, "mnuAxesScaleFile", "AxesScaleFile");
+  bench_.On(MakeEntry(mnuAxesScaleFile, "mnuWriteAxesScaleFile", "Write Current Axes Scales to File"),
+            &QAction::triggered, [this] { mnuWriteAxesScaleFile_Click(); });
+  bench_.On(MakeEntry(mnuAxesScaleFile, "mnuRestoreAxesScaleFromFile", "Restore Axes Scale from File"),
+            &QAction::triggered, [this] { mnuRestoreAxesScaleFromFile_Click(); });
+  OpenByRightClick(cmdRestoreAxes, mnuAxesScaleFile);
+}
+
+void AxesPanel::AddTo(QMenu* view) {
+  view->addMenu(mnuscaleXaxis)->setText("Scale of all axes");
+  view->addMenu(mnuAxesScaleFile)->setText("Axis scales in a file");
+}
+
+void AxesPanel::LayOut() {
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(4);
@@ -63,13 +99,105 @@ AxesPanel::AxesPanel(QWidget* parent) : QWidget(parent) {
   grid->addLayout(buttons, 2, 0, 1, 2);
 }
 
-void AxesPanel::FillLists(const ByParameter<std::string>& names) {
+void AxesPanel::Connect() {
+  HookYList();
+  connect(lstX_Axis, &QListWidget::currentRowChanged, this, &AxesPanel::ShowPendingAxis);
+  bench_.On(&projections_, &Projections::StepAxes, [this](int x, int y) { StepAxes(x, y); });
+  bench_.OnClick(cmdScaleUp, this, &AxesPanel::cmdScaleUp_Click);
+  bench_.OnClick(cmdScaleDown, this, &AxesPanel::cmdScaleDown_Click);
+  bench_.OnKey(Qt::Key_Plus, [this] { cmdScaleUp_Click(); });
+  bench_.OnKey(Qt::Key_Minus, [this] { cmdScaleDown_Click(); });
+  bench_.OnClick(cmdScaleDefaults, this, &AxesPanel::cmdScaleDefaults_Click);
+  bench_.OnClick(cmdscaleXaxis, this, &AxesPanel::cmdscaleXaxis_Click);
+  bench_.OnClick(cmdscaleYaxis, this, &AxesPanel::cmdscaleYaxis_Click);
+  bench_.OnClick(cmdRestoreAxes, this, &AxesPanel::mnuRestoreAxesScaleFromFile_Click);
+}
+
+void AxesPanel::HookYList() {
+  const auto up = [this] {
+    QTimer::singleShot(0, this, [this] { bench_.Run([this] { lstY_Axis_Up(); }); });
+    return false;
+  };
+  HookEvents(lstY_Axis->viewport(),
+             [up](QEvent* event) { return event->type() == QEvent::MouseButtonRelease && up(); });
+  // A key that was pressed elsewhere, in a message box that has closed since, does not count as the list's.
+  HookEvents(lstY_Axis, [this, up](QEvent* event) {
+    if (event->type() == QEvent::KeyPress) listKeyDown_ = true;
+    return event->type() == QEvent::KeyRelease && std::exchange(listKeyDown_, false) && up();
+  });
+}
+
+void AxesPanel::ShowParameters() {
   for (QListWidget* list : {lstX_Axis, lstY_Axis}) {
-    const int row = list->currentRow();
     list->clear();
-    for (int p = 0; p < kParameters; ++p) list->addItem(QString::fromStdString(names[p]));
-    list->setCurrentRow(row);
+    for (int p = 0; p < kParameters; ++p) list->addItem(QString::fromStdString(session_.ParameterNames[p]));
   }
+  lstX_Axis->setCurrentRow(session_.XParameter);
+  lstY_Axis->setCurrentRow(session_.YParameter);
+}
+
+void AxesPanel::lstY_Axis_Up() {
+  session_.XParameter = static_cast<int16_t>(lstX_Axis->currentRow());
+  session_.YParameter = static_cast<int16_t>(lstY_Axis->currentRow());
+  ShowPendingAxis();
+  projections_.Redraw();
+  emit ProjectionChosen();
+}
+
+void AxesPanel::StepAxes(int x, int y) {
+  lstX_Axis->setCurrentRow(std::clamp(session_.XParameter + x, 0, kParameters - 1));
+  lstY_Axis->setCurrentRow(std::clamp(session_.YParameter + y, 0, kParameters - 1));
+  lstY_Axis_Up();
+}
+
+void AxesPanel::ShowPendingAxis() {
+  const auto* chosen = lstX_Axis->currentItem();
+  bench_.Say(!chosen || lstX_Axis->currentRow() == session_.XParameter
+                 ? QString()
+                 : QString("%1 comes on view with the next click or key in the Y list.").arg(chosen->text()));
+}
+
+void AxesPanel::cmdScaleUp_Click() {
+  ScaleUp(session_);
+  projections_.Redraw();
+}
+
+void AxesPanel::cmdScaleDown_Click() {
+  ScaleDown(session_);
+  projections_.Redraw();
+}
+
+void AxesPanel::cmdScaleDefaults_Click() {
+  ScaleDefaults(session_);
+  projections_.Redraw();
+}
+
+TypedRange AxesPanel::Typed() const {
+  return {NumberIn(txtLower), NumberIn(txtUpper)};
+}
+
+void AxesPanel::SetTypedAxis(int parameter) {
+  const TypedRange range = Typed();
+  SetAxis(session_, parameter, range);
+  bench_.Say(range.Lower || range.Upper ? "The new range shows at the next redraw."
+                                        : "Type the lower or the upper end first.");
+}
+
+void AxesPanel::mnuApplyXscaleToAllParameters_Click() {
+  SetAllAxes(session_, Typed());
+  projections_.Redraw();
+}
+
+void AxesPanel::mnuWriteAxesScaleFile_Click() {
+  bench_.AskBeforeReplacing({AxesScaleFilePath(session_)});
+  WriteAxesScaleFile(session_);
+  bench_.Say("The axis scales were written.");
+}
+
+void AxesPanel::mnuRestoreAxesScaleFromFile_Click() {
+  bench_.AdviseOnFailure("Exit, or a right click on Axis Scale, writes the axis scales.");
+  ReadAxesScaleFile(session_);
+  projections_.Redraw();
 }
 
 }  // namespace pallomir

@@ -1,6 +1,7 @@
 #include "gui/forms/cluster_panel.h"
 
 #include "gui/controls/toolkit_values.h"
+#include "pallomir/projection/colours.h"
 
 namespace pallomir {
 
@@ -25,7 +26,8 @@ QLabel* ColumnHeading(const QString& text, const QString& toolTip) {
 
 }  // namespace
 
-ClusterPanel::ClusterPanel(QWidget* parent) : QWidget(parent) {
+ClusterPanel::ClusterPanel(Workbench& bench, Projections& projections, QWidget* parent)
+    : QWidget(parent), bench_(bench), session_(bench.TheSession()), projections_(projections) {
   cmdToggleClusters = MakeButton("cmdToggleClusters", "CL 16-30", "Show Cluster 16-30 options");
   fraCL1to15 = MakePage("fraCL1to15", 1);
   fraCL16to30 = MakePage("fraCL16to30", 16);
@@ -36,6 +38,7 @@ ClusterPanel::ClusterPanel(QWidget* parent) : QWidget(parent) {
   column->addLayout(Row({MakeHeading("Clusters"), nullptr, cmdToggleClusters}));
   column->addWidget(fraCL1to15, 1);
   column->addWidget(fraCL16to30, 1);
+  Connect();
 }
 
 QFrame* ClusterPanel::MakePage(const QString& name, int firstCluster) {
@@ -94,10 +97,10 @@ void ClusterPanel::ShowRow(int c, bool shown) {
   if (focused) (shown ? lblChooseCluster[c] : lblNewCluster[c])->setFocus();
 }
 
-void ClusterPanel::Paint(const ByCluster<Colour>& colours, int chosen) {
+void ClusterPanel::Paint() {
   for (int c = 1; c <= kClusters; ++c) {
-    const QColor colour = ScreenColour(colours[c]);
-    if (c == chosen) {
+    const QColor colour = ScreenColour(session_.ReferenceColours[c]);
+    if (c == session_.CurrentCluster) {
       lblChooseCluster[c]->SetColours(colour, Qt::black);
       lblNewCluster[c]->SetColours(colour, Qt::black);
     } else {
@@ -107,11 +110,93 @@ void ClusterPanel::Paint(const ByCluster<Colour>& colours, int chosen) {
   }
 }
 
-void ClusterPanel::TogglePages() {
+void ClusterPanel::Connect() {
+  bench_.OnClick(cmdToggleClusters, this, &ClusterPanel::cmdToggleClusters_Click);
+  for (int c = 1; c <= kClusters; ++c) {
+    for (const ClusterLabel* label : {lblChooseCluster[c], lblNewCluster[c]})
+      bench_.On(label, &QAbstractButton::clicked, [this, c] { lblChooseCluster_Click(c); });
+    // These boxes react to every change, including changes by the program.
+    bench_.On(chkDisableClusterDisplay[c], &QCheckBox::toggled, [this, c] { chkDisableClusterDisplay_Click(c); });
+    bench_.On(chkDisplayClusterAsZero[c], &QCheckBox::toggled, [this, c] { chkDisplayClusterAsZero_Click(c); });
+    bench_.On(chkDisplayOtherClustersAsZero[c], &QCheckBox::clicked,
+              [this, c] { chkDisplayOtherClustersAsZero_Click(c); });
+  }
+  for (int digit = 0; digit <= 9; ++digit) bench_.OnKey(Qt::Key_0 + digit, [this, digit] { TypeDigit(digit); });
+  connect(&bench_, &Workbench::CutChanged, this, &ClusterPanel::Refresh);
+}
+
+void ClusterPanel::lblChooseCluster_Click(int c) {
+  session_.CurrentCluster = static_cast<int16_t>(c);
+  Paint();
+  projections_.ShowCluster();
+  emit bench_.ClusterChanged();
+}
+
+void ClusterPanel::TypeDigit(int digit) {
+  constexpr qint64 kTogether = 800;  // milliseconds within which two digits form one number
+  const bool second = typedAt_.isValid() && typedAt_.elapsed() < kTogether;
+  typedCluster_ = second && typedCluster_ * 10 + digit <= kClusters ? typedCluster_ * 10 + digit : digit;
+  typedAt_.start();
+  if (typedCluster_ == 0) return;
+  const bool onShownPage = (typedCluster_ <= 15) == !fraCL1to15->isHidden();
+  if (!onShownPage) cmdToggleClusters_Click();
+  lblChooseCluster_Click(typedCluster_);
+}
+
+void ClusterPanel::RedrawIfAutomatic() {
+  if (session_.AutomaticRedraw) projections_.RedrawIfLoaded();
+}
+
+void ClusterPanel::chkDisableClusterDisplay_Click(int c) {
+  session_.DisplayDisabled[c] = chkDisableClusterDisplay[c]->isChecked();
+  ShowClusters(session_);
+  RedrawIfAutomatic();
+}
+
+void ClusterPanel::chkDisplayClusterAsZero_Click(int c) {
+  session_.DisplayAsZero[c] = chkDisplayClusterAsZero[c]->isChecked();
+  BuildColourTable(session_);
+  ShowClusters(session_);
+  RedrawIfAutomatic();
+}
+
+void ClusterPanel::chkDisplayOtherClustersAsZero_Click(int c) {
+  const bool others = chkDisplayOtherClustersAsZero[c]->isChecked();
+  session_.AutomaticRedraw = false;
+  for (int other = 1; other <= kClusters; ++other) {
+    chkDisplayClusterAsZero[other]->setChecked(others && other != c);
+    if (other != c) chkDisplayOtherClustersAsZero[other]->setChecked(false);
+  }
+  session_.AutomaticRedraw = true;
+  BuildColourTable(session_);
+  projections_.RedrawIfLoaded();
+}
+
+void ClusterPanel::cmdToggleClusters_Click() {
   const bool first = fraCL1to15->isHidden();
   fraCL1to15->setVisible(first);
   fraCL16to30->setVisible(!first);
   cmdToggleClusters->setText(first ? "CL16-30" : "CL 1- 15");
+}
+
+void ClusterPanel::Refresh() {
+  for (int c = 1; c <= kClusters; ++c) {
+    // A cluster that was deleted loses its display settings.
+    if (!session_.ClusterDefined[c] && lblChooseCluster[c]->property("Tag") == "1") ResetDisplay(c);
+    ShowRow(c, session_.ClusterDefined[c]);
+  }
+  Paint();
+}
+
+void ClusterPanel::ResetDisplay(int c) {
+  session_.AutomaticRedraw = false;
+  chkDisableClusterDisplay[c]->setChecked(false);
+  chkDisplayClusterAsZero[c]->setChecked(false);
+  if (chkDisplayOtherClustersAsZero[c]->isChecked()) {
+    chkDisplayOtherClustersAsZero[c]->setChecked(false);
+    for (int other = 1; other <= kClusters; ++other) chkDisplayClusterAsZero[other]->setChecked(false);
+  }
+  session_.AutomaticRedraw = true;
 }
 
 }  // namespace pallomir

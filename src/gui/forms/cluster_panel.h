@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <array>
 
 #include "gui/controls/controls.h"
 #include "gui/forms/cluster_label.h"
-#include "pallomir/session/session.h"
+#include "gui/forms/projections.h"
+#include "gui/forms/workbench.h"
 
 namespace pallomir {
 
@@ -14,17 +16,35 @@ class ClusterPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit ClusterPanel(QWidget* parent);
+  ClusterPanel(Workbench& bench, Projections& projections, QWidget* parent);
 
+ private:
+  QFrame* MakePage(const QString& name, int firstCluster);
+  void MakeRow(QGridLayout* grid, int line, int c);
+  void Connect();
+  void lblChooseCluster_Click(int c);
+  void chkDisableClusterDisplay_Click(int c);
+  void chkDisplayClusterAsZero_Click(int c);
+  void chkDisplayOtherClustersAsZero_Click(int c);
+  /// Switches between the two pages; the button's caption names the page that the next click shows.
+  void cmdToggleClusters_Click();
+  /// A digit key: chooses a cluster; two digits typed quickly form one number.
+  void TypeDigit(int digit);
+  void RedrawIfAutomatic();
+  /// Shows which clusters exist and which one is chosen.
+  void Refresh();
   /// Shows or hides the row of cluster c, 1..30; c = 0 does nothing.
   void ShowRow(int c, bool shown);
-
+  void ResetDisplay(int c);
   /// Paints all labels: the chosen cluster black on its colour, the others in their colours.
-  void Paint(const ByCluster<Colour>& colours, int chosen);
+  void Paint();
 
-  /// Switches between the two pages; the button's caption names the page that the next click shows.
-  void TogglePages();
-
+  Workbench& bench_;
+  Session& session_;
+  Projections& projections_;
+  /// The digits typed for a cluster number, and the time of the first one.
+  int typedCluster_ = 0;
+  QElapsedTimer typedAt_;
   QFrame* fraCL1to15;
   QFrame* fraCL16to30;
   QPushButton* cmdToggleClusters;
@@ -33,10 +53,6 @@ class ClusterPanel : public QWidget {
   std::array<QCheckBox*, kClusterSlots> chkDisableClusterDisplay{};
   std::array<QCheckBox*, kClusterSlots> chkDisplayClusterAsZero{};
   std::array<QCheckBox*, kClusterSlots> chkDisplayOtherClustersAsZero{};
-
- private:
-  QFrame* MakePage(const QString& name, int firstCluster);
-  void MakeRow(QGridLayout* grid, int line, int c);
 };
 
 }  // namespace pallomir

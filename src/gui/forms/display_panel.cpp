@@ -1,8 +1,27 @@
 #include "gui/forms/display_panel.h"
 
+#include <cmath>
+
+#include "gui/controls/event_hook.h"
+#include "pallomir/projection/colours.h"
+
 namespace pallomir {
 
-DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
+namespace {
+
+constexpr double kUsualBatch = 250000;
+
+}  // namespace
+
+DisplayPanel::DisplayPanel(Workbench& bench, Projections& projections, QWidget* parent)
+    : QWidget(parent), bench_(bench), session_(bench.TheSession()), projections_(projections) {
+  MakeControls();
+  LayOut();
+  Connect();
+  SetOptions();
+}
+
+void DisplayPanel::MakeControls() {
   optDrawClustBounds = MakeOption("optDrawClustBounds", "Draw &bounds",
                                   "The mouse draws: left click for each corner, right click for the last one.");
   optZoom = MakeOption("optZoom", "&Zoom", "The mouse zooms: drag a rectangle to look closer.");
@@ -31,7 +50,9 @@ DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
   chkDrawClustBounds =
       MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries that were made in this projection");
   chkDrawClustBounds->setChecked(true);
+}
 
+void DisplayPanel::LayOut() {
   auto* mouse = new QButtonGroup(this);
   mouse->addButton(optDrawClustBounds);
   mouse->addButton(optZoom);
@@ -50,6 +71,71 @@ DisplayPanel::DisplayPanel(QWidget* parent) : QWidget(parent) {
   column->addLayout(Row({chkDrawClustBounds, chkWhiteBackground, chkAxesOff, nullptr, chkDownsample,
                          txtDownsampleFraction, nullptr, speed, txtDelay},
                         5));
+}
+
+void DisplayPanel::Connect() {
+  for (const QAbstractButton* button :
+       std::initializer_list<const QAbstractButton*>{optZoom, chkAxesOff, chkDrawClustBounds, chkDownsample})
+    connect(button, &QAbstractButton::toggled, this, &DisplayPanel::SetOptions);
+  for (const QLineEdit* box : {txtDownsampleFraction, txtDelay})
+    connect(box, &QLineEdit::textChanged, this, &DisplayPanel::SetOptions);
+  bench_.OnClick(cmdPointUp, this, &DisplayPanel::cmdPointUp_Click);
+  bench_.OnClick(cmdPointDown, this, &DisplayPanel::cmdPointDown_Click);
+  bench_.OnClick(cmdRandomX, this, &DisplayPanel::cmdRandomX_Click);
+  bench_.OnClick(cmdRandomY, this, &DisplayPanel::cmdRandomY_Click);
+  bench_.OnClick(cmdRedraw, this, &DisplayPanel::cmdRedraw_Click);
+  OnRightPress(cmdRedraw, [this] { bench_.Run([this] { cmdRedraw_MouseDown(); }); });
+  bench_.OnClick(cmdClear, this, &DisplayPanel::cmdClear_Click);
+  bench_.OnClick(chkWhiteBackground, this, &DisplayPanel::chkWhiteBackground_Click);
+  for (const QCheckBox* box : {chkAxesOff, chkDrawClustBounds, chkDownsample})
+    bench_.OnClick(box, this, &DisplayPanel::chkOption_Click);
+}
+
+void DisplayPanel::SetOptions() {
+  ProjectionOptions options;
+  options.Zoom = optZoom->isChecked();
+  options.DrawBoundaries = chkDrawClustBounds->isChecked();
+  options.AxesOff = chkAxesOff->isChecked();
+  const double batch = std::nearbyint(NumberIn(txtDelay).value_or(kUsualBatch));
+  options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
+  if (chkDownsample->isChecked()) {
+    options.DownsampleFraction = SingleIn(txtDownsampleFraction);
+    if (!options.DownsampleFraction) options.CountNote = ": the part to downsample to is not a number";
+  }
+  projections_.SetOptions(options);
+}
+
+void DisplayPanel::cmdPointUp_Click() {
+  session_.PointSize = session_.PointSize >= 1 ? session_.PointSize + 1 : 1;
+  projections_.Redraw();
+}
+
+void DisplayPanel::cmdPointDown_Click() {
+  session_.PointSize = session_.PointSize > 1 ? session_.PointSize - 1 : 0.5F;
+  projections_.Redraw();
+}
+
+void DisplayPanel::cmdRandomX_Click() {
+  session_.RandomX = cmdRandomX->isChecked();
+  projections_.Redraw();
+}
+
+void DisplayPanel::cmdRandomY_Click() {
+  session_.RandomY = cmdRandomY->isChecked();
+  projections_.Redraw();
+}
+
+void DisplayPanel::cmdRedraw_MouseDown() {
+  if (projections_.SlowRedrawRunning())
+    projections_.StopSlowRedraw();
+  else
+    projections_.StartSlowRedraw();
+}
+
+void DisplayPanel::chkWhiteBackground_Click() {
+  session_.WhiteBackground = chkWhiteBackground->isChecked();
+  BuildColourTable(session_);
+  projections_.RedrawIfLoaded();
 }
 
 }  // namespace pallomir

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "gui/controls/controls.h"
+#include "gui/forms/projections.h"
+#include "gui/forms/workbench.h"
 
 namespace pallomir {
 
@@ -9,8 +11,28 @@ class DisplayPanel : public QWidget {
   Q_OBJECT
 
  public:
-  explicit DisplayPanel(QWidget* parent);
+  DisplayPanel(Workbench& bench, Projections& projections, QWidget* parent);
 
+ private:
+  void MakeControls();
+  void LayOut();
+  void Connect();
+  void cmdPointUp_Click();
+  void cmdPointDown_Click();
+  void cmdRandomX_Click();
+  void cmdRandomY_Click();
+  void cmdRedraw_Click() { projections_.Redraw(); }
+  void cmdRedraw_MouseDown();
+  void cmdClear_Click() { projections_.Clear(); }
+  void chkWhiteBackground_Click();
+  /// For chkAxesOff, chkDrawClustBounds and chkDownsample.
+  void chkOption_Click() { projections_.RedrawIfLoaded(); }
+  /// Gives the settings to the projection.
+  void SetOptions();
+
+  Workbench& bench_;
+  Session& session_;
+  Projections& projections_;
   QRadioButton* optDrawClustBounds;
   QRadioButton* optZoom;
   QPushButton* cmdPointUp;

@@ -1,8 +1,25 @@
 #include "gui/forms/files_panel.h"
 
+#include "gui/controls/chosen_path.h"
+#include "gui/controls/event_hook.h"
+#include "gui/controls/toolkit_values.h"
+#include "pallomir/clusters/boundaries_file.h"
+#include "pallomir/clusters/undo.h"
+#include "pallomir/files/error.h"
+#include "pallomir/files/file_utility.h"
+#include "pallomir/files/write_target.h"
+#include "pallomir/output/cluster_files.h"
+
 namespace pallomir {
 
-FilesPanel::FilesPanel(QWidget* parent) : QWidget(parent) {
+FilesPanel::FilesPanel(Workbench& bench, Projections& projections, CutKeeper& keeper, QWidget* parent)
+    : QWidget(parent), bench_(bench), session_(bench.TheSession()), projections_(projections), keeper_(keeper) {
+  MakeControls();
+  LayOut();
+  Connect();
+}
+
+void FilesPanel::MakeControls() {
   const QString boundariesName =
       "Standard format for file name is cbfile.mX where X is the current maze (session) number.";
   cmdReadCBFile = MakeButton("cmdReadCBFile", "Read CBFile",
@@ -22,7 +39,9 @@ FilesPanel::FilesPanel(QWidget* parent) : QWidget(parent) {
                   "Name of the cluster files; each one's number is added. Enter writes them.", 9, "cl-maze1");
   cmdSaveDefaults = MakeButton("cmdSaveDefaults", "Save Defaults", "Keep the file names and epochs for the next start");
   cmdExit = MakeButton("cmdExit", "Exit", "Leave Pallomir");
+}
 
+void FilesPanel::LayOut() {
   auto* grid = new QGridLayout(this);
   grid->setSpacing(4);
   grid->setContentsMargins(6, 5, 6, 5);
@@ -36,6 +55,157 @@ FilesPanel::FilesPanel(QWidget* parent) : QWidget(parent) {
   grid->setRowStretch(2, 1);
   grid->setColumnStretch(1, 1);
   grid->setColumnStretch(3, 1);
+}
+
+void FilesPanel::Connect() {
+  bench_.OnClick(cmdReadCBFile, this, &FilesPanel::cmdReadCBFile_Click);
+  QMenu* mnuReadCBFile = MakeMenu(this, "mnuReadCBFile", "ReadCBFile");
+  bench_.On(MakeEntry(mnuReadCBFile, "mnuReadEntireCBFile", "Read Entire CBFile"), &QAction::triggered,
+            [this] { cmdReadCBFile_Click(); });
+  bench_.On(MakeEntry(mnuReadCBFile, "mnuReadSelectedClusters", "Read Selected Clusters"), &QAction::triggered,
+            [this] { mnuReadSelectedClusters_Click(); });
+  OpenByRightClick(cmdReadCBFile, mnuReadCBFile);
+  bench_.OnClick(cmdWriteCBFile, this, &FilesPanel::cmdWriteCBFile_Click);
+  bench_.OnClick(cmdWriteClustFile, this, &FilesPanel::cmdWriteClustFile_Click);
+  bench_.OnClick(cmdSaveDefaults, this, &FilesPanel::cmdSaveDefaults_Click);
+  bench_.OnClick(cmdExit, this, &FilesPanel::cmdExit_Click);
+  connect(txtCBFileRead, &QLineEdit::returnPressed, cmdReadCBFile, &QPushButton::click);
+  connect(txtCBFileWrite, &QLineEdit::returnPressed, cmdWriteCBFile, &QPushButton::click);
+  connect(txtClustFile, &QLineEdit::returnPressed, cmdWriteClustFile, &QPushButton::click);
+  bench_.KeepText(txtCBFileRead, bench_.Names.CBFileRead);
+  bench_.KeepText(txtCBFileWrite, bench_.Names.CBFileWrite);
+  bench_.KeepText(txtClustFile, bench_.Names.ClustFile);
+}
+
+void FilesPanel::WriteExitCopy() {
+  txtCBFileWrite->setText("cbfile.exit");
+  cmdWriteCBFile_Click();
+}
+
+void FilesPanel::cmdWriteCBFile_Click() {
+  if (txtCBFileWrite->text().trimmed().isEmpty()) throw CommandError("Type a name for the boundaries file first.");
+  const std::string path = BoundariesFilePath(session_, txtCBFileWrite->text().toStdString());
+  AskBeforeWriting({path}, txtCBFileWrite);
+  keeper_.Write(path);
+  if (std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0)
+    bench_.Say("No cluster has a boundary, and none was written. The earlier file stands beside it as .bak.");
+}
+
+void FilesPanel::AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box) {
+  const auto brought = fromDefaults_.find(box);
+  for (const std::string& path : paths) {
+    const QString outside = FromText(PlaceOutside(session_.DataDirectory, path));
+    if (brought == fromDefaults_.end() || brought->second != box->text() || outside.isEmpty()) continue;
+    bench_.Ask("The file Defaults names a place outside of the data folder:\n\n" + outside + "\n\nWrite there?");
+    fromDefaults_.erase(brought);
+    break;
+  }
+  bench_.AskBeforeReplacing(paths);
+}
+
+QString FilesPanel::BoundariesAdvice() const {
+  QStringList names = QDir().entryList({"cbfile.*.txt"}, QDir::Files);
+  for (QString& name : names) name.chop(4);
+  return names.isEmpty() ? "There is no boundaries file (cbfile) in this folder yet."
+                         : "Boundaries files here: " + names.join(", ");
+}
+
+std::string FilesPanel::ReadPath() const {
+  return BoundariesFilePath(session_, txtCBFileRead->text().toStdString());
+}
+
+void FilesPanel::cmdReadCBFile_Click() {
+  const std::string path = ReadPath();
+  if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
+  if (session_.FirstLoad) throw CommandError("Need to Load Points first");
+  bench_.AdviseOnFailure(BoundariesAdvice());
+  if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
+  ShowRead([&](const Progress& progress) {
+    const bool read = ReadCBFile(session_, path, progress);
+    if (read) keeper_.NoteRead(path);
+    return read;
+  });
+}
+
+void FilesPanel::mnuReadSelectedClusters_Click() {
+  if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
+  bench_.AdviseOnFailure(BoundariesAdvice());
+  if (!FileUtility::FileExists(ReadPath())) throw CommandError("CBFile does not exist", "ERROR");
+  if (!chooseClusters_) {
+    chooseClusters_ = new ChooseClusterForm(window());
+    bench_.NameTetrode(chooseClusters_);
+    bench_.On(chooseClusters_, &ChooseClusterForm::Go, [this] { cmdGo_Click(); });
+  }
+  chooseClusters_->show();
+  chooseClusters_->raise();
+}
+
+void FilesPanel::cmdGo_Click() {
+  chooseClusters_->hide();
+  ShowRead([this](const Progress& progress) {
+    return ReadSelectedClusters(session_, ReadPath(), chooseClusters_->Chosen(), progress);
+  });
+}
+
+void FilesPanel::ShowRead(const std::function<bool(const Progress&)>& read) {
+  QScopeGuard shown = qScopeGuard([this] {
+    projections_.GiveUpPolygon();
+    emit bench_.CutChanged();
+  });
+  bench_.AdviseOnFailure(
+      "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.");
+  bool understood = false;
+  try {
+    bench_.ChangeCut([&](const Progress& progress) { understood = read(progress); });
+  } catch (const Interrupted&) {
+    shown.dismiss();  // an open polygon stays open
+    throw;
+  }
+  if (understood) {
+    projections_.Redraw();
+    const auto clusters = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true);
+    bench_.Say(QString("Read; clusters with boundaries now: %1.").arg(clusters));
+    return;
+  }
+  bench_.Say("There is no boundaries file of that name to read; the clusters were deleted. Undo brings them back.");
+}
+
+void FilesPanel::cmdWriteClustFile_Click() {
+  if (!bench_.TimesTyped()) bench_.AdviseOnFailure("Enter in both record boxes fills in their times.");
+  if (!session_.TemporaryMode)
+    AskBeforeWriting(ClusterFilePaths(session_, bench_.ClusterTexts().ClustFile), txtClustFile);
+  bench_.Work([&] { WriteClusterFiles(session_, bench_, bench_.ClusterTexts()); });
+  if (!PointsLoaded(session_))
+    bench_.Say(QString(session_.Points.Rows() == 0
+                           ? "No points are loaded, and no spikes were written."
+                           : "The range was given up: one spike was written, the first one of it.") +
+               " Earlier files of clusters are kept as OLD; that of the unclassified spikes was replaced.");
+  if (session_.TemporaryMode)
+    bench_.Say("Only the files of the analyses were written: one ended early. Let one run to its end first.");
+}
+
+void FilesPanel::ReadDefaultsFiles() {
+  const Defaults own = bench_.Names;
+  for (const char* place : {"\\..\\Defaults", "\\Defaults"})
+    bench_.Run([&] {
+      const std::string path = session_.DataDirectory + place;
+      if (!ReadDefaults(session_, bench_.Names, path))
+        bench_.AppendMessage(path + " has no header: nothing was taken from it, and the list of epochs is empty");
+    });
+  emit bench_.NamesRead();
+  if (bench_.Names.CBFileWrite != own.CBFileWrite) fromDefaults_[txtCBFileWrite] = txtCBFileWrite->text();
+  if (bench_.Names.ClustFile != own.ClustFile) fromDefaults_[txtClustFile] = txtClustFile->text();
+}
+
+void FilesPanel::cmdSaveDefaults_Click() {
+  const QString path = bench_.TheDialogs().SaveFile(
+      window(), {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}, false});
+  if (path.isEmpty()) return;
+  const std::string native = PathOf(path);
+  if (FileUtility::FileExists(native) && !IsDefaultsFile(native))
+    bench_.Ask(FromText(native) + " is not a Defaults file.\n\nReplace it all the same?");
+  bench_.AskBeforeReplacing({native});
+  WriteDefaults(session_, bench_.Names, native);
 }
 
 }  // namespace pallomir

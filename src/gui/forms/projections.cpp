@@ -26,13 +26,8 @@ constexpr size_t kTogether = 4096;
 
 }  // namespace
 
-Projections::Projections(Session& session, World& world, std::function<ProjectionOptions()> options,
-                         CutChange changeCut)
-    : session_(session),
-      world_(world),
-      options_(std::move(options)),
-      changeCut_(std::move(changeCut)),
-      random_(std::random_device{}()) {
+Projections::Projections(Workbench& bench)
+    : bench_(bench), session_(bench.TheSession()), random_(std::random_device{}()) {
   setObjectName("Projections");
   setWindowTitle("Projections");
   setAttribute(Qt::WA_AlwaysShowToolTips);
@@ -71,10 +66,10 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   grid->setRowStretch(0, 1);
 
   connect(surface_, &PlotSurface::Pressed, this,
-          [this](Qt::MouseButton button, Vertex at) { RunCommand(world_, [&] { Form_MouseDown(button, at); }); });
+          [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseDown(button, at); }); });
   connect(surface_, &PlotSurface::Moved, this, &Projections::Form_MouseMove);
   connect(surface_, &PlotSurface::Released, this,
-          [this](Qt::MouseButton button, Vertex at) { RunCommand(world_, [&] { Form_MouseUp(button, at); }); });
+          [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseUp(button, at); }); });
   connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });
   connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
   resized_.setSingleShot(true);
@@ -82,16 +77,16 @@ Projections::Projections(Session& session, World& world, std::function<Projectio
   connect(&resized_, &QTimer::timeout, this, [this] {
     // There are no points during a load: redraw in the new size once it has ended.
     if (!PointsLoaded(session_)) {
-      if (options_().Busy) QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
+      if (bench_.Working()) QTimer::singleShot(kFrame, &resized_, qOverload<>(&QTimer::start));
     } else {
-      RunCommand(world_, [this] { drawn_ ? Redraw() : ShowBlank(); });
+      RunCommand(bench_, [this] { drawn_ ? Redraw() : ShowBlank(); });
     }
   });
   overlapTurn_.setSingleShot(true);
   overlapTurn_.setInterval(0);
   connect(&overlapTurn_, &QTimer::timeout, this, &Projections::ShowOverlap);
   slow_.setInterval(kFrame);
-  connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(world_, [this] { SlowTick(); }); });
+  connect(&slow_, &QTimer::timeout, this, [this] { RunCommand(bench_, [this] { SlowTick(); }); });
   ShowHint();
 }
 
@@ -120,24 +115,26 @@ void Projections::Redraw() {
 
 bool Projections::DrawAllPoints() {
   const uint64_t generation = generation_;
-  const ProjectionOptions options = options_();
+  // Settings changed meanwhile apply to the next redraw.
+  const DrawSettings settings = Drawing();
+  const size_t batch = options_.Batch;
   // Further clicks refer to the new image, so show it before events are first processed.
   std::chrono::steady_clock::time_point shown;
   auto looked = std::chrono::steady_clock::now();
-  size_t nextLook = options.Batch;
+  size_t nextLook = batch;
   for (size_t begin = 0; begin < session_.Points.Rows();) {
     const size_t end = begin + std::min({kTogether, nextLook - begin, session_.Points.Rows() - begin});
-    shown_ += DrawPoints(session_, view_, options.Drawing, begin, end, random_, raster_);
+    shown_ += DrawPoints(session_, view_, settings, begin, end, random_, raster_);
     begin = end;
     if (begin == session_.Points.Rows()) break;
     // Large discs are slow: process events even within a batch.
     if (begin < nextLook && std::chrono::steady_clock::now() - looked < kLongest) continue;
-    if (begin == nextLook) nextLook += options.Batch;
+    if (begin == nextLook) nextLook += batch;
     if (std::chrono::steady_clock::now() - shown > kFrame) {
       ShowPicture();
       shown = std::chrono::steady_clock::now();
     }
-    world_.PumpEvents();
+    bench_.PumpEvents();
     looked = std::chrono::steady_clock::now();
     // An event may have started a newer image or ended the program.
     if (generation != generation_) return false;
@@ -152,11 +149,10 @@ int Projections::DevicePixel() const {
 void Projections::BeginPicture() {
   Supersede();
   pointer_->clear();
-  const ProjectionOptions options = options_();
   const QSize size = surface_->DeviceSize();
   const double ratio = surface_->devicePixelRatioF();
   view_ = ViewOf(session_, size.width(), size.height());
-  ground_ = MakeGround(session_, view_, ratio, {!options.AxesOff, options.DrawBoundaries});
+  ground_ = MakeGround(session_, view_, ratio, {!options_.AxesOff, options_.DrawBoundaries});
   raster_ = Raster(size.width(), size.height(), PointRadius(session_.PointSize, size.width()), DevicePixel());
   drawn_ = true;
   shown_ = 0;
@@ -166,7 +162,7 @@ void Projections::BeginPicture() {
 void Projections::ShowRulers() {
   xRuler_->Clear();
   yRuler_->Clear();
-  if (!drawn_ || options_().AxesOff || !view_.Drawable()) return;
+  if (!drawn_ || options_.AxesOff || !view_.Drawable()) return;
   const double ratio = surface_->devicePixelRatioF();
   std::vector<AxisRuler::Mark> x, y;
   for (const Tick& tick : AxisTicks(view_.Left, view_.Right, AxisTickCount(view_.Width / ratio)))
@@ -186,7 +182,7 @@ void Projections::ShowPicture() {
 const Boundary* Projections::FaultyBoundary() const {
   const int c = session_.CurrentCluster;
   const Cluster& cluster = session_.Clusters[c];
-  if (open_ || c == 0 || !drawn_ || !session_.Display[c] || !options_().DrawBoundaries) return nullptr;
+  if (open_ || c == 0 || !drawn_ || !session_.Display[c] || !options_.DrawBoundaries) return nullptr;
   for (int b = 0; b < cluster.BoundaryCount; ++b)
     if (OnView(session_, cluster.Boundaries[b]) && FaultsOf(cluster.Boundaries[b]).Any()) return &cluster.Boundaries[b];
   return nullptr;
@@ -207,7 +203,7 @@ void Projections::ShowCount() {
   count_->setText(
       QString("%1 of %2 points drawn")
           .arg(QString::fromStdString(Grouped(static_cast<int64_t>(shown_))), QString::fromStdString(Grouped(loaded))) +
-      (session_.Display[0] ? "" : ", cluster 0 is hidden") + options_().CountNote);
+      (session_.Display[0] ? "" : ", cluster 0 is hidden") + options_.CountNote);
 }
 
 void Projections::StartSlowRedraw() {
@@ -235,11 +231,10 @@ void Projections::SlowTick() {
   }
   // At most as many as a redraw does at once; a slow screen falls behind but stays responsive.
   constexpr size_t kMost = 250000;
-  const ProjectionOptions options = options_();
-  const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options.Batch) + slowRest_;
+  const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options_.Batch) + slowRest_;
   const size_t count = std::min(static_cast<size_t>(std::min(due, 1e15)), kMost);
   slowRest_ = due - std::floor(due);
-  shown_ += DrawPoints(session_, view_, options.Drawing, slowPoint_, slowPoint_ + count, random_, raster_);
+  shown_ += DrawPoints(session_, view_, Drawing(), slowPoint_, slowPoint_ + count, random_, raster_);
   slowPoint_ += count;
   if (count == 0) return;
   ShowPicture();

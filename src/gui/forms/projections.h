@@ -3,17 +3,15 @@
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
-#include <functional>
 #include <optional>
 
 #include "gui/forms/plot_surface.h"
+#include "gui/forms/workbench.h"
 #include "pallomir/clusters/overlap.h"
 #include "pallomir/projection/draw_points.h"
 #include "pallomir/projection/polygon.h"
 #include "pallomir/projection/uniform_numbers.h"
 #include "pallomir/session/session.h"
-#include "pallomir/session/work_pace.h"
-#include "pallomir/session/world.h"
 
 class QLabel;
 
@@ -21,20 +19,17 @@ namespace pallomir {
 
 class AxisRuler;
 
-/// The main form's settings that the projection view uses for drawing and clicks.
+/// How the projection is drawn and what the mouse does in it; the display panel sets it.
 struct ProjectionOptions {
   bool Zoom = false;
   bool DrawBoundaries = true;
   bool AxesOff = false;
-  /// The next left click sets the centre of the maze.
-  bool CenterArmed = false;
-  /// A long operation is running: the mouse does nothing.
-  bool Busy = false;
   /// Number of points between two processings of events, at least 1.
   size_t Batch = 1;
+  /// The part of the points to draw; empty for all.
+  std::optional<float> DownsampleFraction;
   /// Text shown with the number of points drawn.
   QString CountNote;
-  DrawSettings Drawing;
 };
 
 /// The loaded points as a scatter plot of two parameters, for drawing boundaries and zooming.
@@ -42,14 +37,23 @@ class Projections : public QWidget {
   Q_OBJECT
 
  public:
-  /// Runs a change of the cut that may take long; returns false, with everything restored, if the user stopped it.
-  using CutChange = std::function<bool(const std::function<void(const Progress&)>& change)>;
+  explicit Projections(Workbench& bench);
 
-  Projections(Session& session, World& world, std::function<ProjectionOptions()> options, CutChange changeCut);
+  /// Takes effect at the next redraw; the mouse mode at once.
+  void SetOptions(const ProjectionOptions& options);
+  /// Ranges of records to draw, as in DrawSettings; takes effect at the next redraw.
+  void SetRecordRanges(decltype(DrawSettings::RecordRanges) ranges) { recordRanges_ = std::move(ranges); }
+  /// Sets whether the next left click is the centre of the maze.
+  void ArmCentre(bool armed);
 
   /// Redraws the view in the session's current projection. Throws CommandError if no points are loaded. A newer redraw,
   /// started by an event processed meanwhile, ends an older one.
   void Redraw();
+
+  /// For settings that take effect at the next redraw: does nothing if no points are loaded.
+  void RedrawIfLoaded() {
+    if (PointsLoaded(session_)) Redraw();
+  }
 
   /// Draws the loaded points one at a time, in order, at a given number per second; any other redraw shows all at once.
   void StartSlowRedraw();
@@ -77,9 +81,6 @@ class Projections : public QWidget {
   /// Shows in the status line what the mouse does now.
   void ShowHint();
 
-  /// Shows a changed mouse mode in the pointer.
-  void ShowMode();
-
   /// Another cluster was chosen: stops drawing an open polygon of the previous one.
   void ShowCluster();
 
@@ -103,6 +104,8 @@ class Projections : public QWidget {
   void Form_MouseDown(Qt::MouseButton button, Vertex at);
   void Form_MouseMove(Vertex at);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
+  /// Closes the open polygon; false, with everything restored, if the user stopped it.
+  bool Close(Vertex at, ClickOutcome& outcome);
   /// A click that begins, extends or closes a polygon.
   void ClickCorner(Vertex at, Qt::MouseButton button);
   /// False if a newer image, or the program's end, came meanwhile.
@@ -119,14 +122,16 @@ class Projections : public QWidget {
   void ShowPolygon();
   void ShowOverlap();
   QString Hint() const;
+  DrawSettings Drawing() const { return {options_.DownsampleFraction, recordRanges_}; }
   void Say(const QString& text);
   void ShowCount();
   void SlowTick();
 
+  Workbench& bench_;
   Session& session_;
-  World& world_;
-  std::function<ProjectionOptions()> options_;
-  CutChange changeCut_;
+  ProjectionOptions options_;
+  decltype(DrawSettings::RecordRanges) recordRanges_;
+  bool centreArmed_ = false;
   PlotSurface* surface_;
   AxisRuler* xRuler_;
   AxisRuler* yRuler_;

@@ -5,6 +5,7 @@
 #include "gui/controls/toolkit_values.h"
 #include "gui/forms/projections.h"
 #include "pallomir/clusters/classify.h"
+#include "pallomir/files/error.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/projection/counted_part.h"
 
@@ -38,13 +39,12 @@ QString Projections::Hint() const {
   for (const int p : {session_.XParameter, session_.YParameter})
     if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
       return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
-  const ProjectionOptions options = options_();
-  if (options.CenterArmed && (session_.XParameter != kPosX || session_.YParameter != kPosY))
+  if (centreArmed_ && (session_.XParameter != kPosX || session_.YParameter != kPosY))
     return "For the centre of the maze show PosX against PosY first, then click it; Esc gives that up.";
-  if (options.CenterArmed)
-    return options.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
-                        : "Click the centre of the maze to write the center file; Esc gives that up.";
-  if (options.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+  if (centreArmed_)
+    return options_.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
+                         : "Click the centre of the maze to write the center file; Esc gives that up.";
+  if (options_.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
   if (open_ && FaultsOf(BoundaryOf(session_, *open_)).Any())
     return QString("Cluster %1: %2 Esc takes it back.")
         .arg(c)
@@ -72,8 +72,15 @@ void Projections::ShowHint() {
   Say(Hint());
 }
 
-void Projections::ShowMode() {
-  surface_->setCursor(options_().Zoom ? Qt::SizeAllCursor : Qt::CrossCursor);
+void Projections::SetOptions(const ProjectionOptions& options) {
+  const bool modeChanged = std::exchange(options_, options).Zoom != options.Zoom;
+  if (!modeChanged) return;
+  surface_->setCursor(options_.Zoom ? Qt::SizeAllCursor : Qt::CrossCursor);
+  ShowHint();
+}
+
+void Projections::ArmCentre(bool armed) {
+  centreArmed_ = armed;
   ShowHint();
 }
 
@@ -86,14 +93,13 @@ void Projections::ShowCluster() {
 }
 
 void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
-  const ProjectionOptions options = options_();
-  if (options.Busy) return;
+  if (bench_.Working()) return;
   if (!PointsLoaded(session_) || !surface_->Scale().Drawable()) {
     ShowHint();
     return;
   }
-  if (!options.Zoom) {
-    if (options.CenterArmed && button == Qt::LeftButton)
+  if (!options_.Zoom) {
+    if (centreArmed_ && button == Qt::LeftButton)
       emit CenterChosen(at);
     else
       ClickCorner(at, button);
@@ -110,13 +116,23 @@ void Projections::ClickCorner(Vertex at, Qt::MouseButton button) {
   ClickOutcome outcome;
   if (button == Qt::LeftButton)
     outcome = AddVertex(session_, open_, at);
-  else if (!changeCut_([&](const Progress& progress) { outcome = ClosePolygon(session_, open_, at, progress); }))
+  else if (!Close(at, outcome))
     return;
   ShowPolygon();
   emit BoundariesChanged();
   if (outcome.Closed) Redraw();
   ShowHint();
   if (!outcome.Refused.empty()) Say(QString::fromStdString(outcome.Refused));
+}
+
+bool Projections::Close(Vertex at, ClickOutcome& outcome) {
+  try {
+    bench_.ChangeCut([&](const Progress& progress) { outcome = ClosePolygon(session_, open_, at, progress); });
+    return true;
+  } catch (const Interrupted&) {
+    bench_.Say("Stopped; the polygon is open as before.");
+    return false;
+  }
 }
 
 void Projections::Form_MouseMove(Vertex at) {
@@ -134,7 +150,7 @@ void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   const View scale = surface_->Scale();
   zoomAnchor_.reset();
   surface_->SetZoomAnchor({});
-  if (options_().Busy) return;
+  if (bench_.Working()) return;
   const bool dragged = std::abs(scale.PixelX(at.X) - scale.PixelX(anchor.X)) >= 1 &&
                        std::abs(scale.PixelY(at.Y) - scale.PixelY(anchor.Y)) >= 1;
   if (!dragged || !ZoomTo(session_, anchor, at)) {
@@ -160,7 +176,7 @@ void Projections::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      if (slow_.isActive()) RunCommand(world_, [this] { Redraw(); });
+      if (slow_.isActive()) RunCommand(bench_, [this] { Redraw(); });
       break;
     default:
       QWidget::keyPressEvent(event);
