@@ -53,7 +53,7 @@ TEST_F(CenterFile, IsReadInFullOrRefused) {
       {"3\r\n", "CenterCoords ended early, at line 2."},
       {"3,y\r\n", "CenterCoords, line 1: \"y\" is not a number."},
       {"3,1e99", "CenterCoords, line 1: 1E+99 is too large for single precision."},
-      {"3,4,5\r\n", "CenterCoords, line 1: there is more than X and Y."},
+      {"3,4,5\r\n", "CenterCoords, line 1: there are more values than X and Y."},
   };
   for (const auto& [text, refusal] : cases) {
     folder.Put("CenterCoords", text);

@@ -14,7 +14,7 @@
 namespace pallomir {
 namespace {
 
-constexpr const char* kNoCentre = "Angles are about the middle of the tracked area: no center file was read.";
+constexpr const char* kNoCentre = "Angles are measured about the centre of the tracked area: no center file was read.";
 
 struct ReportOfCluster : ::testing::Test {
   const TemporaryFolder folder;
@@ -59,15 +59,17 @@ TEST_F(ReportOfCluster, RemarksTellWhatTheSpikeFileLacksOrHasTooMuchOf) {
   const std::string odd = SpikeBytes(UINT64_MAX, 1), good = SpikeBytes(1'000, 100) + SpikeBytes(2'000, 100);
   const std::string three = good + SpikeBytes(3'000, 100);
   const std::string start = std::string("Used 4 of 4 spikes. ") + kNoCentre;
-  EXPECT_EQ(Make(files, SpikeFileHeader() + three + SpikeBytes(2'000, 50) + odd + "x").Remarks,
-            start +
-                " 1 spike is not in the spike file. 1 record of the spike file shares a spike's stamp. 1 record of the "
-                "spike file has no stamp that makes sense. The spike file ends with 1 byte that is no whole record.");
-  EXPECT_EQ(Make(files, good + good + odd + odd + "tail").Remarks,
-            start +
-                " The spike file does not say what a count is worth. 2 spikes are not in the spike file. 2 records of "
-                "the spike file share a spike's stamp. 2 records of the spike file have no stamp that makes sense. The "
-                "spike file ends with 4 bytes that are no whole record.");
+  EXPECT_EQ(
+      Make(files, SpikeFileHeader() + three + SpikeBytes(2'000, 50) + odd + "x").Remarks,
+      start +
+          " 1 spike is not in the spike file. 1 record of the spike file shares a spike's timestamp. 1 record of the "
+          "spike file has an impossible timestamp. The spike file ends with an incomplete record of 1 byte.");
+  EXPECT_EQ(
+      Make(files, good + good + odd + odd + "tail").Remarks,
+      start +
+          " The spike file does not give the volts per count. 2 spikes are not in the spike file. 2 records of "
+          "the spike file share a spike's timestamp. 2 records of the spike file have an impossible timestamp. The "
+          "spike file ends with an incomplete record of 4 bytes.");
   EXPECT_EQ(Make(files, SpikeFileHeader() + three + SpikeBytes(4'000, 100)).Remarks, start);
 }
 
@@ -77,8 +79,8 @@ TEST_F(ReportOfCluster, AnEndThatIsNoTimeLeavesRateAndContaminationOpen) {
   EXPECT_TRUE(std::isnan(report.MeanRate));
   EXPECT_FALSE(report.Refractory.Foreign);
   EXPECT_EQ(report.Remarks, std::string("Used 3 of 3 spikes. ") + kNoCentre +
-                                " An end of the time range is no time of a recording: rate and contamination are not "
-                                "told.");
+                                " The time range has an impossible start or end: mean rate and contamination are "
+                                "unknown.");
 }
 
 TEST_F(ReportOfCluster, CentreAndNoteAreTakenWhereTheyCanBeRead) {
@@ -105,7 +107,8 @@ TEST_F(ReportOfCluster, CentreAndNoteAreTakenWhereTheyCanBeRead) {
 }
 
 TEST_F(ReportOfCluster, RemarksTellWhichDirectionsTheseAre) {
-  const std::string start = std::string("Used 1 of 1 spikes. ") + kNoCentre + " Directions are those of travel.";
+  const std::string start =
+      std::string("Used 1 of 1 spikes. ") + kNoCentre + " Directions are those of travel, not of the head.";
   positions = "0 10 50\n30000 20 50\n60000 30 50\n90000 40 50\n";
   const Report going = Make({0, 100'000}, {30'000});
   EXPECT_EQ(going.Remarks, start);
@@ -113,13 +116,13 @@ TEST_F(ReportOfCluster, RemarksTellWhichDirectionsTheseAre) {
   positions = "0 10 50\n30000 10 50\n60000 10 50\n";
   const Report still = Make({0, 100'000}, {30'000});
   EXPECT_EQ(still.Remarks,
-            start + " Pos.p holds no directions, and the animal was never seen to travel faster than 20 pixels/s.");
+            start + " Pos.p contains no directions, and the animal never travelled faster than 20 pixels/s.");
   EXPECT_TRUE(std::isnan(still.Direction.VectorLength));
   EXPECT_EQ(still.Rate.Explanation, "");
   // What the maps say is not said again.
   positions = "";
   const Report nowhere = Make({0, 100'000}, {30'000});
-  EXPECT_EQ(nowhere.Occupancy.Explanation, "Pos.p holds no position sample.");
+  EXPECT_EQ(nowhere.Occupancy.Explanation, "Pos.p contains no position samples.");
   EXPECT_EQ(nowhere.Remarks.find("Pos.p"), std::string::npos);
 }
 

@@ -133,13 +133,13 @@ TEST(BoundariesFile, NamesAreTakenFromWholeRecordsAlone) {
   const std::string long255(255, 'x');
   const auto named = [&](const std::string& name) { return std::string(whole).replace(names, 3, name); };
   const std::pair<std::string, std::string> cases[] = {
-      {whole.substr(0, names + 2), "line 9: the quotes round \"A\" do not end."},
-      {named("\"A\r\n\"B\""), "line 9: the quotes round \"A\" do not end."},
-      {whole.substr(0, names + 6), "line 10: the quotes round \"\" do not end."},
+      {whole.substr(0, names + 2), "line 9: the quotes round \"A\" are not closed."},
+      {named("\"A\r\n\"B\""), "line 9: the quotes round \"A\" are not closed."},
+      {whole.substr(0, names + 6), "line 10: the quotes round \"\" are not closed."},
       {std::string(whole).replace(whole.rfind("50"), 2, "x"), "line 14: \"x\" is not a number."},
-      {named("A\"B"), "line 9: \"A\"B\" is no name of a parameter."},
-      {named("\"A\x1b[1m\""), "line 9: \"A?[1m\" is no name of a parameter."},
-      {named('"' + long255 + "x\""), "line 9: the name of a parameter is longer than 255 characters."},
+      {named("A\"B"), "line 9: \"A\"B\" is not a parameter name."},
+      {named("\"A\x1b[1m\""), "line 9: \"A?[1m\" is not a parameter name."},
+      {named('"' + long255 + "x\""), "line 9: a parameter name is longer than 255 characters."},
       {named('"' + std::string(1'000'000, 'x') + '"'), "line 9: an item is longer than 4096 characters."},
   };
   for (const auto& [records, fault] : cases) {
@@ -221,7 +221,7 @@ TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
   std::string manyBoundaries;
   for (int b = 0; b < 22; ++b) manyBoundaries += Triangle(6);
   const std::string undo =
-      "\n\nWhat was read until there is kept but not applied to the points; Undo brings the earlier cut back.";
+      "\n\nThe boundaries before that are kept but not applied to the points; Undo restores the earlier cut.";
   const struct {
     std::string Records, Fault;
     int Kept;  ///< boundaries of cluster 6 that stay

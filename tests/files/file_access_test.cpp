@@ -22,7 +22,7 @@ TEST(FileReader, SaysWhatIsWrongAndWhere) {
   EXPECT_EQ(Refusal([&] { FileReader(folder / "none"); }), folder / "none" + " does not exist.");
   EXPECT_EQ(Refusal([&] { FileReader(folder / ""); }), folder / "" + " is a folder, not a file.");
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
-  EXPECT_EQ(Refusal([&] { FileReader(folder / "pipe"); }), folder / "pipe" + " is not a plain file.");
+  EXPECT_EQ(Refusal([&] { FileReader(folder / "pipe"); }), folder / "pipe" + " is not a regular file.");
   FileReader file(path);
   char bytes[12] = {};
   EXPECT_EQ(file.ReadUpTo(7, bytes, 12), 3);
@@ -114,7 +114,7 @@ TEST_F(SavedFile, TakesTheOldOnesPlaceOnlyWhenItIsWhole) {
 
 TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
   const std::string sentence =
-      path + " could not be written to the end (No space left on device); what stood there before is untouched.";
+      path + " could not be written completely (No space left on device); the earlier file, if any, is unchanged.";
   for (const size_t count : {5, 1'000'000}) {  // found out at the end, or on the way
     const InjectedFault full(1, count == 5 ? FileCall::Flush : FileCall::Write);
     EXPECT_EQ(Refusal([&] { Save(path, std::string(count, 'x')); }), sentence);
@@ -124,8 +124,9 @@ TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
 }
 
 TEST_F(SavedFile, IsRefusedWhereNoFileCanStand) {
-  EXPECT_EQ(Refusal([&] { Save(folder / "no/x", "new"); }),
-            folder / "no/x" + " cannot be written (No such file or directory); what stood there before is untouched.");
+  EXPECT_EQ(
+      Refusal([&] { Save(folder / "no/x", "new"); }),
+      folder / "no/x" + " cannot be written (No such file or directory); the earlier file, if any, is unchanged.");
   EXPECT_EQ(Refusal([&] { Save(folder / "", "new"); }), folder / "" + " is a folder; nothing was written.");
 }
 
@@ -154,7 +155,7 @@ TEST_F(SavedFile, TakesTheLinksPlaceAndLeavesWhatItPointsTo) {
 TEST_F(SavedFile, ReplacesNothingButPlainFiles) {
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   EXPECT_EQ(Refusal([&] { Save(folder / "pipe", "new"); }),
-            folder / "pipe" + " is not a plain file; nothing was written.");
+            folder / "pipe" + " is not a regular file; nothing was written.");
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 }
 

@@ -44,10 +44,10 @@ TEST(TextItems, SayWhereTheFileEndsEarlyOrHoldsNoNumber) {
 TEST(TextItems, NeverRunOverALineEndNorWithoutBound) {
   const std::string longest(TextItems::kLongestItem, 'x');
   const std::pair<std::string, std::string> cases[] = {
-      {"\"two\r\nlines\",3", "file, line 1: the quotes round \"two\" do not end."},
-      {"\"two\nlines\",3", "file, line 1: the quotes round \"two\" do not end."},
-      {"\n\"MPea", "file, line 2: the quotes round \"MPea\" do not end."},
-      {"\"", "file, line 1: the quotes round \"\" do not end."},
+      {"\"two\r\nlines\",3", "file, line 1: the quotes round \"two\" are not closed."},
+      {"\"two\nlines\",3", "file, line 1: the quotes round \"two\" are not closed."},
+      {"\n\"MPea", "file, line 2: the quotes round \"MPea\" are not closed."},
+      {"\"", "file, line 1: the quotes round \"\" are not closed."},
       {longest + ",1", ""},
       {"\"" + longest + "\"", ""},
       {longest + "x,1", "file, line 1: an item is longer than 4096 characters."},

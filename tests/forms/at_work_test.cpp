@@ -79,7 +79,7 @@ class AtWorkTest : public QObject {
       QCOMPARE(PointsInCluster(program.Shared, 1), again ? 0 : members);
       QCOMPARE(Status(program), again ? "Stopped; no points are loaded now, and the boundaries are as they were."
                                       : "Stopped; everything is as it was before.");
-      if (again) QVERIFY(program.Messages().contains("could not be read again (that was stopped too)"));
+      if (again) QVERIFY(program.Messages().contains("could not be read again (this was stopped as well)"));
       program.Click("cmdLoadPoints");
       QCOMPARE(PointsInCluster(program.Shared, 1), members);
     }

@@ -85,7 +85,7 @@ class EpochFormsTest : public QObject {
     // More epochs than rows: nothing opens, nothing is lost.
     for (int i = 0; i < 30; ++i) list->addItem("more: 1 2");
     program.Click("cmdDefineEpochs");
-    QCOMPARE(program.Answers.Messages, QStringList{"ERROR|There are 31 epochs, and room for 30."});
+    QCOMPARE(program.Answers.Messages, QStringList{"ERROR|There are 31 epochs, but room for only 30."});
   }
 
   void BothHalvesOfTheTableAreShown() {

@@ -186,7 +186,8 @@ class MainFormTest : public QObject {
         {"5", "4", "ERROR|Start time must be <= to Stop time"},
         {"0", "0", "ERROR|Must Define Event IDs Using Define Epochs Command"},
         {"-1", "500", "ERROR|Records -1 to 500 cannot be loaded: the file holds records 0 to 999."},
-        {"10", "14", "ERROR|Records 10 to 14 cannot be loaded: a range holds at least 6 records, this one 5."},
+        {"10", "14",
+         "ERROR|Records 10 to 14 cannot be loaded: a range must hold at least 6 records, this one holds 5."},
         {"0", "1000", "ERROR|Records 0 to 1000 cannot be loaded: the file holds records 0 to 999."},
         {"1e99", "5", "|Start record 1E+99 is too large."},
     };

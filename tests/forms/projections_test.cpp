@@ -123,7 +123,7 @@ class ProjectionsTest : public QObject {
     QVERIFY(hint->text().contains("the marked corner makes the polygon concave"));
     corner(100, 50, Qt::RightButton);
     QVERIFY(program.Pixels(inShade) > 100 && program.Pixels(ring) > 5);
-    QVERIFY(hint->text().contains("holds") && hint->text().contains("Only what is shaded counts"));
+    QVERIFY(hint->text().contains("holds") && hint->text().contains("Only the shaded part counts"));
     // Another cluster's is not told of, nor one that is not drawn.
     program.Click("lblNewCluster(2)");
     QApplication::processEvents();

@@ -327,9 +327,9 @@ class ViewersTest : public QObject {
     MapResult map = SmallMap();
     map.Grid = {};
     map.Grid.Bin = 10;
-    map.Explanation = "Pos.p holds no position sample.";
+    map.Explanation = "Pos.p contains no position samples.";
     QWidget* window = desk.ShowMap(map);
-    QCOMPARE(Figures(window), "Pos.p holds no position sample.");
+    QCOMPARE(Figures(window), "Pos.p contains no position samples.");
     QCOMPARE(Hover(window, Plot(window)->rect().center()), "");
     // The sentence stands whole in the plot.
     const auto* sentence = qobject_cast<QCPTextElement*>(Plot(window)->plotLayout()->elements(true).last());

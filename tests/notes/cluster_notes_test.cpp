@@ -82,8 +82,8 @@ TEST(ClusterNotes, FromOtherHandsAreUnderstood) {
 
 TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
   const std::pair<std::string, std::string> cases[] = {
-      {"", "line 1: the file ends, but the note of cluster 0 is due."},
-      {FileWith({}, 30), "line 31: the file ends, but the note of cluster 30 is due."},
+      {"", "line 1: the file ends before the note of cluster 0 is due."},
+      {FileWith({}, 30), "line 31: the file ends before the note of cluster 30 is due."},
       {FileWith(3, ""), "line 3: \"\" is not a number."},
       {FileWith(3, "two,\"Good\",\"\""), "line 3: \"two\" is not a number."},
       {FileWith(3, "31,\"Good\",\"\""), "line 3: there is no cluster 31."},
@@ -91,10 +91,10 @@ TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
       {FileWith(3, "1e99,\"Good\",\"\""), "line 3: there is no cluster 1E+99."},
       {FileWith(3, "2"), "line 3: there is no field for the rating."},
       {FileWith(3, "2,\"Good\""), "line 3: there is no field for the remarks."},
-      {FileWith(3, "2,\"Good\",\"a"), "line 3: the quotes round the remarks do not end."},
-      {FileWith(3, "2,\"Good\",\"he said \"no\" to it\""), "line 3: a double quote stands inside the remarks."},
-      {FileWith(3, "2,Go\"od,\"\""), "line 3: a double quote stands inside the rating."},
-      {FileWith(3, "2,\"Good\",\"a\",\"b\""), "line 3: there is more than a number, a rating and remarks."},
+      {FileWith(3, "2,\"Good\",\"a"), "line 3: the quotes round the remarks are not closed."},
+      {FileWith(3, "2,\"Good\",\"he said \"no\" to it\""), "line 3: there is a double quote inside the remarks."},
+      {FileWith(3, "2,Go\"od,\"\""), "line 3: there is a double quote inside the rating."},
+      {FileWith(3, "2,\"Good\",\"a\",\"b\""), "line 3: there are more fields than number, rating and remarks."},
   };
   for (const auto& [file, fault] : cases) {
     Desk desk;
@@ -170,8 +170,8 @@ TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {
     Desk desk;
     desk.Folder.Put("ClNotes", "as it was");
     desk.Shared.Notes[12].Remarks = remarks;
-    EXPECT_EQ(Refusal([&] { WriteNotes(desk.Shared); }), "The remarks of cluster 12 hold " + std::string(what) +
-                                                             ", which the notes file cannot hold; nothing was saved.");
+    EXPECT_EQ(Refusal([&] { WriteNotes(desk.Shared); }), "The remarks of cluster 12 contain " + std::string(what) +
+                                                             ", which the notes file cannot store; nothing was saved.");
     EXPECT_EQ(desk.Saved(), "as it was");
     EXPECT_FALSE(std::filesystem::exists(desk.Folder / "ClNotes.bak"));
   }

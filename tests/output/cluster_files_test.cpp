@@ -235,9 +235,9 @@ TEST(ClusterFiles, AreAllAsTheyWereWhenTheDiskIsFull) {
     const InjectedFault fault(points == 10 ? 3 : 5, points == 10 ? FileCall::Flush : FileCall::Write);
     EXPECT_EQ(Refusal([&] { desk.Write(); }),
               desk.Shared.DataDirectory + "\\" + full +
-                  " could not be written to the end (No space left on device); what stood there before is untouched."
+                  " could not be written completely (No space left on device); the earlier file, if any, is unchanged."
                   "\n\nWritten: nothing.\nNot written: clusters 1, 4, 30 and the unclassified spikes.\n"
-                  "All earlier files are as they were.");
+                  "All earlier files are unchanged.");
     desk.ExpectUntouched();
   }
 }
@@ -261,7 +261,7 @@ TEST(ClusterFiles, ThatAreWrittenAndThatAreNotAreNamed) {
             ClusterFilePath(desk.Shared, "cl-maze1", 4) + " cannot be renamed to " +
                 OldClusterFilePath(desk.Shared, "cl-maze1", 4) +
                 " (Is a directory).\n\nWritten: cluster 1.\nNot written: clusters 4, 30 and the unclassified spikes.\n"
-                "No earlier file is lost: each stands under its own or its OLD name.");
+                "No earlier file is lost: each has its own name or its OLD name.");
   EXPECT_EQ(ReadText(desk.Folder / "OLDcl-maze1.1"), desk.Before["cl-maze1.1"]);
   EXPECT_EQ(desk.Records("cl-maze1.1"), (std::vector<int>{1, 2}));
   for (const std::string name : {"cl-maze1.4", "cl-maze1.30", "Undefined_cl-maze1"})

@@ -92,7 +92,7 @@ TEST_F(Drawing, APressAtTheSamePlaceIsACornerToo) {
 TEST_F(Drawing, NeedsAClusterAndAnOpenPolygon) {
   EXPECT_FALSE(ClosePolygon(session, open, {1, 1}).Closed);
   session.CurrentCluster = 0;
-  EXPECT_EQ(AddVertex(session, open, {1, 1}).Refused, "Choose a cluster first: its boundary is what the clicks draw.");
+  EXPECT_EQ(AddVertex(session, open, {1, 1}).Refused, "Choose a cluster first: the clicks draw its boundary.");
   EXPECT_EQ(session.Clusters, BoundaryTable{});
 }
 
@@ -100,9 +100,9 @@ TEST_F(Drawing, A52ndCornerIsRefused) {
   for (int k = 0; k < 51; ++k) EXPECT_EQ(AddVertex(session, open, {static_cast<float>(k), 0}).Refused, "");
   const Cluster full = Present();
   EXPECT_EQ(AddVertex(session, open, {99, 99}).Refused,
-            "A boundary can have 51 corners, and this one has them: right-click to close it.");
+            "This boundary has 51 corners, the most it can have: right-click to close it.");
   EXPECT_EQ(ClosePolygon(session, open, {99, 99}).Refused,
-            "A boundary can have 51 corners: it was closed at the last one.");
+            "A boundary can have at most 51 corners: it was closed at the last one.");
   EXPECT_FALSE(open);
   EXPECT_EQ(Present(), full);
 }
@@ -115,7 +115,8 @@ TEST_F(Drawing, A22ndBoundaryIsRefusedButAReplacementIsNot) {
   session.YParameter = 22;
   const Cluster full = Present();
   session.Undo = {};
-  EXPECT_EQ(AddVertex(session, open, {1, 1}).Refused, "Cluster 3 has all the 21 boundaries that a cluster can have.");
+  EXPECT_EQ(AddVertex(session, open, {1, 1}).Refused,
+            "Cluster 3 already has 21 boundaries, the most that a cluster can have.");
   EXPECT_FALSE(open);
   EXPECT_EQ(Present(), full);
   EXPECT_EQ(session.Undo.Clusters, BoundaryTable{}) << "nothing that could be undone has happened";

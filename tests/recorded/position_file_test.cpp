@@ -82,21 +82,21 @@ TEST(PositionFile, WhatIsSomethingElseIsRefused) {
   std::string spikes = AcquisitionHeader() + std::string(20 * 304, '\1');
   spikes.replace(10, 16, "\n-RecordSize 304");
   const std::pair<std::string, std::string> cases[] = {
-      {"30", "Pos.p is not a position file: \"30\" is not a time, x, y and perhaps an angle."},
-      {"a b\nc d\ne\n", "Pos.p is not a position file: \"c d\" is not a time, x, y and perhaps an angle."},
-      {"1 1e10 0\n", "Pos.p is not a position file: \"1 1e10 0\" is not a time, x, y and perhaps an angle."},
+      {"30", "Pos.p is not a position file: \"30\" is not a time, x, y and optionally an angle."},
+      {"a b\nc d\ne\n", "Pos.p is not a position file: \"c d\" is not a time, x, y and optionally an angle."},
+      {"1 1e10 0\n", "Pos.p is not a position file: \"1 1e10 0\" is not a time, x, y and optionally an angle."},
       {std::string(9000, 'x'),
-       "Pos.p is not a position file: \"" + std::string(40, 'x') + "\" is not a time, x, y and perhaps an angle."},
+       "Pos.p is not a position file: \"" + std::string(40, 'x') + "\" is not a time, x, y and optionally an angle."},
       {TextHeader("PosFile", {}, {{"AngleZero", "up"}}) + "1 2 3 4",
-       "Pos.p: AngleZero in the header has to be +x, +y, -x, -y or a number of degrees."},
+       "Pos.p: AngleZero in the header must be +x, +y, -x, -y or a number of degrees."},
       {TextHeader("PosFile", {}, {{"AngleZero", "12"}, {"AngleSense", "left"}}) + "1 2 3 4",
-       "Pos.p: AngleSense in the header has to be \"cw\" or \"ccw\"."},
-      {"PixelsPerCm,0\n1 2 3\n", "Pos.p: PixelsPerCm has to be a number above 0."},
-      {spikes, "Pos.p is not a position file: its bytes are neither text nor video frames."},
+       "Pos.p: AngleSense in the header must be \"cw\" or \"ccw\"."},
+      {"PixelsPerCm,0\n1 2 3\n", "Pos.p: PixelsPerCm must be a number above 0."},
+      {spikes, "Pos.p is not a position file: it contains neither text nor video frames."},
       {AcquisitionHeader() + VideoFrame(~0ULL, 1, 1, 1),
-       "Pos.p is not a position file: its bytes are neither text nor video frames."},
-      {std::string(4000, '\0'), "Pos.p is not a position file: its bytes are neither text nor video frames."},
-      {std::string("\x89PNG\0\1\2\3", 8), "Pos.p is not a position file: its bytes are neither text nor video frames."},
+       "Pos.p is not a position file: it contains neither text nor video frames."},
+      {std::string(4000, '\0'), "Pos.p is not a position file: it contains neither text nor video frames."},
+      {std::string("\x89PNG\0\1\2\3", 8), "Pos.p is not a position file: it contains neither text nor video frames."},
   };
   const TemporaryFolder folder;
   RecordingWorld world;

@@ -103,14 +103,14 @@ TEST(SpikeFile, BadInputIsCountedOrRefused) {
        {Case{"", "", 0, 0}, Case{"#", "", 0, 0}, Case{SpikeFileHeader(), "", 0, 0},
         Case{SpikeFileHeader() + good + odd + good, "", 1, 1},
         Case{SpikeFileHeader() + good + odd + odd,
-             "TT1.Ntt is not a spike file of the acquisition system: 2 of its records have no stamp that makes sense.",
-             0, 0},
+             "TT1.Ntt is not a spike file of the acquisition system: 2 of its records have an impossible timestamp.", 0,
+             0},
         Case{std::string(3000, 'x'),
-             "TT1.Ntt is not a spike file of the acquisition system: 9 of its records have no stamp that makes sense.",
-             0, 0},
+             "TT1.Ntt is not a spike file of the acquisition system: 9 of its records have an impossible timestamp.", 0,
+             0},
         Case{other + good,
-             "TT1.Ntt holds records of 112 bytes, its header says; the tetrode spikes of a .Ntt file have 304.", 0,
-             0}}) {
+             "TT1.Ntt holds records of 112 bytes according to its header; the tetrode spikes of a .Ntt file have 304.",
+             0, 0}}) {
     const std::string path = folder.Put("TT1.Ntt", c.Bytes);
     ClusterMeasures measures;
     EXPECT_EQ(Refusal([&] { measures = Measured(path, {50}); }), c.Refused);

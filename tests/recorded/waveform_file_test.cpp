@@ -62,8 +62,7 @@ TEST(WaveformFile, SaysWhyThereIsNone) {
   const TemporaryFolder folder;
   EXPECT_EQ(Refusal([&] { WaveformFile(folder / "rat1.Ntt.parms"); }), folder / "rat1.waveforms" + " does not exist.");
   EXPECT_EQ(Refusal([&] { WaveformFile(folder / "rat1.Ntt"); }),
-            "There is no waveform file beside rat1.Ntt: its name is formed from that of a parameter file ending in "
-            "\".Ntt.parms\".");
+            "There is no waveform file for rat1.Ntt: that name does not end in \".Ntt.parms\".");
 }
 
 }  // namespace

@@ -57,7 +57,7 @@ TEST_F(Analyses, RateAndOccupancyMapOfAHandfulOfSpikes) {
   EXPECT_NEAR(read.Information, rate.Information, 1e-12);
 
   const MapResult lags = ComputeSpatialAutoCorr(world, folder / "tmp.rmap");
-  EXPECT_EQ(lags.Explanation, "The rate map has 2 visited bins; a correlation needs 20.");
+  EXPECT_EQ(lags.Explanation, "The rate map has 2 visited bins; a correlation needs at least 20.");
   EXPECT_EQ(Body("tmp.2DAcorr"), "5,1,-25,-5,10,r\r\nNaN,NaN,NaN,NaN,NaN\r\n");
   EXPECT_EQ(ReadMapFile(folder / "tmp.2DAcorr").Used.SpikesUsed, 4);
 }
@@ -104,7 +104,7 @@ TEST_F(Analyses, SpikesWithoutAUsableStampAreLeftOutAndTold) {
   const IntervalResult result = ReadIntervalFile(folder / "tmp.isi");
   EXPECT_EQ(result.Intervals.Intervals, 1);
   EXPECT_EQ(result.Used.SpikesUnreadable, 2);
-  EXPECT_EQ(UsageText(result.Used), "Used 2 of 2 spikes. 2 spikes have no stamp that makes sense: left out.");
+  EXPECT_EQ(UsageText(result.Used), "Used 2 of 2 spikes. 2 spikes have an impossible timestamp: left out.");
 }
 
 TEST_F(Analyses, AnEmptyPlotSaysWhy) {
@@ -115,16 +115,15 @@ TEST_F(Analyses, AnEmptyPlotSaysWhy) {
   };
   const std::string outside =
       "No position sample lies within the time range of 0 to 100000 microseconds; those of "
-      "Pos.p reach from 200000 to 230000 microseconds.";
+      "Pos.p range from 200000 to 230000 microseconds.";
   const std::string lost = "The animal was lost in all position samples within the time range (2).";
   const std::string timeless =
-      "The position samples within the time range last no time: there is only one, or all have the same stamp.";
+      "The position samples within the time range span no time: there is only one, or all have the same timestamp.";
   const std::string silent = "The cluster has no spike within the time range of 0 to 100000 microseconds.";
-  const std::string missed = "No spike of the cluster falls on a position sample that can be used.";
-  const std::string still =
-      "Pos.p holds no directions, and the animal was never seen to travel faster than 20 pixels/s.";
+  const std::string missed = "No spike of the cluster falls on a usable position sample.";
+  const std::string still = "Pos.p contains no directions, and the animal never travelled faster than 20 pixels/s.";
   const Case cases[] = {
-      {{1}, "", "Pos.p holds no position sample.", "Pos.p holds no position sample."},
+      {{1}, "", "Pos.p contains no position samples.", "Pos.p contains no position samples."},
       {{1}, "200000 1 1 1\n230000 1 1 1\n", outside, outside},
       {{1}, "0 0 0\n30000 0 0\n", lost, lost},
       {{0}, "0 5 5 5\n", timeless, timeless},
@@ -181,8 +180,8 @@ TEST_F(Analyses, FaultyFilesAreNamed) {
             "c, line 7: \"last\" is not a number.");
   EXPECT_EQ(rate(folder.Put("c", TextHeader("Cl-File")), files.Time), "c ended early, at line 6.");
   EXPECT_EQ(rate(files.Cluster, folder.Put("t", TextHeader("TFile") + "12\r\n1,2\r\n")),
-            "t, line 7: \"1,2\" is not the stamp of a spike.");
-  EXPECT_EQ(rate(files.Cluster, folder.Put("t", "nan")), "t, line 1: \"nan\" is not the stamp of a spike.");
+            "t, line 7: \"1,2\" is not the timestamp of a spike.");
+  EXPECT_EQ(rate(files.Cluster, folder.Put("t", "nan")), "t, line 1: \"nan\" is not the timestamp of a spike.");
   EXPECT_FALSE(FileUtility::FileExists(folder / "tmp.rmap"));
 
   const std::string header = TextHeader("RateMap");
@@ -190,14 +189,14 @@ TEST_F(Analyses, FaultyFilesAreNamed) {
       {"1,1,0,0,10,r\r\n1\r\n", "m is not a map file."},
       {TextHeader("CBFile") + "1,1,0,0,10,r\r\n1\r\n", "m is not a map file."},
       {header + "1,1,0,0\r\n1\r\n", "m, line 6: this should be columns,rows,left,top,bin,unit."},
-      {header + "1e6,1e6,0,0,10,r\r\n1\r\n", "m, line 6: 1000000 columns and 1000000 rows make no map."},
-      {header + "2,2,0,0,0,r\r\n1\r\n", "m, line 6: the bin has to be above 0."},
+      {header + "1e6,1e6,0,0,10,r\r\n1\r\n", "m, line 6: 1000000 columns and 1000000 rows do not make a map."},
+      {header + "2,2,0,0,0,r\r\n1\r\n", "m, line 6: the bin size must be above 0."},
       {header + "2,2,0,0,10,r\r\n1,2\r\n", "m ended early, at line 8."},
       {header + "2,1,0,0,10,r\r\n1,2,3\r\n", "m, line 7: there should be 2 numbers."},
       {header + "2,1,0,0,10,r\r\n1,x\r\n", "m, line 7: \"x\" is not a number."},
       {header + "2,1,0,0,10,r\r\n1,NaN\r\n5,6\r\n", "m, line 7: the map should end here."},
       {TextHeader("RateMap", {}, {{"Spikes", "many"}}) + "0,0,0,0,10,r\r\n",
-       "m, header: \"many\" is no value for Spikes."},
+       "m, header: \"many\" is not a valid value of Spikes."},
   };
   for (const auto& [bytes, refusal] : maps) {
     folder.Put("m", bytes);

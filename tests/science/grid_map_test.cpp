@@ -43,8 +43,8 @@ TEST(GridMap, BinSizesFollowTheScale) {
 TEST(GridMap, APlaceFarOffIsRefused) {
   const Track track = TrackOf({{0, 1, 1}, {10, 1e9, 1e9}});
   EXPECT_EQ(Refusal([&] { OccupancyMap(track, 10); }),
-            "The positions span 1000000010 x 1000000010 pixels, which is more than a map of bins of 10 pixels takes. A "
-            "place far off the arena is the likely reason.");
+            "The positions span 1000000010 x 1000000010 pixels, too much for a map with bins of 10 pixels. The likely "
+            "reason is a position far outside the arena.");
   EXPECT_EQ(OccupancyMap(TrackOf({{0, 0, 0}}), 10).Values.size(), size_t{0});
 }
 

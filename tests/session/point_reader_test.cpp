@@ -111,8 +111,8 @@ TEST_F(PointReader, LoadsALastRowThatIsThereInPart) {
   EXPECT_EQ(session.Points.Stamps()[6], 1'007'000);
   EXPECT_EQ(session.Points.Column(72)[6], 7072);  // the last value that is there whole
   for (int p = 73; p < kParameters; ++p) EXPECT_EQ(session.Points.Column(p)[6], 0) << p;
-  EXPECT_EQ(world.Log,
-            std::vector<std::string>{"Record 7 is incomplete: the file lacks its last 244 bytes, which count as 0."});
+  EXPECT_EQ(world.Log, std::vector<std::string>{
+                           "Record 7 is incomplete: the file lacks its last 244 bytes, which are taken as 0."});
 }
 
 TEST_F(PointReader, KeepsAndCountsRowsThatHoldNoNumbers) {
@@ -121,8 +121,9 @@ TEST_F(PointReader, KeepsAndCountsRowsThatHoldNoNumbers) {
     rows[row].Values[parameter] = row == 700 ? -kInfinity : NAN;
   Session session = SessionOn(folder, kHeader + BytesOf(rows));
   ReadPoints(session, world, 10, 999);
-  EXPECT_EQ(world.Log, std::vector<std::string>{"3 of the loaded records hold values that are not numbers (the first "
-                                                "is record 40). They are kept, but not drawn on those parameters."});
+  EXPECT_EQ(world.Log,
+            std::vector<std::string>{"3 of the loaded records contain values that are not numbers (the first "
+                                     "is record 40). They are kept, but not drawn on those parameters."});
   EXPECT_TRUE(std::isnan(session.Points.Column(133)[30]));
   EXPECT_EQ(session.Points.Column(20)[690], -kInfinity);
   EXPECT_EQ(session.DataMinimum[20], 0);
@@ -132,7 +133,7 @@ TEST_F(PointReader, KeepsAndCountsRowsThatHoldNoNumbers) {
 TEST_F(PointReader, RefusesARangeAndKeepsWhatWasLoaded) {
   Session session = Loaded();
   const std::string beyond = " cannot be loaded: the file holds records 0 to 19.";
-  const std::string few = " cannot be loaded: a range holds at least 6 records, this one ";
+  const std::string few = " cannot be loaded: a range must hold at least 6 records, this one holds ";
   const std::tuple<int, int, std::string> cases[] = {
       {10, 20, "10 to 20" + beyond}, {-1, 8, "-1 to 8" + beyond},   {0, 2147483647, "0 to 2147483647" + beyond},
       {4, 8, "4 to 8" + few + "5."}, {5, 5, "5 to 5" + few + "1."}, {5, 3, "5 to 3" + few + "0."}};
@@ -144,13 +145,13 @@ TEST_F(PointReader, RefusesARangeAndKeepsWhatWasLoaded) {
 
 TEST_F(PointReader, NoticesAFileThatTookThePlaceOfTheOneOpened) {
   const std::string sentence =
-      "TT1.Ntt.parms has been replaced since it was opened: it held 20 records behind a "
+      "TT1.Ntt.parms has been replaced since it was opened: it held 20 records after a "
       "header of " +
-      std::to_string(kHeader.size()) + " bytes and holds ";
-  const std::string what = " bytes now. Check the range, then load again; what was loaded before is still here.";
+      std::to_string(kHeader.size()) + " bytes and now holds ";
+  const std::string what = " bytes. Check the range, then load again; the points loaded before are still here.";
   const std::tuple<std::string, std::string, int64_t> cases[] = {
-      {kHeader + BytesOf(NumberedRows(14)), "14 records behind a header of " + std::to_string(kHeader.size()), 14},
-      {BytesOf(NumberedRows(20)), "20 records behind a header of 0", 20}};
+      {kHeader + BytesOf(NumberedRows(14)), "14 records after a header of " + std::to_string(kHeader.size()), 14},
+      {BytesOf(NumberedRows(20)), "20 records after a header of 0", 20}};
   for (const auto& [bytes, now, records] : cases) {
     Session session = Loaded();
     folder.Put("TT1/TT1.Ntt.parms", bytes);
@@ -164,7 +165,7 @@ TEST_F(PointReader, NoticesAFileThatTookThePlaceOfTheOneOpened) {
   folder.Put("TT1/TT1.Ntt.parms", "nothing of the kind");
   EXPECT_EQ(Refusal([&] { ReadPoints(session, world, 4, 13); }),
             "TT1.Ntt.parms is no longer a parameter file: it has been replaced since it was opened. Put the right file "
-            "in its place and load again; what was loaded before is still here.");
+            "back and load again; the points loaded before are still here.");
   ExpectLoaded(session, 2, 12);
 }
 
@@ -218,16 +219,16 @@ TEST_F(PointReader, RefusesALastRowOfWhichNothingIsThere) {
 }
 
 TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
-  const std::string gone = "): no points are loaded now.", was = "What was loaded before could not be read again (";
+  const std::string gone = "): no points are loaded now.", was = "The points loaded before could not be read again (";
   const auto cut = [&](size_t rows) {
     std::filesystem::resize_file(folder / "TT1/TT1.Ntt.parms", kHeader.size() + rows * 544);
   };
   // What the file is at the pump that stops the load, and what is said.
   const std::pair<std::function<void(EventfulWorld&)>, std::string> cases[] = {
       {[&](EventfulWorld&) { folder.Put("TT1/TT1.Ntt.parms", kHeader + BytesOf(std::vector<FileRow>(20))); },
-       "TT1.Ntt.parms holds other spikes there now"},
+       "TT1.Ntt.parms now holds other spikes there"},
       {[&](EventfulWorld&) { cut(10); }, "TT1.Ntt.parms ended early, at record 10"},
-      {[](EventfulWorld& stopped) { stopped.InterruptAt = 2; }, "that was stopped too"}};
+      {[](EventfulWorld& stopped) { stopped.InterruptAt = 2; }, "this was stopped as well"}};
   for (const auto& [happens, why] : cases) {
     Session session = Loaded();
     EventfulWorld eventful;

@@ -26,8 +26,8 @@ TEST(OpenParameterFile, LeavesTheSessionAloneWhenItDoesNotKnowTheFile) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(7)));
   EXPECT_EQ(Refusal([&] { OpenParameterFile(session, folder.Put("picture.parms", "\x89PNG\r\n\x1a\n")); }),
-            "ERROR: picture.parms is not recognised as a parameter file: its spikes were not found behind a header of "
-            "Pallomir, a header of the acquisition system, a few lines of text, or at its very start.");
+            "ERROR: picture.parms is not recognised as a parameter file: no spikes were found after a Pallomir header, "
+            "an acquisition-system header or a few lines of text, nor at the start of the file.");
   EXPECT_EQ(session.File.Path, folder / "TT1/TT1.Ntt.parms");
   EXPECT_EQ(session.File.RecordCount, 7);
 }

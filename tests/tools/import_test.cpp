@@ -188,7 +188,7 @@ TEST_F(RawImport, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
   EXPECT_EQ(Failure({.Spikes = spikes, .Video = spikes}), spikes + " is not a video file (.Nvt), by its extension.");
   EXPECT_EQ(
       Failure({.Spikes = folder.Put("TT2.Ntt", AcquisitionHeader({{"RecordSize", "560"}}) + std::string(560, 'x'))}),
-      "TT2.Ntt holds records of 560 bytes, its header says; the tetrode spikes of a .Ntt file have 304.");
+      "TT2.Ntt holds records of 560 bytes according to its header; the tetrode spikes of a .Ntt file have 304.");
   EXPECT_EQ(Failure({.Spikes = spikes, .PixelsPerCm = -1}), "Pixels per cm must be a number above 0, not -1.");
   EXPECT_FALSE(std::filesystem::exists(folder / "out"));
 

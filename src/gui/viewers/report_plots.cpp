@@ -214,7 +214,7 @@ void PlotSeries(QCustomPlot& plot, const ClusterLines& spikes, const std::vector
     heights.push_back(static_cast<float>(values[i]));
   }
   if (std::none_of(heights.begin(), heights.end(), [](float height) { return std::isfinite(height); })) {
-    SayWhy(plot, style, "No spike of the cluster falls on a position sample that can be used.");
+    SayWhy(plot, style, "No spike of the cluster falls on a usable position sample.");
     return;
   }
   QCPAxisRect* rect = AddRect(plot, new QCPAxisRect(&plot), style);

@@ -32,7 +32,7 @@ std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
   const float x = items.Single();
   const float y = items.Single();
   if (!items.AtEnd())
-    throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there is more than X and Y.");
+    throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there are more values than X and Y.");
   return CenterPoint{x, y};
 }
 

@@ -48,26 +48,26 @@ std::string Counted(int64_t count, const char* one, const char* many) {
 void AddRemarks(Report& report, const std::string& whyNoDirection) {
   AddRemark(report, UsageText(report.Rate.Used));
   if (!report.CentreGiven)
-    AddRemark(report, "Angles are about the middle of the tracked area: no center file was read.");
-  if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel.");
+    AddRemark(report, "Angles are measured about the centre of the tracked area: no center file was read.");
+  if (report.DirectionOfTravel) AddRemark(report, "Directions are those of travel, not of the head.");
   if (whyNoDirection != report.Rate.Explanation) AddRemark(report, whyNoDirection);  // otherwise the map shows it
   if (report.Spikes.WithoutHeight > 0)
     AddRemark(report, Counted(report.Spikes.WithoutHeight, " spike has", " spikes have") +
-                          " a peak that is not a number, and no height.");
+                          " a peak that is not a number, so no height.");
   const ClusterMeasures& measures = report.Measures;
-  if (!measures.InMicrovolts) AddRemark(report, "The spike file does not say what a count is worth.");
+  if (!measures.InMicrovolts) AddRemark(report, "The spike file does not give the volts per count.");
   if (measures.Missing > 0)
     AddRemark(report, Counted(measures.Missing, " spike is", " spikes are") + " not in the spike file.");
   if (measures.Ambiguous > 0)
     AddRemark(report,
               Counted(measures.Ambiguous, " record of the spike file shares", " records of the spike file share") +
-                  " a spike's stamp.");
+                  " a spike's timestamp.");
   if (measures.Unreadable > 0)
     AddRemark(report, Counted(measures.Unreadable, " record of the spike file has", " records of the spike file have") +
-                          " no stamp that makes sense.");
+                          " an impossible timestamp.");
   if (measures.TrailingBytes > 0)
-    AddRemark(report, "The spike file ends with " +
-                          Counted(measures.TrailingBytes, " byte that is", " bytes that are") + " no whole record.");
+    AddRemark(report, "The spike file ends with an incomplete record of " +
+                          Counted(measures.TrailingBytes, " byte.", " bytes."));
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ Report MakeReport(World& world, const ReportFiles& files, int c) {
   WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
   AddRemarks(report, direction.Explanation);
   if (!timed)
-    AddRemark(report, "An end of the time range is no time of a recording: rate and contamination are not told.");
+    AddRemark(report, "The time range has an impossible start or end: mean rate and contamination are unknown.");
   return report;
 }
 

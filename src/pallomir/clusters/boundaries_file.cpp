@@ -108,9 +108,9 @@ class RecordReader {
   std::string Name() {
     std::string name = items_.Text();
     if (name.size() > kLongestName)
-      items_.Fault("the name of a parameter is longer than " + std::to_string(kLongestName) + " characters");
+      items_.Fault("a parameter name is longer than " + std::to_string(kLongestName) + " characters");
     const auto unfit = [](char c) { return c == '"' || (c >= 0 && c < ' ') || c == 0x7F; };
-    if (std::any_of(name.begin(), name.end(), unfit)) items_.Fault(Quoted(name) + " is no name of a parameter");
+    if (std::any_of(name.begin(), name.end(), unfit)) items_.Fault(Quoted(name) + " is not a parameter name");
     return name;
   }
 
@@ -137,8 +137,8 @@ bool ReadThenClassify(Session& session, std::string_view path, const Progress& p
   } catch (const CommandError& error) {
     session.Undo = before;
     throw CommandError(std::string(error.what()) +
-                           "\n\nWhat was read until there is kept but not applied to the points; Undo brings the "
-                           "earlier cut back.",
+                           "\n\nThe boundaries before that are kept but not applied to the points; Undo restores the "
+                           "earlier cut.",
                        "ERROR");
   }
   ClassifyClusters(session, session.ClusterDefined, progress);

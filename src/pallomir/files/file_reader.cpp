@@ -15,7 +15,8 @@ FileReader::FileReader(std::string_view path) {
   if (std::filesystem::is_directory(native, error)) throw CommandError(std::string(path) + " is a folder, not a file.");
   if (!std::filesystem::exists(native, error)) throw CommandError(std::string(path) + " does not exist.");
   // Opening a pipe would block until its other end opens.
-  if (!std::filesystem::is_regular_file(native, error)) throw CommandError(std::string(path) + " is not a plain file.");
+  if (!std::filesystem::is_regular_file(native, error))
+    throw CommandError(std::string(path) + " is not a regular file.");
   // Reads are large, so the stream's own buffer would only add a copy.
   stream_.rdbuf()->pubsetbuf(nullptr, 0);
   if (!Faulted(FileCall::Open)) stream_.open(native, std::ios::binary);

@@ -27,7 +27,7 @@ RawFile::RawFile(std::string_view path, const RawLayout& layout) : file_(path), 
 
   const std::vector<double> size = HeaderNumbers(header_, "RecordSize");
   if (!size.empty() && size[0] != static_cast<double>(layout_.RecordBytes))
-    throw CommandError(Name() + " holds records of " + DoubleText(size[0]) + " bytes, its header says; the " +
+    throw CommandError(Name() + " holds records of " + DoubleText(size[0]) + " bytes according to its header; the " +
                        std::string(layout_.Records) + " of a ." + std::string(layout_.Extension) + " file have " +
                        std::to_string(layout_.RecordBytes) + ".");
 }

@@ -43,7 +43,7 @@ SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(pa
   if (kind == fs::file_type::directory) throw CommandError(path_ + " is a folder; nothing was written.");
   const bool replaceable =
       kind == fs::file_type::regular || kind == fs::file_type::symlink || kind == fs::file_type::not_found;
-  if (!error && !replaceable) throw CommandError(path_ + " is not a plain file; nothing was written.");
+  if (!error && !replaceable) throw CommandError(path_ + " is not a regular file; nothing was written.");
   OpenBeside();
 }
 
@@ -64,7 +64,7 @@ SaveFile::~SaveFile() {
 }
 
 void SaveFile::Write(const void* bytes, size_t count) {
-  if (Faulted(FileCall::Write) || std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written to the end");
+  if (Faulted(FileCall::Write) || std::fwrite(bytes, 1, count, file_) != count) Fail("could not be written completely");
   // The disk writes while the next block is prepared.
   waiting_ += count;
   if (waiting_ < kFlushedAtOnce) return;
@@ -73,7 +73,7 @@ void SaveFile::Write(const void* bytes, size_t count) {
 }
 
 void SaveFile::Finish() {
-  if (Faulted(FileCall::Flush) || !FlushToDisk(file_)) Fail("could not be written to the end");
+  if (Faulted(FileCall::Flush) || !FlushToDisk(file_)) Fail("could not be written completely");
   flushed_ = true;
 }
 
@@ -95,7 +95,7 @@ void SaveFile::Commit() {
 void SaveFile::Fail(std::string_view what) {
   const std::string reason = errno ? std::string(" (") + std::strerror(errno) + ")" : std::string();
   Discard();
-  throw CommandError(path_ + " " + std::string(what) + reason + "; what stood there before is untouched.");
+  throw CommandError(path_ + " " + std::string(what) + reason + "; the earlier file, if any, is unchanged.");
 }
 
 void SaveFile::Discard() noexcept {

@@ -26,7 +26,7 @@ std::string TextItems::Text() {
     // An item never spans lines, even in quotes.
     const size_t close = std::min(text_.find_first_of("\"\r\n", place_ + 1), text_.size());
     if (close == text_.size() || text_[close] != '"')
-      Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " do not end");
+      Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " are not closed");
     item = text_.substr(place_ + 1, close - place_ - 1);
     end = std::min(text_.find_first_of(",\r\n", close + 1), text_.size());
   } else {

@@ -29,12 +29,12 @@ class NoteReader {
   ClusterNote Read(int c) {
     const bool ended = text_.empty();
     TakeLine();
-    if (ended) Fault("the file ends, but the note of cluster " + std::to_string(c) + " is due");
+    if (ended) Fault("the file ends before the note of cluster " + std::to_string(c) + " is due");
     ClusterNote note;
     note.Number = Number();
     note.Rating = Text("rating");
     note.Remarks = Text("remarks");
-    if (more_) Fault("there is more than a number, a rating and remarks");
+    if (more_) Fault("there are more fields than number, rating and remarks");
     return note;
   }
 
@@ -75,15 +75,15 @@ class NoteReader {
     rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
     if (!rest_.starts_with('"')) {
       const std::string_view field = TakeField();
-      if (field.find('"') != std::string_view::npos) Fault("a double quote stands inside the " + what);
+      if (field.find('"') != std::string_view::npos) Fault("there is a double quote inside the " + what);
       return std::string(field);
     }
     rest_.remove_prefix(1);
     const size_t close = rest_.find('"');
-    if (close == std::string_view::npos) Fault("the quotes round the " + what + " do not end");
+    if (close == std::string_view::npos) Fault("the quotes round the " + what + " are not closed");
     std::string text(rest_.substr(0, close));
     rest_.remove_prefix(close + 1);
-    if (!TakeField().empty()) Fault("a double quote stands inside the " + what);
+    if (!TakeField().empty()) Fault("there is a double quote inside the " + what);
     return text;
   }
 
@@ -137,9 +137,9 @@ std::string NotesFilePath(const Session& session) {
 void CheckRemarks(int c, std::string_view remarks) {
   const std::string whose = "The remarks of cluster " + std::to_string(c);
   if (remarks.find('"') != std::string_view::npos)
-    throw CommandError(whose + " hold a double quote, which the notes file cannot hold; nothing was saved.");
+    throw CommandError(whose + " contain a double quote, which the notes file cannot store; nothing was saved.");
   if (remarks.find_first_of("\r\n") != std::string_view::npos)
-    throw CommandError(whose + " hold a line break, which the notes file cannot hold; nothing was saved.");
+    throw CommandError(whose + " contain a line break, which the notes file cannot store; nothing was saved.");
 }
 
 ByCluster<ClusterNote> NotesIn(std::string_view path) {

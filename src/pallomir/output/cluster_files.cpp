@@ -192,7 +192,7 @@ void PutInPlace(const Session& session, World& world, const std::string& name, c
   } catch (const CommandError& error) {
     ReportWritten(world, files, placed);
     throw CommandError(std::string(error.what()) + "\n\nWritten: " + Named(placed) + ".\nNot written: " +
-                       Named(missing) + ".\nNo earlier file is lost: each stands under its own or its OLD name.");
+                       Named(missing) + ".\nNo earlier file is lost: each has its own name or its OLD name.");
   }
   if (olderGone) world.ShowMessage("Pre-existing cluster files have been renamed as OLD");
   ReportWritten(world, files, placed);
@@ -207,7 +207,7 @@ void WriteAllFiles(const Session& session, World& world, const ClusterFileTexts&
     WriteBeside(session, world, texts.ClustFile, beginning, assignment.Cluster, files);
   } catch (const CommandError& error) {
     throw CommandError(std::string(error.what()) + "\n\nWritten: nothing.\nNot written: " + Named(Wanted(session)) +
-                       ".\nAll earlier files are as they were.");
+                       ".\nAll earlier files are unchanged.");
   }
   PutInPlace(session, world, texts.ClustFile, files);
 }

@@ -120,7 +120,7 @@ std::string PolygonFaults::Sentence() const {
     return corners.size() == 1 ? std::string("the marked corner ") + one : std::string("the marked corners ") + several;
   };
   if (!Any()) return {};
-  const std::string shaded = "Only what is shaded counts: ";
+  const std::string shaded = "Only the shaded part counts: ";
   if (!Repeated.empty()) return shaded + marked(Repeated, "was clicked twice.", "were clicked twice.");
   if (!Inward.empty()) return shaded + marked(Inward, "makes the polygon concave.", "make the polygon concave.");
   return shaded + "the polygon crosses itself.";

@@ -16,10 +16,10 @@ int BoundaryToDraw(const Session& session, const Cluster& cluster) {
 
 ClickOutcome BeginPolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click) {
   const int16_t c = session.CurrentCluster;
-  if (c == 0) return {"Choose a cluster first: its boundary is what the clicks draw."};
+  if (c == 0) return {"Choose a cluster first: the clicks draw its boundary."};
   const int b = BoundaryToDraw(session, session.Clusters[c]);
   if (b == kBoundariesPerCluster)
-    return {"Cluster " + std::to_string(c) + " has all the 21 boundaries that a cluster can have."};
+    return {"Cluster " + std::to_string(c) + " already has 21 boundaries, the most that a cluster can have."};
   Cluster& cluster = session.Clusters[c];
   open = OpenPolygon{c, static_cast<int16_t>(b), cluster, session.Undo};
   SaveUndoSnapshot(session);
@@ -48,7 +48,7 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
   AbandonIfElsewhere(session, open);
   if (!open) return BeginPolygon(session, open, click);
   if (!Append(session.Clusters[open->Cluster].Boundaries[open->Boundary], click))
-    return {"A boundary can have 51 corners, and this one has them: right-click to close it."};
+    return {"This boundary has 51 corners, the most it can have: right-click to close it."};
   return {};
 }
 
@@ -57,7 +57,7 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   if (!open) return {};
   ClickOutcome outcome{{}, true};
   if (!Append(session.Clusters[open->Cluster].Boundaries[open->Boundary], click))
-    outcome.Refused = "A boundary can have 51 corners: it was closed at the last one.";
+    outcome.Refused = "A boundary can have at most 51 corners: it was closed at the last one.";
   ClassifyCluster(session, open->Cluster, progress);
   open.reset();
   return outcome;

@@ -18,7 +18,7 @@ bool Says(std::string_view header, std::string_view key, std::string_view yes, s
           std::string_view file) {
   const std::string value = HeaderValue(header, key).value_or("");
   if (value != yes && value != no)
-    throw CommandError(std::string(file) + ": " + std::string(key) + " in the header has to be \"" + std::string(yes) +
+    throw CommandError(std::string(file) + ": " + std::string(key) + " in the header must be \"" + std::string(yes) +
                        "\" or \"" + std::string(no) + "\".");
   return value == yes;
 }
@@ -57,8 +57,7 @@ AngleConvention ConventionFrom(std::string_view header, std::string_view file) {
   if (!zeroText) return kTextAngles;
   const auto zero = AngleZeroFromText(*zeroText);
   if (!zero)
-    throw CommandError(std::string(file) +
-                       ": AngleZero in the header has to be +x, +y, -x, -y or a number of degrees.");
+    throw CommandError(std::string(file) + ": AngleZero in the header must be +x, +y, -x, -y or a number of degrees.");
   return {*zero, Says(header, "AngleSense", "cw", "ccw", file), Says(header, "AngleY", "up", "down", file)};
 }
 

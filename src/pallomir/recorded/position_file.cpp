@@ -21,7 +21,7 @@ void ReadRecorded(std::string_view path, FileReader& file, const Progress& progr
   if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
     const auto header = VideoHeaderLength(beginning, file.Length());
     if (!header)
-      throw CommandError(file.Name() + " is not a position file: its bytes are neither text nor video frames.");
+      throw CommandError(file.Name() + " is not a position file: it contains neither text nor video frames.");
     positions.Angles = kVideoAngles;
     ReadFrames(file, *header, progress, positions);
     return;

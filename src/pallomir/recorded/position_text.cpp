@@ -88,7 +88,7 @@ class TextReader {
     });
     if (positions_.Unreadable > static_cast<int64_t>(positions_.Time.size()))
       throw CommandError(file_.Name() + " is not a position file: " + firstUnreadable_ +
-                         " is not a time, x, y and perhaps an angle.");
+                         " is not a time, x, y and optionally an angle.");
   }
 
  private:
@@ -110,7 +110,7 @@ class TextReader {
     TakeColumn(text);
     const double scale = NumberFromText(TakeColumn(text)).value_or(0);
     if (!(scale > 0 && scale <= kFarthest))
-      throw CommandError(file_.Name() + ": PixelsPerCm has to be a number above 0.");
+      throw CommandError(file_.Name() + ": PixelsPerCm must be a number above 0.");
     positions_.PixelsPerCm = scale;
     return true;
   }

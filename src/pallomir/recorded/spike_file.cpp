@@ -36,7 +36,7 @@ SpikeFile::SpikeFile(std::string_view path) : file_(path, kTetrodeLayout) {
 
 void SpikeFile::RefuseForeign() const {
   throw CommandError(Name() + " is not a spike file of the acquisition system: " + std::to_string(unreadable_) +
-                     " of its records have no stamp that makes sense.");
+                     " of its records have an impossible timestamp.");
 }
 
 }  // namespace pallomir

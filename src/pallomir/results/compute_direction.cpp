@@ -17,7 +17,7 @@ std::string WhyNoDirection(const Positions& positions, const DirectionTuning& tu
   if (positions.HasDirection) return "No position sample within the time range has a direction.";
   const std::string speed = positions.PixelsPerCm > 0 ? DoubleText(kSlowestTravelCm) + " cm/s"
                                                       : DoubleText(kSlowestTravelPixels) + " pixels/s";
-  return positions.Name + " holds no directions, and the animal was never seen to travel faster than " + speed + ".";
+  return positions.Name + " contains no directions, and the animal never travelled faster than " + speed + ".";
 }
 
 }  // namespace

@@ -22,21 +22,22 @@ int64_t ValuesIn(const Map& map) {
 }  // namespace
 
 std::string WhyNoTrack(const Positions& positions, const Track& track, const TimeRange& range) {
-  if (positions.Time.empty()) return positions.Name + " holds no position sample.";
+  if (positions.Time.empty()) return positions.Name + " contains no position samples.";
   if (track.Time.empty())
     return "No position sample lies within the time range of " + Span(range.First, range.Last) + "; those of " +
-           positions.Name + " reach from " + Span(positions.Time.front(), positions.Time.back()) + ".";
+           positions.Name + " range from " + Span(positions.Time.front(), positions.Time.back()) + ".";
   if (track.Lost == static_cast<int64_t>(track.Time.size()))
     return "The animal was lost in all position samples within the time range (" + Grouped(track.Lost) + ").";
   if (std::accumulate(track.Hold.begin(), track.Hold.end(), 0.0) == 0)
-    return "The position samples within the time range last no time: there is only one, or all have the same stamp.";
+    return "The position samples within the time range span no time: there is only one, or all have the same "
+           "timestamp.";
   return {};
 }
 
 std::string WhyNoSpikes(const Usage& usage, const TimeRange& range) {
   if (usage.Spikes == 0)
     return "The cluster has no spike within the time range of " + Span(range.First, range.Last) + ".";
-  if (usage.SpikesUsed == 0) return "No spike of the cluster falls on a position sample that can be used.";
+  if (usage.SpikesUsed == 0) return "No spike of the cluster falls on a usable position sample.";
   return {};
 }
 
@@ -44,9 +45,9 @@ std::string WhyNoCorrelation(const Map& map, const Map& correlation) {
   if (ValuesIn(correlation) > 0) return {};
   const int64_t visited = ValuesIn(map);
   if (visited < kFewestOverlapping)
-    return "The rate map has " + std::to_string(visited) + " visited bins; a correlation needs " +
+    return "The rate map has " + std::to_string(visited) + " visited bins; a correlation needs at least " +
            std::to_string(kFewestOverlapping) + ".";
-  return "The rate is the same all over the map, so that it correlates with nothing.";
+  return "The rate is the same all over the map, so it has no correlation.";
 }
 
 }  // namespace pallomir

@@ -61,8 +61,8 @@ Map ReadFrame(ResultText& text) {
   const auto [columns, rows, left, top, bin] = values;
   const auto isCount = [](double value) { return value >= 0 && value <= kMostFileBins && value == std::floor(value); };
   if (!isCount(columns) || !isCount(rows) || columns * rows > kMostFileBins || (columns == 0) != (rows == 0))
-    text.Fault(DoubleText(columns) + " columns and " + DoubleText(rows) + " rows make no map");
-  if (!(bin > 0)) text.Fault("the bin has to be above 0");
+    text.Fault(DoubleText(columns) + " columns and " + DoubleText(rows) + " rows do not make a map");
+  if (!(bin > 0)) text.Fault("the bin size must be above 0");
   return {static_cast<int>(columns), static_cast<int>(rows), left, top, bin, {}};
 }
 

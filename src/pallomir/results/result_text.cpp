@@ -17,7 +17,8 @@ namespace {
 constexpr std::string_view kNotANumber = "NaN";
 
 [[noreturn]] void HeaderFault(std::string_view name, std::string_view key, std::string_view value) {
-  throw CommandError(std::string(name) + ", header: " + Quoted(value) + " is no value for " + std::string(key) + ".");
+  throw CommandError(std::string(name) + ", header: " + Quoted(value) + " is not a valid value of " + std::string(key) +
+                     ".");
 }
 
 }  // namespace

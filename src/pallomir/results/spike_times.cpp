@@ -59,7 +59,7 @@ SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::strin
   int64_t before = INT64_MIN;
   ForEachNumberedLine(world, timeFile, [&](const NumberedLine& line) {
     const auto number = NumberFromText(line.Text);
-    if (!number) line.Refuse("is not the stamp of a spike");
+    if (!number) line.Refuse("is not the timestamp of a spike");
     if (!IsStamp(*number)) {
       ++spikes.Unreadable;
       return;

@@ -29,7 +29,7 @@ int64_t CountOfBin(ResultText& text, const std::vector<double>& edges) {
     if (!(std::abs(numbers[k] - edges[k]) <= 1e-9 * std::abs(edges[k])))
       text.Fault("this should be the bin that begins with " + DoubleText(edges[k]));
   const double count = numbers.back();
-  if (!(count >= 0 && count <= 1e15 && count == std::floor(count))) text.Fault("this is no count");
+  if (!(count >= 0 && count <= 1e15 && count == std::floor(count))) text.Fault("this is not a count");
   return static_cast<int64_t>(count);
 }
 

@@ -56,7 +56,7 @@ std::string UsageText(const Usage& usage) {
   say(usage.SpikesOutside, Subject(usage.SpikesOutside, "spike") + " outside the time range.");
   say(usage.SpikesUnreadable, Grouped(usage.SpikesUnreadable) +
                                   (usage.SpikesUnreadable == 1 ? " spike has" : " spikes have") +
-                                  " no stamp that makes sense: left out.");
+                                  " an impossible timestamp: left out.");
   say(usage.SpikesDisordered, Subject(usage.SpikesDisordered, "spike") + " out of time order and sorted.");
   say(usage.SamplesLost,
       "The animal was lost in " + Grouped(usage.SamplesLost) + " of " + Grouped(usage.Samples) + " position samples.");

@@ -34,8 +34,8 @@ Map EmptyMap(const Track& track, double bin) {
   if (x.Low > x.High) return map;
   if (x.Bins() * y.Bins() > kMostBins)
     throw CommandError("The positions span " + DoubleText(x.Bins() * bin) + " x " + DoubleText(y.Bins() * bin) +
-                       " pixels, which is more than a map of bins of " + DoubleText(bin) +
-                       " pixels takes. A place far off the arena is the likely reason.");
+                       " pixels, too much for a map with bins of " + DoubleText(bin) +
+                       " pixels. The likely reason is a position far outside the arena.");
   map.Columns = static_cast<int>(x.Bins());
   map.Rows = static_cast<int>(y.Bins());
   map.Left = x.Low * bin;

@@ -38,7 +38,7 @@ void CheckRange(const Session& session, int32_t first, int32_t last) {
         "ERROR");
   // With fewer rows, the tenth of the range at which progress is shown would be 0.
   if (rows < 6)
-    throw CommandError(range + " cannot be loaded: a range holds at least 6 records, this one " +
+    throw CommandError(range + " cannot be loaded: a range must hold at least 6 records, this one holds " +
                            std::to_string(std::max<int64_t>(rows, 0)) + ".",
                        "ERROR");
 }
@@ -55,11 +55,11 @@ void TakeRanges(Session& session, const RowFindings& findings) {
 void Report(World& world, const RowFindings& findings, int32_t first, int32_t last) {
   if (findings.OddRows > 0)
     world.AppendMessage(
-        Grouped(findings.OddRows) + " of the loaded records hold values that are not numbers (the first is record " +
+        Grouped(findings.OddRows) + " of the loaded records contain values that are not numbers (the first is record " +
         std::to_string(first + findings.FirstOddRow) + "). They are kept, but not drawn on those parameters.");
   if (findings.MissingBytes > 0)
     world.AppendMessage("Record " + std::to_string(last) + " is incomplete: the file lacks its last " +
-                        std::to_string(findings.MissingBytes) + " bytes, which count as 0.");
+                        std::to_string(findings.MissingBytes) + " bytes, which are taken as 0.");
 }
 
 /// The file must be the one whose records were counted. If it was replaced, the new one is counted for the next load.
@@ -67,17 +67,17 @@ void CheckSameFile(ParameterFile& opened, FileReader& file) {
   const long header = ParameterHeaderLength(file);
   if (header < 0)
     throw CommandError(file.Name() + " is no longer a parameter file: it has been replaced since it was opened. Put " +
-                       "the right file in its place and load again; what was loaded before is still here.");
+                       "the right file back and load again; the points loaded before are still here.");
   const int64_t records = RowCount(file.Length(), header);
   if (header == opened.HeaderLength && records == opened.RecordCount) return;
   const auto described = [](int64_t count, long length) {
-    return Grouped(count) + " records behind a header of " + Grouped(length) + " bytes";
+    return Grouped(count) + " records after a header of " + Grouped(length) + " bytes";
   };
   const std::string before = described(opened.RecordCount, opened.HeaderLength);
   opened.HeaderLength = header;
   opened.RecordCount = records;
-  throw CommandError(file.Name() + " has been replaced since it was opened: it held " + before + " and holds " +
-                     described(records, header) + " now. Check the range, then load again; what was loaded before is " +
+  throw CommandError(file.Name() + " has been replaced since it was opened: it held " + before + " and now holds " +
+                     described(records, header) + ". Check the range, then load again; the points loaded before are " +
                      "still here.");
 }
 
@@ -100,7 +100,8 @@ class FormerPoints {
     }
     world.StopHeard();
     const std::string why = ReadAgain(session.File.HeaderLength, world, file);
-    if (!why.empty()) return "What was loaded before could not be read again (" + why + "): no points are loaded now.";
+    if (!why.empty())
+      return "The points loaded before could not be read again (" + why + "): no points are loaded now.";
     session.Points = std::move(points_);
     session.LoadStartRecord = first_;
     session.LoadEndRecord = last_;
@@ -112,13 +113,13 @@ class FormerPoints {
     try {
       PointTable again(points_.Rows());
       ReadRows(file, header, first_, again, world);
-      if (!std::ranges::equal(again.Stamps(), points_.Stamps())) return file.Name() + " holds other spikes there now";
+      if (!std::ranges::equal(again.Stamps(), points_.Stamps())) return file.Name() + " now holds other spikes there";
       points_.TakeValues(std::move(again));
       return {};
     } catch (const std::bad_alloc&) {
       return "there is not enough memory";
     } catch (const Interrupted&) {
-      return "that was stopped too";
+      return "this was stopped as well";
     } catch (const CommandError& error) {
       return std::string(error.what(), std::string_view(error.what()).find_last_not_of('.') + 1);
     }
@@ -146,7 +147,7 @@ void Load(Session& session, World& world, FileReader& file, int32_t first, int32
     throw CommandError("There is not enough memory for records " + std::to_string(first) + " to " +
                        std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +
                        " MB). Load a smaller range" +
-                       (lost.empty() ? "; what was loaded before is still here." : ". " + lost));
+                       (lost.empty() ? "; the points loaded before are still here." : ". " + lost));
   } catch (const CommandError& error) {
     const std::string lost = former.PutBack(session, world, file);
     throw CommandError(error.what() + (lost.empty() ? "" : " " + lost), error.Title());

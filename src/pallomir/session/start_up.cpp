@@ -14,8 +14,8 @@ void OpenParameterFile(Session& session, std::string_view path) {
   const long header = ParameterHeaderLength(file);
   if (header < 0)
     throw CommandError(file.Name() +
-                           " is not recognised as a parameter file: its spikes were not found behind a header of "
-                           "Pallomir, a header of the acquisition system, a few lines of text, or at its very start.",
+                           " is not recognised as a parameter file: no spikes were found after a Pallomir header, an "
+                           "acquisition-system header or a few lines of text, nor at the start of the file.",
                        "ERROR");
   session.File = {std::string(path), header, RowCount(file.Length(), header)};
 }

@@ -86,7 +86,7 @@ std::vector<std::string> ItemsOf(const EpochTable& table) {
 
 EpochTable TableOf(std::span<const std::string> items) {
   if (items.size() > kEpochs)
-    throw CommandError("There are " + std::to_string(items.size()) + " epochs, and room for 30.", "ERROR");
+    throw CommandError("There are " + std::to_string(items.size()) + " epochs, but room for only 30.", "ERROR");
   EpochTable table;
   std::transform(items.begin(), items.end(), table.begin(), EpochOfItem);
   return table;
