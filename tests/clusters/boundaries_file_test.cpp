@@ -146,7 +146,7 @@ TEST(BoundariesFile, NamesAreTakenFromWholeRecordsAlone) {
     Desk desk;
     const auto before = desk.Shared.ParameterNames;
     desk.PutRecords("bad", records);
-    EXPECT_EQ(Refusal([&] { ReadCBFile(desk.Shared, desk.Path("bad")); }).find("ERROR: bad.txt, " + fault), size_t{0});
+    EXPECT_EQ(Refusal([&] { ReadCBFile(desk.Shared, desk.Path("bad")); }).find("bad.txt, " + fault), size_t{0});
     EXPECT_EQ(desk.Shared.ParameterNames, before) << fault;
     desk.PutRecords("good and bad", Triangle(1) + records);
     EXPECT_NE(Refusal([&] { ReadCBFile(desk.Shared, desk.Path("good and bad")); }), "");
@@ -241,7 +241,7 @@ TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
     desk.PutRecords("bad", bad.Records);
     const std::string refusal = Refusal([&] { ReadCBFile(desk.Shared, desk.Path("bad")); });
     EXPECT_NE(refusal.find(bad.Fault + undo), std::string::npos) << refusal;
-    EXPECT_EQ(refusal.find("ERROR: bad.txt"), size_t{0}) << refusal;
+    EXPECT_EQ(refusal.find("bad.txt"), size_t{0}) << refusal;
     EXPECT_EQ(desk.Shared.Clusters[6].BoundaryCount, bad.Kept);
     UndoLastChange(desk.Shared);
     EXPECT_EQ(PointsInCluster(desk.Shared, 4), 9);

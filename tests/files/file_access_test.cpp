@@ -65,6 +65,7 @@ TEST(Paths, OfAnyNameLeadBackToTheFile) {
     EXPECT_EQ(ReadText(directory + "\\Defaults"), name);
     EXPECT_EQ(ReadText(directory + "\\..\\" + PathText(name) + "\\Defaults"), name);
   }
+  for (const char* text : {"/W\\..\\Pos.p", "/W/x\\y", "W\\x/y.txt"}) EXPECT_EQ(PathText(PlatformPath(text)), text);
   EXPECT_EQ(ReadablePath("W" + PathText("\\x") + "\\Defaults is empty."), "W\\x\\Defaults is empty.");
 }
 

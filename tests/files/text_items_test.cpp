@@ -76,7 +76,7 @@ TEST(Sentences, AreWholeAndPrintableWhateverTheyQuote) {
   for (int i = 0; i < 50; ++i) accents += "\xc3\xa9";
   EXPECT_EQ(Quoted(accents), '"' + accents.substr(0, 80) + '"');
   const std::string name("bad\x1bname\0.txt", 13);
-  EXPECT_STREQ(CommandError(name + ": wrong.\n\nUndo.").what(), "bad?name?.txt: wrong.\n\nUndo.");
+  EXPECT_STREQ(CommandError(ErrorKind::Refused, name + ": wrong.\n\nUndo.").what(), "bad?name?.txt: wrong.\n\nUndo.");
 }
 
 }  // namespace

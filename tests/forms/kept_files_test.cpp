@@ -173,6 +173,24 @@ class KeptFilesTest : public QObject {
     QVERIFY(!program.Answers.Asked.ConfirmReplacing);
     QVERIFY(program.Answers.Questions.isEmpty() && program.Answers.Messages.isEmpty());
     QCOMPARE(Status(program.Form), "");
+    program.Type("txtPosFile", "a\"b");
+    program.Answers.FilesToOpen = {path};
+    program.Click("cmdSaveDefaults");
+    QVERIFY(program.Answers.Messages.takeLast().startsWith("ERROR|A Defaults file cannot hold a double quote: a\"b."));
+  }
+
+  void WhatIsWrongInTheDefaultsHasTheTitleThatBelongsToIt() {
+    const std::pair<const char*, const char*> faults[] = {
+        {"\"EpochEventIDs\",\"a,9\"\r\n", "ERROR|Defaults, line 6: \"a\" is not a record number."},
+        {"\"EpochEventIDs\",\"1e99,9\"\r\n", "|Defaults, line 6: record 1E+99 is too large."},
+        {"\"posfile\",\"x\r\n", "|Defaults, line 6: the quotes round \"x\" are not closed."},
+    };
+    for (const auto& [line, message] : faults) {
+      Program program;
+      program.Write("TT1/Defaults", QByteArray::fromStdString(TextHeader("Defaults")) + line);
+      program.Start();
+      QCOMPARE(program.Answers.Messages, QStringList{message});
+    }
   }
 
   void AFileThatWentAwayBeforeGoEndsWithoutAWordAndUndoLeadsBack() {

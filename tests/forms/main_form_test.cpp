@@ -40,9 +40,9 @@ class MainFormTest : public QObject {
                                    program.Path("TT1/missing.parms"), program.Path("TT1/TT1.Ntt.parms")};
     QVERIFY(program.Start());
     QCOMPARE(program.Answers.Messages.size(), 3);
-    QVERIFY(program.Answers.Messages[0].contains("picture.parms is not recognised"));
-    QVERIFY(program.Answers.Messages[1].contains("empty.parms is not recognised"));
-    QVERIFY(program.Answers.Messages[2].contains("does not exist"));
+    QVERIFY(program.Answers.Messages[0].startsWith("ERROR|picture.parms is not recognised"));
+    QVERIFY(program.Answers.Messages[1].startsWith("ERROR|empty.parms is not recognised"));
+    QVERIFY(program.Answers.Messages[2].startsWith("|") && program.Answers.Messages[2].endsWith("does not exist."));
   }
 
   void OpensTheFileOfTheCommandLine() {

@@ -138,7 +138,7 @@ TEST_F(PointReader, RefusesARangeAndKeepsWhatWasLoaded) {
       {10, 20, "10 to 20" + beyond}, {-1, 8, "-1 to 8" + beyond},   {0, 2147483647, "0 to 2147483647" + beyond},
       {4, 8, "4 to 8" + few + "5."}, {5, 5, "5 to 5" + few + "1."}, {5, 3, "5 to 3" + few + "0."}};
   for (const auto& [first, last, sentence] : cases) {
-    EXPECT_EQ(Refusal([&, f = first, l = last] { ReadPoints(session, world, f, l); }), "ERROR: Records " + sentence);
+    EXPECT_EQ(Refusal([&, f = first, l = last] { ReadPoints(session, world, f, l); }), "Records " + sentence);
     ExpectLoaded(session, 2, 12);
   }
 }

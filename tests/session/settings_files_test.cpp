@@ -47,7 +47,7 @@ TEST(Defaults, HoldThirtyEpochsAndNoMore) {
   EXPECT_EQ(other.EpochStartRecord, session.EpochStartRecord);
   written.Epochs.push_back("B: 3 4");
   EXPECT_EQ(Refusal([&] { WriteDefaults(session, written, folder / "Defaults"); }),
-            "ERROR: A Defaults file holds at most 30 epochs. Nothing was written.");
+            "A Defaults file holds at most 30 epochs. Nothing was written.");
 }
 
 TEST(Defaults, ASecondFileGoesOverTheFirst) {
@@ -74,9 +74,9 @@ TEST(Defaults, FaultsAreNamed) {
   std::string epochs;
   for (int i = 0; i < 31; ++i) epochs += "\"EpochEventIDs\",\"" + std::to_string(i) + ",9\"\r\n";
   const std::pair<std::string, std::string> cases[] = {
-      {epochs, "ERROR: Defaults, line 36: there are more than 30 epochs."},
-      {"\"EpochEventIDs\",\"a,9\"\r\n", "ERROR: Defaults, line 6: \"a\" is not a record number."},
-      {"\"EpochEventIDs\",\"7\"\r\n", "ERROR: Defaults, line 6: \"\" is not a record number."},
+      {epochs, "Defaults, line 36: there are more than 30 epochs."},
+      {"\"EpochEventIDs\",\"a,9\"\r\n", "Defaults, line 6: \"a\" is not a record number."},
+      {"\"EpochEventIDs\",\"7\"\r\n", "Defaults, line 6: \"\" is not a record number."},
       {"\"EpochEventIDs\",\"1e99,9\"\r\n", "Defaults, line 6: record 1E+99 is too large."},
       {"\"posfile\"", "Defaults ended early, at line 6."},
   };

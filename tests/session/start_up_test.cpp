@@ -17,7 +17,7 @@ TEST(ParameterFileName, IsJudgedByItsLastExtensionAlone) {
        {"", "TT1.Ntt", "TT1.parms.Ntt", "parms", "x.PARMS", "x.parms ", "x.parms.", "x.Ntt.parms2"}) {
     Session session;
     EXPECT_EQ(Refusal([&] { OpenParameterFile(session, name); }),
-              "END ERROR: File name must end in a .Ntt.parms extension. Exiting program.")
+              "END File name must end in a .Ntt.parms extension. Exiting program.")
         << name;
   }
 }
@@ -26,7 +26,7 @@ TEST(OpenParameterFile, LeavesTheSessionAloneWhenItDoesNotKnowTheFile) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(7)));
   EXPECT_EQ(Refusal([&] { OpenParameterFile(session, folder.Put("picture.parms", "\x89PNG\r\n\x1a\n")); }),
-            "ERROR: picture.parms is not recognised as a parameter file: no spikes were found after a Pallomir header, "
+            "picture.parms is not recognised as a parameter file: no spikes were found after a Pallomir header, "
             "an acquisition-system header or a few lines of text, nor at the start of the file.");
   EXPECT_EQ(session.File.Path, folder / "TT1/TT1.Ntt.parms");
   EXPECT_EQ(session.File.RecordCount, 7);

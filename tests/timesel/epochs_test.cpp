@@ -34,7 +34,7 @@ TEST(EpochItems, AreReadAsTheyAreWritten) {
   EXPECT_EQ(TableOf(ItemsOf(table))[0].End, "2");
   EXPECT_EQ(TableOf(std::vector<std::string>(30, "a: 1 2"))[29].End, "2");
   EXPECT_EQ(Refusal([] { TableOf(std::vector<std::string>(31, "a: 1 2")); }),
-            "ERROR: There are 31 epochs, but room for only 30.");
+            "There are 31 epochs, but room for only 30.");
 }
 
 struct EpochSearch : ::testing::Test {

@@ -64,10 +64,9 @@ TEST(LoadPoints, RefusesARangeThatIsTurnedRoundOrNotDefined) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
   RecordingWorld world;
-  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 5, 4); }), "ERROR: Start time must be <= to Stop time");
-  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 30, 0); }), "ERROR: Start time must be <= to Stop time");
-  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 0, 0); }),
-            "ERROR: Must Define Event IDs Using Define Epochs Command");
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 5, 4); }), "Start time must be <= to Stop time");
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 30, 0); }), "Start time must be <= to Stop time");
+  EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 0, 0); }), "Must Define Event IDs Using Define Epochs Command");
   EXPECT_FALSE(PointsLoaded(session));
   EXPECT_TRUE(session.FirstLoad);
   EXPECT_EQ(Refusal([&] { LoadPoints(session, world, 0, 9); }), "");

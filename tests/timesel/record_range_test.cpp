@@ -62,21 +62,21 @@ TEST_F(RecordRange, TimesBeyondTheLastSpike) {
     EXPECT_EQ(world.Boxes, std::vector{warning});
   }
   for (const double typed : {300.5, 1e99, double{NAN}})
-    EXPECT_EQ(Refusal([&] { RecordAtStart(session, world, typed); }), "ERROR: Start time is out of file range");
+    EXPECT_EQ(Refusal([&] { RecordAtStart(session, world, typed); }), "Start time is out of file range");
 }
 
 TEST_F(RecordRange, EndBeforeTheFirstSpikeIsRefused) {
   EXPECT_EQ(Refusal([&] {
               RecordAtEnd(Recording({100, 200, 300}), world, 99);
             }),
-            "ERROR: Record -1 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
+            "Record -1 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
 }
 
 TEST_F(RecordRange, ARecordingOfNoSpikesHasNoTimes) {
   const Session session = Recording({});
-  EXPECT_EQ(Refusal([&] { RecordAtStart(session, world, 0); }), "ERROR: Start time is out of file range");
+  EXPECT_EQ(Refusal([&] { RecordAtStart(session, world, 0); }), "Start time is out of file range");
   EXPECT_EQ(Refusal([&] { RecordAtEnd(session, world, 0); }),
-            "ERROR: Record -1 is not in TT1.Ntt.parms: the file holds none.");
+            "Record -1 is not in TT1.Ntt.parms: the file holds none.");
 }
 
 TEST_F(RecordRange, RecordsHaveTimes) {
@@ -87,9 +87,9 @@ TEST_F(RecordRange, RecordsHaveTimes) {
   for (const double record : {-0.001, -0.4, -1.0, 3.0, 1e15, 1e99, -1e99, double{NAN}, double{INFINITY}})
     EXPECT_NE(Refusal([&] { TimeOfRecord(session, record); }), "") << record;
   EXPECT_EQ(Refusal([&] { TimeOfRecord(session, -0.4); }),
-            "ERROR: Record -0.4 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
+            "Record -0.4 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
   EXPECT_EQ(Refusal([&] { TimeOfRecord(session, 3); }),
-            "ERROR: Record 3 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
+            "Record 3 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
 }
 
 TEST_F(RecordRange, LongFilesAreScannedToTheirEndAndCanBeLeft) {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <optional>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/files/raw_header.h"
@@ -23,7 +23,7 @@ constexpr size_t kCopySize = size_t{1} << 20;
 RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, std::string_view wanted) {
   const RawLayout* layout = LayoutByExtension(path);
   if (!layout || std::find(kinds.begin(), kinds.end(), layout->Kind) == kinds.end())
-    throw CommandError(path + " is not " + std::string(wanted) + ", by its extension.");
+    throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path), "is not " + std::string(wanted) + ", by its extension");
   return RawFile(path, *layout);
 }
 
@@ -122,7 +122,8 @@ std::vector<std::string> SourcesOf(const ImportRequest& request) {
 
 ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress) {
   if (!(request.PixelsPerCm >= 0) || !std::isfinite(request.PixelsPerCm))
-    throw CommandError("Pixels per cm must be a number above 0, not " + DoubleText(request.PixelsPerCm) + ".");
+    throw CommandError(ErrorKind::Refused,
+                       "Pixels per cm must be a number above 0, not " + DoubleText(request.PixelsPerCm) + ".");
   RawRecording raw(request);
   const RecordOrder order(raw.Spikes, progress);
   ImportReport report = LookThrough(request, raw, order, progress);

@@ -6,7 +6,7 @@
 #include <set>
 #include <thread>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/folder_lock.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/files/text_header.h"
@@ -32,8 +32,10 @@ FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds pati
     }
     if (IsToStop()) throw Interrupted();
     if (std::chrono::steady_clock::now() - begin >= patience)
-      throw CommandError("The folder " + PathText(folder) + " is in use by " + lock.Holder() +
-                         "; nothing was written. Try again when it has ended.");
+      throw CommandError(ErrorKind::NotWritten,
+                         "The folder " + PathText(folder) + " is in use by " + lock.Holder() +
+                             "; nothing was written. Try again when it has ended.",
+                         folder);
     std::this_thread::sleep_for(kNextLook);
   }
 }
@@ -79,22 +81,23 @@ void WriteBeside(OutputGroup& group) {
 void MakeFolder(const std::filesystem::path& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be made (" + error.message() + ").");
+  if (error)
+    throw CommandError(ErrorKind::NotWritten,
+                       "The folder " + PathText(folder) + " cannot be made (" + error.message() + ").", folder);
 }
 
 void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::string> sources) {
   std::error_code error;
   const auto status = std::filesystem::symlink_status(path, error);
-  const std::string name = PathText(path);
+  const auto refuse = [&path](const std::string& why) { throw FaultOfPath(ErrorKind::NotWritten, path, why); };
   if (!std::filesystem::exists(status)) return;
   if (std::filesystem::is_symlink(status))
-    throw CommandError(name + " is a link, which is neither followed nor replaced; nothing was written.");
-  if (std::filesystem::is_directory(status)) throw CommandError(name + " is a folder; nothing was written.");
-  if (!std::filesystem::is_regular_file(status)) throw CommandError(name + " is no regular file; nothing was written.");
+    refuse("is a link, which is neither followed nor replaced; nothing was written");
+  if (std::filesystem::is_directory(status)) refuse("is a folder; nothing was written");
+  if (!std::filesystem::is_regular_file(status)) refuse("is no regular file; nothing was written");
   for (const std::string& source : sources)
     if (std::filesystem::equivalent(path, PlatformPath(source), error) && !error)
-      throw CommandError(name + " is " + source +
-                         " itself, where a file would be put; nothing was written. Name another folder.");
+      refuse("is " + source + " itself, where a file would be put; nothing was written. Name another folder");
 }
 
 OutputFile::OutputFile(std::filesystem::path path, std::string header)
@@ -149,9 +152,9 @@ void OutputFile::Commit() {
 }
 
 void OutputFile::Differs() const {
-  throw CommandError(PathText(path_) +
-                     " stands there already and holds something else than these files and options make; nothing was "
-                     "written. --replace puts the new file in its place.");
+  throw FaultOfPath(ErrorKind::NotWritten, path_,
+                    "stands there already and holds something else than these files and options make; nothing was "
+                    "written. --replace puts the new file in its place");
 }
 
 void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace) {

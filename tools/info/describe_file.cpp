@@ -1,9 +1,10 @@
 #include "tools/info/describe_file.h"
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/raw_file.h"
 #include "pallomir/files/raw_header.h"
 #include "pallomir/files/text_case.h"
@@ -73,7 +74,7 @@ std::string DescribeFile(std::string_view path, ProgressBar& progress) {
   if (beginning.starts_with('#'))
     if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderBytes)))
       return DescribeRaw(path, *layout, progress);
-  throw CommandError(std::string(path) + " is not a file of a kind that is known here.");
+  throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path), "is not a file of a kind that is known here");
 }
 
 }  // namespace pallomir

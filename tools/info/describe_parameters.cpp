@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "pallomir/files/bytes.h"
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/parameter_header.h"
 #include "pallomir/recorded/waveform_file.h"
@@ -70,7 +70,7 @@ std::string ChannelsText(const std::array<bool, kChannels>& recorded) {
 std::string DescribeParameters(std::string_view path, ProgressBar& progress) {
   FileReader file(path);
   const long header = ParameterHeaderLength(file);
-  if (header < 0) throw CommandError(file.Name() + " is not a parameter file: its rows cannot be found.");
+  if (header < 0) throw FaultOf(ErrorKind::Foreign, file.Path(), "is not a parameter file: its rows cannot be found");
   RowFindings rows;
   const uint64_t left = ForEachRecord(file, static_cast<uint64_t>(header), kRowBytes, progress,
                                       [&](const unsigned char* row) { rows.Add(row); });

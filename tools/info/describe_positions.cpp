@@ -39,7 +39,7 @@ std::string DescribePositions(std::string_view path) {
   StoppableWorld world;
   WorkPace pace(world);
   Positions positions;
-  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, header), file.Name());
+  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, header), file.Path());
   ReadPositionText(file, header, pace, positions);
   StampSeries stamps;  // negative times are clamped to 0
   for (const int64_t time : positions.Time) stamps.Add(static_cast<uint64_t>(std::max<int64_t>(time, 0)));

@@ -28,11 +28,15 @@ void RefuseUsedFolder(const std::filesystem::path& folder) {
   const auto status = std::filesystem::symlink_status(folder, error);
   if (!std::filesystem::exists(status)) return;
   const bool isEmpty = std::filesystem::is_empty(folder, error);
-  if (error) throw CommandError("The folder " + PathText(folder) + " cannot be read (" + error.message() + ").");
+  if (error)
+    throw CommandError(ErrorKind::Unreadable,
+                       "The folder " + PathText(folder) + " cannot be read (" + error.message() + ").", folder);
   if (!isEmpty)
-    throw CommandError("The folder " + PathText(folder) +
-                       " is not empty; nothing was written. Name a new folder, or say --replace: files of the sample "
-                       "then take the places of those with the same names.");
+    throw CommandError(ErrorKind::NotWritten,
+                       "The folder " + PathText(folder) +
+                           " is not empty; nothing was written. Name a new folder, or say --replace: files of the "
+                           "sample then take the places of those with the same names.",
+                       folder);
 }
 
 }  // namespace

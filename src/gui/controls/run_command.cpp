@@ -2,18 +2,38 @@
 
 #include <new>
 
-#include "pallomir/files/error.h"
-
 namespace pallomir {
+
+namespace {
+
+/// A CommandError with a message box's title of its own.
+class TitledError : public CommandError {
+ public:
+  explicit TitledError(const CommandError& error) : CommandError(error) {}
+};
+
+}  // namespace
+
+void UnderErrorTitle(const std::function<void()>& part, std::optional<ErrorKind> kind) {
+  try {
+    part();
+  } catch (const CommandError& error) {
+    if (kind && error.Kind() != *kind) throw;
+    throw TitledError(error);
+  }
+}
+
+void ShowError(World& world, const CommandError& error) {
+  const bool titled = error.Kind() == ErrorKind::OutOfRange || dynamic_cast<const TitledError*>(&error);
+  world.ShowMessage(error.what(), titled ? "ERROR" : "");
+}
 
 bool RunCommand(World& world, const std::function<void()>& command) {
   try {
     command();
     return true;
-  } catch (const ProgramEnd&) {
-    throw;
   } catch (const CommandError& error) {
-    world.ShowMessage(error.what(), error.Title());
+    ShowError(world, error);
   } catch (const std::bad_alloc& error) {
     world.ShowMessage(SentenceOf(error), {});
   }

@@ -12,7 +12,7 @@ namespace pallomir {
 
 namespace {
 
-const CommandError kNoMemory("There is not enough memory for the picture.");
+const CommandError kNoMemory(ErrorKind::NoMemory, "There is not enough memory for the picture.");
 
 }  // namespace
 

@@ -2,15 +2,26 @@
 
 #include "gui/controls/chosen_path.h"
 #include "gui/controls/event_hook.h"
+#include "gui/controls/run_command.h"
 #include "gui/controls/toolkit_values.h"
 #include "pallomir/clusters/boundaries_file.h"
 #include "pallomir/clusters/undo.h"
 #include "pallomir/files/error.h"
 #include "pallomir/files/file_utility.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/write_target.h"
 #include "pallomir/output/cluster_files.h"
 
 namespace pallomir {
+
+namespace {
+
+void RequireCBFile(const std::string& path) {
+  if (FileUtility::FileExists(path)) return;
+  UnderErrorTitle([&] { throw CommandError(ErrorKind::Missing, "CBFile does not exist", PlatformPath(path)); });
+}
+
+}  // namespace
 
 FilesPanel::FilesPanel(Workbench& bench, Projections& projections, CutKeeper& keeper, QWidget* parent)
     : QWidget(parent), bench_(bench), session_(bench.TheSession()), projections_(projections), keeper_(keeper) {
@@ -83,7 +94,8 @@ void FilesPanel::WriteExitCopy() {
 }
 
 void FilesPanel::cmdWriteCBFile_Click() {
-  if (txtCBFileWrite->text().trimmed().isEmpty()) throw CommandError("Type a name for the boundaries file first.");
+  if (txtCBFileWrite->text().trimmed().isEmpty())
+    throw CommandError(ErrorKind::Refused, "Type a name for the boundaries file first.");
   const std::string path = BoundariesFilePath(session_, txtCBFileWrite->text().toStdString());
   AskBeforeWriting({path}, txtCBFileWrite);
   keeper_.Write(path);
@@ -117,9 +129,9 @@ std::string FilesPanel::ReadPath() const {
 void FilesPanel::cmdReadCBFile_Click() {
   const std::string path = ReadPath();
   if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
-  if (session_.FirstLoad) throw CommandError("Need to Load Points first");
+  if (session_.FirstLoad) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
   bench_.AdviseOnFailure(BoundariesAdvice());
-  if (!FileUtility::FileExists(path)) throw CommandError("CBFile does not exist", "ERROR");
+  RequireCBFile(path);
   ShowRead([&](const Progress& progress) {
     const bool read = ReadCBFile(session_, path, progress);
     if (read) keeper_.NoteRead(path);
@@ -130,7 +142,7 @@ void FilesPanel::cmdReadCBFile_Click() {
 void FilesPanel::mnuReadSelectedClusters_Click() {
   if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
   bench_.AdviseOnFailure(BoundariesAdvice());
-  if (!FileUtility::FileExists(ReadPath())) throw CommandError("CBFile does not exist", "ERROR");
+  RequireCBFile(ReadPath());
   if (!chooseClusters_) {
     chooseClusters_ = new ChooseClusterForm(window());
     bench_.NameTetrode(chooseClusters_);
@@ -156,7 +168,7 @@ void FilesPanel::ShowRead(const std::function<bool(const Progress&)>& read) {
       "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.");
   bool understood = false;
   try {
-    bench_.ChangeCut([&](const Progress& progress) { understood = read(progress); });
+    UnderErrorTitle([&] { bench_.ChangeCut([&](const Progress& progress) { understood = read(progress); }); });
   } catch (const Interrupted&) {
     shown.dismiss();  // an open polygon stays open
     throw;
@@ -205,7 +217,7 @@ void FilesPanel::cmdSaveDefaults_Click() {
   if (FileUtility::FileExists(native) && !IsDefaultsFile(native))
     bench_.Ask(FromText(native) + " is not a Defaults file.\n\nReplace it all the same?");
   bench_.AskBeforeReplacing({native});
-  WriteDefaults(session_, bench_.Names, native);
+  UnderErrorTitle([&] { WriteDefaults(session_, bench_.Names, native); }, ErrorKind::Refused);
 }
 
 }  // namespace pallomir

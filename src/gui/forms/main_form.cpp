@@ -85,13 +85,13 @@ bool Main_Form::ChooseParameterFile() {
     session_.DataDirectory = PathText(std::filesystem::current_path(error));
     range_->ShowFolder();
     try {
-      OpenParameterFile(session_, path);
+      UnderErrorTitle([&] { OpenParameterFile(session_, path); }, ErrorKind::Foreign);
       if (keeper_.EnterFolder()) return true;
     } catch (const ProgramEnd& end) {
-      bench_.ShowMessage(end.what(), end.Title());
+      bench_.ShowMessage(end.what(), "ERROR");
       return false;
     } catch (const CommandError& refused) {
-      bench_.ShowMessage(refused.what(), refused.Title());
+      ShowError(bench_, refused);
     }
   }
 }

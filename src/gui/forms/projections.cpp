@@ -91,7 +91,7 @@ Projections::Projections(Workbench& bench)
 }
 
 void Projections::Redraw() {
-  if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
+  if (!PointsLoaded(session_)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
   StopSlowRedraw();
   const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
@@ -207,7 +207,7 @@ void Projections::ShowCount() {
 }
 
 void Projections::StartSlowRedraw() {
-  if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
+  if (!PointsLoaded(session_)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
   if (!isVisible()) show();
   BeginPicture();
   ShowPicture();

@@ -83,7 +83,7 @@ Waveforms::Waveforms(const Session& session, World& world, Dialogs& dialogs, QWi
 }
 
 void Waveforms::RequirePoints() const {
-  if (!PointsLoaded(session_)) throw CommandError("Need to Load Points first");
+  if (!PointsLoaded(session_)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
 }
 
 template <class Step>

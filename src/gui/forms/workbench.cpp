@@ -46,7 +46,7 @@ void Workbench::Run(const std::function<void()>& handler) {
   try {
     if (!RunCommand(*this, handler)) Say(advice_.isEmpty() ? NextStep() : advice_);
   } catch (const ProgramEnd& end) {
-    ShowMessage(end.what(), end.Title());
+    ShowMessage(end.what(), {});
     emit MustEnd();
   } catch (const Interrupted&) {
     Say(stopped_);

@@ -16,7 +16,8 @@ namespace pallomir {
 namespace {
 
 void Require(bool done, int page) {
-  if (!done) throw CommandError("Page " + std::to_string(page) + " of the report could not be printed.");
+  if (!done)
+    throw CommandError(ErrorKind::NotWritten, "Page " + std::to_string(page) + " of the report could not be printed.");
 }
 
 void PaintWords(QCPPainter& painter, const QWidget& sheet, const QLabel& label) {

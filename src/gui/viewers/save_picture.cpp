@@ -72,7 +72,8 @@ void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path,
   else if (ending == "pdf")
     bytes = Pdf(plot, title);
   else
-    throw CommandError(name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
+    throw CommandError(ErrorKind::Refused,
+                       name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
   rendered();
   SavePictureBytes(picture.isNull() ? bytes : PngOf(picture), path);
 }

@@ -15,7 +15,7 @@ std::string CenterFilePath(const Session& session, std::string_view name) {
 }
 
 void WriteCenterFile(const Session& session, World& world, std::string_view name, CenterPoint center) {
-  if (name.empty()) throw CommandError("Error: Need to specify Center File Name");
+  if (name.empty()) throw CommandError(ErrorKind::Refused, "Error: Need to specify Center File Name");
   const std::string x = SingleText(center.X), y = SingleText(center.Y);
   SaveFile file(CenterFilePath(session, name));
   file.Write(x + "," + y + "\r\n");
@@ -27,12 +27,10 @@ std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
   if (!FileUtility::FileExists(path)) return {};
   // More than enough for two numbers.
   const std::string text = ReadText(path, 4096);
-  const std::string name = PathText(PlatformPath(path).filename());
-  TextItems items(text, name);
+  TextItems items(text, PlatformPath(path));
   const float x = items.Single();
   const float y = items.Single();
-  if (!items.AtEnd())
-    throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there are more values than X and Y.");
+  if (!items.AtEnd()) items.Fault("there are more values than X and Y");
   return CenterPoint{x, y};
 }
 

@@ -1,8 +1,9 @@
 #include "pallomir/analyses/commands.h"
 
 #include "pallomir/analyses/center_file.h"
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_utility.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/notes/cluster_notes.h"
 #include "pallomir/output/cluster_files.h"
 
@@ -11,7 +12,7 @@ namespace pallomir {
 namespace {
 
 void RequireCluster(const Session& session) {
-  if (session.CurrentCluster == 0) throw CommandError("Error.  Must Choose a cluster first.");
+  if (session.CurrentCluster == 0) throw CommandError(ErrorKind::NotReady, "Error.  Must Choose a cluster first.");
 }
 
 void WriteTemporaryFiles(Session& session, const AnalysisTools& tools) {
@@ -20,9 +21,9 @@ void WriteTemporaryFiles(Session& session, const AnalysisTools& tools) {
 }
 
 std::string PositionFile(const Session& session, const std::string& name) {
-  if (name.empty()) throw CommandError("Must specify a Position File");
+  if (name.empty()) throw CommandError(ErrorKind::Refused, "Must specify a Position File");
   std::string path = session.DataDirectory + "\\..\\" + name;
-  if (!FileUtility::FileExists(path)) throw CommandError(path + " is not present");
+  if (!FileUtility::FileExists(path)) throw NotPresent(PlatformPath(path));
   return path;
 }
 
@@ -104,7 +105,7 @@ void ShowReport(Session& session, const AnalysisTools& tools, const std::string&
   WriteTemporaryFiles(session, tools);
   const std::string positions = PositionFile(session, positionName), spikes = SpikeFilePath(session.File.Path);
   if (!FileUtility::FileExists(spikes) || FileUtility::FileLength(spikes) < 1)
-    throw CommandError("Error.  Neuralynx .Ntt spike file is not present.");
+    throw CommandError(ErrorKind::Missing, "Error.  Neuralynx .Ntt spike file is not present.");
   tools.Parts.MakeSpikeSource()->ShowReport({spikes, TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
                                              positions, CenterFilePath(session), NotesFilePath(session)},
                                             "Display", false, 0);
@@ -115,7 +116,7 @@ void ShowAvgWaveforms(Session& session, const AnalysisTools& tools) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
   if (!FileUtility::FileExists("C:\\Silicon probe waveform testing\\waveform_files\\allRawWaveforms_A.waveforms"))
-    throw CommandError("Error.  The .Ntt Neuralynx spike file is not present");
+    throw CommandError(ErrorKind::Missing, "Error.  The .Ntt Neuralynx spike file is not present");
 }
 
 std::string SpikeFilePath(const std::string& parameterFile) {

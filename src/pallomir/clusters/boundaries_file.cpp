@@ -39,8 +39,8 @@ std::string RecordText(const Session& session, int c, const Boundary& boundary) 
 /// Reads the records of a file into the boundary table.
 class RecordReader {
  public:
-  RecordReader(Session& session, std::string_view body, std::string_view name, int firstLine)
-      : session_(session), items_(body, name, firstLine) {}
+  RecordReader(Session& session, std::string_view body, const std::filesystem::path& file, int firstLine)
+      : session_(session), items_(body, file, firstLine) {}
 
   bool AtEnd() const { return items_.AtEnd(); }
 
@@ -125,21 +125,19 @@ bool ReadThenClassify(Session& session, std::string_view path, const Progress& p
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
   try {
     const bool usable = FileUtility::GetHeaderLength(path) >= 0;
-    const std::string text = usable ? ReadText(path) : "", name = PathText(PlatformPath(path).filename());
+    const std::string text = usable ? ReadText(path) : "";
     forget();
     const auto body = BodyBehindHeader(text);
     if (!body) {
       session.Undo = before;
       return false;
     }
-    RecordReader reader(session, std::string_view(text).substr(body->Begin), name, body->FirstLine);
+    RecordReader reader(session, std::string_view(text).substr(body->Begin), PlatformPath(path), body->FirstLine);
     while (!reader.AtEnd()) read(reader);
   } catch (const CommandError& error) {
     session.Undo = before;
-    throw CommandError(std::string(error.what()) +
-                           "\n\nThe boundaries before that are kept but not applied to the points; Undo restores the "
-                           "earlier cut.",
-                       "ERROR");
+    throw error.With(
+        "\n\nThe boundaries before that are kept but not applied to the points; Undo restores the earlier cut.");
   }
   ClassifyClusters(session, session.ClusterDefined, progress);
   return true;

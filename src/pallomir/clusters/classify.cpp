@@ -144,7 +144,8 @@ std::vector<int16_t> ParametersOf(const Cluster& cluster) {
 }
 
 void CheckCluster(int c) {
-  if (c < 0 || c > kClusters) throw CommandError("Cluster " + std::to_string(c) + " does not exist.");
+  if (c < 0 || c > kClusters)
+    throw CommandError(ErrorKind::Refused, "Cluster " + std::to_string(c) + " does not exist.");
 }
 
 void ShowReached(const Progress& progress, const PointTable& points, size_t begin) {

@@ -18,7 +18,7 @@ OverlapPoints PointsInSeveralClusters(const Session& session) {
       overlap.Y.push_back(y[i]);
     }
   }
-  if (overlap.X.empty()) throw CommandError("There are no overlapping clusters");
+  if (overlap.X.empty()) throw CommandError(ErrorKind::NotReady, "There are no overlapping clusters");
   return overlap;
 }
 

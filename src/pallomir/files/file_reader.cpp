@@ -2,27 +2,26 @@
 
 #include <algorithm>
 
-#include "pallomir/files/error.h"
 #include "pallomir/files/file_calls.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/platform.h"
 
 namespace pallomir {
 
-FileReader::FileReader(std::string_view path) {
-  const std::filesystem::path native = PlatformPath(path);
-  name_ = PathText(native.filename());
+FileReader::FileReader(std::string_view path) : path_(PlatformPath(path)), name_(NameText(path_)) {
+  namespace fs = std::filesystem;
+  const auto refuse = [this](ErrorKind kind, const char* why) { throw FaultOfPath(kind, path_, why); };
   std::error_code error;
-  if (std::filesystem::is_directory(native, error)) throw CommandError(std::string(path) + " is a folder, not a file.");
-  if (!std::filesystem::exists(native, error)) throw CommandError(std::string(path) + " does not exist.");
+  if (fs::is_directory(path_, error)) refuse(ErrorKind::Unreadable, "is a folder, not a file");
+  if (!fs::exists(path_, error)) refuse(ErrorKind::Missing, "does not exist");
   // Opening a pipe would block until its other end opens.
-  if (!std::filesystem::is_regular_file(native, error))
-    throw CommandError(std::string(path) + " is not a regular file.");
+  if (!fs::is_regular_file(path_, error)) refuse(ErrorKind::Unreadable, "is not a regular file");
   // Reads are large, so the stream's own buffer would only add a copy.
   stream_.rdbuf()->pubsetbuf(nullptr, 0);
-  if (!Faulted(FileCall::Open)) stream_.open(native, std::ios::binary);
+  if (!Faulted(FileCall::Open)) stream_.open(path_, std::ios::binary);
   // Length of the opened file, as the name may refer to another file by now.
   const auto end = stream_.is_open() ? stream_.seekg(0, std::ios::end).tellg() : std::streampos(-1);
-  if (end < 0) throw CommandError(std::string(path) + " cannot be opened for reading.");
+  if (end < 0) refuse(ErrorKind::Unreadable, "cannot be opened for reading");
   length_ = static_cast<uint64_t>(end);
 }
 
@@ -35,13 +34,14 @@ size_t FileReader::ReadUpTo(uint64_t offset, void* into, size_t count) {
   if (there) stream_.read(static_cast<char*>(into), static_cast<std::streamsize>(count));
   // A short read means the end of the file only if the stream reports no error.
   if (!there || stream_.bad())
-    throw CommandError("Reading " + name_ + " failed at byte " + std::to_string(offset) + ".");
+    throw CommandError(ErrorKind::Unreadable, "Reading " + name_ + " failed at byte " + std::to_string(offset) + ".",
+                       path_, FilePlace::AtByte(offset));
   return static_cast<size_t>(stream_.gcount());
 }
 
 void FileReader::Read(uint64_t offset, void* into, size_t count) {
   const size_t got = ReadUpTo(offset, into, count);
-  if (got < count) throw CommandError(name_ + " ended early, at byte " + std::to_string(offset + got) + ".");
+  if (got < count) throw EndedEarly(path_, FilePlace::AtByte(offset + got));
 }
 
 std::string ReadText(std::string_view path, size_t limit) {
@@ -55,8 +55,8 @@ std::string ReadText(std::string_view path) {
   constexpr uint64_t kLargest = 256'000'000;
   const uint64_t length = FileReader(path).Length();
   if (length > kLargest)
-    throw CommandError(std::string(path) + " holds " + std::to_string(length / 1'000'000) +
-                       " MB, which is more than any file of its kind.");
+    throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path),
+                      "holds " + std::to_string(length / 1'000'000) + " MB, which is more than any file of its kind");
   return ReadText(path, kLargest);
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <string_view>
@@ -14,6 +15,7 @@ class FileReader {
   explicit FileReader(std::string_view path);
 
   uint64_t Length() const { return length_; }
+  const std::filesystem::path& Path() const { return path_; }
   const std::string& Name() const { return name_; }
 
   /// Reads up to `count` bytes from `offset` into `into` and returns how many were read: fewer than `count` only at the
@@ -25,6 +27,7 @@ class FileReader {
 
  private:
   std::ifstream stream_;
+  std::filesystem::path path_;
   std::string name_;
   uint64_t length_ = 0;
 };

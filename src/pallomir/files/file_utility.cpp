@@ -1,7 +1,7 @@
 #include "pallomir/files/file_utility.h"
 
-#include "pallomir/files/error.h"
 #include "pallomir/files/file_calls.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/parameter_header.h"
 #include "pallomir/files/platform.h"
@@ -52,7 +52,8 @@ bool RenameFile(std::string_view from, std::string_view to) {
   if (error == std::errc::no_such_file_or_directory && std::filesystem::exists(target.parent_path(), ignored))
     return false;
   if (error)
-    throw CommandError(std::string(from) + " cannot be renamed to " + std::string(to) + " (" + error.message() + ").");
+    throw FaultOfPath(ErrorKind::NotWritten, PlatformPath(from),
+                      "cannot be renamed to " + PathText(target) + " (" + error.message() + ")");
   return true;
 }
 

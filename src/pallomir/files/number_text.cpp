@@ -96,7 +96,7 @@ std::optional<double> NumberFromText(std::string_view text) {
 int32_t WholeNumber(double value, std::string_view what) {
   const double whole = std::nearbyint(value);
   if (!(std::abs(whole) <= std::numeric_limits<int32_t>::max()))
-    throw CommandError(std::string(what) + " " + DoubleText(value) + " is too large.");
+    throw CommandError(ErrorKind::Refused, std::string(what) + " " + DoubleText(value) + " is too large.");
   return static_cast<int32_t>(whole);
 }
 

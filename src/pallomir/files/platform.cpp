@@ -33,6 +33,9 @@ constexpr std::string_view kBackslash = "\xC1\x9C";
 constexpr std::string_view kMark = "\xC1\x81";
 constexpr char kMarkByte = '\xC1';
 
+// The separator "\\" becomes two slashes, which mean one to the system, so that PathText() can show it again.
+constexpr std::string_view kSeparator = "//";
+
 }  // namespace
 #endif
 
@@ -44,7 +47,12 @@ std::filesystem::path PlatformPath(std::string_view path) {
   for (size_t i = 0; i < path.size(); ++i) {
     const std::string_view here = path.substr(i, 2);
     const bool marked = here == kBackslash || here == kMark;
-    native += marked ? (here == kMark ? kMarkByte : '\\') : path[i] == '\\' ? '/' : path[i];
+    if (marked)
+      native += here == kMark ? kMarkByte : '\\';
+    else if (path[i] == '\\')
+      native += kSeparator;
+    else
+      native += path[i];
     i += marked;
   }
   return native;
@@ -56,17 +64,26 @@ std::string PathText(const std::filesystem::path& path) {
   const std::u8string text = path.u8string();
   return std::string(text.begin(), text.end());
 #else
+  const std::string_view native = path.native();
   std::string text;
-  for (const char byte : path.native()) {
-    if (byte == '\\')
+  for (size_t i = 0; i < native.size(); ++i) {
+    const bool separator = native.substr(i, 2) == kSeparator;
+    if (separator)
+      text += '\\';
+    else if (native[i] == '\\')
       text += kBackslash;
-    else if (byte == kMarkByte)
+    else if (native[i] == kMarkByte)
       text += kMark;
     else
-      text += byte;
+      text += native[i];
+    i += separator;
   }
   return text;
 #endif
+}
+
+std::string NameText(const std::filesystem::path& path) {
+  return PathText(path.filename());
 }
 
 std::string ReadablePath(std::string_view text) {

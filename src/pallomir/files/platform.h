@@ -38,6 +38,9 @@ std::filesystem::path PlatformPath(std::string_view path);
 /// separator.
 std::string PathText(const std::filesystem::path& path);
 
+/// The name of a file without its folder, likewise.
+std::string NameText(const std::filesystem::path& path);
+
 /// A message or path as shown to the user: a "\" within a name looks like one.
 std::string ReadablePath(std::string_view text);
 

@@ -1,6 +1,6 @@
 #include "pallomir/files/raw_file.h"
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/raw_header.h"
@@ -27,9 +27,11 @@ RawFile::RawFile(std::string_view path, const RawLayout& layout) : file_(path), 
 
   const std::vector<double> size = HeaderNumbers(header_, "RecordSize");
   if (!size.empty() && size[0] != static_cast<double>(layout_.RecordBytes))
-    throw CommandError(Name() + " holds records of " + DoubleText(size[0]) + " bytes according to its header; the " +
-                       std::string(layout_.Records) + " of a ." + std::string(layout_.Extension) + " file have " +
-                       std::to_string(layout_.RecordBytes) + ".");
+    throw FaultOf(ErrorKind::Foreign, file_.Path(),
+                  "holds records of " + DoubleText(size[0]) + " bytes according to its header; the " +
+                      std::string(layout_.Records) + " of a ." + std::string(layout_.Extension) + " file have " +
+                      std::to_string(layout_.RecordBytes),
+                  FilePlace::InHeader());
 }
 
 void RawFile::Read(uint64_t first, size_t count, unsigned char* into) {

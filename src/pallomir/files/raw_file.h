@@ -23,6 +23,7 @@ class RawFile {
   RawFile(std::string_view path, const RawLayout& layout);
 
   const RawLayout& Layout() const { return layout_; }
+  const std::filesystem::path& Path() const { return file_.Path(); }
   const std::string& Name() const { return file_.Name(); }
   /// The header, up to 16384 bytes; empty if there is none.
   const std::string& Header() const { return header_; }

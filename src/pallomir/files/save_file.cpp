@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "pallomir/files/error.h"
 #include "pallomir/files/file_calls.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/platform.h"
 
 namespace pallomir {
@@ -37,13 +37,15 @@ fs::path NameBeside(const fs::path& path) {
 
 }  // namespace
 
-SaveFile::SaveFile(std::string_view path) : path_(path), target_(PlatformPath(path)) {
+SaveFile::SaveFile(std::string_view path) : target_(PlatformPath(path)) {
   std::error_code error;
   const auto kind = fs::symlink_status(target_, error).type();
-  if (kind == fs::file_type::directory) throw CommandError(path_ + " is a folder; nothing was written.");
+  if (kind == fs::file_type::directory)
+    throw FaultOfPath(ErrorKind::NotWritten, target_, "is a folder; nothing was written");
   const bool replaceable =
       kind == fs::file_type::regular || kind == fs::file_type::symlink || kind == fs::file_type::not_found;
-  if (!error && !replaceable) throw CommandError(path_ + " is not a regular file; nothing was written.");
+  if (!error && !replaceable)
+    throw FaultOfPath(ErrorKind::NotWritten, target_, "is not a regular file; nothing was written");
   OpenBeside();
 }
 
@@ -95,7 +97,8 @@ void SaveFile::Commit() {
 void SaveFile::Fail(std::string_view what) {
   const std::string reason = errno ? std::string(" (") + std::strerror(errno) + ")" : std::string();
   Discard();
-  throw CommandError(path_ + " " + std::string(what) + reason + "; the earlier file, if any, is unchanged.");
+  throw FaultOfPath(ErrorKind::NotWritten, target_,
+                    std::string(what) + reason + "; the earlier file, if any, is unchanged");
 }
 
 void SaveFile::Discard() noexcept {

@@ -35,7 +35,6 @@ class SaveFile {
   [[noreturn]] void Fail(std::string_view what);
   void Discard() noexcept;
 
-  std::string path_;
   std::filesystem::path target_;
   std::filesystem::path beside_;
   std::FILE* file_ = nullptr;

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <limits>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/printable.h"
 
@@ -18,8 +18,7 @@ void TextItems::SkipBlanks() {
 std::string TextItems::Text() {
   SkipBlanks();
   line_ = nextLine_;
-  if (place_ >= text_.size())
-    throw CommandError(std::string(name_) + " ended early, at line " + std::to_string(line_) + ".");
+  if (place_ >= text_.size()) throw EndedEarly(file_, Place());
   std::string_view item;
   size_t end;
   if (text_[place_] == '"') {
@@ -48,7 +47,7 @@ void TextItems::SkipLine() {
 }
 
 void TextItems::Fault(const std::string& what) const {
-  throw CommandError(std::string(name_) + ", line " + std::to_string(line_) + ": " + what + ".");
+  throw FaultAt(ErrorKind::Broken, file_, Place(), what);
 }
 
 double TextItems::Number() {

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
+
+#include "pallomir/files/error.h"
 
 namespace pallomir {
 
@@ -12,10 +16,10 @@ class TextItems {
   /// The longest item in bytes; in a broken file a single item may span all of it.
   static constexpr size_t kLongestItem = 4096;
 
-  /// `text` must outlive the reader; `name` is the file's name in messages, `firstLine` the number of the line on which
+  /// `text` must outlive the reader; `file` is named in messages, `firstLine` is the number of the line on which
   /// `text` begins.
-  TextItems(std::string_view text, std::string_view name, int firstLine = 1)
-      : text_(text), name_(name), line_(firstLine), nextLine_(firstLine) {}
+  TextItems(std::string_view text, std::filesystem::path file, int firstLine = 1)
+      : text_(text), file_(std::move(file)), line_(firstLine), nextLine_(firstLine) {}
 
   /// True if only blanks and line ends remain.
   bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
@@ -35,6 +39,7 @@ class TextItems {
 
   /// The 1-based line on which the last item began.
   int Line() const { return line_; }
+  FilePlace Place() const { return FilePlace::AtLine(line_); }
 
   /// Throws CommandError: `what` is wrong on that line.
   [[noreturn]] void Fault(const std::string& what) const;
@@ -43,7 +48,7 @@ class TextItems {
   void SkipBlanks();
 
   std::string_view text_;
-  std::string_view name_;
+  std::filesystem::path file_;
   size_t place_ = 0;
   int line_;
   int nextLine_;

@@ -4,10 +4,11 @@
 #include <cmath>
 #include <utility>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/set_aside.h"
@@ -20,7 +21,7 @@ namespace {
 /// Reads notes line by line. A text without quotes extends to the next comma.
 class NoteReader {
  public:
-  explicit NoteReader(std::string_view text) : text_(text) {
+  NoteReader(std::string_view text, const std::filesystem::path& file) : text_(text), file_(file) {
     // The byte order mark that some editors write.
     if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
   }
@@ -88,10 +89,11 @@ class NoteReader {
   }
 
   [[noreturn]] void Fault(const std::string& what) const {
-    throw CommandError("ClNotes, line " + std::to_string(line_) + ": " + what + ".");
+    throw FaultAt(ErrorKind::Broken, file_, FilePlace::AtLine(line_), what);
   }
 
   std::string_view text_;  ///< the remaining lines
+  const std::filesystem::path& file_;
   std::string_view rest_;  ///< the rest of the current line
   bool more_ = false;      ///< whether the current line has another field
   int line_ = 0;
@@ -103,9 +105,9 @@ struct NotesText {
   std::string_view Rest;
 };
 
-NotesText NotesFrom(std::string_view text) {
+NotesText NotesFrom(std::string_view text, const std::filesystem::path& file) {
   NotesText notes;
-  NoteReader reader(text);
+  NoteReader reader(text, file);
   for (int c = 0; c <= kClusters; ++c) notes.Notes[c] = reader.Read(c);
   notes.Rest = reader.Rest();
   return notes;
@@ -114,7 +116,7 @@ NotesText NotesFrom(std::string_view text) {
 /// True if the notes of a file can be read and at least one cluster has a grade or remarks.
 bool HoldNotes(std::string_view text) {
   try {
-    return NotesFrom(text).Notes != ByCluster<ClusterNote>();
+    return NotesFrom(text, {}).Notes != ByCluster<ClusterNote>();
   } catch (const CommandError&) {
     return false;
   }
@@ -135,16 +137,17 @@ std::string NotesFilePath(const Session& session) {
 }
 
 void CheckRemarks(int c, std::string_view remarks) {
-  const std::string whose = "The remarks of cluster " + std::to_string(c);
-  if (remarks.find('"') != std::string_view::npos)
-    throw CommandError(whose + " contain a double quote, which the notes file cannot store; nothing was saved.");
-  if (remarks.find_first_of("\r\n") != std::string_view::npos)
-    throw CommandError(whose + " contain a line break, which the notes file cannot store; nothing was saved.");
+  const auto refuse = [c](const std::string& what) {
+    throw CommandError(ErrorKind::Refused, "The remarks of cluster " + std::to_string(c) + " contain a " + what +
+                                               ", which the notes file cannot store; nothing was saved.");
+  };
+  if (remarks.find('"') != std::string_view::npos) refuse("double quote");
+  if (remarks.find_first_of("\r\n") != std::string_view::npos) refuse("line break");
 }
 
 ByCluster<ClusterNote> NotesIn(std::string_view path) {
   if (!FileUtility::FileExists(path)) return {};
-  return NotesFrom(ReadText(path)).Notes;
+  return NotesFrom(ReadText(path), PlatformPath(path)).Notes;
 }
 
 bool ReadNotes(Session& session) {
@@ -152,13 +155,14 @@ bool ReadNotes(Session& session) {
   if (!FileUtility::FileExists(path)) return false;
   SafeguardWherePossible(path);
   std::string text = ReadText(path);
-  session.Notes = NotesFrom(text).Notes;
+  session.Notes = NotesFrom(text, PlatformPath(path)).Notes;
   session.NotesFile = std::move(text);
   return true;
 }
 
 bool NotesAreSaved(const Session& session) {
-  return session.Notes == (session.NotesFile ? NotesFrom(*session.NotesFile).Notes : ByCluster<ClusterNote>());
+  const auto saved = session.NotesFile ? NotesFrom(*session.NotesFile, {}).Notes : ByCluster<ClusterNote>();
+  return session.Notes == saved;
 }
 
 std::string DoubtAboutNotesFile(const Session& session) {
@@ -168,7 +172,7 @@ std::string DoubtAboutNotesFile(const Session& session) {
   try {
     const std::string text = ReadText(path);
     if (text == session.NotesFile) return {};
-    NotesFrom(text);
+    NotesFrom(text, PlatformPath(path));
   } catch (const CommandError& error) {
     return error.what();
   }
@@ -178,13 +182,14 @@ std::string DoubtAboutNotesFile(const Session& session) {
 void WriteNotes(Session& session, InDoubt inDoubt) {
   for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
   const std::string path = NotesFilePath(session), doubt = DoubtAboutNotesFile(session);
-  if (!doubt.empty() && inDoubt == InDoubt::Refuse) throw CommandError(doubt + " Nothing was saved.");
+  if (!doubt.empty() && inDoubt == InDoubt::Refuse)
+    throw CommandError(ErrorKind::NotWritten, doubt + " Nothing was saved.", PlatformPath(path));
   std::string text;
   for (const ClusterNote& note : session.Notes)
     text += std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n";
   if (doubt.empty() && FileUtility::FileExists(path)) {
     FileUtility::SafeguardFile(path, HoldNotes);
-    text += NotesFrom(*session.NotesFile).Rest;
+    text += NotesFrom(*session.NotesFile, {}).Rest;
   }
   SaveFile file(path);
   file.Write(text);

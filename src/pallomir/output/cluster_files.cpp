@@ -81,8 +81,8 @@ std::string Named(const ClusterSet& set) {
 double TimeFrom(const std::string& text, const char* which) {
   const auto number = NumberFromText(text);
   if (!number)
-    throw CommandError(std::string("The ") + which + " time " + Quoted(text) +
-                       " is not a number; no cluster file was written.");
+    throw CommandError(ErrorKind::Refused, std::string("The ") + which + " time " + Quoted(text) +
+                                               " is not a number; no cluster file was written.");
   return *number;
 }
 
@@ -191,23 +191,24 @@ void PutInPlace(const Session& session, World& world, const std::string& name, c
     place(0);
   } catch (const CommandError& error) {
     ReportWritten(world, files, placed);
-    throw CommandError(std::string(error.what()) + "\n\nWritten: " + Named(placed) + ".\nNot written: " +
-                       Named(missing) + ".\nNo earlier file is lost: each has its own name or its OLD name.");
+    throw error.With("\n\nWritten: " + Named(placed) + ".\nNot written: " + Named(missing) +
+                     ".\nNo earlier file is lost: each has its own name or its OLD name.");
   }
   if (olderGone) world.ShowMessage("Pre-existing cluster files have been renamed as OLD");
   ReportWritten(world, files, placed);
 }
 
 void WriteAllFiles(const Session& session, World& world, const ClusterFileTexts& texts, const std::string& beginning) {
-  if (texts.ClustFile.empty()) throw CommandError("The cluster files need a name; nothing was written.");
+  if (texts.ClustFile.empty())
+    throw CommandError(ErrorKind::Refused, "The cluster files need a name; nothing was written.");
   const Assignment assignment = AssignInTheOpen(session, world);
   ReportOverlaps(world, assignment);
   LineFiles files;
   try {
     WriteBeside(session, world, texts.ClustFile, beginning, assignment.Cluster, files);
   } catch (const CommandError& error) {
-    throw CommandError(std::string(error.what()) + "\n\nWritten: nothing.\nNot written: " + Named(Wanted(session)) +
-                       ".\nAll earlier files are unchanged.");
+    throw error.With("\n\nWritten: nothing.\nNot written: " + Named(Wanted(session)) +
+                     ".\nAll earlier files are unchanged.");
   }
   PutInPlace(session, world, texts.ClustFile, files);
 }

@@ -3,7 +3,7 @@
 #include <array>
 #include <cmath>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
 
 namespace pallomir {
@@ -15,11 +15,12 @@ constexpr std::array<std::string_view, 4> kAxes = {"+x", "+y", "-x", "-y"};
 
 /// True if the value of `key` in `header` is `yes`, false if it is `no`.
 bool Says(std::string_view header, std::string_view key, std::string_view yes, std::string_view no,
-          std::string_view file) {
+          const std::filesystem::path& file) {
   const std::string value = HeaderValue(header, key).value_or("");
   if (value != yes && value != no)
-    throw CommandError(std::string(file) + ": " + std::string(key) + " in the header must be \"" + std::string(yes) +
-                       "\" or \"" + std::string(no) + "\".");
+    throw FaultAt(
+        ErrorKind::Broken, file, {},
+        std::string(key) + " in the header must be \"" + std::string(yes) + "\" or \"" + std::string(no) + "\"");
   return value == yes;
 }
 
@@ -52,12 +53,12 @@ std::vector<HeaderEntry> HeaderEntries(const AngleConvention& convention) {
           {"AngleY", convention.YUp ? "up" : "down"}};
 }
 
-AngleConvention ConventionFrom(std::string_view header, std::string_view file) {
+AngleConvention ConventionFrom(std::string_view header, const std::filesystem::path& file) {
   const auto zeroText = HeaderValue(header, "AngleZero");
   if (!zeroText) return kTextAngles;
   const auto zero = AngleZeroFromText(*zeroText);
   if (!zero)
-    throw CommandError(std::string(file) + ": AngleZero in the header must be +x, +y, -x, -y or a number of degrees.");
+    throw FaultAt(ErrorKind::Broken, file, {}, "AngleZero in the header must be +x, +y, -x, -y or a number of degrees");
   return {*zero, Says(header, "AngleSense", "cw", "ccw", file), Says(header, "AngleY", "up", "down", file)};
 }
 

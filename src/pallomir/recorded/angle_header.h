@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -26,6 +27,6 @@ std::vector<HeaderEntry> HeaderEntries(const AngleConvention& convention);
 
 /// The convention stated by a header; kTextAngles if there is none. Throws CommandError, naming `file`, if it is
 /// invalid.
-AngleConvention ConventionFrom(std::string_view header, std::string_view file);
+AngleConvention ConventionFrom(std::string_view header, const std::filesystem::path& file);
 
 }  // namespace pallomir

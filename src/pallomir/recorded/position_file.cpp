@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/raw_layout.h"
 #include "pallomir/files/text_header.h"
@@ -21,13 +21,14 @@ void ReadRecorded(std::string_view path, FileReader& file, const Progress& progr
   if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
     const auto header = VideoHeaderLength(beginning, file.Length());
     if (!header)
-      throw CommandError(file.Name() + " is not a position file: it contains neither text nor video frames.");
+      throw FaultOf(ErrorKind::Foreign, file.Path(),
+                    "is not a position file: it contains neither text nor video frames");
     positions.Angles = kVideoAngles;
     ReadFrames(file, *header, progress, positions);
     return;
   }
   const auto headerLength = static_cast<size_t>(std::max(ownHeader, 0L));
-  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, headerLength), file.Name());
+  positions.Angles = ConventionFrom(std::string_view(beginning).substr(0, headerLength), file.Path());
   ReadPositionText(file, headerLength, progress, positions);
 }
 

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <optional>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/text_lines.h"
@@ -87,8 +87,8 @@ class TextReader {
       TakeLine(line, isWhole);
     });
     if (positions_.Unreadable > static_cast<int64_t>(positions_.Time.size()))
-      throw CommandError(file_.Name() + " is not a position file: " + firstUnreadable_ +
-                         " is not a time, x, y and optionally an angle.");
+      throw FaultOf(ErrorKind::Foreign, file_.Path(),
+                    "is not a position file: " + firstUnreadable_ + " is not a time, x, y and optionally an angle");
   }
 
  private:
@@ -110,7 +110,7 @@ class TextReader {
     TakeColumn(text);
     const double scale = NumberFromText(TakeColumn(text)).value_or(0);
     if (!(scale > 0 && scale <= kFarthest))
-      throw CommandError(file_.Name() + ": PixelsPerCm must be a number above 0.");
+      throw FaultAt(ErrorKind::Broken, file_.Path(), {}, "PixelsPerCm must be a number above 0");
     positions_.PixelsPerCm = scale;
     return true;
   }

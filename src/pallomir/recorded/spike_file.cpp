@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/raw_header.h"
 
 namespace pallomir {
@@ -35,8 +35,9 @@ SpikeFile::SpikeFile(std::string_view path) : file_(path, kTetrodeLayout) {
 }
 
 void SpikeFile::RefuseForeign() const {
-  throw CommandError(Name() + " is not a spike file of the acquisition system: " + std::to_string(unreadable_) +
-                     " of its records have an impossible timestamp.");
+  throw FaultOf(ErrorKind::Foreign, file_.Path(),
+                "is not a spike file of the acquisition system: " + std::to_string(unreadable_) +
+                    " of its records have an impossible timestamp");
 }
 
 }  // namespace pallomir

@@ -12,8 +12,8 @@ namespace {
 std::string RequiredName(std::string_view parameterFile) {
   std::string name = WaveformFileName(parameterFile);
   if (name.empty())
-    throw CommandError("There is no waveform file for " + PathText(PlatformPath(parameterFile).filename()) +
-                       ": that name does not end in \".Ntt.parms\".");
+    throw CommandError(ErrorKind::Missing, "There is no waveform file for " + NameText(PlatformPath(parameterFile)) +
+                                               ": that name does not end in \".Ntt.parms\".");
   return name;
 }
 

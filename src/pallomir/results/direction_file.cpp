@@ -36,7 +36,7 @@ void WriteDirectionFile(const DirectionResult& result, std::string_view path) {
 DirectionResult ReadDirectionFile(std::string_view path) {
   ResultText text(path, kKind);
   DirectionResult result;
-  result.Used = UsageFrom(text.Header(), text.Name());
+  result.Used = UsageFrom(text.Header(), text.File());
   result.OfTravel = HeaderValue(text.Header(), "DirectionOf") == kOfTravel;
   result.Explanation = HeaderValue(text.Header(), "Explanation").value_or("");
   text.Line();

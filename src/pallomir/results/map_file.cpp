@@ -3,7 +3,7 @@
 #include <cmath>
 #include <utility>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/files/save_file.h"
@@ -34,7 +34,7 @@ const KindName& KindOf(std::string_view path) {
   const std::string name = ResultKind(path);
   for (const KindName& kind : kKinds)
     if (kind.Name == name) return kind;
-  throw CommandError(PathText(PlatformPath(path).filename()) + " is not a map file.");
+  throw FaultOf(ErrorKind::Foreign, PlatformPath(path), "is not a map file");
 }
 
 std::string HeaderFor(const MapResult& result) {
@@ -92,10 +92,10 @@ MapResult ReadMapFile(std::string_view path) {
   const std::string_view header = text.Header();
   MapResult result;
   result.Kind = kind.Kind;
-  result.Used = UsageFrom(header, text.Name());
-  result.PixelsPerCm = std::fmax(HeaderNumber(header, "PixelsPerCm", text.Name()), 0);
-  result.MeanRate = HeaderNumber(header, "MeanRate", text.Name());
-  result.Information = HeaderNumber(header, "SpatialInformation", text.Name());
+  result.Used = UsageFrom(header, text.File());
+  result.PixelsPerCm = std::fmax(HeaderNumber(header, "PixelsPerCm", text.File()), 0);
+  result.MeanRate = HeaderNumber(header, "MeanRate", text.File());
+  result.Information = HeaderNumber(header, "SpatialInformation", text.File());
   result.Explanation = HeaderValue(header, "Explanation").value_or("");
   result.Grid = ReadFrame(text);
   for (int row = 0; row < result.Grid.Rows; ++row)

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/platform.h"
@@ -16,9 +16,9 @@ namespace {
 
 constexpr std::string_view kNotANumber = "NaN";
 
-[[noreturn]] void HeaderFault(std::string_view name, std::string_view key, std::string_view value) {
-  throw CommandError(std::string(name) + ", header: " + Quoted(value) + " is not a valid value of " + std::string(key) +
-                     ".");
+CommandError HeaderFault(const std::filesystem::path& file, std::string_view key, std::string_view value) {
+  return FaultAt(ErrorKind::Broken, file, FilePlace::InHeader(),
+                 Quoted(value) + " is not a valid value of " + std::string(key));
 }
 
 }  // namespace
@@ -27,18 +27,18 @@ std::string ResultNumber(double value) {
   return std::isnan(value) ? std::string(kNotANumber) : DoubleText(value);
 }
 
-double HeaderNumber(std::string_view header, std::string_view key, std::string_view name) {
+double HeaderNumber(std::string_view header, std::string_view key, const std::filesystem::path& file) {
   const auto text = HeaderValue(header, key);
   if (!text) return kNotKnown;
   const auto number = NumberFromText(*text);
-  if (!number) HeaderFault(name, key, *text);
+  if (!number) throw HeaderFault(file, key, *text);
   return *number;
 }
 
-int64_t HeaderCount(std::string_view header, std::string_view key, std::string_view name) {
-  const double number = HeaderNumber(header, key, name);
+int64_t HeaderCount(std::string_view header, std::string_view key, const std::filesystem::path& file) {
+  const double number = HeaderNumber(header, key, file);
   if (std::isnan(number)) return 0;
-  if (number < 0 || number > 1e15 || number != std::floor(number)) HeaderFault(name, key, DoubleText(number));
+  if (number < 0 || number > 1e15 || number != std::floor(number)) throw HeaderFault(file, key, DoubleText(number));
   return static_cast<int64_t>(number);
 }
 
@@ -47,12 +47,12 @@ void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value) {
 }
 
 ResultText::ResultText(std::string_view path, std::string_view kind)
-    : name_(PathText(PlatformPath(path).filename())), text_(ReadText(path)) {
+    : file_(PlatformPath(path)), text_(ReadText(path)) {
   const auto body = BodyBehindHeader(text_).value_or(TextBody{});
   header_ = place_ = body.Begin;
   line_ = body.FirstLine - 1;
   if (HeaderValue(Header(), "Kind") != kind)
-    throw CommandError(name_ + " is not a file of kind " + std::string(kind) + ".");
+    throw FaultOf(ErrorKind::Foreign, file_, "is not a file of kind " + std::string(kind));
 }
 
 bool ResultText::AtEnd() {
@@ -62,7 +62,7 @@ bool ResultText::AtEnd() {
 std::string_view ResultText::Line() {
   for (;;) {
     ++line_;
-    if (place_ >= text_.size()) throw CommandError(name_ + " ended early, at line " + std::to_string(line_) + ".");
+    if (place_ >= text_.size()) throw EndedEarly(file_, FilePlace::AtLine(line_));
     const size_t end = std::min(text_.find('\n', place_), text_.size());
     const std::string_view line = Trimmed(std::string_view(text_).substr(place_, end - place_));
     place_ = end + 1;
@@ -84,7 +84,7 @@ void ResultText::Numbers(size_t count, std::vector<double>& into) {
 }
 
 void ResultText::Fault(const std::string& what) const {
-  throw CommandError(name_ + ", line " + std::to_string(line_) + ": " + what + ".");
+  throw FaultAt(ErrorKind::Broken, file_, FilePlace::AtLine(line_), what);
 }
 
 std::string ResultKind(std::string_view path) {

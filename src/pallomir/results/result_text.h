@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,10 +14,10 @@ namespace pallomir {
 std::string ResultNumber(double value);
 
 /// The whole number in a header line, 0 if there is no such line. Throws CommandError for any other value.
-int64_t HeaderCount(std::string_view header, std::string_view key, std::string_view name);
+int64_t HeaderCount(std::string_view header, std::string_view key, const std::filesystem::path& file);
 
 /// The number in a header line; NaN if there is no such line.
-double HeaderNumber(std::string_view header, std::string_view key, std::string_view name);
+double HeaderNumber(std::string_view header, std::string_view key, const std::filesystem::path& file);
 
 /// Adds a line to a header, unless the value is NaN.
 void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value);
@@ -27,7 +28,7 @@ class ResultText {
   /// Throws CommandError if the file cannot be read or is of another kind ("... is not a file of kind RateMap.").
   ResultText(std::string_view path, std::string_view kind);
 
-  const std::string& Name() const { return name_; }
+  const std::filesystem::path& File() const { return file_; }
   std::string_view Header() const { return std::string_view(text_).substr(0, header_); }
 
   /// The next line that is not empty. Throws CommandError at the end of the file.
@@ -41,7 +42,7 @@ class ResultText {
   [[noreturn]] void Fault(const std::string& what) const;
 
  private:
-  std::string name_;
+  std::filesystem::path file_;
   std::string text_;
   size_t header_ = 0;
   size_t place_ = 0;

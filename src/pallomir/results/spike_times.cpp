@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/platform.h"
@@ -26,8 +26,7 @@ int64_t Whole(double microseconds) {
 }  // namespace
 
 void NumberedLine::Refuse(std::string_view what) const {
-  throw CommandError(std::string(File) + ", line " + std::to_string(Number) + ": " + Quoted(Text) + " " +
-                     std::string(what) + ".");
+  throw FaultAt(ErrorKind::Broken, File, FilePlace::AtLine(Number), Quoted(Text) + " " + std::string(what));
 }
 
 void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take) {
@@ -40,15 +39,14 @@ void ForEachNumberedLine(World& world, std::string_view path, const std::functio
     place += line.size() + 1;
     if (number % 1024 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
     const int here = number++;
-    if (!Trimmed(line).empty()) take({file.Name(), here, line});
+    if (!Trimmed(line).empty()) take({file.Path(), here, line});
   });
 }
 
 TimeRange ReadTimeRange(std::string_view clusterFile) {
   const std::string text = ReadText(clusterFile, kTextHeaderLimit + kLongestLine);
   const TextBody body = BodyBehindHeader(text).value_or(TextBody{});
-  const std::string name = PathText(PlatformPath(clusterFile).filename());
-  TextItems items(std::string_view(text).substr(body.Begin), name, body.FirstLine);
+  TextItems items(std::string_view(text).substr(body.Begin), PlatformPath(clusterFile), body.FirstLine);
   const double first = items.Number();
   return {Whole(std::ceil(first)), Whole(std::floor(items.Number()))};
 }

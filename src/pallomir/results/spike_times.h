@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string_view>
 #include <vector>
@@ -21,7 +22,7 @@ struct SpikeTimes {
 
 /// A line of a text file, without its line end.
 struct NumberedLine {
-  std::string_view File;
+  const std::filesystem::path& File;
   int Number;
   std::string_view Text;
 

@@ -57,7 +57,7 @@ void WriteAutocorrelationFile(const AutocorrelationResult& result, std::string_v
 AutocorrelationResult ReadAutocorrelationFile(std::string_view path) {
   ResultText text(path, kAutocorrelationKind);
   AutocorrelationResult result;
-  result.Used = UsageFrom(text.Header(), text.Name());
+  result.Used = UsageFrom(text.Header(), text.File());
   result.Explanation = HeaderValue(text.Header(), "Explanation").value_or("");
   text.Line();
   for (LagHistogram* histogram : {&result.Correlation.Near, &result.Correlation.Far})
@@ -81,9 +81,9 @@ void WriteIntervalFile(const IntervalResult& result, std::string_view path) {
 
 IntervalResult ReadIntervalFile(std::string_view path) {
   ResultText text(path, kIntervalKind);
-  const auto count = [&](const char* key) { return HeaderCount(text.Header(), key, text.Name()); };
+  const auto count = [&](const char* key) { return HeaderCount(text.Header(), key, text.File()); };
   IntervalResult result;
-  result.Used = UsageFrom(text.Header(), text.Name());
+  result.Used = UsageFrom(text.Header(), text.File());
   result.Explanation = HeaderValue(text.Header(), "Explanation").value_or("");
   result.Intervals.Intervals = count("Intervals");
   result.Intervals.Refractory = count("IntervalsBelow2ms");

@@ -72,9 +72,9 @@ std::vector<HeaderEntry> HeaderEntries(const Usage& usage) {
   return lines;
 }
 
-Usage UsageFrom(std::string_view header, std::string_view name) {
+Usage UsageFrom(std::string_view header, const std::filesystem::path& file) {
   Usage usage;
-  for (const auto& [key, member] : kCounts) usage.*member = HeaderCount(header, key, name);
+  for (const auto& [key, member] : kCounts) usage.*member = HeaderCount(header, key, file);
   return usage;
 }
 

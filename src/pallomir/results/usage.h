@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,8 +34,8 @@ void SetSamples(Usage& usage, const Positions& positions, const Track& track);
 /// sorted." Counts of 0 are omitted.
 std::string UsageText(const Usage& usage);
 
-/// Converts a Usage to header lines and back. Throws CommandError if a line is not a count; `name` is the file's.
+/// Converts a Usage to header lines and back. Throws CommandError naming `file`, if a line is not a count.
 std::vector<HeaderEntry> HeaderEntries(const Usage& usage);
-Usage UsageFrom(std::string_view header, std::string_view name);
+Usage UsageFrom(std::string_view header, const std::filesystem::path& file);
 
 }  // namespace pallomir

@@ -33,9 +33,10 @@ Map EmptyMap(const Track& track, double bin) {
   const Extent x(track.X, bin), y(track.Y, bin);
   if (x.Low > x.High) return map;
   if (x.Bins() * y.Bins() > kMostBins)
-    throw CommandError("The positions span " + DoubleText(x.Bins() * bin) + " x " + DoubleText(y.Bins() * bin) +
-                       " pixels, too much for a map with bins of " + DoubleText(bin) +
-                       " pixels. The likely reason is a position far outside the arena.");
+    throw CommandError(ErrorKind::Refused, "The positions span " + DoubleText(x.Bins() * bin) + " x " +
+                                               DoubleText(y.Bins() * bin) +
+                                               " pixels, too much for a map with bins of " + DoubleText(bin) +
+                                               " pixels. The likely reason is a position far outside the arena.");
   map.Columns = static_cast<int>(x.Bins());
   map.Rows = static_cast<int>(y.Bins());
   map.Left = x.Low * bin;

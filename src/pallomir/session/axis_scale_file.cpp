@@ -1,9 +1,10 @@
 #include "pallomir/session/axis_scale_file.h"
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/text_items.h"
 
@@ -24,9 +25,9 @@ void WriteAxesScaleFile(const Session& session) {
 
 void ReadAxesScaleFile(Session& session) {
   const std::string path = AxesScaleFilePath(session);
-  if (!FileUtility::FileExists(path)) throw CommandError(path + " is not present");
+  if (!FileUtility::FileExists(path)) throw NotPresent(PlatformPath(path));
   const std::string text = ReadText(path);
-  TextItems items(text, "AxesScaleFile");
+  TextItems items(text, PlatformPath(path));
   auto maximum = session.AxisMaximum, minimum = session.AxisMinimum;
   for (int p = 0; p < kParameters; ++p) {
     maximum[p] = items.Single();

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
@@ -16,17 +16,16 @@ namespace pallomir {
 
 namespace {
 
-int32_t RecordNumber(const TextItems& items, std::string_view name, std::string_view text) {
+int32_t RecordNumber(const std::filesystem::path& file, const FilePlace& place, std::string_view text) {
   const auto number = NumberFromText(text);
-  const std::string place = std::string(name) + ", line " + std::to_string(items.Line()) + ": ";
-  if (!number) throw CommandError(place + Quoted(text) + " is not a record number.", "ERROR");
-  return WholeNumber(*number, place + "record");
+  if (!number) throw FaultAt(ErrorKind::OutOfRange, file, place, Quoted(text) + " is not a record number");
+  return WholeNumber(*number, Located(file, place) + "record");
 }
 
 std::string Line(std::string_view key, std::string_view value) {
   if (value.find_first_of("\"\r\n") != std::string_view::npos)
-    throw CommandError("A Defaults file cannot hold a double quote: " + std::string(value) + ". Nothing was written.",
-                       "ERROR");
+    throw CommandError(ErrorKind::Refused,
+                       "A Defaults file cannot hold a double quote: " + std::string(value) + ". Nothing was written.");
   return '"' + std::string(key) + "\",\"" + std::string(value) + "\"\r\n";
 }
 
@@ -38,8 +37,8 @@ bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
   const std::string text = ReadText(path);
   const auto body = BodyBehindHeader(text);
   if (!body) return false;
-  const std::string name = PathText(PlatformPath(path).filename());
-  TextItems items(std::string_view(text).substr(body->Begin), name, body->FirstLine);
+  const std::filesystem::path file = PlatformPath(path);
+  TextItems items(std::string_view(text).substr(body->Begin), file, body->FirstLine);
   size_t epoch = 0;
   while (!items.AtEnd()) {
     const std::string key = items.Text(), value = items.Text();
@@ -50,12 +49,11 @@ bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
     if (key == "posfile") defaults.PosFile = value;
     if (key == "Epoch") defaults.Epochs.push_back(value);
     if (key != "EpochEventIDs") continue;
-    if (epoch == kEpochs)
-      throw CommandError(name + ", line " + std::to_string(items.Line()) + ": there are more than 30 epochs.", "ERROR");
+    if (epoch == kEpochs) throw FaultAt(ErrorKind::OutOfRange, file, items.Place(), "there are more than 30 epochs");
     const size_t comma = std::min(value.find(','), value.size());
-    session.EpochStartRecord[epoch] = RecordNumber(items, name, std::string_view(value).substr(0, comma));
+    session.EpochStartRecord[epoch] = RecordNumber(file, items.Place(), std::string_view(value).substr(0, comma));
     session.EpochEndRecord[epoch] =
-        RecordNumber(items, name, std::string_view(value).substr(std::min(comma + 1, value.size())));
+        RecordNumber(file, items.Place(), std::string_view(value).substr(std::min(comma + 1, value.size())));
     ++epoch;
   }
   return true;
@@ -72,7 +70,7 @@ void WriteDefaults(const Session& session, const Defaults& defaults, std::string
                      Line("cbfileread", defaults.CBFileRead) + Line("clustfile", defaults.ClustFile) +
                      Line("paramfile", "") + Line("posfile", defaults.PosFile);
   if (defaults.Epochs.size() > kEpochs)
-    throw CommandError("A Defaults file holds at most 30 epochs. Nothing was written.", "ERROR");
+    throw CommandError(ErrorKind::OutOfRange, "A Defaults file holds at most 30 epochs. Nothing was written.");
   for (size_t i = 0; i < defaults.Epochs.size(); ++i) {
     text += Line("Epoch", defaults.Epochs[i]);
     text += Line("EpochEventIDs",

@@ -6,7 +6,7 @@
 #include <optional>
 #include <utility>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
@@ -30,17 +30,16 @@ std::optional<double> VideoRate(const std::string& path) {
 
 void CheckRange(const Session& session, int32_t first, int32_t last) {
   const int64_t rows = int64_t{last} - first + 1;
-  const std::string range = "Records " + std::to_string(first) + " to " + std::to_string(last);
-  if (session.File.RecordCount <= 0) throw CommandError(range + " cannot be loaded: the file holds none.", "ERROR");
+  const auto refuse = [&](const std::string& why) {
+    throw CommandError(ErrorKind::OutOfRange, "Records " + std::to_string(first) + " to " + std::to_string(last) +
+                                                  " cannot be loaded: " + why + ".");
+  };
+  if (session.File.RecordCount <= 0) refuse("the file holds none");
   if (first < 0 || last >= session.File.RecordCount)
-    throw CommandError(
-        range + " cannot be loaded: the file holds records 0 to " + std::to_string(session.File.RecordCount - 1) + ".",
-        "ERROR");
+    refuse("the file holds records 0 to " + std::to_string(session.File.RecordCount - 1));
   // With fewer rows, the tenth of the range at which progress is shown would be 0.
   if (rows < 6)
-    throw CommandError(range + " cannot be loaded: a range must hold at least 6 records, this one holds " +
-                           std::to_string(std::max<int64_t>(rows, 0)) + ".",
-                       "ERROR");
+    refuse("a range must hold at least 6 records, this one holds " + std::to_string(std::max<int64_t>(rows, 0)));
 }
 
 /// The first load of a run sets every parameter's data range, which always includes 0, and its axis.
@@ -66,8 +65,9 @@ void Report(World& world, const RowFindings& findings, int32_t first, int32_t la
 void CheckSameFile(ParameterFile& opened, FileReader& file) {
   const long header = ParameterHeaderLength(file);
   if (header < 0)
-    throw CommandError(file.Name() + " is no longer a parameter file: it has been replaced since it was opened. Put " +
-                       "the right file back and load again; the points loaded before are still here.");
+    throw FaultOf(ErrorKind::Foreign, file.Path(),
+                  "is no longer a parameter file: it has been replaced since it was opened. Put the right file "
+                  "back and load again; the points loaded before are still here");
   const int64_t records = RowCount(file.Length(), header);
   if (header == opened.HeaderLength && records == opened.RecordCount) return;
   const auto described = [](int64_t count, long length) {
@@ -76,9 +76,10 @@ void CheckSameFile(ParameterFile& opened, FileReader& file) {
   const std::string before = described(opened.RecordCount, opened.HeaderLength);
   opened.HeaderLength = header;
   opened.RecordCount = records;
-  throw CommandError(file.Name() + " has been replaced since it was opened: it held " + before + " and now holds " +
-                     described(records, header) + ". Check the range, then load again; the points loaded before are " +
-                     "still here.");
+  throw FaultOf(ErrorKind::Foreign, file.Path(),
+                "has been replaced since it was opened: it held " + before + " and now holds " +
+                    described(records, header) +
+                    ". Check the range, then load again; the points loaded before are still here");
 }
 
 /// The points that a load replaces, without their values, which can be read again.
@@ -144,13 +145,14 @@ void Load(Session& session, World& world, FileReader& file, int32_t first, int32
     Report(world, findings, first, last);
   } catch (const std::bad_alloc&) {
     const std::string lost = former.PutBack(session, world, file);
-    throw CommandError("There is not enough memory for records " + std::to_string(first) + " to " +
-                       std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +
-                       " MB). Load a smaller range" +
-                       (lost.empty() ? "; the points loaded before are still here." : ". " + lost));
+    throw CommandError(ErrorKind::NoMemory,
+                       "There is not enough memory for records " + std::to_string(first) + " to " +
+                           std::to_string(last) + " (" + Grouped(static_cast<int64_t>(rows * kRowBytes / 1'000'000)) +
+                           " MB). Load a smaller range" +
+                           (lost.empty() ? "; the points loaded before are still here." : ". " + lost));
   } catch (const CommandError& error) {
     const std::string lost = former.PutBack(session, world, file);
-    throw CommandError(error.what() + (lost.empty() ? "" : " " + lost), error.Title());
+    throw error.With(lost.empty() ? "" : " " + lost);
   } catch (const Interrupted&) {
     if (const std::string lost = former.PutBack(session, world, file); !lost.empty()) world.AppendMessage(lost);
     throw;

@@ -36,7 +36,8 @@ void PointTable::TakeValues(PointTable&& from) {
 }
 
 void PointTable::AddSlot() {
-  if (lists_.Slots.size() == kClusterSlots) throw CommandError("A point cannot be in more than 31 clusters.");
+  if (lists_.Slots.size() == kClusterSlots)
+    throw CommandError(ErrorKind::Refused, "A point cannot be in more than 31 clusters.");
   lists_.Slots.emplace_back(rows_ + 1);
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "pallomir/files/bytes.h"
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/parameter_header.h"
 #include "pallomir/files/platform.h"
 
@@ -87,7 +87,7 @@ void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool la
   const size_t wanted = count * kRowBytes;
   const size_t got = file.ReadUpTo(header + row * kRowBytes, buffer.data(), wanted);
   if (got < wanted && (!last || wanted - got >= kRowBytes))
-    throw CommandError(file.Name() + " ended early, at record " + std::to_string(row + got / kRowBytes) + ".");
+    throw EndedEarly(file.Path(), FilePlace::AtRecord(row + static_cast<int64_t>(got / kRowBytes)));
   findings.MissingBytes = wanted - got;
   std::fill(buffer.begin() + got, buffer.end(), 0);
 }

@@ -1,6 +1,6 @@
 #include "pallomir/session/start_up.h"
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/parameter_header.h"
@@ -8,15 +8,13 @@
 namespace pallomir {
 
 void OpenParameterFile(Session& session, std::string_view path) {
-  if (!IsParameterFileName(path))
-    throw ProgramEnd("File name must end in a .Ntt.parms extension. Exiting program.", "ERROR");
+  if (!IsParameterFileName(path)) throw ProgramEnd("File name must end in a .Ntt.parms extension. Exiting program.");
   FileReader file(path);
   const long header = ParameterHeaderLength(file);
   if (header < 0)
-    throw CommandError(file.Name() +
-                           " is not recognised as a parameter file: no spikes were found after a Pallomir header, an "
-                           "acquisition-system header or a few lines of text, nor at the start of the file.",
-                       "ERROR");
+    throw FaultOf(ErrorKind::Foreign, file.Path(),
+                  "is not recognised as a parameter file: no spikes were found after a Pallomir header, an "
+                  "acquisition-system header or a few lines of text, nor at the start of the file");
   session.File = {std::string(path), header, RowCount(file.Length(), header)};
 }
 

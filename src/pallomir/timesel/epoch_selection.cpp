@@ -11,7 +11,7 @@ namespace {
 int32_t RecordNumber(size_t row, const char* box, const std::string& text) {
   const std::string place = "Epoch " + std::to_string(row) + ": the " + box;
   const auto number = NumberFromText(text);
-  if (!number) throw CommandError(place + " " + Quoted(text) + " is not a number.");
+  if (!number) throw CommandError(ErrorKind::Refused, place + " " + Quoted(text) + " is not a number.");
   return WholeNumber(*number, place);
 }
 
@@ -30,13 +30,14 @@ bool Defined(const EpochChoice& row) {
 }  // namespace
 
 void CheckSelection(const EpochChoices& rows, size_t row) {
-  if (!Defined(rows[row])) throw CommandError("ERROR: Cannot choose an epoch with no times defined");
+  if (!Defined(rows[row]))
+    throw CommandError(ErrorKind::NotReady, "ERROR: Cannot choose an epoch with no times defined");
   const int32_t start = StartOf(rows, row), end = EndOf(rows, row);
   for (size_t other = 0; other < kEpochs; ++other) {
     if (other == row || !rows[other].Selected || !Defined(rows[other])) continue;
     const int32_t low = StartOf(rows, other), high = EndOf(rows, other);
     if ((low <= start && start <= high) || (low <= end && end <= high))
-      throw CommandError("ERROR: Epoch overlaps with previously selected epoch");
+      throw CommandError(ErrorKind::Refused, "ERROR: Epoch overlaps with previously selected epoch");
   }
 }
 

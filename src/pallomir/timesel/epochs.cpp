@@ -23,7 +23,8 @@ std::string_view NextRun(std::string_view text, size_t& at) {
 double Number(size_t row, const char* box, const std::string& text) {
   const auto number = NumberFromText(text);
   if (!number)
-    throw CommandError("Epoch " + std::to_string(row) + ": the " + box + " " + Quoted(text) + " is not a number.");
+    throw CommandError(ErrorKind::Refused,
+                       "Epoch " + std::to_string(row) + ": the " + box + " " + Quoted(text) + " is not a number.");
   return *number;
 }
 
@@ -38,7 +39,7 @@ std::vector<double> ReadStamps(const Session& session, World& world, const Recor
 }
 
 void FindEpoch(Session& session, size_t row, const Epoch& epoch, std::span<const double> stamps) {
-  if (stamps.empty()) throw CommandError("The parameter file holds no spikes.");
+  if (stamps.empty()) throw CommandError(ErrorKind::NotReady, "The parameter file holds no spikes.");
   const double start = Number(row, "start", epoch.Start);
   const auto first = std::find_if(stamps.begin(), stamps.end(), [=](double time) { return time >= start; });
   auto last = stamps.end() - 1;
@@ -86,7 +87,8 @@ std::vector<std::string> ItemsOf(const EpochTable& table) {
 
 EpochTable TableOf(std::span<const std::string> items) {
   if (items.size() > kEpochs)
-    throw CommandError("There are " + std::to_string(items.size()) + " epochs, but room for only 30.", "ERROR");
+    throw CommandError(ErrorKind::OutOfRange,
+                       "There are " + std::to_string(items.size()) + " epochs, but room for only 30.");
   EpochTable table;
   std::transform(items.begin(), items.end(), table.begin(), EpochOfItem);
   return table;

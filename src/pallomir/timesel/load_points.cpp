@@ -25,8 +25,9 @@ void Classify(Session& session, World& world) {
 }  // namespace
 
 void LoadPoints(Session& session, World& world, int32_t start, int32_t end) {
-  if (start > end) throw CommandError("Start time must be <= to Stop time", "ERROR");
-  if (start == 0 && end == 0) throw CommandError("Must Define Event IDs Using Define Epochs Command", "ERROR");
+  if (start > end) throw CommandError(ErrorKind::OutOfRange, "Start time must be <= to Stop time");
+  if (start == 0 && end == 0)
+    throw CommandError(ErrorKind::OutOfRange, "Must Define Event IDs Using Define Epochs Command");
   ReadPoints(session, world, start, end);
   Classify(session, world);
 }

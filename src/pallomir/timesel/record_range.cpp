@@ -27,8 +27,9 @@ double StampAt(FileReader& file, const Session& session, const RecordGeometry& g
   // An offset before record 0, even by a part of a record, is in the header; no file is longer than 9e18 bytes.
   const bool readable = position >= static_cast<double>(geometry.Header) && position < 9e18;
   if (!readable || file.ReadUpTo(static_cast<uint64_t>(position), stamp, sizeof stamp) < sizeof stamp)
-    throw CommandError("Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
-                       "ERROR");
+    throw CommandError(ErrorKind::OutOfRange,
+                       "Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),
+                       file.Path());
   return TimestampFromBytes(stamp);
 }
 
@@ -53,7 +54,7 @@ std::optional<RecordTime> RecordAtStart(const Session& session, World& world, do
   if (!geometry) return {};
   FileReader file(session.File.Path);
   const RecordTime found = FirstRecord(file, session, world, *geometry, [=](double time) { return time >= start; });
-  if (found.Record < 0) throw CommandError("Start time is out of file range", "ERROR");
+  if (found.Record < 0) throw CommandError(ErrorKind::OutOfRange, "Start time is out of file range", file.Path());
   return found;
 }
 

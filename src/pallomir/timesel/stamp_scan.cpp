@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "pallomir/files/error.h"
+#include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/parameter_header.h"
 #include "pallomir/files/raw_layout.h"
@@ -36,8 +36,7 @@ void ScanStamps(FileReader& file, const Session& session, World& world, const Re
     for (size_t r = 0; r < records; ++r) {
       const size_t place = r * geometry.RecordBytes;
       if (place + kStampBytes > got)
-        throw CommandError(file.Name() + " ended early, at record " + std::to_string(first + static_cast<int64_t>(r)) +
-                           ".");
+        throw EndedEarly(file.Path(), FilePlace::AtRecord(first + static_cast<int64_t>(r)));
       stamps[r] = TimestampFromBytes(bytes.data() + place);
     }
     if (visit(first, {stamps.data(), records})) return;
