@@ -22,7 +22,7 @@ namespace {
 /// Answers file dialogs with the file name given or the folder's parameter file, and prints the texts of message boxes.
 class TourDialogs : public Dialogs {
  public:
-  explicit TourDialogs(const QString& folder) : folder_(folder) {}
+  explicit TourDialogs(QString folder) : folder_(std::move(folder)) {}
   void ShowMessage(QWidget*, const QString& text, const QString&) override {
     std::printf("Message: %s\n", qPrintable(text));
   }

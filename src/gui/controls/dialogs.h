@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <utility>
 
 class QPrinter;
 class QWidget;
@@ -35,7 +36,7 @@ class Dialogs {
 class DesktopDialogs : public Dialogs {
  public:
   /// `firstFile`, if not empty, answers the first request for a file to open.
-  explicit DesktopDialogs(const QString& firstFile = {}) : firstFile_(firstFile) {}
+  explicit DesktopDialogs(QString firstFile = {}) : firstFile_(std::move(firstFile)) {}
   void ShowMessage(QWidget* parent, const QString& text, const QString& title) override;
   QString OpenFile(QWidget* parent, const FileDialogOptions& options) override;
   QString SaveFile(QWidget* parent, const FileDialogOptions& options) override;

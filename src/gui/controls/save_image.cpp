@@ -12,13 +12,15 @@ namespace pallomir {
 
 namespace {
 
-const CommandError kNoMemory(ErrorKind::NoMemory, "There is not enough memory for the picture.");
+CommandError NoMemory() {
+  return {ErrorKind::NoMemory, "There is not enough memory for the picture."};
+}
 
 }  // namespace
 
 QImage MakeImage(QSize size, QImage::Format format) {
   QImage image(size, format);
-  if (image.isNull()) throw kNoMemory;
+  if (image.isNull()) throw NoMemory();
   return image;
 }
 
@@ -26,7 +28,7 @@ QByteArray PngOf(const QImage& image) {
   std::future<QByteArray> encoded = std::async(std::launch::async, [&image] {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!image.save(&buffer, "PNG")) throw kNoMemory;
+    if (!image.save(&buffer, "PNG")) throw NoMemory();
     return bytes;
   });
   while (encoded.wait_for(std::chrono::milliseconds(5)) != std::future_status::ready) QCoreApplication::processEvents();
@@ -34,7 +36,7 @@ QByteArray PngOf(const QImage& image) {
 }
 
 void SavePictureBytes(const QByteArray& bytes, std::string_view path) {
-  if (bytes.isEmpty()) throw kNoMemory;
+  if (bytes.isEmpty()) throw NoMemory();
   SaveFile file(path);
   file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));
   file.Commit();

@@ -88,13 +88,13 @@ QToolTip { border: 1px solid %1; padding: 3px; }
 }  // namespace
 
 void ApplyTheme(QApplication& application) {
-  const bool dark = application.palette().color(QPalette::Window).lightness() < 128;
+  const bool dark = QApplication::palette().color(QPalette::Window).lightness() < 128;
   const Shades& shades = dark ? kDark : kLight;
-  application.setStyle(QStyleFactory::create("Fusion"));
-  application.setPalette(PaletteOf(shades));
-  QFont font = application.font();
+  QApplication::setStyle(QStyleFactory::create("Fusion"));
+  QApplication::setPalette(PaletteOf(shades));
+  QFont font = QApplication::font();
   font.setPointSizeF(9);
-  application.setFont(font);
+  QApplication::setFont(font);
   application.setStyleSheet(QString(kSheet).arg(shades.Line, shades.Hover, shades.Pressed, shades.Accent,
                                                 shades.AccentText, shades.Quiet, shades.Button, shades.Base,
                                                 shades.Icons));

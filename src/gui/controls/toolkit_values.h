@@ -13,7 +13,8 @@
 namespace pallomir {
 
 inline QColor ScreenColour(Colour colour) {
-  return QColor(colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF);
+  const auto level = [colour](int shift) { return static_cast<int>((colour >> shift) & 0xFF); };
+  return {level(0), level(8), level(16)};
 }
 
 /// For display only: bytes that are not UTF-8 are shown as a replacement, so a path cannot be recovered from it.

@@ -4,8 +4,8 @@
 
 namespace pallomir {
 
-EpochRows::EpochRows(const std::vector<Column>& columns, const QString& firstCaption, const QString& secondCaption)
-    : firstCaption_(firstCaption), secondCaption_(secondCaption) {
+EpochRows::EpochRows(const std::vector<Column>& columns, QString firstCaption, QString secondCaption)
+    : firstCaption_(std::move(firstCaption)), secondCaption_(std::move(secondCaption)) {
   auto* table = new QWidget;
   auto* grid = new QGridLayout(table);
   grid->setContentsMargins(0, 0, 0, 0);

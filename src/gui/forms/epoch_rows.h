@@ -25,7 +25,7 @@ class EpochRows : public QScrollArea {
     QString Name = {};
   };
   /// The captions of cmdNext while the first and the second half are shown.
-  EpochRows(const std::vector<Column>& columns, const QString& firstCaption, const QString& secondCaption);
+  EpochRows(const std::vector<Column>& columns, QString firstCaption, QString secondCaption);
 
   QPushButton* cmdNext;
 

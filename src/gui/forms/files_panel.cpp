@@ -16,6 +16,18 @@ namespace pallomir {
 
 namespace {
 
+/// Names the boundaries files in the data directory, for a user who asked for another.
+QString BoundariesAdvice() {
+  QStringList names = QDir().entryList({"cbfile.*.txt"}, QDir::Files);
+  for (QString& name : names) name.chop(4);
+  return names.isEmpty() ? "There is no boundaries file (cbfile) in this folder yet."
+                         : "Boundaries files here: " + names.join(", ");
+}
+
+}  // namespace
+
+namespace {
+
 void RequireCBFile(const std::string& path) {
   if (FileUtility::FileExists(path)) return;
   UnderErrorTitle([&] { throw CommandError(ErrorKind::Missing, "CBFile does not exist", PlatformPath(path)); });
@@ -113,13 +125,6 @@ void FilesPanel::AskBeforeWriting(const std::vector<std::string>& paths, const Q
     break;
   }
   bench_.AskBeforeReplacing(paths);
-}
-
-QString FilesPanel::BoundariesAdvice() const {
-  QStringList names = QDir().entryList({"cbfile.*.txt"}, QDir::Files);
-  for (QString& name : names) name.chop(4);
-  return names.isEmpty() ? "There is no boundaries file (cbfile) in this folder yet."
-                         : "Boundaries files here: " + names.join(", ");
 }
 
 std::string FilesPanel::ReadPath() const {

@@ -39,8 +39,6 @@ class FilesPanel : public QWidget {
   void cmdExit_Click() { emit Exit(); }
 
   std::string ReadPath() const;
-  /// Names the existing boundaries files, for a user who asked for another.
-  QString BoundariesAdvice() const;
   void ShowRead(const std::function<bool(const Progress&)>& read);
   /// Asks before write-protected files are replaced, and before anything is written outside the data folder to a name
   /// that came from a Defaults file, the one in `box`. Ends the command if the user declines.

@@ -52,7 +52,7 @@ class Workbench : public QObject, public World {
   /// Runs `handler` as a command whenever `sender` emits `signal`; it may take the signal's values.
   template <class Sender, class Signal, class Handler>
   void On(const Sender* sender, Signal signal, Handler handler) {
-    connect(sender, signal, this, [this, handler](auto... values) {
+    connect(sender, signal, this, [this, handler](auto... values) -> void {
       Run([&] {
         if constexpr (std::is_invocable_v<Handler, decltype(values)...>)
           handler(values...);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cstring>
 
@@ -9,9 +10,9 @@ namespace pallomir {
 /// Reads a little-endian T from `bytes`, at any alignment.
 template <class T>
 T LoadLittleEndian(const unsigned char* bytes) {
-  unsigned char copy[sizeof(T)];
-  std::memcpy(copy, bytes, sizeof(T));
-  if constexpr (std::endian::native == std::endian::big) std::reverse(copy, copy + sizeof(T));
+  std::array<unsigned char, sizeof(T)> copy;
+  std::memcpy(copy.data(), bytes, sizeof(T));
+  if constexpr (std::endian::native == std::endian::big) std::reverse(copy.begin(), copy.end());
   return std::bit_cast<T>(copy);
 }
 

@@ -14,11 +14,11 @@ namespace pallomir {
 /// little-endian, in raw counts; block c belongs to channel c and is zero if the channel was not recorded.
 inline constexpr int kWaveformBlocks = 32;
 inline constexpr int kBlockSamples = 32;
-inline constexpr size_t kWaveformBlockBytes = 2 * kBlockSamples;
+inline constexpr size_t kWaveformBlockBytes = size_t{2} * kBlockSamples;
 inline constexpr size_t kWaveformRecordBytes = kWaveformBlocks * kWaveformBlockBytes;
 
 /// Sample j of block b is value 32 b + j.
-using WaveformRecord = std::array<int16_t, kWaveformBlocks * kBlockSamples>;
+using WaveformRecord = std::array<int16_t, size_t{kWaveformBlocks} * kBlockSamples>;
 
 /// The name of the waveform file of a parameter file: "waveforms" replaces the last 9 characters ("Ntt.parms"). Empty
 /// if the extension is not "parms" or the name is too short.
