@@ -78,6 +78,20 @@ TEST(PositionFile, DamageThatCanBeSurvivedIsCounted) {
   EXPECT_EQ(video.Unreadable, 1);
 }
 
+TEST(PositionFile, ReadingTellsHowFarItIsWhateverEndsALine) {
+  const TemporaryFolder folder;
+  for (const char* end : {"\n", "\r\n"}) {
+    std::string text;
+    for (int64_t i = 0; i < 4 * 4096; ++i) text += std::to_string(1'000'000 + i) + ",5,7" + end;
+    std::vector<double> shares;
+    ReadPositions(folder.Put("Pos.p", text), Progress([&](double share) {
+                    shares.push_back(share);
+                    return true;
+                  }));
+    EXPECT_EQ(shares, (std::vector<double>{0.25, 0.5, 0.75, 1})) << text.substr(0, 20);
+  }
+}
+
 TEST(PositionFile, WhatIsSomethingElseIsRefused) {
   std::string spikes = AcquisitionHeader() + std::string(20 * 304, '\1');
   spikes.replace(10, 16, "\n-RecordSize 304");

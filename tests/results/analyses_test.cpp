@@ -215,16 +215,19 @@ TEST_F(Analyses, LongWorkCanBeStopped) {
 }
 
 TEST_F(Analyses, ReadingALongFileTellsHowFarItIs) {
-  std::string lines;
-  for (int i = 0; i < 10 * 1024; ++i) lines += "12\n";
   world.Slow = true;
-  ForEachNumberedLine(world, folder.Put("long", lines), [](const NumberedLine&) {});
-  // It is told every tenth of the file, once the bar is up.
-  ASSERT_FALSE(world.Progress.empty());
-  const int last = static_cast<int>(world.Progress.size()) - 1;
-  for (int told = 0; told <= last; ++told)
-    EXPECT_NEAR(world.Progress[told], 32766 * (10 - last + told) / 10.0, 1) << told;
-  EXPECT_FALSE(world.ProgressVisible);
+  for (const char* line : {"12\n", "12\r\n"}) {
+    std::string lines;
+    for (int i = 0; i < 10 * 1024; ++i) lines += line;
+    world.Progress.clear();
+    ForEachNumberedLine(world, folder.Put("long", lines), [](const NumberedLine&) {});
+    // It is told every tenth of the file, once the bar is up.
+    ASSERT_FALSE(world.Progress.empty());
+    const int last = static_cast<int>(world.Progress.size()) - 1;
+    for (int told = 0; told <= last; ++told)
+      EXPECT_NEAR(world.Progress[told], 32766 * (10 - last + told) / 10.0, 1) << told;
+    EXPECT_FALSE(world.ProgressVisible);
+  }
 }
 
 }  // namespace

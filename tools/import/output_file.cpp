@@ -43,11 +43,11 @@ FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds pati
 /// The lines of a header, except those with program and date.
 std::string WhatCounts(std::string_view header) {
   std::string text;
-  while (!header.empty()) {
-    const std::string_view line = header.substr(0, header.find('\n') + 1);
-    if (!line.starts_with("# Pallomir ") && !line.starts_with("# Date: ")) text += line;
-    header.remove_prefix(line.empty() ? header.size() : line.size());
-  }
+  TextLines lines(header);
+  size_t begin = 0;
+  for (TextLine line; lines.Take(line); begin = line.End)
+    if (!line.Text.starts_with("# Pallomir ") && !line.Text.starts_with("# Date: "))
+      text += header.substr(begin, line.End - begin);
   return text;
 }
 

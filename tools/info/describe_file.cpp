@@ -1,6 +1,7 @@
 #include "tools/info/describe_file.h"
 
 #include "pallomir/files/file_fault.h"
+#include "pallomir/files/file_lines.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
@@ -10,7 +11,6 @@
 #include "pallomir/files/text_case.h"
 #include "pallomir/files/text_header.h"
 #include "pallomir/files/text_items.h"
-#include "pallomir/files/text_lines.h"
 #include "tools/figures.h"
 #include "tools/info/facts.h"
 
@@ -36,7 +36,7 @@ std::string DescribeOwnText(std::string_view path, std::string_view header) {
   Facts facts(file.Name() + ": a text file of kind " + HeaderValue(header, "Kind").value_or(""));
   facts.Add("written", HeaderValue(header, "Date").value_or(""));
   uint64_t lines = 0;
-  ForEachLine(file, header.size(), [&](std::string_view, bool) { ++lines; });
+  ForEachLine(file, {header.size(), 1}, [&](const TextLine&) { ++lines; });
   facts.Add("lines", CountText(lines) + " after the header");
   return facts.Text();
 }

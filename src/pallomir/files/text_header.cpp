@@ -34,31 +34,29 @@ std::string TextHeader(std::string_view kind, std::string_view date, const std::
 }
 
 std::optional<std::string> HeaderValue(std::string_view header, std::string_view key) {
-  const std::string start = "\n# " + std::string(key) + ": ";
-  const size_t place = header.find(start);
-  if (place == std::string_view::npos) return {};
-  const std::string_view rest = header.substr(place + start.size());
-  return std::string(rest.substr(0, rest.find_first_of("\r\n")));
+  const std::string start = "# " + std::string(key) + ": ";
+  TextLines lines(header);
+  TextLine line;
+  lines.Take(line);  // names the program
+  while (lines.Take(line)) {
+    if (!line.Text.starts_with(start)) continue;
+    const std::string_view value = line.Text.substr(start.size());
+    return std::string(value.substr(0, value.find('\r')));
+  }
+  return {};
 }
 
 long TextHeaderLength(std::string_view beginning) {
-  beginning = beginning.substr(0, kTextHeaderLimit);
-  for (size_t line = 0; line < beginning.size();) {
-    const size_t end = beginning.find('\n', line);
-    if (end == std::string_view::npos) return -1;
-    std::string_view text = beginning.substr(line, end - line);
-    if (text.ends_with('\r')) text.remove_suffix(1);
-    if (text == kLastLine) return static_cast<long>(end + 1);
-    line = end + 1;
-  }
-  return -1;
+  const auto body = BodyBehindHeader(beginning);
+  return body ? static_cast<long>(body->Begin) : -1;
 }
 
 std::optional<TextBody> BodyBehindHeader(std::string_view beginning) {
-  const long length = TextHeaderLength(beginning);
-  if (length < 0) return {};
-  return TextBody{static_cast<size_t>(length),
-                  1 + static_cast<int>(std::count(beginning.begin(), beginning.begin() + length, '\n'))};
+  beginning = beginning.substr(0, kTextHeaderLimit);
+  TextLines lines(beginning);
+  for (TextLine line; lines.Take(line);)
+    if (line.Text == kLastLine && beginning[line.End - 1] == '\n') return TextBody{line.End, line.Number + 1};
+  return {};
 }
 
 }  // namespace pallomir

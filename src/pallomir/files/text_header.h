@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "pallomir/files/text_lines.h"
+
 namespace pallomir {
 
 /// An additional line of a header, "# Key: value".
@@ -34,13 +36,7 @@ long TextHeaderLength(std::string_view beginning);
 /// The largest offset that a text header may extend to.
 inline constexpr size_t kTextHeaderLimit = 64 * 1024;
 
-/// What follows a text header: its offset in bytes and its first line number. Without a header, the whole text.
-struct TextBody {
-  size_t Begin = 0;
-  int FirstLine = 1;
-};
-
-/// The body of a text, given its beginning (as for TextHeaderLength); empty if it has no header.
+/// What follows the text header of a text, given its beginning (as for TextHeaderLength); empty if it has no header.
 std::optional<TextBody> BodyBehindHeader(std::string_view beginning);
 
 }  // namespace pallomir

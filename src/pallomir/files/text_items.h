@@ -9,8 +9,9 @@
 
 namespace pallomir {
 
-/// Reads comma- or line-separated items; texts are in double quotes, blanks before an item are skipped. Messages name
-/// the file and the line.
+/// Reads comma- or line-separated items; texts are in double quotes, blanks before an item are skipped. An item may
+/// stand on the line of the one before or on the next, so that the items of these files, unlike TextFields, belong to
+/// no line. Messages name the file and the line.
 class TextItems {
  public:
   /// The longest item in bytes; in a broken file a single item may span all of it.

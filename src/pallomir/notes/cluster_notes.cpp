@@ -1,6 +1,5 @@
 #include "pallomir/notes/cluster_notes.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -12,6 +11,7 @@
 #include "pallomir/files/printable.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/set_aside.h"
+#include "pallomir/files/text_lines.h"
 #include "pallomir/files/write_target.h"
 
 namespace pallomir {
@@ -21,48 +21,33 @@ namespace {
 /// Reads notes line by line. A text without quotes extends to the next comma.
 class NoteReader {
  public:
-  NoteReader(std::string_view text, const std::filesystem::path& file) : text_(text), file_(file) {
-    // The byte order mark that some editors write.
-    if (text_.starts_with("\xEF\xBB\xBF")) text_.remove_prefix(3);
-  }
+  NoteReader(std::string_view text, const std::filesystem::path& file) : lines_(WithoutMark(text)), file_(file) {}
 
   /// Reads the note of cluster c from the next line.
   ClusterNote Read(int c) {
-    const bool ended = text_.empty();
-    TakeLine();
-    if (ended) Fault("the file ends before the note of cluster " + std::to_string(c) + " is due");
+    line_.Number = lines_.NextNumber();
+    if (!lines_.Take(line_)) Fault("the file ends before the note of cluster " + std::to_string(c) + " is due");
+    fields_ = TextFields(line_.Text);
     ClusterNote note;
     note.Number = Number();
     note.Rating = Text("rating");
     note.Remarks = Text("remarks");
-    if (more_) Fault("there are more fields than number, rating and remarks");
+    if (fields_.More()) Fault("there are more fields than number, rating and remarks");
     return note;
   }
 
   /// The remaining lines.
-  std::string_view Rest() const { return text_; }
+  std::string_view Rest() const { return lines_.Rest(); }
 
  private:
-  void TakeLine() {
-    const size_t end = std::min(text_.find('\n'), text_.size());
-    rest_ = text_.substr(0, end);
-    if (rest_.ends_with('\r')) rest_.remove_suffix(1);
-    text_.remove_prefix(std::min(end + 1, text_.size()));
-    more_ = true;
-    ++line_;
-  }
-
-  /// The text before the next comma or the end of the line.
-  std::string_view TakeField() {
-    const size_t comma = std::min(rest_.find(','), rest_.size());
-    const std::string_view field = rest_.substr(0, comma);
-    more_ = comma < rest_.size();
-    rest_.remove_prefix(more_ ? comma + 1 : comma);
-    return Trimmed(field);
+  /// Without the byte order mark that some editors write.
+  static std::string_view WithoutMark(std::string_view text) {
+    constexpr std::string_view kMark = "\xEF\xBB\xBF";
+    return text.starts_with(kMark) ? text.substr(kMark.size()) : text;
   }
 
   int16_t Number() {
-    const std::string field(TakeField());
+    const std::string_view field = Trimmed(fields_.Take());
     const auto number = NumberFromText(field);
     if (!number) Fault(Quoted(field) + " is not a number");
     // A number other than the line's own cluster is accepted as it is.
@@ -72,31 +57,26 @@ class NoteReader {
   }
 
   std::string Text(const std::string& what) {
-    if (!more_) Fault("there is no field for the " + what);
-    rest_.remove_prefix(std::min(rest_.find_first_not_of(" \t"), rest_.size()));
-    if (!rest_.starts_with('"')) {
-      const std::string_view field = TakeField();
+    if (!fields_.More()) Fault("there is no field for the " + what);
+    if (!fields_.AtQuotes()) {
+      const std::string_view field = Trimmed(fields_.Take());
       if (field.find('"') != std::string_view::npos) Fault("there is a double quote inside the " + what);
       return std::string(field);
     }
-    rest_.remove_prefix(1);
-    const size_t close = rest_.find('"');
-    if (close == std::string_view::npos) Fault("the quotes round the " + what + " are not closed");
-    std::string text(rest_.substr(0, close));
-    rest_.remove_prefix(close + 1);
-    if (!TakeField().empty()) Fault("there is a double quote inside the " + what);
-    return text;
+    const auto text = fields_.TakeQuoted();
+    if (!text) Fault("the quotes round the " + what + " are not closed");
+    if (!Trimmed(fields_.Take()).empty()) Fault("there is a double quote inside the " + what);
+    return std::string(*text);
   }
 
   [[noreturn]] void Fault(const std::string& what) const {
-    throw FaultAt(ErrorKind::Broken, file_, FilePlace::AtLine(line_), what);
+    throw FaultAt(ErrorKind::Broken, file_, FilePlace::AtLine(line_.Number), what);
   }
 
-  std::string_view text_;  ///< the remaining lines
+  TextLines lines_;
+  TextLine line_;
+  TextFields fields_{""};
   const std::filesystem::path& file_;
-  std::string_view rest_;  ///< the rest of the current line
-  bool more_ = false;      ///< whether the current line has another field
-  int line_ = 0;
 };
 
 struct NotesText {

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "pallomir/files/file_fault.h"
+#include "pallomir/files/file_lines.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/printable.h"
-#include "pallomir/files/text_lines.h"
 
 namespace pallomir {
 
@@ -28,7 +28,8 @@ void SkipBlanks(std::string_view& line) {
   while (!line.empty() && IsBlank(line.front())) line.remove_prefix(1);
 }
 
-/// Removes the next column from a line and returns it. Columns are separated by blanks, optionally with one "," or ";".
+/// Removes the next column from a line and returns it. TextFields would not do: columns are separated by blanks,
+/// optionally with one "," or ";".
 std::string_view TakeColumn(std::string_view& line) {
   size_t end = 0;
   while (end < line.size() && !EndsColumn(line[end])) ++end;
@@ -80,11 +81,10 @@ class TextReader {
       : file_(file), header_(header), progress_(progress), positions_(positions) {}
 
   void Read() {
-    uint64_t place = header_;
-    ForEachLine(file_, header_, [&](std::string_view line, bool isWhole) {
-      place += line.size() + 1;
-      if (++lines_ % 4096 == 0) progress_.Reached(static_cast<double>(place) / static_cast<double>(file_.Length()));
-      TakeLine(line, isWhole);
+    ForEachLine(file_, {header_, 1}, [&](const TextLine& line) {
+      if (line.Number % 4096 == 0)
+        progress_.Reached(static_cast<double>(line.End) / static_cast<double>(file_.Length()));
+      TakeLine(line);
     });
     if (positions_.Unreadable > static_cast<int64_t>(positions_.Time.size()))
       throw FaultOf(ErrorKind::Foreign, file_.Path(),
@@ -92,13 +92,13 @@ class TextReader {
   }
 
  private:
-  void TakeLine(std::string_view line, bool isWhole) {
-    const std::string_view text = Trimmed(line);
+  void TakeLine(const TextLine& line) {
+    const std::string_view text = Trimmed(line.Text);
     if (text.empty() || text.starts_with('#') || text.starts_with('%')) return;
     if (TakeScale(text)) return;
-    if (const auto sample = isWhole ? SampleFrom(text) : std::nullopt)
+    if (const auto sample = line.IsWhole ? SampleFrom(text) : std::nullopt)
       AppendSample(positions_, *sample);
-    else if (isWhole && IsNames(text))
+    else if (line.IsWhole && IsNames(text))
       namesSeen_ = true;
     else if (positions_.Unreadable++ == 0)
       firstUnreadable_ = Quoted(text);
@@ -126,7 +126,6 @@ class TextReader {
   size_t header_;
   const Progress& progress_;
   Positions& positions_;
-  int64_t lines_ = 0;
   bool namesSeen_ = false;
   std::string firstUnreadable_;
 };

@@ -49,14 +49,12 @@ std::string HeaderFor(const MapResult& result) {
 
 /// The line "columns,rows,left,top,bin,unit".
 Map ReadFrame(ResultText& text) {
-  std::string_view line = text.Line();
+  TextFields fields(text.Line());
   double values[5];
   for (double& value : values) {
-    const size_t comma = line.find(',');
-    const auto number = NumberFromText(line.substr(0, comma));
-    if (!number || comma == std::string_view::npos) text.Fault("this should be columns,rows,left,top,bin,unit");
+    const auto number = NumberFromText(fields.Take());
+    if (!number || !fields.More()) text.Fault("this should be columns,rows,left,top,bin,unit");
     value = *number;
-    line.remove_prefix(comma + 1);
   }
   const auto [columns, rows, left, top, bin] = values;
   const auto isCount = [](double value) { return value >= 0 && value <= kMostFileBins && value == std::floor(value); };

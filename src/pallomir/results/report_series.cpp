@@ -8,6 +8,7 @@
 
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/text_case.h"
+#include "pallomir/files/text_lines.h"
 #include "pallomir/recorded/position_file.h"
 #include "pallomir/results/spike_times.h"
 #include "pallomir/science/angles.h"
@@ -34,13 +35,11 @@ std::optional<double> NumberOf(std::string_view text) {
 
 /// Parses the comma-separated numbers of a line. False if there are not exactly `count`.
 bool ParseLine(std::string_view line, size_t count, Items& items) {
+  TextFields fields(line);
   for (size_t k = 0; k < count; ++k) {
-    const size_t comma = line.find(',');
-    if ((comma == std::string_view::npos) != (k + 1 == count)) return false;
-    const auto number = NumberOf(line.substr(0, comma));
-    if (!number) return false;
+    const auto number = NumberOf(fields.Take());
+    if (!number || fields.More() != (k + 1 < count)) return false;
     items[k] = *number;
-    if (comma != std::string_view::npos) line.remove_prefix(comma + 1);
   }
   return true;
 }

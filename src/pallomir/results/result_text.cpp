@@ -1,6 +1,5 @@
 #include "pallomir/results/result_text.h"
 
-#include <algorithm>
 #include <cmath>
 
 #include "pallomir/files/file_fault.h"
@@ -47,39 +46,37 @@ void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value) {
 }
 
 ResultText::ResultText(std::string_view path, std::string_view kind)
-    : file_(PlatformPath(path)), text_(ReadText(path)) {
-  const auto body = BodyBehindHeader(text_).value_or(TextBody{});
-  header_ = place_ = body.Begin;
-  line_ = body.FirstLine - 1;
+    : file_(PlatformPath(path)),
+      text_(ReadText(path)),
+      body_(BodyBehindHeader(text_).value_or(TextBody{})),
+      lines_(text_, body_),
+      line_(body_.FirstLine - 1) {
   if (HeaderValue(Header(), "Kind") != kind)
     throw FaultOf(ErrorKind::Foreign, file_, "is not a file of kind " + std::string(kind));
 }
 
-bool ResultText::AtEnd() {
-  return text_.find_first_not_of(" \t\r\n", place_) == std::string::npos;
+bool ResultText::AtEnd() const {
+  return Trimmed(lines_.Rest()).empty();
 }
 
 std::string_view ResultText::Line() {
-  for (;;) {
-    ++line_;
-    if (place_ >= text_.size()) throw EndedEarly(file_, FilePlace::AtLine(line_));
-    const size_t end = std::min(text_.find('\n', place_), text_.size());
-    const std::string_view line = Trimmed(std::string_view(text_).substr(place_, end - place_));
-    place_ = end + 1;
-    if (!line.empty()) return line;
-  }
+  TextLine line;
+  do {
+    line_ = lines_.NextNumber();
+    if (!lines_.Take(line)) throw EndedEarly(file_, FilePlace::AtLine(line_));
+    line.Text = Trimmed(line.Text);
+  } while (line.Text.empty());
+  return line.Text;
 }
 
 void ResultText::Numbers(size_t count, std::vector<double>& into) {
-  std::string_view line = Line();
+  TextFields fields(Line());
   for (size_t k = 0; k < count; ++k) {
-    const size_t end = std::min(line.find(','), line.size());
-    const std::string_view item = Trimmed(line.substr(0, end));
+    const std::string_view item = Trimmed(fields.Take());
     const auto number = item == kNotANumber ? kNotKnown : NumberFromText(item);
     if (!number) Fault(Quoted(item) + " is not a number");
-    if ((end == line.size()) != (k + 1 == count)) Fault("there should be " + std::to_string(count) + " numbers");
+    if (fields.More() != (k + 1 < count)) Fault("there should be " + std::to_string(count) + " numbers");
     into.push_back(*number);
-    line.remove_prefix(std::min(end + 1, line.size()));
   }
 }
 

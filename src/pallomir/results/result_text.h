@@ -27,13 +27,15 @@ class ResultText {
  public:
   /// Throws CommandError if the file cannot be read or is of another kind ("... is not a file of kind RateMap.").
   ResultText(std::string_view path, std::string_view kind);
+  ResultText(const ResultText&) = delete;
+  ResultText& operator=(const ResultText&) = delete;
 
   const std::filesystem::path& File() const { return file_; }
-  std::string_view Header() const { return std::string_view(text_).substr(0, header_); }
+  std::string_view Header() const { return std::string_view(text_).substr(0, body_.Begin); }
 
   /// The next line that is not empty. Throws CommandError at the end of the file.
   std::string_view Line();
-  bool AtEnd();
+  bool AtEnd() const;
 
   /// Appends the numbers of the next line. Throws CommandError unless there are exactly `count`.
   void Numbers(size_t count, std::vector<double>& into);
@@ -44,9 +46,9 @@ class ResultText {
  private:
   std::filesystem::path file_;
   std::string text_;
-  size_t header_ = 0;
-  size_t place_ = 0;
-  int line_ = 0;
+  TextBody body_;
+  TextLines lines_;
+  int line_;
 };
 
 /// The kind of a result file ("RateMap"); empty if it has no header of ours.

@@ -5,13 +5,13 @@
 #include <string>
 
 #include "pallomir/files/file_fault.h"
+#include "pallomir/files/file_lines.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/text_header.h"
 #include "pallomir/files/text_items.h"
-#include "pallomir/files/text_lines.h"
 #include "pallomir/session/work_pace.h"
 
 namespace pallomir {
@@ -33,13 +33,9 @@ void ForEachNumberedLine(World& world, std::string_view path, const std::functio
   FileReader file(path);
   WorkPace pace(world);
   const TextBody body = BodyBehindHeader(ReadText(path, kTextHeaderLimit)).value_or(TextBody{});
-  int number = body.FirstLine;
-  uint64_t place = body.Begin;
-  ForEachLine(file, body.Begin, [&](std::string_view line, bool) {
-    place += line.size() + 1;
-    if (number % 1024 == 0) pace.Reached(static_cast<double>(place) / static_cast<double>(file.Length()));
-    const int here = number++;
-    if (!Trimmed(line).empty()) take({file.Path(), here, line});
+  ForEachLine(file, body, [&](const TextLine& line) {
+    if (line.Number % 1024 == 0) pace.Reached(static_cast<double>(line.End) / static_cast<double>(file.Length()));
+    if (!Trimmed(line.Text).empty()) take({file.Path(), line.Number, line.Text});
   });
 }
 

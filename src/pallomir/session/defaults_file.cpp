@@ -1,7 +1,5 @@
 #include "pallomir/session/defaults_file.h"
 
-#include <algorithm>
-
 #include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
@@ -11,6 +9,7 @@
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/text_header.h"
 #include "pallomir/files/text_items.h"
+#include "pallomir/files/text_lines.h"
 
 namespace pallomir {
 
@@ -50,10 +49,9 @@ bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
     if (key == "Epoch") defaults.Epochs.push_back(value);
     if (key != "EpochEventIDs") continue;
     if (epoch == kEpochs) throw FaultAt(ErrorKind::OutOfRange, file, items.Place(), "there are more than 30 epochs");
-    const size_t comma = std::min(value.find(','), value.size());
-    session.EpochStartRecord[epoch] = RecordNumber(file, items.Place(), std::string_view(value).substr(0, comma));
-    session.EpochEndRecord[epoch] =
-        RecordNumber(file, items.Place(), std::string_view(value).substr(std::min(comma + 1, value.size())));
+    TextFields records(value);
+    session.EpochStartRecord[epoch] = RecordNumber(file, items.Place(), records.Take());
+    session.EpochEndRecord[epoch] = RecordNumber(file, items.Place(), records.Rest());
     ++epoch;
   }
   return true;

@@ -6,19 +6,12 @@
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/printable.h"
+#include "pallomir/files/text_lines.h"
 #include "pallomir/timesel/stamp_scan.h"
 
 namespace pallomir {
 
 namespace {
-
-std::string_view NextRun(std::string_view text, size_t& at) {
-  at = std::min(text.find_first_not_of(' ', at), text.size());
-  const size_t end = std::min(text.find(' ', at), text.size());
-  const std::string_view run = text.substr(at, end - at);
-  at = end;
-  return run;
-}
 
 double Number(size_t row, const char* box, const std::string& text) {
   const auto number = NumberFromText(text);
@@ -69,12 +62,13 @@ std::string EpochItem(const Epoch& epoch) {
 }
 
 Epoch EpochOfItem(std::string_view item) {
-  size_t at = item.find(':');
-  if (at == std::string_view::npos) return {std::string(item), {}, {}};
+  const size_t colon = item.find(':');
+  if (colon == std::string_view::npos) return {std::string(item), {}, {}};
   Epoch epoch;
-  epoch.Label = item.substr(0, at++);
-  epoch.Start = NextRun(item, at);
-  epoch.End = NextRun(item, at);
+  epoch.Label = item.substr(0, colon);
+  item.remove_prefix(colon + 1);
+  epoch.Start = TakeWord(item, " ");
+  epoch.End = TakeWord(item, " ");
   return epoch;
 }
 
