@@ -65,7 +65,7 @@ TEST(ReportSeries, OneOddSpikeDoesNotRefuseTheCluster) {
 }
 
 TEST(ReportSeries, AnglesGrowCounterClockwiseOnTheVideoPicture) {
-  const TrackedPoint centre{100, 50};
+  const Place centre{100, 50};
   for (const auto& [x, y, angle] : {std::tuple(110.0, 50.0, 0.0),
                                     {110.0, 60.0, 315.0},
                                     {100.0, 60.0, 270.0},

@@ -27,7 +27,7 @@ double GridAt(const Cell& cell, double x, double y) {
 double RateAt(const Cell& cell, const WalkStep& step, double theta) {
   const double modulation = 1 + 0.7 * theta;
   switch (cell.Kind) {
-    case CellKind::Place: {
+    case CellKind::PlaceCell: {
       const double dx = (step.X - cell.FieldX) / cell.FieldSize;
       const double dy = (step.Y - cell.FieldY) / cell.FieldSize;
       return kBackgroundRate + cell.PeakRate * modulation * Hill(std::sqrt(dx * dx + dy * dy));

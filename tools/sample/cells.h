@@ -8,7 +8,7 @@
 
 namespace pallomir {
 
-enum class CellKind { Place, Grid, HeadDirection, Bursting, Interneuron };
+enum class CellKind { PlaceCell, Grid, HeadDirection, Bursting, Interneuron };
 
 /// A neuron near the tetrode. The height of its spikes on a wire is `Strength` divided by its distance from the wire.
 struct Cell {
@@ -25,8 +25,8 @@ struct Cell {
 /// Their sites are chosen so that each cell is separate from all others in some projection of two MPeak parameters, but
 /// no projection separates all of them.
 inline constexpr std::array<Cell, 6> kCells{{
-    {CellKind::Place, {35.9, 11.8, 25.1}, 5540, 18, 30, 70, 22},
-    {CellKind::Place, {-15.3, -5.9, 25.8}, 6130, 20, 72, 35, 20},
+    {CellKind::PlaceCell, {35.9, 11.8, 25.1}, 5540, 18, 30, 70, 22},
+    {CellKind::PlaceCell, {-15.3, -5.9, 25.8}, 6130, 20, 72, 35, 20},
     {CellKind::Grid, {-6.3, 33.9, 16.9}, 5340, 16, 50, 50, 40},
     {CellKind::HeadDirection, {-19.0, 4.9, 16.8}, 5190, 22, 0, 0, 0, 1.0 / 3},
     {CellKind::Bursting, {-14.6, -36.6, 8.9}, 7250, 1.2, 0, 0, 0},

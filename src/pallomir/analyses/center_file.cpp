@@ -14,7 +14,7 @@ std::string CenterFilePath(const Session& session, std::string_view name) {
   return session.DataDirectory + "\\..\\" + std::string(name);
 }
 
-void WriteCenterFile(const Session& session, World& world, std::string_view name, CenterPoint center) {
+void WriteCenterFile(const Session& session, World& world, std::string_view name, XY<float> center) {
   if (name.empty()) throw CommandError(ErrorKind::Refused, "Error: Need to specify Center File Name");
   const std::string x = SingleText(center.X), y = SingleText(center.Y);
   SaveFile file(CenterFilePath(session, name));
@@ -23,7 +23,7 @@ void WriteCenterFile(const Session& session, World& world, std::string_view name
   world.AppendMessage("Done writing center file X=" + x + " Y=" + y);
 }
 
-std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
+std::optional<XY<float>> ReadCenterFile(std::string_view path) {
   if (!FileUtility::FileExists(path)) return {};
   // More than enough for two numbers.
   const std::string text = ReadText(path, 4096);
@@ -31,7 +31,7 @@ std::optional<CenterPoint> ReadCenterFile(std::string_view path) {
   const float x = items.Single();
   const float y = items.Single();
   if (!items.AtEnd()) items.Fault("there are more values than X and Y");
-  return CenterPoint{x, y};
+  return XY<float>{x, y};
 }
 
 }  // namespace pallomir

@@ -23,7 +23,7 @@ struct Report {
   std::vector<int64_t> SampleOf;  ///< for each spike, the index of its sample in Path, or -1
   ClusterLines Spikes;
   PlaceSeries Places;  ///< for each spike
-  TrackedPoint Centre;
+  Place Centre;
   bool CentreGiven = false;  ///< from the center file; otherwise the centre of the tracked area
   ClusterMeasures Measures;
   RefractoryFigures Refractory;

@@ -13,12 +13,8 @@ namespace {
 constexpr uint32_t kShade = 0xFF7F8FBF;
 constexpr uint32_t kShadeShare = 96;
 
-struct Step {
-  double X, Y;
-};
-
 /// The angle from one edge to the next, in (-pi, pi]; 0 if it is within the precision of the coordinates.
-double Turn(const Step& before, const Step& after) {
+double Turn(const XY<double>& before, const XY<double>& after) {
   const double left = before.X * after.Y, right = before.Y * after.X;
   const double along = before.X * after.X + before.Y * after.Y;
   const bool straight = std::abs(left - right) <= 1e-6 * (std::abs(left) + std::abs(right));
@@ -29,7 +25,7 @@ double Turn(const Step& before, const Step& after) {
 /// between them.
 std::vector<std::pair<int, double>> TurnsOf(const Boundary& boundary, std::vector<int>& repeated) {
   std::vector<int> corners, still;
-  std::vector<Step> steps;
+  std::vector<XY<double>> steps;
   for (int k = 0; k < boundary.VertexCount; ++k) {
     const int next = (k + 1) % boundary.VertexCount;
     const Vertex &from = boundary.Vertices[k], &to = boundary.Vertices[next];

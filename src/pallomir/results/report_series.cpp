@@ -99,13 +99,13 @@ ClusterLines ReadClusterLines(World& world, std::string_view clusterFile) {
   return lines;
 }
 
-double AngleAbout(const TrackedPoint& centre, double x, double y) {
+double AngleAbout(const Place& centre, double x, double y) {
   const double across = x - centre.X, down = y - centre.Y;
   if (std::isnan(across) || std::isnan(down) || (across == 0 && down == 0)) return kNotKnown;
   return DegreesOf(across, -down);
 }
 
-TrackedPoint MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) {
+Place MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) {
   const auto middle = [](std::span<const double> values) {
     double low = kNotKnown, high = kNotKnown;
     for (const double value : values) {
@@ -118,7 +118,7 @@ TrackedPoint MiddleOfTrackedArea(std::span<const double> x, std::span<const doub
 }
 
 PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const TrackedPoint& centre) {
+                           const Place& centre) {
   PlaceSeries series;
   for (const int64_t sample : samples) {
     series.X.push_back(sample < 0 ? kNotKnown : x[sample]);

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "pallomir/science/xy.h"
 #include "pallomir/session/world.h"
 
 namespace pallomir {
@@ -28,18 +29,12 @@ struct ClusterLines {
 /// CommandError naming any other line, Interrupted when the user stops it.
 ClusterLines ReadClusterLines(World& world, std::string_view clusterFile);
 
-/// A position in tracker units (pixels): x to the right and y downward, as in the video image.
-struct TrackedPoint {
-  double X = 0;
-  double Y = 0;
-};
-
 /// The direction from `centre` to (x, y) in degrees, 0 up to 360: 0 to the right (+x), counter-clockwise as the camera
 /// sees it: 90 is towards -y, which is up in the video image. NaN at the centre itself and for NaN coordinates.
-double AngleAbout(const TrackedPoint& centre, double x, double y);
+double AngleAbout(const Place& centre, double x, double y);
 
 /// The centre of the bounding box of the tracked positions; NaN without any.
-TrackedPoint MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y);
+Place MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y);
 
 /// The animal's position at each of a cluster's spikes; NaN where unknown.
 struct PlaceSeries {
@@ -50,6 +45,6 @@ struct PlaceSeries {
 
 /// `samples` has the sample index of each spike, or -1; (x, y) are the positions of the samples.
 PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const TrackedPoint& centre);
+                           const Place& centre);
 
 }  // namespace pallomir

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pallomir/science/positions.h"
+#include "pallomir/science/xy.h"
 
 namespace pallomir {
 
@@ -32,10 +33,6 @@ struct Track {
 /// The samples of `positions` within `range`. Lost samples are interpolated linearly in time between the good samples
 /// around them if these are at most kLongestBridge apart; their directions stay unknown.
 Track TrackWithin(const Positions& positions, const TimeRange& range);
-
-struct Place {
-  double X, Y;  ///< pixels
-};
 
 /// The animal's position at any time: interpolated linearly in time between the seen samples before and after, if these
 /// are at most kLongestBridge apart.

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "pallomir/science/xy.h"
 #include "pallomir/session/point_table.h"
 
 namespace pallomir {
@@ -11,11 +12,7 @@ inline constexpr int kClusters = 30;
 inline constexpr int kBoundariesPerCluster = 21;
 inline constexpr int kVerticesPerBoundary = 51;
 
-struct Vertex {
-  float X = 0;
-  float Y = 0;
-  bool operator==(const Vertex&) const = default;
-};
+using Vertex = XY<float>;
 
 /// A polygon in the units of two parameters, with its vertices in drawing order; the last is joined to the first.
 struct Boundary {
