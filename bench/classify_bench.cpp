@@ -96,7 +96,7 @@ void ReadFullFile(benchmark::State& state) {
       for (Vertex& vertex : cluster.Boundaries[b].Vertices) vertex.X -= 3 * static_cast<float>(c);
     }
   }
-  const std::string path = RecordingFolder() + "\\full.txt";
+  const std::string path = RecordingFolder() + "/full.txt";
   WriteCBFile(session, world, path);
   for (auto _ : state) ReadCBFile(session, path);
 }

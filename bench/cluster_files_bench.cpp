@@ -45,7 +45,7 @@ void WriteNaive(benchmark::State& state, int channels) {
   const PointTable& points = session.Points;
   for (auto _ : state)
     for (int c = 0; c <= kClusters; ++c) {
-      const std::string path = RecordingFolder() + "\\naive." + std::to_string(c);
+      const std::string path = RecordingFolder() + "/naive." + std::to_string(c);
       std::FILE* file = OpenFile(PlatformPath(path), "wb");
       for (size_t i = 0; i < points.Rows(); ++i) {
         if (points.Slot(0)[i] != c) continue;

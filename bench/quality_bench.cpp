@@ -17,7 +17,7 @@ constexpr int kOneIn = 50;
 
 std::string SpikeFilePath() {
   static const std::string path = [] {
-    const std::string name = RecordingFolder() + "\\bench.Ntt";
+    const std::string name = RecordingFolder() + "/bench.Ntt";
     SaveFile file(name);
     std::mt19937 generator(1);
     std::array<unsigned char, kTetrodeLayout.RecordBytes> record{};

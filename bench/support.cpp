@@ -71,8 +71,8 @@ const std::string& RecordingFolder(Channels channels) {
   const auto which = static_cast<size_t>(channels);
   if (data[which].empty()) {
     const std::string path = PathText(folders[which].Path / "TT1");
-    WriteRows(path + "\\TT1.Ntt.parms", channels);
-    SaveFile rate(path + "\\..\\VideoSampling");
+    WriteRows(path + "/TT1.Ntt.parms", channels);
+    SaveFile rate(path + "/../VideoSampling");
     rate.Write("30\r\n");
     rate.Commit();
     data[which] = path;
@@ -81,7 +81,7 @@ const std::string& RecordingFolder(Channels channels) {
 }
 
 std::string ParameterFilePath(Channels channels) {
-  return RecordingFolder(channels) + "\\TT1.Ntt.parms";
+  return RecordingFolder(channels) + "/TT1.Ntt.parms";
 }
 
 Session OpenSession(Channels channels) {

@@ -46,7 +46,7 @@ void FindNaive(benchmark::State& state) {
   const EpochTable table = Thirty();
   const Session session = OpenSession();
   for (auto _ : state) {
-    std::ifstream file(PlatformPath(session.File.Path), std::ios::binary);
+    std::ifstream file(session.File.Path, std::ios::binary);
     for (const Epoch& epoch : table) {
       bool started = false;
       for (int64_t n = 0; n < session.File.RecordCount; ++n) {

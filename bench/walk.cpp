@@ -57,9 +57,9 @@ void PutFiles(const Walk& walk, const std::string& folder) {
       places.append(",").append(std::to_string(static_cast<int>(value)));
     places += "\r\n";
   }
-  Put(folder + "\\cl-tmp", TextHeader("Cl-File") + "0\r\n1E+12\r\n");
-  Put(folder + "\\ttmp", time);
-  Put(folder + "\\Pos.p", places);
+  Put(folder + "/cl-tmp", TextHeader("Cl-File") + "0\r\n1E+12\r\n");
+  Put(folder + "/ttmp", time);
+  Put(folder + "/Pos.p", places);
 }
 
 }  // namespace
@@ -72,7 +72,7 @@ const Walk& WalkInBox() {
 std::string WalkFile(const std::string& name) {
   static const std::string folder = [] {
     PutFiles(WalkInBox(), RecordingFolder());
-    return RecordingFolder() + "\\";
+    return RecordingFolder() + "/";
   }();
   return folder + name;
 }

@@ -41,7 +41,7 @@ void WriteWaveforms(const std::string& path, int recorded) {
 
 /// Writes the waveform file beside the parameter file whose name is returned.
 std::string WaveformsOf(int recorded) {
-  const std::string stem = RecordingFolder() + "\\waveforms" + std::to_string(recorded);
+  const std::string stem = RecordingFolder() + "/waveforms" + std::to_string(recorded);
   static std::array<bool, kWaveformBlocks + 1> written{};
   if (!written[recorded]) WriteWaveforms(stem + ".waveforms", recorded);
   written[recorded] = true;

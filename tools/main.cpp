@@ -20,9 +20,10 @@ constexpr int kStopped = 130;
 constexpr uint64_t kMostSampleSpikes = 50'000'000;
 constexpr uint64_t kMostSampleMinutes = 10'000;
 
-/// Converts a path from the shell to the internal notation.
-std::string FromShell(const std::string& path) {
-  return pallomir::PathText(path);
+/// An option that is a path, as the shell writes it.
+CLI::Option* AddPath(CLI::App& command, const std::string& name, std::filesystem::path& path, const std::string& what) {
+  return command.add_option_function<std::string>(
+      name, [&path](const std::string& text) { path = text; }, what);
 }
 
 void Print(const pallomir::ImportReport& report) {
@@ -55,12 +56,10 @@ void AddAngleOptions(CLI::App& command, CLI::Option* video, pallomir::ImportRequ
 
 void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
   CLI::App* command = app.add_subcommand("import", "Import a recording of the acquisition system");
-  command->add_option("--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required()->transform(FromShell);
-  CLI::Option* video = command->add_option("--video", import.Video, "Video tracking file: .Nvt")->transform(FromShell);
-  command->add_option("--events", import.Events, "Events file: .Nev")->transform(FromShell);
-  command->add_option("--out", import.Out, "Folder of the recording, made where it is missing")
-      ->required()
-      ->transform(FromShell);
+  AddPath(*command, "--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required();
+  CLI::Option* video = AddPath(*command, "--video", import.Video, "Video tracking file: .Nvt");
+  AddPath(*command, "--events", import.Events, "Events file: .Nev");
+  AddPath(*command, "--out", import.Out, "Folder of the recording, made where it is missing")->required();
   command->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written into Pos.p")
       ->check(CLI::PositiveNumber)
       ->needs(video);
@@ -80,9 +79,7 @@ int Run(int argc, char** argv) {
 
   pallomir::SampleRequest sample;
   CLI::App* sampleCommand = app.add_subcommand("sample", "Simulate a recording and import it");
-  sampleCommand->add_option("folder", sample.Folder, "Folder of the recording, made where it is missing")
-      ->required()
-      ->transform(FromShell);
+  AddPath(*sampleCommand, "folder", sample.Folder, "Folder of the recording, made where it is missing")->required();
   sampleCommand->add_option("--spikes", sample.Spikes, "How many spikes")
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleSpikes));
@@ -93,9 +90,9 @@ int Run(int argc, char** argv) {
   sampleCommand->add_flag("--replace", sample.Replace, "Go on where the folder holds something");
   sampleCommand->callback([&] { Print(MakeSample(sample, progress)); });
 
-  std::string file;
+  std::filesystem::path file;
   CLI::App* infoCommand = app.add_subcommand("info", "Say what a file is and what is odd about it");
-  infoCommand->add_option("file", file, "The file")->required()->transform(FromShell);
+  AddPath(*infoCommand, "file", file, "The file")->required();
   infoCommand->callback([&] { std::cout << pallomir::DescribeFile(file, progress); });
 
   try {

@@ -9,6 +9,7 @@
 #include "gui/controls/dialogs.h"
 #include "gui/controls/theme.h"
 #include "gui/forms/main_form.h"
+#include "pallomir/analyses/commands.h"
 #include "pallomir/clusters/classify.h"
 #include "pallomir/files/bytes.h"
 #include "pallomir/projection/view.h"
@@ -300,13 +301,13 @@ class Tour {
 
   /// The cell number of every record of the spike file beside the parameter file.
   std::vector<uint32_t> CellsOfSpikes() const {
-    std::string path = session_.File.Path;
-    path.resize(path.size() - std::string_view(".parms").size());
     constexpr size_t kCellNumber = 12;  // offset in a record, in bytes
     std::vector<uint32_t> cells;
-    SpikeFile(path).ForEachSpike(
-        [](double) {},
-        [&](const SpikeRecord& record) { cells.push_back(LoadLittleEndian<uint32_t>(record.Bytes + kCellNumber)); });
+    SpikeFile(SpikeFilePath(session_.File.Path))
+        .ForEachSpike([](double) {},
+                      [&](const SpikeRecord& record) {
+                        cells.push_back(LoadLittleEndian<uint32_t>(record.Bytes + kCellNumber));
+                      });
     return cells;
   }
 

@@ -44,7 +44,7 @@ TEST_F(CenterFile, IsNotWrittenWithoutANameOrAFolder) {
 }
 
 TEST_F(CenterFile, IsReadInFullOrRefused) {
-  const std::string path = CenterFilePath(session);
+  const std::filesystem::path path = CenterFilePath(session);
   EXPECT_FALSE(ReadCenterFile(path));
   folder.Put("CenterCoords", " 3 , 4\n\n");
   EXPECT_EQ(ReadCenterFile(path)->Y, 4);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "pallomir/files/error.h"
+#include "pallomir/files/platform.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
@@ -23,48 +24,46 @@ struct RecordingComponents : Components {
     Calls.push_back(call);
   }
 
+  using Path = const std::filesystem::path&;
+  static std::string Texts(std::initializer_list<std::filesystem::path> paths) {
+    std::string texts;
+    for (Path path : paths) texts += (texts.empty() ? "" : " ") + PathText(path);
+    return texts;
+  }
+
   struct Map : MapEngine {
     explicit Map(RecordingComponents& to) : To(to) {}
-    void ComputeRateMap(const std::string& c, const std::string& t, const std::string& p,
-                        const std::string& o) override {
-      To.Add("rate " + c + " " + t + " " + p + " " + o);
-    }
-    void ComputeOccupancyMap(const std::string& c, const std::string& p, const std::string& o) override {
-      To.Add("occupancy " + c + " " + p + " " + o);
-    }
-    void ComputeSpatialAutoCorr(const std::string& m) override { To.Add("correlate " + m); }
-    void ShowMap(const std::string& m, const std::string& k, const std::string& c, const std::string& t) override {
-      To.Add("show " + m + " " + k + " " + c + " " + t);
+    void ComputeRateMap(Path c, Path t, Path p, Path o) override { To.Add("rate " + Texts({c, t, p, o})); }
+    void ComputeOccupancyMap(Path c, Path p, Path o) override { To.Add("occupancy " + Texts({c, p, o})); }
+    void ComputeSpatialAutoCorr(Path m) override { To.Add("correlate " + PathText(m)); }
+    void ShowMap(Path m, const std::string& k, const std::string& c, const std::string& t) override {
+      To.Add("show " + PathText(m) + " " + k + " " + c + " " + t);
     }
     RecordingComponents& To;
   };
   struct Train : TrainPlot {
     explicit Train(RecordingComponents& to) : To(to) {}
-    void PlotAutoCorr(const std::string& c, const std::string& t, const std::string& o, const std::string& k,
-                      const std::string& title) override {
-      To.Add("train " + c + " " + t + " " + o + " " + k + " " + title);
+    void PlotAutoCorr(Path c, Path t, Path o, const std::string& k, const std::string& title) override {
+      To.Add("train " + Texts({c, t, o}) + " " + k + " " + title);
     }
-    void PlotLogISI(const std::string& c, const std::string& t, const std::string& o, const std::string& k,
-                    const std::string& title) override {
-      To.Add("isi " + c + " " + t + " " + o + " " + k + " " + title);
+    void PlotLogISI(Path c, Path t, Path o, const std::string& k, const std::string& title) override {
+      To.Add("isi " + Texts({c, t, o}) + " " + k + " " + title);
     }
     RecordingComponents& To;
   };
   struct Direction : DirectionPlot {
     explicit Direction(RecordingComponents& to) : To(to) {}
-    void ComputeDirection(const std::string& t, const std::string& p, const std::string& c) override {
-      To.Add("direction " + t + " " + p + " " + c);
-    }
-    void ShowDirection(const std::string& d, const std::string& k, const std::string& t) override {
-      To.Add("show " + d + " " + k + " " + t);
+    void ComputeDirection(Path t, Path p, Path c) override { To.Add("direction " + Texts({t, p, c})); }
+    void ShowDirection(Path d, const std::string& k, const std::string& t) override {
+      To.Add("show " + PathText(d) + " " + k + " " + t);
     }
     RecordingComponents& To;
   };
   struct Source : SpikeSource {
     explicit Source(RecordingComponents& to) : To(to) {}
     void ShowReport(const ReportFiles& f, const std::string& mode, bool option, double number) override {
-      To.Add("report " + f.SpikeFile + " " + f.ClusterFile + " " + f.TimeFile + " " + f.PositionFile + " " +
-             f.CenterFile + " " + f.NotesFile + " " + mode + (option ? " true " : " false ") + std::to_string(number));
+      To.Add("report " + Texts({f.SpikeFile, f.ClusterFile, f.TimeFile, f.PositionFile, f.CenterFile, f.NotesFile}) +
+             " " + mode + (option ? " true " : " false ") + std::to_string(number));
     }
     RecordingComponents& To;
   };
@@ -79,7 +78,8 @@ struct AnalysisCommands : ::testing::Test {
   AnalysisCommands() {
     folder.Put("TT1/TT1.Ntt", "spikes");
     folder.Put("Pos.p", "positions");
-    session.DataDirectory = parts.Directory = folder / "TT1";
+    parts.Directory = folder / "TT1";
+    session.DataDirectory = parts.Directory;
     session.File.Path = folder / "TT1/TT1.Ntt.parms";
     session.CurrentCluster = 7;
   }
@@ -134,7 +134,7 @@ TEST_F(AnalysisCommands, WithoutAClusterNothingIsWritten) {
 }
 
 TEST_F(AnalysisCommands, ThatEndEarlyLeaveTheTemporaryModeOn) {
-  const std::string absent = session.DataDirectory + "\\..\\gone.p is not present";
+  const std::string absent = PathText(session.DataDirectory) + "\\..\\gone.p is not present";
   const std::string spikes = "Error.  Neuralynx .Ntt spike file is not present.";
   const std::tuple<std::function<void()>, std::string> cases[] = {
       {[&] { ShowRateMap(session, tools, "", "Color"); }, "Must specify a Position File"},
@@ -160,8 +160,8 @@ TEST_F(AnalysisCommands, ThatEndEarlyLeaveTheTemporaryModeOn) {
 }
 
 TEST(SpikeFilePath, LeadsBackFromTheParameterFile) {
-  EXPECT_EQ(SpikeFilePath("D\\TT1.Ntt.parms"), "D\\TT1.Ntt");
-  EXPECT_EQ(SpikeFilePath("D\\TT1.Ntt"), "D\\TT1.Ntt");
+  EXPECT_EQ(SpikeFilePath("D/TT1.Ntt.parms"), "D/TT1.Ntt");
+  EXPECT_EQ(SpikeFilePath("D/TT1.Ntt"), "D/TT1.Ntt");
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "pallomir/clusters/classify.h"
 #include "pallomir/clusters/undo.h"
 #include "pallomir/files/file_reader.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/text_header.h"
 #include "support/injected_fault.h"
 #include "support/recording_world.h"
@@ -41,7 +42,7 @@ struct Desk {
     ++Shared.DefinitionCounter;
     ClassifyCluster(Shared, c);
   }
-  std::string Path(std::string_view name) const { return BoundariesFilePath(Shared, name); }
+  std::filesystem::path Path(std::string_view name) const { return BoundariesFilePath(Shared, name); }
   void PutRecords(std::string_view name, std::string_view records) {
     Folder.Put(std::string(name) + ".txt", TextHeader("CBFile") + std::string(records));
   }
@@ -66,7 +67,7 @@ TEST(BoundariesFile, IsWrittenLineByLine) {
   EXPECT_EQ(BodyOf(desk.Folder / "cbfile.m1.txt"),
             "2\r\n5\r\n6\r\n\"MPeak-6\"\r\n\"MPeak-7\"\r\n0\r\n\r\n"
             "3\r\n0\r\n66\r\n\"MPeak-1\"\r\n\"Energy-2\"\r\n3\r\n12.5,-3\r\n1.5E+07,0.1\r\n0,0.3333333\r\n\r\n");
-  EXPECT_EQ(desk.World.Log, std::vector<std::string>{"Wrote CBFile " + desk.Path("cbfile.m1")});
+  EXPECT_EQ(desk.World.Log, std::vector<std::string>{"Wrote CBFile " + PathText(desk.Path("cbfile.m1"))});
 }
 
 TEST(BoundariesFile, BringsAWholeCutBack) {

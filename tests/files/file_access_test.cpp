@@ -48,9 +48,9 @@ TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
   const TemporaryFolder folder;
   folder.Put("Defaults", "above");
   folder.Put("TT1 ä/Defaults", "here");
-  EXPECT_EQ(ReadText(folder / "TT1 ä" + "\\..\\Defaults"), "above");
-  EXPECT_EQ(ReadText(folder / "TT1 ä" + "\\Defaults", 2), "he");
-  EXPECT_TRUE(FileUtility::FileExists(folder / "TT1 ä" + "\\..\\Defaults"));
+  EXPECT_EQ(ReadText(PathIn(folder / "TT1 ä", "..\\Defaults")), "above");
+  EXPECT_EQ(ReadText(PathIn(folder / "TT1 ä", "Defaults"), 2), "he");
+  EXPECT_TRUE(FileUtility::FileExists(PathIn(folder / "TT1 ä", "..\\Defaults")));
   EXPECT_FALSE(FileUtility::FileExists(folder / "TT1 ä"));
 }
 
@@ -62,8 +62,8 @@ TEST(Paths, OfAnyNameLeadBackToTheFile) {
     std::ofstream(native / "Defaults") << name;
     const std::string directory = PathText(native);
     EXPECT_EQ(PlatformPath(directory), native);
-    EXPECT_EQ(ReadText(directory + "\\Defaults"), name);
-    EXPECT_EQ(ReadText(directory + "\\..\\" + PathText(name) + "\\Defaults"), name);
+    EXPECT_EQ(ReadText(PlatformPath(directory + "\\Defaults")), name);
+    EXPECT_EQ(ReadText(PathIn(native, "..\\" + PathText(name) + "\\Defaults")), name);
   }
   for (const char* text : {"/W\\..\\Pos.p", "/W/x\\y", "W\\x/y.txt"}) EXPECT_EQ(PathText(PlatformPath(text)), text);
   EXPECT_EQ(ReadablePath("W" + PathText("\\x") + "\\Defaults is empty."), "W\\x\\Defaults is empty.");
@@ -82,7 +82,8 @@ TEST(FileUtilities, RemoveExtensionKeepsFolders) {
       {"x", "x"},
       {"", ""},
   };
-  for (const auto& [path, without] : cases) EXPECT_EQ(FileUtility::RemoveExtension(path), without);
+  for (const auto& [path, without] : cases)
+    EXPECT_EQ(PathText(FileUtility::RemoveExtension(PlatformPath(path))), without);
 }
 
 struct SavedFile : ::testing::Test {

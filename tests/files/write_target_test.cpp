@@ -1,6 +1,7 @@
 // What is asked about before a file is written.
 
 #include "pallomir/files/write_target.h"
+#include "pallomir/files/platform.h"
 
 #include <gtest/gtest.h>
 
@@ -19,14 +20,14 @@ TEST(WriteTarget, IsFoundOutsideHoweverItIsNamed) {
   std::filesystem::create_symlink(folder / "homework/x", folder / "home/file");
   const std::string home = folder / "home";
   for (const char* inside : {"\\x.txt", "\\sub\\x", "\\new\\x", "\\sub\\..\\x", "\\\\x", "\\..\\home\\x"})
-    EXPECT_EQ(PlaceOutside(home, home + inside), "") << inside;
+    EXPECT_EQ(PlaceOutside(home, PlatformPath(home + inside)), "") << inside;
   const std::string real = std::filesystem::canonical(folder / ".").string();
   const std::pair<const char*, const char*> cases[] = {
       {"\\..\\x.txt", "/x.txt"},  {"\\..\\homework\\x", "/homework/x"},
       {"\\sub\\..\\..\\x", "/x"}, {"\\link\\y", "/homework/y"},
       {"\\file", "/homework/x"},
   };
-  for (const auto& [name, place] : cases) EXPECT_EQ(PlaceOutside(home, home + name), real + place);
+  for (const auto& [name, place] : cases) EXPECT_EQ(PlaceOutside(home, PlatformPath(home + name)), real + place);
 }
 
 TEST(WriteTarget, IsWriteProtectedWhereNobodyMayWrite) {

@@ -29,7 +29,7 @@ struct Desk {
   QWidget Parent;
   Session Shared = [] {
     Session session;
-    session.File.Path = "C:\\data\\TT1\\TT1.Ntt.parms";
+    session.File.Path = "C:/data/TT1/TT1.Ntt.parms";
     return session;
   }();
   DesktopComponents Make{Shared, TheWorld, Answers, &Parent, [] { return nullptr; }};
@@ -124,9 +124,9 @@ class ViewersTest : public QObject {
   void WindowsAndFilesAreNamedAfterTheTetrode() {
     Session session;
     QCOMPARE(TitleWithTetrode("Projections", TetrodeOf(session)), "Projections");
-    session.File.Path = "C:\\data\\spikes.parms";
+    session.File.Path = "C:/data/spikes.parms";
     QCOMPARE(TetrodeOf(session), "spikes.parms");
-    session.File.Path = "C:\\data\\TT1.ntt.parms";
+    session.File.Path = "C:/data/TT1.ntt.parms";
     QCOMPARE(TitleWithTetrode("Projections", TetrodeOf(session)), "Projections — TT1");
     QCOMPARE(TitleWithTetrode("Waveforms", TetrodeOf(session), 2), "Waveforms — TT1, cluster 2");
     QCOMPARE(FileNameWithTetrode("TT1", {"Cluster 2", "Log ISI"}), "TT1 cluster 2 log ISI");

@@ -67,7 +67,7 @@ void WriteClusters(const Session& session) {
   WriteClusterFiles(session, world, {"cl", "0", "1"});
 }
 
-bool ClusterFileWhole(const std::string& path) {
+bool ClusterFileWhole(const std::filesystem::path& path) {
   const std::string text = ReadText(path);
   const long header = TextHeaderLength(text);
   if (header < 0 || !text.ends_with("\r\n")) return false;
@@ -82,7 +82,8 @@ bool ClustersWhole(const char* folder) {
   if (!ClusterFileWhole(UnclassifiedFilePath(session, "cl"))) return false;
   for (int c = 1; c <= kWritten; ++c) {
     int files = 0;
-    for (const std::string& path : {ClusterFilePath(session, "cl", c), OldClusterFilePath(session, "cl", c)}) {
+    for (const std::filesystem::path& path :
+         {ClusterFilePath(session, "cl", c), OldClusterFilePath(session, "cl", c)}) {
       if (!FileUtility::FileExists(path)) continue;
       ++files;
       if (!ClusterFileWhole(path)) return false;

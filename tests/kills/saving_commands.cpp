@@ -101,7 +101,7 @@ std::vector<SavingCommand> SavingCommands() {
       ofSession("notes",
                 [](Session& session, World&, int) {
                   // Notes that were not read here would be in doubt.
-                  const std::string path = NotesFilePath(session);
+                  const std::filesystem::path path = NotesFilePath(session);
                   if (FileUtility::FileExists(path)) session.NotesFile = ReadText(path);
                   WriteNotes(session);
                 }),
@@ -109,7 +109,7 @@ std::vector<SavingCommand> SavingCommands() {
                 [](Session& session, World&, int version) {
                   Defaults defaults;
                   defaults.PosFile = std::to_string(version);
-                  WriteDefaults(session, defaults, session.DataDirectory + "\\Defaults");
+                  WriteDefaults(session, defaults, session.DataDirectory / "Defaults");
                 }),
       ofSession("scales", [](Session& session, World&, int) { WriteAxesScaleFile(session); }),
       ofSession("center",

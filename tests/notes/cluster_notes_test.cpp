@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "pallomir/files/file_reader.h"
+#include "pallomir/files/platform.h"
 #include "support/injected_fault.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"
@@ -144,7 +145,8 @@ TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
   EXPECT_TRUE(NotesAreSaved(other));
   other.Notes[4] = {4, "Poor", "theirs"};
   EXPECT_FALSE(NotesAreSaved(other));
-  const std::string doubt = NotesFilePath(other) + " has been changed by another program since it was read here.";
+  const std::string doubt =
+      PathText(NotesFilePath(other)) + " has been changed by another program since it was read here.";
   EXPECT_EQ(DoubtAboutNotesFile(other), doubt);
   EXPECT_EQ(Refusal([&] { WriteNotes(other); }), doubt + " Nothing was saved.");
   EXPECT_EQ(desk.Saved(), mine);
@@ -161,7 +163,7 @@ TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
   WriteNotes(desk.Shared);
   EXPECT_EQ(desk.Saved(), mine);
   std::filesystem::permissions(desk.Folder / "ClNotes", std::filesystem::perms::owner_read);
-  EXPECT_EQ(DoubtAboutNotesFile(desk.Shared), NotesFilePath(desk.Shared) + " is write-protected.");
+  EXPECT_EQ(DoubtAboutNotesFile(desk.Shared), PathText(NotesFilePath(desk.Shared)) + " is write-protected.");
 }
 
 TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {

@@ -11,6 +11,7 @@
 #include "pallomir/clusters/classify.h"
 #include "pallomir/files/error.h"
 #include "pallomir/files/file_reader.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/text_header.h"
 #include "support/injected_fault.h"
 #include "support/recording_world.h"
@@ -234,7 +235,7 @@ TEST(ClusterFiles, AreAllAsTheyWereWhenTheDiskIsFull) {
     const std::string full = points == 10 ? "cl-maze1.4" : "Undefined_cl-maze1";
     const InjectedFault fault(points == 10 ? 3 : 5, points == 10 ? FileCall::Flush : FileCall::Write);
     EXPECT_EQ(Refusal([&] { desk.Write(); }),
-              desk.Shared.DataDirectory + "\\" + full +
+              PathText(desk.Shared.DataDirectory) + "\\" + full +
                   " could not be written completely (No space left on device); the earlier file, if any, is unchanged."
                   "\n\nWritten: nothing.\nNot written: clusters 1, 4, 30 and the unclassified spikes.\n"
                   "All earlier files are unchanged.");
@@ -258,8 +259,8 @@ TEST(ClusterFiles, ThatAreWrittenAndThatAreNotAreNamed) {
   WrittenDesk desk;
   desk.Folder.Put("OLDcl-maze1.4/in the way", "");
   EXPECT_EQ(Refusal([&] { desk.Write(); }),
-            ClusterFilePath(desk.Shared, "cl-maze1", 4) + " cannot be renamed to " +
-                OldClusterFilePath(desk.Shared, "cl-maze1", 4) +
+            PathText(ClusterFilePath(desk.Shared, "cl-maze1", 4)) + " cannot be renamed to " +
+                PathText(OldClusterFilePath(desk.Shared, "cl-maze1", 4)) +
                 " (Is a directory).\n\nWritten: cluster 1.\nNot written: clusters 4, 30 and the unclassified spikes.\n"
                 "No earlier file is lost: each has its own name or its OLD name.");
   EXPECT_EQ(ReadText(desk.Folder / "OLDcl-maze1.1"), desk.Before["cl-maze1.1"]);

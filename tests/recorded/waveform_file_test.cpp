@@ -22,10 +22,10 @@ std::string Records(int count) {
 }
 
 TEST(WaveformFile, NameReplacesTheLastNineCharacters) {
-  EXPECT_EQ(WaveformFileName("C:\\rat\\rat1.Ntt.parms"), "C:\\rat\\rat1.waveforms");
-  EXPECT_EQ(WaveformFileName("a.b.Ntt.parms"), "a.b.waveforms");
-  EXPECT_EQ(WaveformFileName("tetrode.parms"), "tetrwaveforms") << "whatever they are";
-  for (const char* none : {"rat1.Ntt", "rat1.Ntt.Parms", "rat1", "", "a.parms"}) EXPECT_EQ(WaveformFileName(none), "");
+  EXPECT_EQ(WaveformFilePath("C:/rat/rat1.Ntt.parms"), "C:/rat/rat1.waveforms");
+  EXPECT_EQ(WaveformFilePath("a.b.Ntt.parms"), "a.b.waveforms");
+  EXPECT_EQ(WaveformFilePath("tetrode.parms"), "tetrwaveforms") << "whatever they are";
+  for (const char* none : {"rat1.Ntt", "rat1.Ntt.Parms", "rat1", "", "a.parms"}) EXPECT_EQ(WaveformFilePath(none), "");
 }
 
 TEST(WaveformFile, ReadsRecordsAtTheirPlaceAndNoneBeyondTheFile) {

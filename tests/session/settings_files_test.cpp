@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "pallomir/files/file_reader.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/text_header.h"
 #include "pallomir/session/axis_scale_file.h"
 #include "pallomir/session/defaults_file.h"
@@ -93,7 +94,7 @@ TEST(AxesScaleFile, KeepsEveryRangeOrRestoresNone) {
   const TemporaryFolder folder;
   Session session;
   session.DataDirectory = folder / ".";
-  EXPECT_EQ(Refusal([&] { ReadAxesScaleFile(session); }), AxesScaleFilePath(session) + " is not present");
+  EXPECT_EQ(Refusal([&] { ReadAxesScaleFile(session); }), PathText(AxesScaleFilePath(session)) + " is not present");
   for (int p = 0; p < kParameterSlots; ++p) {
     session.AxisMaximum[p] = 1.0F / static_cast<float>(p + 3);
     session.AxisMinimum[p] = -1.5e12F * static_cast<float>(p);

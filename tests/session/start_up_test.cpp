@@ -11,7 +11,7 @@ namespace pallomir {
 namespace {
 
 TEST(ParameterFileName, IsJudgedByItsLastExtensionAlone) {
-  for (const char* name : {"TT1.Ntt.parms", "x.parms", ".parms", "a.b\\..\\x.parms"})
+  for (const char* name : {"TT1.Ntt.parms", "x.parms", ".parms", "a.b/../x.parms"})
     EXPECT_TRUE(IsParameterFileName(name)) << name;
   for (const char* name :
        {"", "TT1.Ntt", "TT1.parms.Ntt", "parms", "x.PARMS", "x.parms ", "x.parms.", "x.Ntt.parms2"}) {

@@ -20,15 +20,15 @@ namespace {
 constexpr size_t kCopySize = size_t{1} << 20;
 
 /// Opens a raw file whose extension must be that of one of `kinds`.
-RawFile OpenRaw(const std::string& path, std::initializer_list<RawKind> kinds, std::string_view wanted) {
+RawFile OpenRaw(const std::filesystem::path& path, std::initializer_list<RawKind> kinds, std::string_view wanted) {
   const RawLayout* layout = LayoutByExtension(path);
   if (!layout || std::find(kinds.begin(), kinds.end(), layout->Kind) == kinds.end())
-    throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path), "is not " + std::string(wanted) + ", by its extension");
+    throw FaultOfPath(ErrorKind::Foreign, path, "is not " + std::string(wanted) + ", by its extension");
   return RawFile(path, *layout);
 }
 
 /// A byte-by-byte copy, including an incomplete record at the end.
-void CopyFile(const std::string& source, OutputFile& to, ProgressBar& progress) {
+void CopyFile(const std::filesystem::path& source, OutputFile& to, ProgressBar& progress) {
   FileReader from(source);
   std::vector<unsigned char> block(kCopySize);
   progress.Begin("bytes copied", from.Length());
@@ -38,10 +38,6 @@ void CopyFile(const std::string& source, OutputFile& to, ProgressBar& progress) 
     to.Write(block.data(), count);
     progress.Reached(place + count);
   }
-}
-
-std::filesystem::path NameOf(const std::string& path) {
-  return PlatformPath(path).filename();
 }
 
 /// From the header, 0 if not stated.
@@ -100,7 +96,7 @@ OutputGroup Alone(OutputFile file, std::function<void(OutputFile&)> make) {
 
 /// The files in the folder that all tetrodes share.
 void AddTracking(const ImportRequest& request, const Tracking& video, std::vector<OutputGroup>& groups) {
-  const std::filesystem::path out = PlatformPath(request.Out);
+  const std::filesystem::path& out = request.Out;
   OutputFile sampling(out / "VideoSampling");
   const bool hasVideo = !request.Video.empty();
   if (hasVideo || !sampling.Stands())
@@ -111,9 +107,9 @@ void AddTracking(const ImportRequest& request, const Tracking& video, std::vecto
                            [&video](OutputFile& file) { WritePositions(video.Samples, file); }));
 }
 
-std::vector<std::string> SourcesOf(const ImportRequest& request) {
-  std::vector<std::string> sources;
-  for (const std::string& source : {request.Spikes, request.Video, request.Events})
+std::vector<std::filesystem::path> SourcesOf(const ImportRequest& request) {
+  std::vector<std::filesystem::path> sources;
+  for (const std::filesystem::path& source : {request.Spikes, request.Video, request.Events})
     if (!source.empty()) sources.push_back(source);
   return sources;
 }
@@ -128,22 +124,22 @@ ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress
   const RecordOrder order(raw.Spikes, progress);
   ImportReport report = LookThrough(request, raw, order, progress);
 
-  const std::filesystem::path spikesName = NameOf(request.Spikes);
-  const std::string stem = PathText(spikesName.stem());
-  const std::filesystem::path folder = PlatformPath(request.Out) / PlatformPath(stem);
+  const std::filesystem::path spikesName = request.Spikes.filename();
+  const std::filesystem::path folder = request.Out / spikesName.stem();
+  const auto named = [&](const char* ending) { return (folder / spikesName.stem()) += ending; };
   // The analysis report expects a tetrode's spike file under the parameter file's name without ".parms".
   const bool isTetrode = raw.Spikes.Layout().Kind == RawKind::Tetrode;
   std::vector<OutputGroup> groups;
   AddTracking(request, report.Video, groups);
-  groups.push_back(Alone(OutputFile(folder / (isTetrode ? PlatformPath(stem + ".Ntt") : spikesName)),
+  groups.push_back(Alone(OutputFile(isTetrode ? named(".Ntt") : folder / spikesName),
                          [&](OutputFile& file) { CopyFile(request.Spikes, file, progress); }));
   if (raw.Events)
-    groups.push_back(Alone(OutputFile(folder / NameOf(request.Events)),
+    groups.push_back(Alone(OutputFile(folder / request.Events.filename()),
                            [&](OutputFile& file) { CopyFile(request.Events, file, progress); }));
   const SeenPlaces places(report.Video.Samples);
   OutputGroup& spikes = groups.emplace_back();
-  spikes.Files.emplace_back(folder / PlatformPath(stem + ".waveforms"));
-  spikes.Files.emplace_back(folder / PlatformPath(stem + ".Ntt.parms"), TextHeader("Parameters", request.Date));
+  spikes.Files.emplace_back(named(".waveforms"));
+  spikes.Files.emplace_back(named(".Ntt.parms"), TextHeader("Parameters", request.Date));
   spikes.Make = [&](std::span<OutputFile> files) {
     report.SpikesPlaced = WriteSpikes(raw.Spikes, order, places, files[1], files[0], progress);
   };
@@ -151,7 +147,7 @@ ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress
   progress.End(spikes.Files[1].IsLeft() ? "Compared" : "Wrote");
   for (const OutputGroup& group : groups)
     for (const OutputFile& file : group.Files)
-      if (file.IsLeft()) report.Left.push_back(PathText(file.Path().filename()));
+      if (file.IsLeft()) report.Left.push_back(NameText(file.Path()));
   return report;
 }
 

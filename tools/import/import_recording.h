@@ -10,12 +10,12 @@
 
 namespace pallomir {
 
-/// What to import, and where to. Paths are in the internal notation; an empty path stands for no file.
+/// What to import, and where to. An empty path stands for no file.
 struct ImportRequest {
-  std::string Spikes{};                   ///< .Ntt or .Nse
-  std::string Video{};                    ///< .Nvt
-  std::string Events{};                   ///< .Nev
-  std::string Out{};                      ///< the recording's folder; created if missing
+  std::filesystem::path Spikes{};         ///< .Ntt or .Nse
+  std::filesystem::path Video{};          ///< .Nvt
+  std::filesystem::path Events{};         ///< .Nev
+  std::filesystem::path Out{};            ///< the recording's folder; created if missing
   double PixelsPerCm = 0;                 ///< written to Pos.p; 0 if unknown
   AngleConvention Angles = kVideoAngles;  ///< how the video file measures the head angle
   bool HasAngles = true;                  ///< if false, the video file's angles are meaningless

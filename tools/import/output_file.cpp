@@ -25,9 +25,9 @@ constexpr auto kNextLook = std::chrono::milliseconds(20);
 FolderLock LockOf(const std::filesystem::path& folder, std::chrono::seconds patience) {
   const auto begin = std::chrono::steady_clock::now();
   while (true) {
-    FolderLock lock(PathText(folder));
+    FolderLock lock(folder);
     if (!lock.Taken()) {
-      RemoveLeftovers(PathText(folder));
+      RemoveLeftovers(folder);
       return lock;
     }
     if (IsToStop()) throw Interrupted();
@@ -86,7 +86,7 @@ void MakeFolder(const std::filesystem::path& folder) {
                        "The folder " + PathText(folder) + " cannot be made (" + error.message() + ").", folder);
 }
 
-void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::string> sources) {
+void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::filesystem::path> sources) {
   std::error_code error;
   const auto status = std::filesystem::symlink_status(path, error);
   const auto refuse = [&path](const std::string& why) { throw FaultOfPath(ErrorKind::NotWritten, path, why); };
@@ -95,9 +95,9 @@ void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::str
     refuse("is a link, which is neither followed nor replaced; nothing was written");
   if (std::filesystem::is_directory(status)) refuse("is a folder; nothing was written");
   if (!std::filesystem::is_regular_file(status)) refuse("is no regular file; nothing was written");
-  for (const std::string& source : sources)
-    if (std::filesystem::equivalent(path, PlatformPath(source), error) && !error)
-      refuse("is " + source + " itself, where a file would be put; nothing was written. Name another folder");
+  for (const std::filesystem::path& source : sources)
+    if (std::filesystem::equivalent(path, source, error) && !error)
+      refuse("is " + PathText(source) + " itself, where a file would be put; nothing was written. Name another folder");
 }
 
 OutputFile::OutputFile(std::filesystem::path path, std::string header)
@@ -109,7 +109,7 @@ bool OutputFile::Stands() const {
 }
 
 void OutputFile::BeginComparing() {
-  standing_ = std::make_unique<FileReader>(PathText(path_));
+  standing_ = std::make_unique<FileReader>(path_);
   compared_ = 0;
   if (header_.empty()) return;
   std::string beginning(std::min<uint64_t>(standing_->Length(), kTextHeaderLimit), '\0');
@@ -127,7 +127,7 @@ void OutputFile::EndComparing() {
 }
 
 void OutputFile::BeginWriting() {
-  save_ = std::make_unique<SaveFile>(PathText(path_));
+  save_ = std::make_unique<SaveFile>(path_);
   save_->Write(header_);
   writing_ = true;
 }
@@ -157,7 +157,7 @@ void OutputFile::Differs() const {
                     "written. --replace puts the new file in its place");
 }
 
-void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace) {
+void PutInPlace(std::span<OutputGroup> groups, std::span<const std::filesystem::path> sources, bool replace) {
   for (const OutputGroup& group : groups)
     for (const OutputFile& file : group.Files) RefuseOddTarget(file.Path(), sources);
   if (!replace)

@@ -54,7 +54,7 @@ class OutputFile {
 void MakeFolder(const std::filesystem::path& folder);
 
 /// Throws CommandError if `path` is a link, a folder or not a regular file, or is one of `sources`.
-void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::string> sources);
+void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::filesystem::path> sources);
 
 /// Files that are made together.
 struct OutputGroup {
@@ -66,6 +66,6 @@ struct OutputGroup {
 /// before writing anything if an existing file is not a regular one, is one of `sources`, or, without `replace`, has
 /// other content. Files created in the meantime are checked in the same way. The folder of the last group must not be
 /// in use by another program; the others are locked while files are renamed.
-void PutInPlace(std::span<OutputGroup> groups, std::span<const std::string> sources, bool replace);
+void PutInPlace(std::span<OutputGroup> groups, std::span<const std::filesystem::path> sources, bool replace);
 
 }  // namespace pallomir

@@ -18,7 +18,7 @@ namespace pallomir {
 
 namespace {
 
-std::string DescribeVideoSampling(std::string_view path) {
+std::string DescribeVideoSampling(const std::filesystem::path& path) {
   const std::string text = ReadText(path, 256);
   Facts facts("VideoSampling: the frame rate of the video");
   TextItems items(text, "VideoSampling");
@@ -31,7 +31,7 @@ std::string DescribeVideoSampling(std::string_view path) {
   return facts.Text();
 }
 
-std::string DescribeOwnText(std::string_view path, std::string_view header) {
+std::string DescribeOwnText(const std::filesystem::path& path, std::string_view header) {
   FileReader file(path);
   Facts facts(file.Name() + ": a text file of kind " + HeaderValue(header, "Kind").value_or(""));
   facts.Add("written", HeaderValue(header, "Date").value_or(""));
@@ -41,8 +41,8 @@ std::string DescribeOwnText(std::string_view path, std::string_view header) {
   return facts.Text();
 }
 
-bool IsVideoSampling(std::string_view path) {
-  return SameButForCase(path.substr(path.find_last_of("/\\") + 1), "VideoSampling");
+bool IsVideoSampling(const std::filesystem::path& path) {
+  return SameButForCase(NameText(path), "VideoSampling");
 }
 
 /// The layout with the record size stated in the header; nullptr if there is none.
@@ -55,7 +55,7 @@ const RawLayout* LayoutByHeader(std::string_view header) {
 
 }  // namespace
 
-std::string DescribeFile(std::string_view path, ProgressBar& progress) {
+std::string DescribeFile(const std::filesystem::path& path, ProgressBar& progress) {
   const std::string extension = FileUtility::GetExtension(path);
   if (const RawLayout* layout = LayoutByExtension(path)) return DescribeRaw(path, *layout, progress);
   if (SameButForCase(extension, "parms")) return DescribeParameters(path, progress);
@@ -74,7 +74,7 @@ std::string DescribeFile(std::string_view path, ProgressBar& progress) {
   if (beginning.starts_with('#'))
     if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderBytes)))
       return DescribeRaw(path, *layout, progress);
-  throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path), "is not a file of a kind that is known here");
+  throw FaultOfPath(ErrorKind::Foreign, path, "is not a file of a kind that is known here");
 }
 
 }  // namespace pallomir

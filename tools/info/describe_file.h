@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -13,12 +14,12 @@ namespace pallomir {
 /// .Nvt), parameter files, waveform files, Pos.p, VideoSampling, and our text files.
 ///
 /// Throws CommandError if the file cannot be read or is of no known kind.
-std::string DescribeFile(std::string_view path, ProgressBar& progress);
+std::string DescribeFile(const std::filesystem::path& path, ProgressBar& progress);
 
 // One per kind; called by DescribeFile.
-std::string DescribeRaw(std::string_view path, const RawLayout& layout, ProgressBar& progress);
-std::string DescribeParameters(std::string_view path, ProgressBar& progress);
-std::string DescribeWaveforms(std::string_view path, ProgressBar& progress);
-std::string DescribePositions(std::string_view path);
+std::string DescribeRaw(const std::filesystem::path& path, const RawLayout& layout, ProgressBar& progress);
+std::string DescribeParameters(const std::filesystem::path& path, ProgressBar& progress);
+std::string DescribeWaveforms(const std::filesystem::path& path, ProgressBar& progress);
+std::string DescribePositions(const std::filesystem::path& path);
 
 }  // namespace pallomir

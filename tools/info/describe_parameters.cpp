@@ -67,7 +67,7 @@ std::string ChannelsText(const std::array<bool, kChannels>& recorded) {
 
 }  // namespace
 
-std::string DescribeParameters(std::string_view path, ProgressBar& progress) {
+std::string DescribeParameters(const std::filesystem::path& path, ProgressBar& progress) {
   FileReader file(path);
   const long header = ParameterHeaderLength(file);
   if (header < 0) throw FaultOf(ErrorKind::Foreign, file.Path(), "is not a parameter file: its rows cannot be found");
@@ -90,7 +90,7 @@ std::string DescribeParameters(std::string_view path, ProgressBar& progress) {
   return facts.Text();
 }
 
-std::string DescribeWaveforms(std::string_view path, ProgressBar& progress) {
+std::string DescribeWaveforms(const std::filesystem::path& path, ProgressBar& progress) {
   FileReader file(path);
   uint64_t records = 0;
   std::array<bool, kWaveformBlocks> recorded{};

@@ -31,7 +31,7 @@ class StoppableWorld : public QuietWorld {
 
 }  // namespace
 
-std::string DescribePositions(std::string_view path) {
+std::string DescribePositions(const std::filesystem::path& path) {
   FileReader file(path);
   const std::string beginning = ReadText(path, kTextHeaderLimit);
   const auto body = BodyBehindHeader(beginning);

@@ -94,7 +94,7 @@ void AddFrames(Facts& facts, RawFile& file, ProgressBar& progress) {
 
 }  // namespace
 
-std::string DescribeRaw(std::string_view path, const RawLayout& layout, ProgressBar& progress) {
+std::string DescribeRaw(const std::filesystem::path& path, const RawLayout& layout, ProgressBar& progress) {
   RawFile file(path, layout);
   Facts facts(file.Name() + ": " + std::string(layout.Records));
   AddRecords(facts, file);

@@ -42,8 +42,8 @@ void RefuseUsedFolder(const std::filesystem::path& folder) {
 }  // namespace
 
 ImportReport MakeSample(const SampleRequest& request, ProgressBar& progress) {
-  if (!request.Replace) RefuseUsedFolder(PlatformPath(request.Folder));
-  const std::filesystem::path raw = PlatformPath(request.Folder) / "raw";
+  if (!request.Replace) RefuseUsedFolder(request.Folder);
+  const std::filesystem::path raw = request.Folder / "raw";
   MakeFolder(raw);
 
   const uint64_t duration = Duration(request);
@@ -53,14 +53,14 @@ ImportReport MakeSample(const SampleRequest& request, ProgressBar& progress) {
   const auto walk = WalkInBox(duration, draws.Part(kWalk));
   const auto cellSpikes = FireCells(walk, share, draws.Part(kCellSpikes));
 
-  const ImportRequest import{.Spikes = PathText(raw / "TT1.Ntt"),
-                             .Video = PathText(raw / "VT1.Nvt"),
-                             .Events = PathText(raw / "Events.Nev"),
+  const ImportRequest import{.Spikes = raw / "TT1.Ntt",
+                             .Video = raw / "VT1.Nvt",
+                             .Events = raw / "Events.Nev",
                              .Out = request.Folder,
                              .PixelsPerCm = kSamplePixelsPerCm,
                              .Replace = request.Replace,
                              .Date = kDate};
-  for (const std::string& path : {import.Spikes, import.Video, import.Events}) RefuseOddTarget(PlatformPath(path), {});
+  for (const std::filesystem::path& path : {import.Spikes, import.Video, import.Events}) RefuseOddTarget(path, {});
   WriteSampleSpikes(import.Spikes, cellSpikes, request.Spikes, duration, draws.Part(kWaveforms), progress);
   WriteSampleVideo(import.Video, walk, draws.Part(kVideo), progress);
   WriteSampleEvents(import.Events, duration);

@@ -9,7 +9,7 @@
 namespace pallomir {
 
 struct SampleRequest {
-  std::string Folder;  ///< created if missing
+  std::filesystem::path Folder;  ///< created if missing
   uint64_t Spikes = 80'000;
   uint64_t Seed = 1;
   uint64_t Minutes = 20;  ///< duration; longer for more than 15 000 spikes a minute

@@ -45,7 +45,7 @@ std::vector<Event> AllEvents(uint64_t microseconds) {
 
 }  // namespace
 
-void WriteSampleEvents(const std::string& path, uint64_t microseconds) {
+void WriteSampleEvents(const std::filesystem::path& path, uint64_t microseconds) {
   SaveFile file(path);
   file.Write(MakeRawHeader("Pallomir sample recording: events",
                            {{"FileType", "Event"}, {"RecordSize", "184"}, {"AcqEntName", "Events"}}));

@@ -79,7 +79,7 @@ SpikeShape NoiseShape(Draws& draws) {
 /// Collects spikes into records and writes them in blocks.
 class SpikeFileWriter {
  public:
-  SpikeFileWriter(const std::string& path, ProgressBar& progress)
+  SpikeFileWriter(const std::filesystem::path& path, ProgressBar& progress)
       : file_(path), progress_(progress), block_(kBlockRecords * kTetrodeLayout.RecordBytes) {
     file_.Write(SpikesHeader());
   }
@@ -125,7 +125,7 @@ void DrawNoiseTimes(uint64_t begin, uint64_t remaining, uint64_t milliseconds, D
 
 }  // namespace
 
-void WriteSampleSpikes(const std::string& path, const std::vector<CellSpike>& cellSpikes, uint64_t spikes,
+void WriteSampleSpikes(const std::filesystem::path& path, const std::vector<CellSpike>& cellSpikes, uint64_t spikes,
                        uint64_t microseconds, Draws draws, ProgressBar& progress) {
   SpikeFileWriter writer(path, progress);
   const size_t fromCells = static_cast<size_t>(std::min<uint64_t>(cellSpikes.size(), spikes));

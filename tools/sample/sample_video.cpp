@@ -66,7 +66,8 @@ void StoreFrame(uint64_t time, const WalkStep* step, Draws& draws, unsigned char
 
 }  // namespace
 
-void WriteSampleVideo(const std::string& path, const std::vector<WalkStep>& walk, Draws draws, ProgressBar& progress) {
+void WriteSampleVideo(const std::filesystem::path& path, const std::vector<WalkStep>& walk, Draws draws,
+                      ProgressBar& progress) {
   SaveFile file(path);
   file.Write(MakeRawHeader("Pallomir sample recording: video tracking", {{"FileType", "Video"},
                                                                          {"RecordSize", "1828"},

@@ -2,8 +2,6 @@
 
 #include <filesystem>
 
-#include "pallomir/files/platform.h"
-
 namespace pallomir {
 
 namespace {
@@ -35,12 +33,12 @@ fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
 
 }  // namespace
 
-std::string PathOf(const QString& chosen) {
+fs::path PathOf(const QString& chosen) {
   const fs::path named(chosen.toStdU16String());
-  if (!chosen.contains(QChar::ReplacementCharacter)) return PathText(named);
+  if (!chosen.contains(QChar::ReplacementCharacter)) return named;
   fs::path path;
   for (const fs::path& part : named) path = Exists(path / part) ? path / part : EntryCalled(path, part);
-  return PathText(path);
+  return path;
 }
 
 }  // namespace pallomir

@@ -35,7 +35,7 @@ QByteArray PngOf(const QImage& image) {
   return encoded.get();
 }
 
-void SavePictureBytes(const QByteArray& bytes, std::string_view path) {
+void SavePictureBytes(const QByteArray& bytes, const std::filesystem::path& path) {
   if (bytes.isEmpty()) throw NoMemory();
   SaveFile file(path);
   file.Write(bytes.constData(), static_cast<size_t>(bytes.size()));

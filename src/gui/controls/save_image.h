@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
+#include <filesystem>
 #include <string_view>
 
 namespace pallomir {
@@ -15,6 +16,6 @@ QImage MakeImage(QSize size, QImage::Format format);
 QByteArray PngOf(const QImage& image);
 
 /// Writes the bytes of an image, all or nothing. Throws CommandError if they are empty or cannot be written.
-void SavePictureBytes(const QByteArray& bytes, std::string_view path);
+void SavePictureBytes(const QByteArray& bytes, const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -6,7 +6,7 @@
 namespace pallomir {
 
 QString TetrodeOf(const Session& session) {
-  const QString name = FromText(PathText(PlatformPath(session.File.Path).filename()));
+  const QString name = FromText(NameText(session.File.Path));
   constexpr QLatin1String ending(".Ntt.parms");
   return name.endsWith(ending, Qt::CaseInsensitive) ? name.chopped(ending.size()) : name;
 }

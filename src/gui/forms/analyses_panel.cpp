@@ -139,7 +139,7 @@ void AnalysesPanel::AnalysePlaces(const std::function<void(const AnalysisTools&)
 QString AnalysesPanel::MissingFileAdvice() const {
   if (!bench_.NextStep().isEmpty()) return {};
   if (!bench_.TimesTyped()) return kTimesMissing;
-  if (!FileUtility::FileExists(session_.DataDirectory + "\\..\\" + PositionName()))
+  if (!FileUtility::FileExists(PathIn(session_.DataDirectory, "..\\" + PositionName())))
     return "\"Position file\" names a file of the folder above the data; pallomir-cli import makes it.";
   if (!FileUtility::FileExists(SpikeFilePath(session_.File.Path)))
     return "The report needs the raw spike file beside the parameter file.";

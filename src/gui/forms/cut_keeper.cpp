@@ -32,14 +32,15 @@ bool CutKeeper::EnterFolder() {
   folder_ = FolderLock(session_.DataDirectory);
   if (folder_.Taken()) {
     const std::string holder = "Another program is at work in this folder: " + folder_.Holder() + ".";
-    if (!bench_.Agrees(FromText(holder + "\n\nOpen " + session_.DataDirectory +
+    if (!bench_.Agrees(FromText(holder + "\n\nOpen " + PathText(session_.DataDirectory) +
                                 " all the same? Nothing would be saved there of its own accord then, neither "
                                 "when you leave nor in between; what you write yourself would be.")))
       return false;
     bench_.AppendMessage(holder +
                          " No autosave, exit copy or axis scales are written here; what you write yourself is.");
   }
-  for (const char* place : {"", "\\.."}) RemoveLeftovers(session_.DataDirectory + place);
+  RemoveLeftovers(session_.DataDirectory);
+  RemoveLeftovers(session_.DataDirectory / "..");
   return true;
 }
 
@@ -66,7 +67,7 @@ void CutKeeper::TellNewestCut() {
   bench_.Say("The newest cut here is " + FromText(newest->Name) + ", and not " + FromText(named) + ".");
 }
 
-void CutKeeper::Write(const std::string& path) {
+void CutKeeper::Write(const std::filesystem::path& path) {
   if (!knownCuts_.contains(path))
     if (const auto kept = KeepUnreadCut(session_, path))
       bench_.AppendMessage("An earlier cut that nobody has read is kept under the name " + *kept);
@@ -89,7 +90,7 @@ void CutKeeper::Timer1_Timer() {
 }
 
 void CutKeeper::Autosave() {
-  const std::string path = AutosavePath(session_);
+  const std::filesystem::path path = AutosavePath(session_);
   // The user may be away, so do not ask.
   if (IsWriteProtected(path)) SetAside(path);
   Write(path);

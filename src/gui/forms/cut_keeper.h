@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTimer>
+#include <filesystem>
 #include <set>
 #include <string>
 
@@ -28,9 +29,9 @@ class CutKeeper : public QObject {
   void Start();
 
   /// The cut at `path` was read in this run: it may be replaced.
-  void NoteRead(const std::string& path) { knownCuts_.insert(path); }
+  void NoteRead(const std::filesystem::path& path) { knownCuts_.insert(path); }
   /// Writes the boundaries, keeping a newer cut that this run has not read.
-  void Write(const std::string& path);
+  void Write(const std::filesystem::path& path);
   /// Saves the cut as the autosave does when the program has to end.
   void SaveBeforeTheEnd();
 
@@ -47,7 +48,7 @@ class CutKeeper : public QObject {
   float lastAutosave_ = 0;
   bool autosaveFailed_ = false;
   /// Boundaries files read or written in this run.
-  std::set<std::string> knownCuts_;
+  std::set<std::filesystem::path> knownCuts_;
 };
 
 }  // namespace pallomir

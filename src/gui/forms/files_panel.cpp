@@ -24,13 +24,9 @@ QString BoundariesAdvice() {
                          : "Boundaries files here: " + names.join(", ");
 }
 
-}  // namespace
-
-namespace {
-
-void RequireCBFile(const std::string& path) {
+void RequireCBFile(const std::filesystem::path& path) {
   if (FileUtility::FileExists(path)) return;
-  UnderErrorTitle([&] { throw CommandError(ErrorKind::Missing, "CBFile does not exist", PlatformPath(path)); });
+  UnderErrorTitle([&] { throw CommandError(ErrorKind::Missing, "CBFile does not exist", path); });
 }
 
 }  // namespace
@@ -108,17 +104,17 @@ void FilesPanel::WriteExitCopy() {
 void FilesPanel::cmdWriteCBFile_Click() {
   if (txtCBFileWrite->text().trimmed().isEmpty())
     throw CommandError(ErrorKind::Refused, "Type a name for the boundaries file first.");
-  const std::string path = BoundariesFilePath(session_, txtCBFileWrite->text().toStdString());
+  const std::filesystem::path path = BoundariesFilePath(session_, txtCBFileWrite->text().toStdString());
   AskBeforeWriting({path}, txtCBFileWrite);
   keeper_.Write(path);
   if (std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0)
     bench_.Say("No cluster has a boundary, and none was written. The earlier file stands beside it as .bak.");
 }
 
-void FilesPanel::AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box) {
+void FilesPanel::AskBeforeWriting(const std::vector<std::filesystem::path>& paths, const QLineEdit* box) {
   const auto brought = fromDefaults_.find(box);
-  for (const std::string& path : paths) {
-    const QString outside = FromText(PlaceOutside(session_.DataDirectory, path));
+  for (const std::filesystem::path& path : paths) {
+    const QString outside = FromText(PathText(PlaceOutside(session_.DataDirectory, path)));
     if (brought == fromDefaults_.end() || brought->second != box->text() || outside.isEmpty()) continue;
     bench_.Ask("The file Defaults names a place outside of the data folder:\n\n" + outside + "\n\nWrite there?");
     fromDefaults_.erase(brought);
@@ -127,12 +123,12 @@ void FilesPanel::AskBeforeWriting(const std::vector<std::string>& paths, const Q
   bench_.AskBeforeReplacing(paths);
 }
 
-std::string FilesPanel::ReadPath() const {
+std::filesystem::path FilesPanel::ReadPath() const {
   return BoundariesFilePath(session_, txtCBFileRead->text().toStdString());
 }
 
 void FilesPanel::cmdReadCBFile_Click() {
-  const std::string path = ReadPath();
+  const std::filesystem::path path = ReadPath();
   if (session_.DefinitionCounter != 0) SaveUndoSnapshot(session_);
   if (session_.FirstLoad) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
   bench_.AdviseOnFailure(BoundariesAdvice());
@@ -203,11 +199,12 @@ void FilesPanel::cmdWriteClustFile_Click() {
 
 void FilesPanel::ReadDefaultsFiles() {
   const Defaults own = bench_.Names;
-  for (const char* place : {"\\..\\Defaults", "\\Defaults"})
+  for (const char* place : {"..\\Defaults", "Defaults"})
     bench_.Run([&] {
-      const std::string path = session_.DataDirectory + place;
+      const std::filesystem::path path = PathIn(session_.DataDirectory, place);
       if (!ReadDefaults(session_, bench_.Names, path))
-        bench_.AppendMessage(path + " has no header: nothing was taken from it, and the list of epochs is empty");
+        bench_.AppendMessage(PathText(path) +
+                             " has no header: nothing was taken from it, and the list of epochs is empty");
     });
   emit bench_.NamesRead();
   if (bench_.Names.CBFileWrite != own.CBFileWrite) fromDefaults_[txtCBFileWrite] = txtCBFileWrite->text();
@@ -218,9 +215,9 @@ void FilesPanel::cmdSaveDefaults_Click() {
   const QString path = bench_.TheDialogs().SaveFile(
       window(), {"Save Defaults File", "Defaults file (Defaults)|Defaults|All files (*.*)|*.*", "Defaults", {}, false});
   if (path.isEmpty()) return;
-  const std::string native = PathOf(path);
+  const std::filesystem::path native = PathOf(path);
   if (FileUtility::FileExists(native) && !IsDefaultsFile(native))
-    bench_.Ask(FromText(native) + " is not a Defaults file.\n\nReplace it all the same?");
+    bench_.Ask(FromText(PathText(native)) + " is not a Defaults file.\n\nReplace it all the same?");
   bench_.AskBeforeReplacing({native});
   UnderErrorTitle([&] { WriteDefaults(session_, bench_.Names, native); }, ErrorKind::Refused);
 }

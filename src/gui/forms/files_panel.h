@@ -38,11 +38,11 @@ class FilesPanel : public QWidget {
   void cmdSaveDefaults_Click();
   void cmdExit_Click() { emit Exit(); }
 
-  std::string ReadPath() const;
+  std::filesystem::path ReadPath() const;
   void ShowRead(const std::function<bool(const Progress&)>& read);
   /// Asks before write-protected files are replaced, and before anything is written outside the data folder to a name
   /// that came from a Defaults file, the one in `box`. Ends the command if the user declines.
-  void AskBeforeWriting(const std::vector<std::string>& paths, const QLineEdit* box);
+  void AskBeforeWriting(const std::vector<std::filesystem::path>& paths, const QLineEdit* box);
 
   Workbench& bench_;
   Session& session_;

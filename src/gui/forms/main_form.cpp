@@ -55,7 +55,7 @@ bool Main_Form::Form_Load() {
   try {
     CheckVideoSampling(session_);
   } catch (const ProgramEnd& end) {
-    bench_.AppendMessage(std::string("Loading will fail: ") + end.what() + " (" + session_.DataDirectory +
+    bench_.AppendMessage(std::string("Loading will fail: ") + end.what() + " (" + PathText(session_.DataDirectory) +
                          "\\..\\VideoSampling must hold 30 or 60)");
   }
   bench_.NameTetrode(this);
@@ -79,10 +79,10 @@ bool Main_Form::ChooseParameterFile() {
                                             {},
                                             "Ntt.parms"});
     // The run's files are in the folder of the chosen file.
-    const std::string path = PathOf(chosen);
+    const std::filesystem::path path = PathOf(chosen);
     std::error_code error;
-    if (!chosen.isEmpty()) std::filesystem::current_path(PlatformPath(path).parent_path(), error);
-    session_.DataDirectory = PathText(std::filesystem::current_path(error));
+    if (!chosen.isEmpty()) std::filesystem::current_path(path.parent_path(), error);
+    session_.DataDirectory = std::filesystem::current_path(error);
     range_->ShowFolder();
     try {
       UnderErrorTitle([&] { OpenParameterFile(session_, path); }, ErrorKind::Foreign);

@@ -150,7 +150,7 @@ void RangePanel::AddTo(QMenu* menu) {
 }
 
 void RangePanel::ShowFolder() {
-  txtCurDir->setText(FromText(session_.DataDirectory));
+  txtCurDir->setText(FromText(PathText(session_.DataDirectory)));
   txtCurDir->setCursorPosition(0);
 }
 

@@ -91,10 +91,10 @@ void Workbench::Ask(const QString& question) {
   if (!Agrees(question)) throw Interrupted();
 }
 
-void Workbench::AskBeforeReplacing(const std::vector<std::string>& paths) {
+void Workbench::AskBeforeReplacing(const std::vector<std::filesystem::path>& paths) {
   QStringList shut;
-  for (const std::string& path : paths)
-    if (IsWriteProtected(path)) shut << FromText(path);
+  for (const std::filesystem::path& path : paths)
+    if (IsWriteProtected(path)) shut << FromText(PathText(path));
   if (!shut.isEmpty()) Ask("Write-protected:\n\n" + shut.join('\n') + "\n\nReplace all the same?");
 }
 

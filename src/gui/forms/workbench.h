@@ -99,7 +99,7 @@ class Workbench : public QObject, public World {
   /// Asks, and ends the command if the answer is no.
   void Ask(const QString& question);
   /// Asks before write-protected files are replaced; ends the command if the user declines.
-  void AskBeforeReplacing(const std::vector<std::string>& paths);
+  void AskBeforeReplacing(const std::vector<std::filesystem::path>& paths);
 
   /// Adds the tetrode's name to a window's title.
   void NameTetrode(QWidget* window) const;

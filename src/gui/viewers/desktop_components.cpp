@@ -21,7 +21,7 @@ struct Desktop {
 
   /// The window owns itself: it is destroyed when closed, or with its parent.
   template <class Window, class... More>
-  void Show(const std::string& title, const std::string& file, More... more) const {
+  void Show(const std::string& title, const std::filesystem::path& file, More... more) const {
     const ResultTitle full{QString::fromStdString(title), TetrodeOf(TheSession)};
     (new Window(Parent, TheDialogs, full, file, more...))->Present();
   }
@@ -31,19 +31,19 @@ class DesktopMapEngine : public MapEngine {
  public:
   explicit DesktopMapEngine(const Desktop& desktop) : desktop_(desktop) {}
 
-  void ComputeRateMap(const std::string& clusterFile, const std::string& timeFile, const std::string& positionFile,
-                      const std::string& outputFile) override {
+  void ComputeRateMap(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                      const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) override {
     pallomir::ComputeRateMap(desktop_.TheWorld, clusterFile, timeFile, positionFile, outputFile);
   }
-  void ComputeOccupancyMap(const std::string& clusterFile, const std::string& positionFile,
-                           const std::string& outputFile) override {
+  void ComputeOccupancyMap(const std::filesystem::path& clusterFile, const std::filesystem::path& positionFile,
+                           const std::filesystem::path& outputFile) override {
     pallomir::ComputeOccupancyMap(desktop_.TheWorld, clusterFile, positionFile, outputFile);
   }
-  void ComputeSpatialAutoCorr(const std::string& rateMapFile) override {
+  void ComputeSpatialAutoCorr(const std::filesystem::path& rateMapFile) override {
     pallomir::ComputeSpatialAutoCorr(desktop_.TheWorld, rateMapFile);
   }
   /// The file itself states the kind of its map.
-  void ShowMap(const std::string& mapFile, const std::string&, const std::string& colours,
+  void ShowMap(const std::filesystem::path& mapFile, const std::string&, const std::string& colours,
                const std::string& title) override {
     desktop_.Show<MapWindow>(title, mapFile, colours == "Gray" ? ColourScale::Gray : ColourScale::Even);
   }
@@ -56,13 +56,13 @@ class DesktopTrainPlot : public TrainPlot {
  public:
   explicit DesktopTrainPlot(const Desktop& desktop) : desktop_(desktop) {}
 
-  void PlotAutoCorr(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
-                    const std::string&, const std::string& title) override {
+  void PlotAutoCorr(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                    const std::filesystem::path& outputFile, const std::string&, const std::string& title) override {
     ComputeAutoCorr(desktop_.TheWorld, clusterFile, timeFile, outputFile);
     desktop_.Show<AutocorrelationWindow>(title, outputFile);
   }
-  void PlotLogISI(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
-                  const std::string&, const std::string& title) override {
+  void PlotLogISI(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                  const std::filesystem::path& outputFile, const std::string&, const std::string& title) override {
     ComputeLogISI(desktop_.TheWorld, clusterFile, timeFile, outputFile);
     desktop_.Show<IntervalWindow>(title, outputFile);
   }
@@ -75,11 +75,12 @@ class DesktopDirectionPlot : public DirectionPlot {
  public:
   explicit DesktopDirectionPlot(const Desktop& desktop) : desktop_(desktop) {}
 
-  void ComputeDirection(const std::string& timeFile, const std::string& positionFile,
-                        const std::string& clusterFile) override {
+  void ComputeDirection(const std::filesystem::path& timeFile, const std::filesystem::path& positionFile,
+                        const std::filesystem::path& clusterFile) override {
     pallomir::ComputeDirection(desktop_.TheWorld, timeFile, positionFile, clusterFile);
   }
-  void ShowDirection(const std::string& directionFile, const std::string&, const std::string& title) override {
+  void ShowDirection(const std::filesystem::path& directionFile, const std::string&,
+                     const std::string& title) override {
     desktop_.Show<DirectionWindow>(title, directionFile);
   }
 

@@ -48,7 +48,7 @@ QStringList FiguresOf(const DirectionResult& result) {
 }  // namespace
 
 DirectionWindow::DirectionWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
-                                 std::string_view directionFile)
+                                 const std::filesystem::path& directionFile)
     : ResultWindow(parent, dialogs, title, "Direction", directionFile), result_(ReadDirectionFile(directionFile)) {
   SetWords(FiguresOf(result_), QString::fromStdString(UsageText(result_.Used)),
            QString::fromStdString(result_.Explanation));

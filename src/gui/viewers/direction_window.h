@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "gui/viewers/fitted_rect.h"
 #include "gui/viewers/result_window.h"
 #include "pallomir/results/direction_file.h"
@@ -13,7 +15,8 @@ class DirectionWindow : public ResultWindow {
 
  public:
   /// Throws CommandError if the direction file cannot be read.
-  DirectionWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view directionFile);
+  DirectionWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
+                  const std::filesystem::path& directionFile);
 
  protected:
   void Restyle(const PlotStyle& style) override;

@@ -64,11 +64,11 @@ QString ExplanationOf(const MapResult& result) {
 
 }  // namespace
 
-MapWindow::MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile,
+MapWindow::MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const std::filesystem::path& mapFile,
                      ColourScale colours)
     : MapWindow(parent, dialogs, title, mapFile, colours, Shown(ReadMapFile(mapFile))) {}
 
-MapWindow::MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile,
+MapWindow::MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const std::filesystem::path& mapFile,
                      ColourScale colours, MapResult result)
     : ResultWindow(parent, dialogs, title, KindText(result.Kind), mapFile), result_(std::move(result)) {
   SetWords({FiguresOf(result_)}, QString::fromStdString(UsageText(result_.Used)), ExplanationOf(result_));

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "gui/viewers/colour_scales.h"
 #include "gui/viewers/fitted_rect.h"
 #include "gui/viewers/result_window.h"
@@ -13,15 +15,16 @@ class MapWindow : public ResultWindow {
 
  public:
   /// `colours` is the initial scale. Throws CommandError if the map file cannot be read.
-  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile, ColourScale colours);
+  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const std::filesystem::path& mapFile,
+            ColourScale colours);
 
  protected:
   void Restyle(const PlotStyle& style) override;
   QString ReadOut(QPointF at) const override;
 
  private:
-  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view mapFile, ColourScale colours,
-            MapResult result);
+  MapWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const std::filesystem::path& mapFile,
+            ColourScale colours, MapResult result);
 
   void MakePlot();
   void FillColours();

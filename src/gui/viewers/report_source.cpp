@@ -10,9 +10,7 @@ namespace pallomir {
 void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool, double) {
   const Report report = MakeReport(world_, files, cluster_);
   auto form = std::make_unique<ReportForm>(world_, dialogs_, parent_, TetrodeOf(session_), cluster_);
-  form->Show(report, QString("Cluster %1 - %2")
-                         .arg(cluster_)
-                         .arg(QString::fromStdString(PathText(PlatformPath(files.SpikeFile).filename()))));
+  form->Show(report, QString("Cluster %1 - %2").arg(cluster_).arg(QString::fromStdString(NameText(files.SpikeFile))));
   form.release();  // the form owns itself: it is destroyed when closed, or with its parent
 }
 

@@ -20,12 +20,12 @@ constexpr char kHint[] = "The wheel zooms, a drag moves, a double click shows al
 }  // namespace
 
 ResultWindow::ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const QString& kind,
-                           std::string_view resultFile)
+                           const std::filesystem::path& resultFile)
     : QWidget(parent, Qt::Window),
       dialogs_(dialogs),
       fileName_(FileNameWithTetrode(title.Tetrode, {title.Title, kind})),
       data_(ReadText(resultFile)) {
-  const QString name = QString::fromStdString(PathText(PlatformPath(resultFile).filename()));
+  const QString name = QString::fromStdString(NameText(resultFile));
   dataEnding_ = name.section('.', -1);
   setAttribute(Qt::WA_DeleteOnClose);
   setAttribute(Qt::WA_QuitOnClose, false);
@@ -258,7 +258,7 @@ void ResultWindow::Save(const FileDialogOptions& options, Write write) {
 void ResultWindow::cmdSavePicture_Click() {
   Save({"Save picture", "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf",
         fileName_ + ".png", "png"},
-       [this](const std::string& path) {
+       [this](const std::filesystem::path& path) {
          QScopeGuard screen([this] { Dress(ScreenStyle(*this)); });
          Dress(PrintStyle(*this));
          SavePicture(*plot_, windowTitle(), path, [&] {
@@ -271,7 +271,7 @@ void ResultWindow::cmdSavePicture_Click() {
 void ResultWindow::cmdSaveData_Click() {
   Save({"Save data", "Result (*." + dataEnding_ + ")|*." + dataEnding_ + "|All files (*.*)|*.*",
         fileName_ + "." + dataEnding_, dataEnding_},
-       [this](const std::string& path) {
+       [this](const std::filesystem::path& path) {
          SaveFile file(path);
          file.Write(data_);
          file.Commit();

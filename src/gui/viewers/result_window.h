@@ -32,7 +32,7 @@ class ResultWindow : public QWidget {
   /// `kind` says what the result is ("Rate map"). Reads the result file now, so that it can be saved later. Throws
   /// CommandError if it cannot be read.
   ResultWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const QString& kind,
-               std::string_view resultFile);
+               const std::filesystem::path& resultFile);
 
   /// Applies the colours and fonts of `style` to the plot's body: the screen style or, temporarily, the print style.
   virtual void Restyle(const PlotStyle& style) = 0;

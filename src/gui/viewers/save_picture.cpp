@@ -59,9 +59,9 @@ QByteArray Pdf(QCustomPlot& plot, const QString& title) {
 
 }  // namespace
 
-void SavePicture(QCustomPlot& plot, const QString& title, std::string_view path,
+void SavePicture(QCustomPlot& plot, const QString& title, const std::filesystem::path& path,
                  const std::function<void()>& rendered) {
-  const std::string name = PathText(PlatformPath(path).filename());
+  const std::string name = NameText(path);
   const QString ending = QFileInfo(QString::fromStdString(name)).suffix().toLower();
   QByteArray bytes;
   QImage picture;

@@ -17,7 +17,7 @@ QString Percent(double share) {
 }  // namespace
 
 AutocorrelationWindow::AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
-                                             std::string_view resultFile)
+                                             const std::filesystem::path& resultFile)
     : HistogramWindow(parent, dialogs, title, "Autocorrelation", resultFile) {
   const AutocorrelationResult result = ReadAutocorrelationFile(resultFile);
   const TrainAutocorrelation& correlation = result.Correlation;
@@ -42,7 +42,8 @@ AutocorrelationWindow::AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, 
   }
 }
 
-IntervalWindow::IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile)
+IntervalWindow::IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
+                               const std::filesystem::path& resultFile)
     : HistogramWindow(parent, dialogs, title, "Log ISI", resultFile) {
   const IntervalResult result = ReadIntervalFile(resultFile);
   const LogIntervals& intervals = result.Intervals;

@@ -11,7 +11,8 @@ class AutocorrelationWindow : public HistogramWindow {
 
  public:
   /// Throws CommandError if the result file cannot be read.
-  AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
+  AutocorrelationWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title,
+                        const std::filesystem::path& resultFile);
 };
 
 /// The intervals between spikes on a logarithmic scale.
@@ -20,7 +21,7 @@ class IntervalWindow : public HistogramWindow {
 
  public:
   /// Throws CommandError if the result file cannot be read.
-  IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, std::string_view resultFile);
+  IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTitle& title, const std::filesystem::path& resultFile);
 };
 
 }  // namespace pallomir

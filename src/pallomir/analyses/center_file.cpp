@@ -10,8 +10,8 @@
 
 namespace pallomir {
 
-std::string CenterFilePath(const Session& session, std::string_view name) {
-  return session.DataDirectory + "\\..\\" + std::string(name);
+std::filesystem::path CenterFilePath(const Session& session, std::string_view name) {
+  return PathIn(session.DataDirectory, "..\\" + std::string(name));
 }
 
 void WriteCenterFile(const Session& session, World& world, std::string_view name, XY<float> center) {
@@ -23,11 +23,11 @@ void WriteCenterFile(const Session& session, World& world, std::string_view name
   world.AppendMessage("Done writing center file X=" + x + " Y=" + y);
 }
 
-std::optional<XY<float>> ReadCenterFile(std::string_view path) {
+std::optional<XY<float>> ReadCenterFile(const std::filesystem::path& path) {
   if (!FileUtility::FileExists(path)) return {};
   // More than enough for two numbers.
   const std::string text = ReadText(path, 4096);
-  TextItems items(text, PlatformPath(path));
+  TextItems items(text, path);
   const float x = items.Single();
   const float y = items.Single();
   if (!items.AtEnd()) items.Fault("there are more values than X and Y");

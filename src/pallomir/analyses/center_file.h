@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,7 +15,7 @@ namespace pallomir {
 inline constexpr std::string_view kCenterFileName = "CenterCoords";
 
 /// The path of a center file by its name as typed: in the parent of the data directory.
-std::string CenterFilePath(const Session& session, std::string_view name = kCenterFileName);
+std::filesystem::path CenterFilePath(const Session& session, std::string_view name = kCenterFileName);
 
 /// Writes the centre of the maze, clicked in the units of two parameters (pixels), to the file (one line, "X,Y"), all
 /// or nothing, and logs it. Throws CommandError if the name is empty or the file cannot be written.
@@ -22,6 +23,6 @@ void WriteCenterFile(const Session& session, World& world, std::string_view name
 
 /// The point in a center file; empty if the file does not exist. Throws CommandError unless it contains exactly two
 /// numbers.
-std::optional<XY<float>> ReadCenterFile(std::string_view path);
+std::optional<XY<float>> ReadCenterFile(const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -20,10 +20,10 @@ void WriteTemporaryFiles(Session& session, const AnalysisTools& tools) {
   tools.WriteClusterFiles();
 }
 
-std::string PositionFile(const Session& session, const std::string& name) {
+std::filesystem::path PositionFile(const Session& session, const std::string& name) {
   if (name.empty()) throw CommandError(ErrorKind::Refused, "Must specify a Position File");
-  std::string path = session.DataDirectory + "\\..\\" + name;
-  if (!FileUtility::FileExists(path)) throw NotPresent(PlatformPath(path));
+  std::filesystem::path path = PathIn(session.DataDirectory, "..\\" + name);
+  if (!FileUtility::FileExists(path)) throw NotPresent(path);
   return path;
 }
 
@@ -36,15 +36,15 @@ void End(Session& session, const AnalysisTools& tools, const char* line) {
   tools.Outside.AppendMessage(line);
 }
 
-using PlotOperation = void (TrainPlot::*)(const std::string&, const std::string&, const std::string&,
-                                          const std::string&, const std::string&);
+using PlotOperation = void (TrainPlot::*)(const std::filesystem::path&, const std::filesystem::path&,
+                                          const std::filesystem::path&, const std::string&, const std::string&);
 
 void PlotTrain(Session& session, const AnalysisTools& tools, PlotOperation plot, const char* file, const char* done) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
   const auto component = tools.Parts.MakeTrainPlot();
-  ((*component).*plot)(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), session.DataDirectory + file,
-                       "Single", Title(session));
+  ((*component).*plot)(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
+                       PathIn(session.DataDirectory, file), "Single", Title(session));
   End(session, tools, done);
 }
 
@@ -54,7 +54,8 @@ void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string
                  const std::string& colours) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.rmap";
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  const std::filesystem::path map = PathIn(session.DataDirectory, "tmp.rmap");
   const auto engine = tools.Parts.MakeMapEngine();
   engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
   engine->ShowMap(map, "Single", colours, Title(session));
@@ -63,7 +64,8 @@ void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string
 
 void ShowOccupancyMap(Session& session, const AnalysisTools& tools, const std::string& positionName) {
   WriteTemporaryFiles(session, tools);
-  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.occ";
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  const std::filesystem::path map = PathIn(session.DataDirectory, "tmp.occ");
   const auto engine = tools.Parts.MakeMapEngine();
   engine->ComputeOccupancyMap(TemporaryClusterFilePath(session), positions, map);
   engine->ShowMap(map, "Single", "Color", "Occupancy");
@@ -74,36 +76,40 @@ void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std
                          const std::string& colours) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::string positions = PositionFile(session, positionName), map = session.DataDirectory + "\\tmp.rmap";
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  const std::filesystem::path map = PathIn(session.DataDirectory, "tmp.rmap");
   const auto engine = tools.Parts.MakeMapEngine();
   engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
   engine->ComputeSpatialAutoCorr(map);
-  engine->ShowMap(FileUtility::RemoveExtension(map) + ".2DAcorr", "2DCorr", colours, Title(session));
+  engine->ShowMap(FileUtility::RemoveExtension(map) += ".2DAcorr", "2DCorr", colours, Title(session));
   End(session, tools, "Done 2DAutoCorr");
 }
 
 void ShowAutoCorr(Session& session, const AnalysisTools& tools) {
-  PlotTrain(session, tools, &TrainPlot::PlotAutoCorr, "\\tmp.acorr", "Done Autocorr");
+  PlotTrain(session, tools, &TrainPlot::PlotAutoCorr, "tmp.acorr", "Done Autocorr");
 }
 
 void ShowLogISI(Session& session, const AnalysisTools& tools) {
-  PlotTrain(session, tools, &TrainPlot::PlotLogISI, "\\tmp.isi", "Done LogISI");
+  PlotTrain(session, tools, &TrainPlot::PlotLogISI, "tmp.isi", "Done LogISI");
 }
 
 void ShowDirection(Session& session, const AnalysisTools& tools, const std::string& positionName) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::string positions = PositionFile(session, positionName), times = TemporaryTimeFilePath(session);
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  const std::filesystem::path times = TemporaryTimeFilePath(session);
   const auto plot = tools.Parts.MakeDirectionPlot();
   plot->ComputeDirection(times, positions, TemporaryClusterFilePath(session));
-  plot->ShowDirection(times + ".dir", "Single", Title(session));
+  std::filesystem::path directions = times;
+  plot->ShowDirection(directions += ".dir", "Single", Title(session));
   End(session, tools, "Exit");
 }
 
 void ShowReport(Session& session, const AnalysisTools& tools, const std::string& positionName) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::string positions = PositionFile(session, positionName), spikes = SpikeFilePath(session.File.Path);
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  const std::filesystem::path spikes = SpikeFilePath(session.File.Path);
   if (!FileUtility::FileExists(spikes) || FileUtility::FileLength(spikes) < 1)
     throw CommandError(ErrorKind::Missing, "Error.  Neuralynx .Ntt spike file is not present.");
   tools.Parts.MakeSpikeSource()->ShowReport({spikes, TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
@@ -115,14 +121,15 @@ void ShowReport(Session& session, const AnalysisTools& tools, const std::string&
 void ShowAvgWaveforms(Session& session, const AnalysisTools& tools) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  if (!FileUtility::FileExists("C:\\Silicon probe waveform testing\\waveform_files\\allRawWaveforms_A.waveforms"))
+  if (!FileUtility::FileExists(
+          PlatformPath("C:\\Silicon probe waveform testing\\waveform_files\\allRawWaveforms_A.waveforms")))
     throw CommandError(ErrorKind::Missing, "Error.  The .Ntt Neuralynx spike file is not present");
 }
 
-std::string SpikeFilePath(const std::string& parameterFile) {
+std::filesystem::path SpikeFilePath(const std::filesystem::path& parameterFile) {
   constexpr size_t kParms = 6;
-  return FileUtility::GetExtension(parameterFile) == "parms" ? parameterFile.substr(0, parameterFile.size() - kParms)
-                                                             : parameterFile;
+  if (FileUtility::GetExtension(parameterFile) != "parms") return parameterFile;
+  return parameterFile.native().substr(0, parameterFile.native().size() - kParms);
 }
 
 }  // namespace pallomir

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 
@@ -47,6 +48,6 @@ void ShowReport(Session& session, const AnalysisTools& tools, const std::string&
 void ShowAvgWaveforms(Session& session, const AnalysisTools& tools);
 
 /// The spike file of a parameter file: the name without ".parms", or the name itself if it has another extension.
-std::string SpikeFilePath(const std::string& parameterFile);
+std::filesystem::path SpikeFilePath(const std::filesystem::path& parameterFile);
 
 }  // namespace pallomir

@@ -36,7 +36,7 @@ struct CutFile {
 /// True for a boundaries file with content after its header.
 bool HoldsBoundaries(const fs::path& path) {
   try {
-    const std::string text = ReadText(PathText(path), kTextHeaderLimit);
+    const std::string text = ReadText(path, kTextHeaderLimit);
     const long header = TextHeaderLength(text);
     if (header < 0 || HeaderValue(std::string_view(text).substr(0, static_cast<size_t>(header)), "Kind") != "CBFile")
       return false;
@@ -51,7 +51,7 @@ bool HoldsBoundaries(const fs::path& path) {
 std::vector<CutFile> CutsIn(const Session& session) {
   std::vector<CutFile> cuts;
   std::error_code error;
-  for (fs::directory_iterator entry(PlatformPath(session.DataDirectory + "\\."), error), end; !error && entry != end;
+  for (fs::directory_iterator entry(session.DataDirectory / ".", error), end; !error && entry != end;
        entry.increment(error)) {
     const fs::path& path = entry->path();
     if (path.extension() != ".txt" || !HoldsBoundaries(path)) continue;
@@ -68,7 +68,7 @@ std::vector<CutFile> CutsIn(const Session& session) {
 /// The text after a file's header, as the header has the date; empty if the file cannot be read.
 std::optional<std::string> BoundariesOf(const fs::path& path) {
   try {
-    const std::string text = ReadText(PathText(path));
+    const std::string text = ReadText(path);
     if (const auto body = BodyBehindHeader(text)) return text.substr(body->Begin);
   } catch (const CommandError&) {
     // A file that cannot be read is never equal to another.
@@ -83,7 +83,7 @@ bool HoldTheSame(const fs::path& one, const fs::path& other) {
 
 }  // namespace
 
-std::string AutosavePath(const Session& session) {
+fs::path AutosavePath(const Session& session) {
   return BoundariesFilePath(session, kAutosave);
 }
 
@@ -95,21 +95,21 @@ std::optional<FoundCut> NewerCutThan(const Session& session, std::string_view na
   const std::vector<CutFile> cuts = CutsIn(session);
   if (cuts.empty()) return {};
   const CutFile& newest = cuts.back();
-  if (newest.Name() == name || HoldTheSame(newest.Path, PlatformPath(BoundariesFilePath(session, name)))) return {};
+  if (newest.Name() == name || HoldTheSame(newest.Path, BoundariesFilePath(session, name))) return {};
   return FoundCut{newest.Name(), LocalTime(newest.Written, "%Y-%m-%d %H:%M")};
 }
 
-std::optional<std::string> KeepUnreadCut(const Session& session, std::string_view path) {
+std::optional<std::string> KeepUnreadCut(const Session& session, const std::filesystem::path& path) {
   if (path != BoundariesFilePath(session, kExit) && path != AutosavePath(session)) return {};
   const std::vector<CutFile> cuts = CutsIn(session);
-  const fs::path file = PlatformPath(path).filename();
+  const fs::path file = path.filename();
   const auto found =
       std::find_if(cuts.begin(), cuts.end(), [&](const CutFile& cut) { return cut.Path.filename() == file; });
   if (found == cuts.end()) return {};
   for (const CutFile& cut : cuts)
     if (&cut != &*found && ((cut.IsUsers() && cut.Written > found->Written) || HoldTheSame(cut.Path, found->Path)))
       return {};
-  return PathText(PlatformPath(SetAside(path)).stem());
+  return PathText(SetAside(path).stem());
 }
 
 std::vector<std::string> KeptCuts(const Session& session) {

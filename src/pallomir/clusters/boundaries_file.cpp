@@ -121,7 +121,8 @@ class RecordReader {
 /// Deletes clusters with `forget`, then calls `read` for each record, and classifies. Returns false if there is no file
 /// with a header. If reading fails, the records read so far are kept, and Undo restores the earlier cut.
 template <class Forget, class Read>
-bool ReadThenClassify(Session& session, std::string_view path, const Progress& progress, Forget forget, Read read) {
+bool ReadThenClassify(Session& session, const std::filesystem::path& path, const Progress& progress, Forget forget,
+                      Read read) {
   const UndoSnapshot before{session.Clusters, session.DefinitionCounter};
   try {
     const bool usable = FileUtility::GetHeaderLength(path) >= 0;
@@ -132,7 +133,7 @@ bool ReadThenClassify(Session& session, std::string_view path, const Progress& p
       session.Undo = before;
       return false;
     }
-    RecordReader reader(session, std::string_view(text).substr(body->Begin), PlatformPath(path), body->FirstLine);
+    RecordReader reader(session, std::string_view(text).substr(body->Begin), path, body->FirstLine);
     while (!reader.AtEnd()) read(reader);
   } catch (const CommandError& error) {
     session.Undo = before;
@@ -164,11 +165,11 @@ bool HoldsBoundaries(std::string_view text) {
 
 }  // namespace
 
-std::string BoundariesFilePath(const Session& session, std::string_view name) {
-  return session.DataDirectory + "\\" + std::string(name) + ".txt";
+std::filesystem::path BoundariesFilePath(const Session& session, std::string_view name) {
+  return PathIn(session.DataDirectory, std::string(name) + ".txt");
 }
 
-void WriteCBFile(const Session& session, World& world, std::string_view path) {
+void WriteCBFile(const Session& session, World& world, const std::filesystem::path& path) {
   if (FileUtility::FileExists(path)) FileUtility::SafeguardFile(path, HoldsBoundaries);
   SaveFile file(path);
   file.Write(TextHeader("CBFile"));
@@ -178,10 +179,10 @@ void WriteCBFile(const Session& session, World& world, std::string_view path) {
     for (int b = 0; b < cluster.BoundaryCount; ++b) file.Write(RecordText(session, c, cluster.Boundaries[b]));
   }
   file.Commit();
-  world.AppendMessage("Wrote CBFile " + std::string(path));
+  world.AppendMessage("Wrote CBFile " + PathText(path));
 }
 
-bool ReadCBFile(Session& session, std::string_view path, const Progress& progress) {
+bool ReadCBFile(Session& session, const std::filesystem::path& path, const Progress& progress) {
   int previous = 0;
   return ReadThenClassify(
       session, path, progress, [&] { DeleteAllClusters(session); },
@@ -193,7 +194,7 @@ bool ReadCBFile(Session& session, std::string_view path, const Progress& progres
       });
 }
 
-bool ReadSelectedClusters(Session& session, std::string_view path, const ByCluster<bool>& selected,
+bool ReadSelectedClusters(Session& session, const std::filesystem::path& path, const ByCluster<bool>& selected,
                           const Progress& progress) {
   return ReadThenClassify(
       session, path, progress,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -12,14 +13,14 @@ namespace pallomir {
 class MapEngine {
  public:
   virtual ~MapEngine() = default;
-  virtual void ComputeRateMap(const std::string& clusterFile, const std::string& timeFile,
-                              const std::string& positionFile, const std::string& outputFile) = 0;
-  virtual void ComputeOccupancyMap(const std::string& clusterFile, const std::string& positionFile,
-                                   const std::string& outputFile) = 0;
+  virtual void ComputeRateMap(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                              const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) = 0;
+  virtual void ComputeOccupancyMap(const std::filesystem::path& clusterFile, const std::filesystem::path& positionFile,
+                                   const std::filesystem::path& outputFile) = 0;
   /// Writes a file with the rate map's name and the extension ".2DAcorr".
-  virtual void ComputeSpatialAutoCorr(const std::string& rateMapFile) = 0;
+  virtual void ComputeSpatialAutoCorr(const std::filesystem::path& rateMapFile) = 0;
   /// `kind` is "Single" or "2DCorr", `colours` "Color" or "Gray".
-  virtual void ShowMap(const std::string& mapFile, const std::string& kind, const std::string& colours,
+  virtual void ShowMap(const std::filesystem::path& mapFile, const std::string& kind, const std::string& colours,
                        const std::string& title) = 0;
 };
 
@@ -27,10 +28,12 @@ class MapEngine {
 class TrainPlot {
  public:
   virtual ~TrainPlot() = default;
-  virtual void PlotAutoCorr(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
-                            const std::string& kind, const std::string& title) = 0;
-  virtual void PlotLogISI(const std::string& clusterFile, const std::string& timeFile, const std::string& outputFile,
-                          const std::string& kind, const std::string& title) = 0;
+  virtual void PlotAutoCorr(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                            const std::filesystem::path& outputFile, const std::string& kind,
+                            const std::string& title) = 0;
+  virtual void PlotLogISI(const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                          const std::filesystem::path& outputFile, const std::string& kind,
+                          const std::string& title) = 0;
 };
 
 /// A cluster's tuning to head direction.
@@ -38,19 +41,20 @@ class DirectionPlot {
  public:
   virtual ~DirectionPlot() = default;
   /// Writes the file with the time file's name + ".dir".
-  virtual void ComputeDirection(const std::string& timeFile, const std::string& positionFile,
-                                const std::string& clusterFile) = 0;
-  virtual void ShowDirection(const std::string& directionFile, const std::string& kind, const std::string& title) = 0;
+  virtual void ComputeDirection(const std::filesystem::path& timeFile, const std::filesystem::path& positionFile,
+                                const std::filesystem::path& clusterFile) = 0;
+  virtual void ShowDirection(const std::filesystem::path& directionFile, const std::string& kind,
+                             const std::string& title) = 0;
 };
 
 /// The input files of a report.
 struct ReportFiles {
-  std::string SpikeFile;
-  std::string ClusterFile;
-  std::string TimeFile;
-  std::string PositionFile;
-  std::string CenterFile;
-  std::string NotesFile;
+  std::filesystem::path SpikeFile;
+  std::filesystem::path ClusterFile;
+  std::filesystem::path TimeFile;
+  std::filesystem::path PositionFile;
+  std::filesystem::path CenterFile;
+  std::filesystem::path NotesFile;
 };
 
 /// The one-page report.

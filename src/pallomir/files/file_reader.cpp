@@ -8,7 +8,7 @@
 
 namespace pallomir {
 
-FileReader::FileReader(std::string_view path) : path_(PlatformPath(path)), name_(NameText(path_)) {
+FileReader::FileReader(const std::filesystem::path& path) : path_(path), name_(NameText(path_)) {
   namespace fs = std::filesystem;
   const auto refuse = [this](ErrorKind kind, const char* why) { throw FaultOfPath(kind, path_, why); };
   std::error_code error;
@@ -44,18 +44,18 @@ void FileReader::Read(uint64_t offset, void* into, size_t count) {
   if (got < count) throw EndedEarly(path_, FilePlace::AtByte(offset + got));
 }
 
-std::string ReadText(std::string_view path, size_t limit) {
+std::string ReadText(const std::filesystem::path& path, size_t limit) {
   FileReader file(path);
   std::string text(static_cast<size_t>(std::min<uint64_t>(file.Length(), limit)), '\0');
   text.resize(file.ReadUpTo(0, text.data(), text.size()));
   return text;
 }
 
-std::string ReadText(std::string_view path) {
+std::string ReadText(const std::filesystem::path& path) {
   constexpr uint64_t kLargest = 256'000'000;
   const uint64_t length = FileReader(path).Length();
   if (length > kLargest)
-    throw FaultOfPath(ErrorKind::Foreign, PlatformPath(path),
+    throw FaultOfPath(ErrorKind::Foreign, path,
                       "holds " + std::to_string(length / 1'000'000) + " MB, which is more than any file of its kind");
   return ReadText(path, kLargest);
 }

@@ -11,8 +11,8 @@ namespace pallomir {
 /// A file opened for binary reading at any offset. Its messages name the file without its folder.
 class FileReader {
  public:
-  /// Throws CommandError if `path` (internal notation) is missing, a folder or not readable.
-  explicit FileReader(std::string_view path);
+  /// Throws CommandError if `path` is missing, a folder or not readable.
+  explicit FileReader(const std::filesystem::path& path);
 
   uint64_t Length() const { return length_; }
   const std::filesystem::path& Path() const { return path_; }
@@ -33,10 +33,10 @@ class FileReader {
 };
 
 /// The first `limit` bytes of a file, or all of a shorter one. Throws CommandError as FileReader does.
-std::string ReadText(std::string_view path, size_t limit);
+std::string ReadText(const std::filesystem::path& path, size_t limit);
 
 /// The whole file. Throws CommandError for a file of more than 256 MB, which none of our text files reaches, before
 /// allocating memory.
-std::string ReadText(std::string_view path);
+std::string ReadText(const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -10,29 +10,30 @@
 
 namespace pallomir::FileUtility {
 
-bool FileExists(std::string_view path) {
+bool FileExists(const std::filesystem::path& path) {
   std::error_code error;
-  const auto status = std::filesystem::status(PlatformPath(path), error);
+  const auto status = std::filesystem::status(path, error);
   return !error && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
-std::string GetExtension(std::string_view path) {
-  const size_t dot = path.rfind('.');
-  return dot == std::string_view::npos ? std::string() : std::string(path.substr(dot + 1));
+std::string GetExtension(const std::filesystem::path& path) {
+  const std::string text = PathText(path);
+  const size_t dot = text.rfind('.');
+  return dot == std::string::npos ? std::string() : text.substr(dot + 1);
 }
 
-std::string RemoveExtension(std::string_view path) {
-  const size_t separator = path.find_last_of("\\/");
-  const size_t name = separator == std::string_view::npos ? 0 : separator + 1;
-  const size_t dot = path.substr(name).rfind('.');
-  return std::string(dot == std::string_view::npos ? path : path.substr(0, name + dot));
+std::filesystem::path RemoveExtension(const std::filesystem::path& path) {
+  const auto& native = path.native();
+  const auto dot = native.rfind('.');
+  const bool inName = dot != native.npos && dot >= native.size() - path.filename().native().size();
+  return inName ? std::filesystem::path(native.substr(0, dot)) : path;
 }
 
-uint64_t FileLength(std::string_view path) {
+uint64_t FileLength(const std::filesystem::path& path) {
   return FileReader(path).Length();
 }
 
-long GetHeaderLength(std::string_view path) {
+long GetHeaderLength(const std::filesystem::path& path) {
   try {
     if (GetExtension(path) != "parms") return TextHeaderLength(ReadText(path, kTextHeaderLimit));
     FileReader file(path);
@@ -42,27 +43,26 @@ long GetHeaderLength(std::string_view path) {
   }
 }
 
-bool RenameFile(std::string_view from, std::string_view to) {
-  const std::filesystem::path target = PlatformPath(to);
+bool RenameFile(const std::filesystem::path& from, const std::filesystem::path& to) {
   std::error_code error, ignored;
   if (Faulted(FileCall::Rename))
     error.assign(errno, std::generic_category());
   else
-    std::filesystem::rename(PlatformPath(from), target, error);
-  if (error == std::errc::no_such_file_or_directory && std::filesystem::exists(target.parent_path(), ignored))
-    return false;
+    std::filesystem::rename(from, to, error);
+  if (error == std::errc::no_such_file_or_directory && std::filesystem::exists(to.parent_path(), ignored)) return false;
   if (error)
-    throw FaultOfPath(ErrorKind::NotWritten, PlatformPath(from),
-                      "cannot be renamed to " + PathText(target) + " (" + error.message() + ")");
+    throw FaultOfPath(ErrorKind::NotWritten, from,
+                      "cannot be renamed to " + PathText(to) + " (" + error.message() + ")");
   return true;
 }
 
-void SafeguardFile(std::string_view path, const std::function<bool(std::string_view)>& worthKeeping) {
+void SafeguardFile(const std::filesystem::path& path, const std::function<bool(std::string_view)>& worthKeeping) {
   // Saving replaces a link itself; its target is not written to and needs no backup.
   std::error_code error;
-  if (std::filesystem::is_symlink(PlatformPath(path), error)) return;
+  if (std::filesystem::is_symlink(path, error)) return;
   const std::string content = ReadText(path);
-  const std::string copy = std::string(path) + ".bak";
+  std::filesystem::path copy = path;
+  copy += ".bak";
   if (FileExists(copy) && !worthKeeping(content)) return;
   SaveFile file(copy);
   file.Write(content);

@@ -25,7 +25,7 @@ std::string ThisHolder() {
 std::string HolderIn(const std::filesystem::path& path) {
   std::string text;
   try {
-    text = ReadText(PathText(path), kLongestHolder);
+    text = ReadText(path, kLongestHolder);
   } catch (const CommandError&) {
     // The other program exited in the meantime.
   }
@@ -35,7 +35,7 @@ std::string HolderIn(const std::filesystem::path& path) {
 
 }  // namespace
 
-FolderLock::FolderLock(std::string_view folder) : path_(PlatformPath(folder) / kFileName) {
+FolderLock::FolderLock(const std::filesystem::path& folder) : path_(folder / kFileName) {
   file_ = OpenLocked(path_, IfMissing::Make, taken_);
   if (taken_) holder_ = HolderIn(path_);
   if (!file_) return;

@@ -18,8 +18,8 @@ class FolderLock {
 
   /// Locks nothing.
   FolderLock() = default;
-  /// Locks `folder` (internal notation), unless another program has locked it.
-  explicit FolderLock(std::string_view folder);
+  /// Locks `folder`, unless another program has locked it.
+  explicit FolderLock(const std::filesystem::path& folder);
   ~FolderLock();
   FolderLock(FolderLock&& other) noexcept { *this = std::move(other); }
   FolderLock& operator=(FolderLock&& other) noexcept;

@@ -50,7 +50,7 @@ std::vector<size_t> PossibleLengths(std::string_view beginning) {
 
 }  // namespace
 
-bool IsParameterFileName(std::string_view path) {
+bool IsParameterFileName(const std::filesystem::path& path) {
   return FileUtility::GetExtension(path) == "parms";
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 
 namespace pallomir {
@@ -13,7 +14,7 @@ inline constexpr size_t kRowBytes = 544;
 inline constexpr size_t kStampBytes = 8;
 
 /// True if the text after the last "." of a path is "parms" (case-sensitive).
-bool IsParameterFileName(std::string_view path);
+bool IsParameterFileName(const std::filesystem::path& path);
 
 /// The length of the header before the rows, or -1 if the file is not a parameter file. Our own header is tried first,
 /// then 16384 bytes if the file begins with "#", then each line end within its leading printable text (longest first),

@@ -26,8 +26,8 @@ namespace pallomir {
 #ifndef _WIN32
 namespace {
 
-// Outside Windows a name may contain "\\" and bytes that are not UTF-8. In the internal notation such a "\\" becomes
-// its overlong form, which UTF-8 forbids; the first byte of that form, which valid UTF-8 never contains, is escaped
+// Outside Windows a name may contain "\\" and bytes that are not UTF-8. In the text of a path such a "\\" becomes its
+// overlong form, which UTF-8 forbids; the first byte of that form, which valid UTF-8 never contains, is escaped
 // likewise. So every name keeps its bytes.
 constexpr std::string_view kBackslash = "\xC1\x9C";
 constexpr std::string_view kMark = "\xC1\x81";
@@ -39,24 +39,28 @@ constexpr std::string_view kSeparator = "//";
 }  // namespace
 #endif
 
-std::filesystem::path PlatformPath(std::string_view path) {
+std::filesystem::path PlatformPath(std::string_view text) {
 #ifdef _WIN32
-  return std::filesystem::path(std::u8string(path.begin(), path.end()));
+  return std::filesystem::path(std::u8string(text.begin(), text.end()));
 #else
   std::string native;
-  for (size_t i = 0; i < path.size(); ++i) {
-    const std::string_view here = path.substr(i, 2);
+  for (size_t i = 0; i < text.size(); ++i) {
+    const std::string_view here = text.substr(i, 2);
     const bool marked = here == kBackslash || here == kMark;
     if (marked)
       native += here == kMark ? kMarkByte : '\\';
-    else if (path[i] == '\\')
+    else if (text[i] == '\\')
       native += kSeparator;
     else
-      native += path[i];
+      native += text[i];
     i += marked;
   }
   return native;
 #endif
+}
+
+std::filesystem::path PathIn(const std::filesystem::path& folder, std::string_view name) {
+  return PlatformPath(PathText(folder) + "\\" + std::string(name));
 }
 
 std::string PathText(const std::filesystem::path& path) {

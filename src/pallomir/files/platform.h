@@ -29,13 +29,15 @@
 
 namespace pallomir {
 
-/// Converts a path from the internal notation, UTF-8 with "\" (or "/") as separator, to that of the operating system.
-/// Paths from the operating system are converted to the internal notation by PathText() only.
-std::filesystem::path PlatformPath(std::string_view path);
+/// The path that a text means, as users type it and files hold it: UTF-8 with "\" or "/" as separator.
+std::filesystem::path PlatformPath(std::string_view text);
 
-/// Converts a path of the operating system to the internal notation. PlatformPath() restores the same file name,
-/// whatever it is: one that is not UTF-8 keeps its bytes, and a "\" within a name, where allowed, is distinct from a
-/// separator.
+/// The path of a file that such a text names, in a folder.
+std::filesystem::path PathIn(const std::filesystem::path& folder, std::string_view name);
+
+/// The text of a path, for the user and for boxes. PlatformPath() gives the same path for it, whatever its name: one
+/// that is not UTF-8 keeps its bytes, and a "\" within a name, where allowed, is distinct from a separator. Separators
+/// look as they did in the text that a path was made from.
 std::string PathText(const std::filesystem::path& path);
 
 /// The name of a file without its folder, likewise.

@@ -8,14 +8,14 @@
 
 namespace pallomir {
 
-const RawLayout* LayoutByExtension(std::string_view path) {
+const RawLayout* LayoutByExtension(const std::filesystem::path& path) {
   const std::string extension = FileUtility::GetExtension(path);
   for (const RawLayout& layout : kRawLayouts)
     if (SameButForCase(extension, layout.Extension)) return &layout;
   return nullptr;
 }
 
-RawFile::RawFile(std::string_view path, const RawLayout& layout) : file_(path), layout_(layout) {
+RawFile::RawFile(const std::filesystem::path& path, const RawLayout& layout) : file_(path), layout_(layout) {
   char firstByte = 0;
   if (file_.ReadUpTo(0, &firstByte, 1) == 1 && firstByte == '#') {
     header_.resize(kRawHeaderBytes);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,14 +14,14 @@
 namespace pallomir {
 
 /// The layout for a path's extension, ignoring case; nullptr for any other extension.
-const RawLayout* LayoutByExtension(std::string_view path);
+const RawLayout* LayoutByExtension(const std::filesystem::path& path);
 
 /// A raw file opened for reading. A file that does not begin with "#" has no header; an incomplete record at the end is
 /// ignored.
 class RawFile {
  public:
   /// Throws CommandError if the file cannot be opened, or its header has a record size other than the layout's.
-  RawFile(std::string_view path, const RawLayout& layout);
+  RawFile(const std::filesystem::path& path, const RawLayout& layout);
 
   const RawLayout& Layout() const { return layout_; }
   const std::filesystem::path& Path() const { return file_.Path(); }

@@ -37,7 +37,7 @@ fs::path NameBeside(const fs::path& path) {
 
 }  // namespace
 
-SaveFile::SaveFile(std::string_view path) : target_(PlatformPath(path)) {
+SaveFile::SaveFile(const std::filesystem::path& path) : target_(path) {
   std::error_code error;
   const auto kind = fs::symlink_status(target_, error).type();
   if (kind == fs::file_type::directory)
@@ -110,10 +110,10 @@ void SaveFile::Discard() noexcept {
   beside_.clear();
 }
 
-void RemoveLeftovers(std::string_view folder) {
+void RemoveLeftovers(const std::filesystem::path& folder) {
   std::vector<fs::path> pieces;
   std::error_code error;
-  for (fs::directory_iterator entry(PlatformPath(folder), error), end; !error && entry != end; entry.increment(error))
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error))
     if (entry->path().extension() == kEnding) pieces.push_back(entry->path());
   for (const fs::path& piece : pieces) {
     bool taken = false;

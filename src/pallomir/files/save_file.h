@@ -12,9 +12,9 @@ namespace pallomir {
 /// replaces the link, and the link's target stays as it is.
 class SaveFile {
  public:
-  /// Throws CommandError if no file can be created beside `path` (internal notation), or if `path` exists and is
+  /// Throws CommandError if no file can be created beside `path`, or if `path` exists and is
   /// neither a regular file nor a link.
-  explicit SaveFile(std::string_view path);
+  explicit SaveFile(const std::filesystem::path& path);
   ~SaveFile();
   SaveFile(const SaveFile&) = delete;
   SaveFile& operator=(const SaveFile&) = delete;
@@ -42,8 +42,8 @@ class SaveFile {
   bool flushed_ = false;
 };
 
-/// Removes temporary files left in `folder` (internal notation) by programs that were killed while saving. Files that a
+/// Removes temporary files left in `folder` by programs that were killed while saving. Files that a
 /// running program is writing stay.
-void RemoveLeftovers(std::string_view folder);
+void RemoveLeftovers(const std::filesystem::path& folder);
 
 }  // namespace pallomir

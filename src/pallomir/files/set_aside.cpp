@@ -4,7 +4,6 @@
 #include <ctime>
 
 #include "pallomir/files/file_utility.h"
-#include "pallomir/files/platform.h"
 
 namespace pallomir {
 
@@ -19,8 +18,7 @@ std::string LocalTime(fs::file_time_type time, const char* format) {
   return text;
 }
 
-std::string SetAside(std::string_view path) {
-  const fs::path file = PlatformPath(path);
+fs::path SetAside(const fs::path& file) {
   std::error_code error;
   const std::string date = LocalTime(fs::last_write_time(file, error), "%Y%m%d-%H%M%S");
   fs::path aside;
@@ -29,8 +27,8 @@ std::string SetAside(std::string_view path) {
     aside.replace_extension('.' + date + (attempt > 1 ? '-' + std::to_string(attempt) : ""));
     aside += file.extension();
   }
-  FileUtility::RenameFile(path, PathText(aside));
-  return PathText(aside);
+  FileUtility::RenameFile(file, aside);
+  return aside;
 }
 
 }  // namespace pallomir

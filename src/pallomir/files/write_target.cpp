@@ -3,33 +3,31 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "pallomir/files/platform.h"
-
 namespace pallomir {
 
 namespace fs = std::filesystem;
 
 namespace {
 
-fs::path Resolved(std::string_view path) {
+fs::path Resolved(const std::filesystem::path& path) {
   std::error_code error;
-  const fs::path native = PlatformPath(path), resolved = fs::weakly_canonical(native, error);
-  return error ? native.lexically_normal() : resolved;
+  const fs::path resolved = fs::weakly_canonical(path, error);
+  return error ? path.lexically_normal() : resolved;
 }
 
 }  // namespace
 
-bool IsWriteProtected(std::string_view path) {
+bool IsWriteProtected(const std::filesystem::path& path) {
   std::error_code error;
-  const fs::file_status status = fs::status(PlatformPath(path), error);
+  const fs::file_status status = fs::status(path, error);
   constexpr fs::perms kWrite = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
   return !error && fs::is_regular_file(status) && (status.permissions() & kWrite) == fs::perms::none;
 }
 
-std::string PlaceOutside(std::string_view folder, std::string_view path) {
-  const fs::path home = Resolved(std::string(folder) + "\\."), place = Resolved(path);
+fs::path PlaceOutside(const std::filesystem::path& folder, const std::filesystem::path& path) {
+  const fs::path home = Resolved(folder / "."), place = Resolved(path);
   const auto ends = std::mismatch(home.begin(), home.end(), place.begin(), place.end());
-  return ends.first == home.end() ? std::string() : PathText(place);
+  return ends.first == home.end() ? fs::path() : place;
 }
 
 }  // namespace pallomir

@@ -102,7 +102,7 @@ bool HoldNotes(std::string_view text) {
   }
 }
 
-void SafeguardWherePossible(const std::string& path) {
+void SafeguardWherePossible(const std::filesystem::path& path) {
   try {
     FileUtility::SafeguardFile(path, HoldNotes);
   } catch (const CommandError&) {
@@ -112,8 +112,8 @@ void SafeguardWherePossible(const std::string& path) {
 
 }  // namespace
 
-std::string NotesFilePath(const Session& session) {
-  return session.DataDirectory + "\\ClNotes";
+std::filesystem::path NotesFilePath(const Session& session) {
+  return PathIn(session.DataDirectory, "ClNotes");
 }
 
 void CheckRemarks(int c, std::string_view remarks) {
@@ -125,17 +125,17 @@ void CheckRemarks(int c, std::string_view remarks) {
   if (remarks.find_first_of("\r\n") != std::string_view::npos) refuse("line break");
 }
 
-ByCluster<ClusterNote> NotesIn(std::string_view path) {
+ByCluster<ClusterNote> NotesIn(const std::filesystem::path& path) {
   if (!FileUtility::FileExists(path)) return {};
-  return NotesFrom(ReadText(path), PlatformPath(path)).Notes;
+  return NotesFrom(ReadText(path), path).Notes;
 }
 
 bool ReadNotes(Session& session) {
-  const std::string path = NotesFilePath(session);
+  const std::filesystem::path path = NotesFilePath(session);
   if (!FileUtility::FileExists(path)) return false;
   SafeguardWherePossible(path);
   std::string text = ReadText(path);
-  session.Notes = NotesFrom(text, PlatformPath(path)).Notes;
+  session.Notes = NotesFrom(text, path).Notes;
   session.NotesFile = std::move(text);
   return true;
 }
@@ -146,24 +146,25 @@ bool NotesAreSaved(const Session& session) {
 }
 
 std::string DoubtAboutNotesFile(const Session& session) {
-  const std::string path = NotesFilePath(session);
+  const std::filesystem::path path = NotesFilePath(session);
   if (!FileUtility::FileExists(path)) return {};
-  if (IsWriteProtected(path)) return path + " is write-protected.";
+  if (IsWriteProtected(path)) return PathText(path) + " is write-protected.";
   try {
     const std::string text = ReadText(path);
     if (text == session.NotesFile) return {};
-    NotesFrom(text, PlatformPath(path));
+    NotesFrom(text, path);
   } catch (const CommandError& error) {
     return error.what();
   }
-  return path + " has been changed by another program since it was read here.";
+  return PathText(path) + " has been changed by another program since it was read here.";
 }
 
 void WriteNotes(Session& session, InDoubt inDoubt) {
   for (int c = 0; c < kClusterSlots; ++c) CheckRemarks(c, session.Notes[c].Remarks);
-  const std::string path = NotesFilePath(session), doubt = DoubtAboutNotesFile(session);
+  const std::filesystem::path path = NotesFilePath(session);
+  const std::string doubt = DoubtAboutNotesFile(session);
   if (!doubt.empty() && inDoubt == InDoubt::Refuse)
-    throw CommandError(ErrorKind::NotWritten, doubt + " Nothing was saved.", PlatformPath(path));
+    throw CommandError(ErrorKind::NotWritten, doubt + " Nothing was saved.", path);
   std::string text;
   for (const ClusterNote& note : session.Notes)
     text += std::to_string(note.Number) + ",\"" + note.Rating + "\",\"" + note.Remarks + "\"\r\n";

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -13,14 +14,14 @@ inline constexpr std::array<std::string_view, 5> kRatings = {"Good", "Pretty Goo
 
 /// The path of the notes file in the data directory: 31 lines `number,"rating","remarks"`, line k (from 0) for cluster
 /// k. Any text after them is not ours.
-std::string NotesFilePath(const Session& session);
+std::filesystem::path NotesFilePath(const Session& session);
 
 /// Throws CommandError if the remarks of cluster c contain a double quote or a line break, which the file format does
 /// not allow.
 void CheckRemarks(int c, std::string_view remarks);
 
 /// The notes in a file; empty notes if it does not exist. Throws CommandError naming the malformed line.
-ByCluster<ClusterNote> NotesIn(std::string_view path);
+ByCluster<ClusterNote> NotesIn(const std::filesystem::path& path);
 
 /// Reads all notes from the file; later lines are ignored. Returns false, with the notes unchanged, if there is no
 /// file. The file is backed up first if its folder is writable.

@@ -7,6 +7,7 @@
 #include "pallomir/files/error.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/text_header.h"
@@ -24,7 +25,7 @@ constexpr double kShareWritten = 0.85;
 /// A file of lines, written to a temporary file beside its target.
 class LineFile {
  public:
-  LineFile(const std::string& path, std::string_view beginning) : file_(path) { file_.Write(beginning); }
+  LineFile(const std::filesystem::path& path, std::string_view beginning) : file_(path) { file_.Write(beginning); }
 
   /// A buffer position with room for SpikeLines::kRoom characters.
   char* Room() {
@@ -159,7 +160,7 @@ void WriteBeside(const Session& session, World& world, const std::string& name, 
 
 /// Renames cluster c's file, if any, to its OLD name. True if this replaced an older OLD file.
 bool KeepAsOld(const Session& session, const std::string& name, int c) {
-  const std::string path = ClusterFilePath(session, name, c), old = OldClusterFilePath(session, name, c);
+  const std::filesystem::path path = ClusterFilePath(session, name, c), old = OldClusterFilePath(session, name, c);
   if (!FileUtility::FileExists(path)) return false;
   const bool older = FileUtility::FileExists(old);
   return FileUtility::RenameFile(path, old) && older;
@@ -215,20 +216,20 @@ void WriteAllFiles(const Session& session, World& world, const ClusterFileTexts&
 
 }  // namespace
 
-std::string ClusterFilePath(const Session& session, std::string_view name, int c) {
-  return session.DataDirectory + "\\" + std::string(name) + "." + std::to_string(c);
+std::filesystem::path ClusterFilePath(const Session& session, std::string_view name, int c) {
+  return PathIn(session.DataDirectory, std::string(name) + "." + std::to_string(c));
 }
 
-std::string OldClusterFilePath(const Session& session, std::string_view name, int c) {
+std::filesystem::path OldClusterFilePath(const Session& session, std::string_view name, int c) {
   return ClusterFilePath(session, "OLD" + std::string(name), c);
 }
 
-std::string UnclassifiedFilePath(const Session& session, std::string_view name) {
-  return session.DataDirectory + "\\Undefined_" + std::string(name);
+std::filesystem::path UnclassifiedFilePath(const Session& session, std::string_view name) {
+  return PathIn(session.DataDirectory, "Undefined_" + std::string(name));
 }
 
-std::vector<std::string> ClusterFilePaths(const Session& session, std::string_view name) {
-  std::vector<std::string> paths = {UnclassifiedFilePath(session, name)};
+std::vector<std::filesystem::path> ClusterFilePaths(const Session& session, std::string_view name) {
+  std::vector<std::filesystem::path> paths = {UnclassifiedFilePath(session, name)};
   for (int c = 1; c <= kClusters; ++c) {
     paths.push_back(ClusterFilePath(session, name, c));
     paths.push_back(OldClusterFilePath(session, name, c));
@@ -236,12 +237,12 @@ std::vector<std::string> ClusterFilePaths(const Session& session, std::string_vi
   return paths;
 }
 
-std::string TemporaryClusterFilePath(const Session& session) {
-  return session.DataDirectory + "\\cl-tmp";
+std::filesystem::path TemporaryClusterFilePath(const Session& session) {
+  return PathIn(session.DataDirectory, "cl-tmp");
 }
 
-std::string TemporaryTimeFilePath(const Session& session) {
-  return session.DataDirectory + "\\ttmp";
+std::filesystem::path TemporaryTimeFilePath(const Session& session) {
+  return PathIn(session.DataDirectory, "ttmp");
 }
 
 void WriteClusterFiles(const Session& session, World& world, const ClusterFileTexts& texts) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,16 +17,16 @@ struct ClusterFileTexts {
 };
 
 // All in the data directory.
-std::string ClusterFilePath(const Session& session, std::string_view name, int c);
+std::filesystem::path ClusterFilePath(const Session& session, std::string_view name, int c);
 /// The previous version of cluster c's file.
-std::string OldClusterFilePath(const Session& session, std::string_view name, int c);
-std::string UnclassifiedFilePath(const Session& session, std::string_view name);
+std::filesystem::path OldClusterFilePath(const Session& session, std::string_view name, int c);
+std::filesystem::path UnclassifiedFilePath(const Session& session, std::string_view name);
 /// The current cluster alone, and its stamps alone.
-std::string TemporaryClusterFilePath(const Session& session);
-std::string TemporaryTimeFilePath(const Session& session);
+std::filesystem::path TemporaryClusterFilePath(const Session& session);
+std::filesystem::path TemporaryTimeFilePath(const Session& session);
 
 /// Every file that a run may replace or rename, except the temporary ones.
-std::vector<std::string> ClusterFilePaths(const Session& session, std::string_view name);
+std::vector<std::filesystem::path> ClusterFilePaths(const Session& session, std::string_view name);
 
 /// Writes a file for every defined cluster and one for the unclassified spikes, with each loaded spike in exactly one
 /// of them: a spike in several clusters goes to one of these, and the overlap is reported. Earlier cluster files are

@@ -41,7 +41,7 @@ bool Filtered(const std::string& event) {
 
 }  // namespace
 
-std::string EventsListing(const std::string& path, bool filter, const Progress& progress) {
+std::string EventsListing(const std::filesystem::path& path, bool filter, const Progress& progress) {
   FileReader file(path);
   unsigned char first = 0;
   file.ReadUpTo(0, &first, 1);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include "pallomir/files/progress.h"
@@ -19,6 +20,6 @@ inline constexpr int64_t kMostEvents = 1'000'000;
 /// 0; in a file without a header the last ones are missing. With `filter`, TTL inputs and AD errors are left out. Only
 /// the first kMostEvents are listed, followed by a line that says so. Throws CommandError if the file cannot be read,
 /// Interrupted when the user stops it.
-std::string EventsListing(const std::string& path, bool filter, const Progress& progress = {});
+std::string EventsListing(const std::filesystem::path& path, bool filter, const Progress& progress = {});
 
 }  // namespace pallomir

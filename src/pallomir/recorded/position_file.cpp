@@ -15,7 +15,7 @@ namespace pallomir {
 namespace {
 
 /// Appends the samples of the file, as recorded.
-void ReadRecorded(std::string_view path, FileReader& file, const Progress& progress, Positions& positions) {
+void ReadRecorded(const std::filesystem::path& path, FileReader& file, const Progress& progress, Positions& positions) {
   const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
   const long ownHeader = TextHeaderLength(beginning);
   if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
@@ -34,7 +34,7 @@ void ReadRecorded(std::string_view path, FileReader& file, const Progress& progr
 
 }  // namespace
 
-Positions ReadPositions(std::string_view path, const Progress& progress) {
+Positions ReadPositions(const std::filesystem::path& path, const Progress& progress) {
   FileReader file(path);
   Positions positions;
   positions.Name = file.Name();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string_view>
 
 #include "pallomir/files/progress.h"
@@ -21,6 +22,6 @@ namespace pallomir {
 /// A position of x = y = 0, or one that is not a number, is lost. Directions are unknown if outside 0 to 360, for lost
 /// samples, and for all samples of a file whose directions are all 0. Throws CommandError if the file cannot be read,
 /// is of no such kind or has more unreadable lines than samples; Interrupted when the user stops it.
-Positions ReadPositions(std::string_view path, const Progress& progress = {});
+Positions ReadPositions(const std::filesystem::path& path, const Progress& progress = {});
 
 }  // namespace pallomir

@@ -23,7 +23,7 @@ void SpikeRecord::ReadSamples(WireSamples& samples) const {
       samples[wire][s] = LoadLittleEndian<int16_t>(place + 2 * (kWires * s + wire));
 }
 
-SpikeFile::SpikeFile(std::string_view path) : file_(path, kTetrodeLayout) {
+SpikeFile::SpikeFile(const std::filesystem::path& path) : file_(path, kTetrodeLayout) {
   const std::vector<double> volts = HeaderNumbers(file_.Header(), "ADBitVolts");
   const bool complete = volts.size() == 1 || volts.size() >= kWires;
   if (complete && std::all_of(volts.begin(), volts.end(), IsScale)) {

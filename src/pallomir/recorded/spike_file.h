@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -27,7 +28,7 @@ struct SpikeRecord {
 class SpikeFile {
  public:
   /// Throws CommandError if the file cannot be opened or its header has another record size.
-  explicit SpikeFile(std::string_view path);
+  explicit SpikeFile(const std::filesystem::path& path);
 
   const std::string& Name() const { return file_.Name(); }
   uint64_t RecordCount() const { return file_.RecordCount(); }

@@ -9,23 +9,25 @@ namespace pallomir {
 
 namespace {
 
-std::string RequiredName(std::string_view parameterFile) {
-  std::string name = WaveformFileName(parameterFile);
-  if (name.empty())
-    throw CommandError(ErrorKind::Missing, "There is no waveform file for " + NameText(PlatformPath(parameterFile)) +
+std::filesystem::path RequiredPath(const std::filesystem::path& parameterFile) {
+  std::filesystem::path path = WaveformFilePath(parameterFile);
+  if (path.empty())
+    throw CommandError(ErrorKind::Missing, "There is no waveform file for " + NameText(parameterFile) +
                                                ": that name does not end in \".Ntt.parms\".");
-  return name;
+  return path;
 }
 
 }  // namespace
 
-std::string WaveformFileName(std::string_view parameterFile) {
+std::filesystem::path WaveformFilePath(const std::filesystem::path& parameterFile) {
   constexpr size_t replaced = std::string_view("Ntt.parms").size();
-  if (!IsParameterFileName(parameterFile) || parameterFile.size() < replaced) return {};
-  return std::string(parameterFile.substr(0, parameterFile.size() - replaced)) + "waveforms";
+  const auto& native = parameterFile.native();
+  if (!IsParameterFileName(parameterFile) || native.size() < replaced) return {};
+  std::filesystem::path path = native.substr(0, native.size() - replaced);
+  return path += "waveforms";
 }
 
-WaveformFile::WaveformFile(std::string_view parameterFile) : file_(RequiredName(parameterFile)) {}
+WaveformFile::WaveformFile(const std::filesystem::path& parameterFile) : file_(RequiredPath(parameterFile)) {}
 
 bool WaveformFile::Read(int64_t n, WaveformRecord& into) {
   if (n < 0 || n >= RecordCount()) return false;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -20,15 +21,15 @@ inline constexpr size_t kWaveformRecordBytes = kWaveformBlocks * kWaveformBlockB
 /// Sample j of block b is value 32 b + j.
 using WaveformRecord = std::array<int16_t, size_t{kWaveformBlocks} * kBlockSamples>;
 
-/// The name of the waveform file of a parameter file: "waveforms" replaces the last 9 characters ("Ntt.parms"). Empty
+/// The path of the waveform file of a parameter file: "waveforms" replaces the last 9 characters ("Ntt.parms"). Empty
 /// if the extension is not "parms" or the name is too short.
-std::string WaveformFileName(std::string_view parameterFile);
+std::filesystem::path WaveformFilePath(const std::filesystem::path& parameterFile);
 
 /// A waveform file with random access to its records.
 class WaveformFile {
  public:
   /// Throws CommandError if the name cannot be formed, or the file is missing or cannot be read.
-  explicit WaveformFile(std::string_view parameterFile);
+  explicit WaveformFile(const std::filesystem::path& parameterFile);
 
   const std::string& Name() const { return file_.Name(); }
   int64_t RecordCount() const { return static_cast<int64_t>(file_.Length() / kWaveformRecordBytes); }

@@ -50,7 +50,7 @@ void LearnFrom(SpikesWithin& spikes, int64_t count, IsolationFeatures& features)
 
 }  // namespace
 
-ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes,
+ClusterMeasures MeasureCluster(World& world, const std::filesystem::path& spikeFile, std::span<const int64_t> spikes,
                                const TimeRange& range) {
   SpikesWithin all{SpikeFile(spikeFile), range, WorkPace(world)};
   const int64_t count = CountOf(all);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string_view>
 
@@ -28,7 +29,7 @@ struct ClusterMeasures {
 /// are more than 100,000. Memory: 41 bytes per record within the range for four wires.
 ///
 /// Throws CommandError if the file cannot be read or is not a spike file, Interrupted when the user stops it.
-ClusterMeasures MeasureCluster(World& world, std::string_view spikeFile, std::span<const int64_t> spikes,
+ClusterMeasures MeasureCluster(World& world, const std::filesystem::path& spikeFile, std::span<const int64_t> spikes,
                                const TimeRange& range);
 
 }  // namespace pallomir

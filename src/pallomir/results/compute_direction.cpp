@@ -38,12 +38,13 @@ DirectionResult DirectionOf(const Positions& positions, const Track& track, cons
   return result;
 }
 
-DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
-                                 std::string_view clusterFile) {
+DirectionResult ComputeDirection(World& world, const std::filesystem::path& timeFile,
+                                 const std::filesystem::path& positionFile, const std::filesystem::path& clusterFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
   const DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
-  WriteDirectionFile(result, std::string(timeFile) + ".dir");
+  std::filesystem::path output = timeFile;
+  WriteDirectionFile(result, output += ".dir");
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 
 #include "pallomir/results/direction_file.h"
@@ -15,7 +16,7 @@ DirectionResult DirectionOf(const Positions& positions, const Track& track, cons
 /// The same for the spikes of `timeFile` within the time range of `clusterFile`. Writes the result to the file
 /// `timeFile` + ".dir", all or nothing, and returns it. Throws CommandError if a file cannot be read or written,
 /// Interrupted when the user stops it.
-DirectionResult ComputeDirection(World& world, std::string_view timeFile, std::string_view positionFile,
-                                 std::string_view clusterFile);
+DirectionResult ComputeDirection(World& world, const std::filesystem::path& timeFile,
+                                 const std::filesystem::path& positionFile, const std::filesystem::path& clusterFile);
 
 }  // namespace pallomir

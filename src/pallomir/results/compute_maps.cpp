@@ -35,8 +35,8 @@ MapResult OccupancyMapOf(const Positions& positions, const Track& track, const T
   return result;
 }
 
-MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,
-                         std::string_view positionFile, std::string_view outputFile) {
+MapResult ComputeRateMap(World& world, const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                         const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
   const MapResult result = RateMapOf(positions, TrackWithin(positions, spikes.Range), spikes);
@@ -44,8 +44,8 @@ MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string
   return result;
 }
 
-MapResult ComputeOccupancyMap(World& world, std::string_view clusterFile, std::string_view positionFile,
-                              std::string_view outputFile) {
+MapResult ComputeOccupancyMap(World& world, const std::filesystem::path& clusterFile,
+                              const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) {
   const TimeRange range = ReadTimeRange(clusterFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
   const MapResult result = OccupancyMapOf(positions, TrackWithin(positions, range), range);
@@ -53,14 +53,14 @@ MapResult ComputeOccupancyMap(World& world, std::string_view clusterFile, std::s
   return result;
 }
 
-MapResult ComputeSpatialAutoCorr(World& world, std::string_view rateMapFile) {
+MapResult ComputeSpatialAutoCorr(World& world, const std::filesystem::path& rateMapFile) {
   MapResult result = ReadMapFile(rateMapFile);
   const Map rate = std::move(result.Grid);
   WorkPace pace(world);
   result.Kind = MapKind::SpatialAutocorrelation;
   result.Grid = SpatialAutocorrelation(rate, pace);
   if (result.Explanation.empty()) result.Explanation = WhyNoCorrelation(rate, result.Grid);
-  WriteMapFile(result, FileUtility::RemoveExtension(rateMapFile) + ".2DAcorr");
+  WriteMapFile(result, FileUtility::RemoveExtension(rateMapFile) += ".2DAcorr");
   return result;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 
 #include "pallomir/results/map_file.h"
@@ -19,14 +20,14 @@ MapResult OccupancyMapOf(const Positions& positions, const Track& track, const T
 // file cannot be read or written, Interrupted when the user stops them.
 
 /// The rate map of the spikes of `timeFile`, within the time range of `clusterFile`, over the positions.
-MapResult ComputeRateMap(World& world, std::string_view clusterFile, std::string_view timeFile,
-                         std::string_view positionFile, std::string_view outputFile);
+MapResult ComputeRateMap(World& world, const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,
+                         const std::filesystem::path& positionFile, const std::filesystem::path& outputFile);
 
 /// The seconds spent in every bin within the time range of `clusterFile`.
-MapResult ComputeOccupancyMap(World& world, std::string_view clusterFile, std::string_view positionFile,
-                              std::string_view outputFile);
+MapResult ComputeOccupancyMap(World& world, const std::filesystem::path& clusterFile,
+                              const std::filesystem::path& positionFile, const std::filesystem::path& outputFile);
 
 /// The autocorrelation of a rate map; its file has the same name with the extension ".2DAcorr".
-MapResult ComputeSpatialAutoCorr(World& world, std::string_view rateMapFile);
+MapResult ComputeSpatialAutoCorr(World& world, const std::filesystem::path& rateMapFile);
 
 }  // namespace pallomir

@@ -15,8 +15,8 @@ bool HasPairs(const TrainAutocorrelation& correlation) {
 
 }  // namespace
 
-AutocorrelationResult ComputeAutoCorr(World& world, std::string_view clusterFile, std::string_view timeFile,
-                                      std::string_view outputFile) {
+AutocorrelationResult ComputeAutoCorr(World& world, const std::filesystem::path& clusterFile,
+                                      const std::filesystem::path& timeFile, const std::filesystem::path& outputFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   AutocorrelationResult result;
   WorkPace pace(world);
@@ -30,8 +30,8 @@ AutocorrelationResult ComputeAutoCorr(World& world, std::string_view clusterFile
   return result;
 }
 
-IntervalResult ComputeLogISI(World& world, std::string_view clusterFile, std::string_view timeFile,
-                             std::string_view outputFile) {
+IntervalResult ComputeLogISI(World& world, const std::filesystem::path& clusterFile,
+                             const std::filesystem::path& timeFile, const std::filesystem::path& outputFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   IntervalResult result;
   result.Intervals = LogIntervalsOf(spikes.Times);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string_view>
 
 #include "pallomir/results/train_file.h"
@@ -11,11 +12,11 @@ namespace pallomir {
 // written, Interrupted when the user stops them. If a result is empty, its explanation says why.
 
 /// The autocorrelation of the spikes of `timeFile` within the time range of `clusterFile`.
-AutocorrelationResult ComputeAutoCorr(World& world, std::string_view clusterFile, std::string_view timeFile,
-                                      std::string_view outputFile);
+AutocorrelationResult ComputeAutoCorr(World& world, const std::filesystem::path& clusterFile,
+                                      const std::filesystem::path& timeFile, const std::filesystem::path& outputFile);
 
 /// The histogram of their intervals on a logarithmic scale.
-IntervalResult ComputeLogISI(World& world, std::string_view clusterFile, std::string_view timeFile,
-                             std::string_view outputFile);
+IntervalResult ComputeLogISI(World& world, const std::filesystem::path& clusterFile,
+                             const std::filesystem::path& timeFile, const std::filesystem::path& outputFile);
 
 }  // namespace pallomir

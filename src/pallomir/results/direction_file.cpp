@@ -12,7 +12,7 @@ constexpr const char* kOfTravel = "travel";
 
 }  // namespace
 
-void WriteDirectionFile(const DirectionResult& result, std::string_view path) {
+void WriteDirectionFile(const DirectionResult& result, const std::filesystem::path& path) {
   const DirectionTuning& tuning = result.Tuning;
   std::vector<HeaderEntry> lines = HeaderEntries(result.Used);
   lines.push_back({"DirectionOf", result.OfTravel ? kOfTravel : "head"});
@@ -33,7 +33,7 @@ void WriteDirectionFile(const DirectionResult& result, std::string_view path) {
   file.Commit();
 }
 
-DirectionResult ReadDirectionFile(std::string_view path) {
+DirectionResult ReadDirectionFile(const std::filesystem::path& path) {
   ResultText text(path, kKind);
   DirectionResult result;
   result.Used = UsageFrom(text.Header(), text.File());

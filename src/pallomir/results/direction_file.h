@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -19,10 +20,10 @@ struct DirectionResult {
 /// Writes a text header of kind "HeadDirection", which also states the source of the directions ("head" or "travel")
 /// and the mean vector, a line of column names, then a line for each bin, "from,to,spikes,dwell,rate". All or nothing;
 /// throws CommandError if it cannot be written.
-void WriteDirectionFile(const DirectionResult& result, std::string_view path);
+void WriteDirectionFile(const DirectionResult& result, const std::filesystem::path& path);
 
 /// Reads such a file; mean vector, coverage and peak are recomputed from the rates. Throws CommandError naming the
 /// malformed line.
-DirectionResult ReadDirectionFile(std::string_view path);
+DirectionResult ReadDirectionFile(const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -5,7 +5,6 @@
 
 #include "pallomir/files/file_fault.h"
 #include "pallomir/files/number_text.h"
-#include "pallomir/files/platform.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/results/result_text.h"
 
@@ -30,11 +29,11 @@ const KindName& NameOf(MapKind kind) {
   return kKinds[static_cast<size_t>(kind)];
 }
 
-const KindName& KindOf(std::string_view path) {
+const KindName& KindOf(const std::filesystem::path& path) {
   const std::string name = ResultKind(path);
   for (const KindName& kind : kKinds)
     if (kind.Name == name) return kind;
-  throw FaultOf(ErrorKind::Foreign, PlatformPath(path), "is not a map file");
+  throw FaultOf(ErrorKind::Foreign, path, "is not a map file");
 }
 
 std::string HeaderFor(const MapResult& result) {
@@ -70,7 +69,7 @@ std::string_view UnitOf(MapKind kind) {
   return NameOf(kind).Unit;
 }
 
-void WriteMapFile(const MapResult& result, std::string_view path) {
+void WriteMapFile(const MapResult& result, const std::filesystem::path& path) {
   const Map& map = result.Grid;
   std::string text = HeaderFor(result);
   text += std::to_string(map.Columns) + "," + std::to_string(map.Rows);
@@ -84,7 +83,7 @@ void WriteMapFile(const MapResult& result, std::string_view path) {
   file.Commit();
 }
 
-MapResult ReadMapFile(std::string_view path) {
+MapResult ReadMapFile(const std::filesystem::path& path) {
   const KindName& kind = KindOf(path);
   ResultText text(path, kind.Name);
   const std::string_view header = text.Header();

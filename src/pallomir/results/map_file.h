@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -27,9 +28,9 @@ std::string_view UnitOf(MapKind kind);
 /// Writes a text header of kind "RateMap", "OccupancyMap" or "SpatialAutoCorr" with everything but the map itself, a
 /// line "columns,rows,left,top,bin,unit" (its values), then a line for each row of bins, smallest y first. All or
 /// nothing; throws CommandError if it cannot be written.
-void WriteMapFile(const MapResult& result, std::string_view path);
+void WriteMapFile(const MapResult& result, const std::filesystem::path& path);
 
 /// Throws CommandError naming the malformed line.
-MapResult ReadMapFile(std::string_view path);
+MapResult ReadMapFile(const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -61,7 +61,7 @@ float HighestOf(const Spike& spike, const std::array<bool, kPeaks>& recorded) {
 
 }  // namespace
 
-ClusterLines ReadClusterLines(World& world, std::string_view clusterFile) {
+ClusterLines ReadClusterLines(World& world, const std::filesystem::path& clusterFile) {
   const TimeRange range = ReadTimeRange(clusterFile);
   int linesOfRange = 2;
   std::array<bool, kPeaks> recorded{};

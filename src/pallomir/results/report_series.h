@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -27,7 +28,7 @@ struct ClusterLines {
 /// Reads a cluster file: an optional text header, start and end of the time range, then a line per spike: the record
 /// number, the peaks of channels 1 to 8 and 10 to 17, the stamp. Spikes with an implausible stamp are skipped. Throws
 /// CommandError naming any other line, Interrupted when the user stops it.
-ClusterLines ReadClusterLines(World& world, std::string_view clusterFile);
+ClusterLines ReadClusterLines(World& world, const std::filesystem::path& clusterFile);
 
 /// The direction from `centre` to (x, y) in degrees, 0 up to 360: 0 to the right (+x), counter-clockwise as the camera
 /// sees it: 90 is towards -y, which is up in the video image. NaN at the centre itself and for NaN coordinates.

@@ -5,7 +5,6 @@
 #include "pallomir/files/file_fault.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
-#include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/recorded/position_file.h"
 
@@ -45,8 +44,8 @@ void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value) {
   if (!std::isnan(value)) lines.push_back({std::move(key), ResultNumber(value)});
 }
 
-ResultText::ResultText(std::string_view path, std::string_view kind)
-    : file_(PlatformPath(path)),
+ResultText::ResultText(const std::filesystem::path& path, std::string_view kind)
+    : file_(path),
       text_(ReadText(path)),
       body_(BodyBehindHeader(text_).value_or(TextBody{})),
       lines_(text_, body_),
@@ -84,7 +83,7 @@ void ResultText::Fault(const std::string& what) const {
   throw FaultAt(ErrorKind::Broken, file_, FilePlace::AtLine(line_), what);
 }
 
-std::string ResultKind(std::string_view path) {
+std::string ResultKind(const std::filesystem::path& path) {
   const std::string beginning = ReadText(path, kTextHeaderLimit);
   const long header = TextHeaderLength(beginning);
   if (header < 0) return {};

@@ -26,7 +26,7 @@ void AddNumber(std::vector<HeaderEntry>& lines, std::string key, double value);
 class ResultText {
  public:
   /// Throws CommandError if the file cannot be read or is of another kind ("... is not a file of kind RateMap.").
-  ResultText(std::string_view path, std::string_view kind);
+  ResultText(const std::filesystem::path& path, std::string_view kind);
   ResultText(const ResultText&) = delete;
   ResultText& operator=(const ResultText&) = delete;
 
@@ -52,6 +52,6 @@ class ResultText {
 };
 
 /// The kind of a result file ("RateMap"); empty if it has no header of ours.
-std::string ResultKind(std::string_view path);
+std::string ResultKind(const std::filesystem::path& path);
 
 }  // namespace pallomir

@@ -8,7 +8,6 @@
 #include "pallomir/files/file_lines.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/number_text.h"
-#include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/text_header.h"
 #include "pallomir/files/text_items.h"
@@ -29,7 +28,8 @@ void NumberedLine::Refuse(std::string_view what) const {
   throw FaultAt(ErrorKind::Broken, File, FilePlace::AtLine(Number), Quoted(Text) + " " + std::string(what));
 }
 
-void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take) {
+void ForEachNumberedLine(World& world, const std::filesystem::path& path,
+                         const std::function<void(const NumberedLine&)>& take) {
   FileReader file(path);
   WorkPace pace(world);
   const TextBody body = BodyBehindHeader(ReadText(path, kTextHeaderLimit)).value_or(TextBody{});
@@ -39,15 +39,16 @@ void ForEachNumberedLine(World& world, std::string_view path, const std::functio
   });
 }
 
-TimeRange ReadTimeRange(std::string_view clusterFile) {
+TimeRange ReadTimeRange(const std::filesystem::path& clusterFile) {
   const std::string text = ReadText(clusterFile, kTextHeaderLimit + kLongestLine);
   const TextBody body = BodyBehindHeader(text).value_or(TextBody{});
-  TextItems items(std::string_view(text).substr(body.Begin), PlatformPath(clusterFile), body.FirstLine);
+  TextItems items(std::string_view(text).substr(body.Begin), clusterFile, body.FirstLine);
   const double first = items.Number();
   return {Whole(std::ceil(first)), Whole(std::floor(items.Number()))};
 }
 
-SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile) {
+SpikeTimes ReadSpikeTimes(World& world, const std::filesystem::path& clusterFile,
+                          const std::filesystem::path& timeFile) {
   SpikeTimes spikes;
   spikes.Range = ReadTimeRange(clusterFile);
   int64_t before = INT64_MIN;

@@ -32,14 +32,16 @@ struct NumberedLine {
 
 /// Calls take(line) for every line after the optional header of one of our files; skips empty lines. Throws
 /// CommandError if the file cannot be read, Interrupted when the user stops it.
-void ForEachNumberedLine(World& world, std::string_view path, const std::function<void(const NumberedLine&)>& take);
+void ForEachNumberedLine(World& world, const std::filesystem::path& path,
+                         const std::function<void(const NumberedLine&)>& take);
 
 /// The time range in the first two lines after the header of a cluster file. Throws CommandError if they are not
 /// numbers.
-TimeRange ReadTimeRange(std::string_view clusterFile);
+TimeRange ReadTimeRange(const std::filesystem::path& clusterFile);
 
 /// The stamps of a time file, one per line after its header, that are within the time range of the cluster file. Throws
 /// CommandError naming a line that is not a number.
-SpikeTimes ReadSpikeTimes(World& world, std::string_view clusterFile, std::string_view timeFile);
+SpikeTimes ReadSpikeTimes(World& world, const std::filesystem::path& clusterFile,
+                          const std::filesystem::path& timeFile);
 
 }  // namespace pallomir

@@ -13,8 +13,8 @@ namespace {
 constexpr const char* kAutocorrelationKind = "TrainAutoCorr";
 constexpr const char* kIntervalKind = "LogISI";
 
-void Save(std::string_view path, const char* kind, std::vector<HeaderEntry> lines, const std::string& explanation,
-          const std::string& body) {
+void Save(const std::filesystem::path& path, const char* kind, std::vector<HeaderEntry> lines,
+          const std::string& explanation, const std::string& body) {
   if (!explanation.empty()) lines.push_back({"Explanation", explanation});
   SaveFile file(path);
   file.Write(TextHeader(kind, {}, lines) + body);
@@ -44,7 +44,7 @@ void ForBins(Histogram& histogram, Use use) {
 
 }  // namespace
 
-void WriteAutocorrelationFile(const AutocorrelationResult& result, std::string_view path) {
+void WriteAutocorrelationFile(const AutocorrelationResult& result, const std::filesystem::path& path) {
   std::string body = "width (ms),from (ms),to (ms),pairs\r\n";
   for (const LagHistogram* histogram : {&result.Correlation.Near, &result.Correlation.Far})
     ForBins(*histogram, [&](const std::vector<double>& edges, int64_t pairs) {
@@ -54,7 +54,7 @@ void WriteAutocorrelationFile(const AutocorrelationResult& result, std::string_v
   Save(path, kAutocorrelationKind, HeaderEntries(result.Used), result.Explanation, body);
 }
 
-AutocorrelationResult ReadAutocorrelationFile(std::string_view path) {
+AutocorrelationResult ReadAutocorrelationFile(const std::filesystem::path& path) {
   ResultText text(path, kAutocorrelationKind);
   AutocorrelationResult result;
   result.Used = UsageFrom(text.Header(), text.File());
@@ -65,7 +65,7 @@ AutocorrelationResult ReadAutocorrelationFile(std::string_view path) {
   return result;
 }
 
-void WriteIntervalFile(const IntervalResult& result, std::string_view path) {
+void WriteIntervalFile(const IntervalResult& result, const std::filesystem::path& path) {
   const LogIntervals& intervals = result.Intervals;
   std::vector<HeaderEntry> lines = HeaderEntries(result.Used);
   lines.push_back({"Intervals", std::to_string(intervals.Intervals)});
@@ -79,7 +79,7 @@ void WriteIntervalFile(const IntervalResult& result, std::string_view path) {
   Save(path, kIntervalKind, std::move(lines), result.Explanation, body);
 }
 
-IntervalResult ReadIntervalFile(std::string_view path) {
+IntervalResult ReadIntervalFile(const std::filesystem::path& path) {
   ResultText text(path, kIntervalKind);
   const auto count = [&](const char* key) { return HeaderCount(text.Header(), key, text.File()); };
   IntervalResult result;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -23,12 +24,12 @@ struct IntervalResult {
 /// Writes a text header of kind "TrainAutoCorr", a line of column names, then a line for each bin,
 /// "width,from,to,pairs": the bins of 1 ms from -50 to 50 ms, then those of 5 ms from -500 to 500 ms. All or nothing;
 /// throws CommandError if it cannot be written.
-void WriteAutocorrelationFile(const AutocorrelationResult& result, std::string_view path);
-AutocorrelationResult ReadAutocorrelationFile(std::string_view path);
+void WriteAutocorrelationFile(const AutocorrelationResult& result, const std::filesystem::path& path);
+AutocorrelationResult ReadAutocorrelationFile(const std::filesystem::path& path);
 
 /// Writes a text header of kind "LogISI", which also has the counts outside the bins and below 2 ms, a line of column
 /// names, then a line for each bin, "from,to,intervals".
-void WriteIntervalFile(const IntervalResult& result, std::string_view path);
-IntervalResult ReadIntervalFile(std::string_view path);
+void WriteIntervalFile(const IntervalResult& result, const std::filesystem::path& path);
+IntervalResult ReadIntervalFile(const std::filesystem::path& path);
 
 }  // namespace pallomir

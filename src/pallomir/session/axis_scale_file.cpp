@@ -10,8 +10,8 @@
 
 namespace pallomir {
 
-std::string AxesScaleFilePath(const Session& session) {
-  return session.DataDirectory + "\\AxesScaleFile";
+std::filesystem::path AxesScaleFilePath(const Session& session) {
+  return PathIn(session.DataDirectory, "AxesScaleFile");
 }
 
 void WriteAxesScaleFile(const Session& session) {
@@ -24,10 +24,10 @@ void WriteAxesScaleFile(const Session& session) {
 }
 
 void ReadAxesScaleFile(Session& session) {
-  const std::string path = AxesScaleFilePath(session);
-  if (!FileUtility::FileExists(path)) throw NotPresent(PlatformPath(path));
+  const std::filesystem::path path = AxesScaleFilePath(session);
+  if (!FileUtility::FileExists(path)) throw NotPresent(path);
   const std::string text = ReadText(path);
-  TextItems items(text, PlatformPath(path));
+  TextItems items(text, path);
   auto maximum = session.AxisMaximum, minimum = session.AxisMinimum;
   for (int p = 0; p < kParameters; ++p) {
     maximum[p] = items.Single();

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 #include "pallomir/session/session.h"
 
 namespace pallomir {
 
 /// The path of the axis range file in the data directory: 134 lines "maximum,minimum", one per parameter in order.
-std::string AxesScaleFilePath(const Session& session);
+std::filesystem::path AxesScaleFilePath(const Session& session);
 
 /// Writes the axis ranges, all or nothing. Throws CommandError on failure.
 void WriteAxesScaleFile(const Session& session);

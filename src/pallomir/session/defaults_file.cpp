@@ -4,7 +4,6 @@
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
-#include "pallomir/files/platform.h"
 #include "pallomir/files/printable.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/files/text_header.h"
@@ -30,14 +29,13 @@ std::string Line(std::string_view key, std::string_view value) {
 
 }  // namespace
 
-bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
+bool ReadDefaults(Session& session, Defaults& defaults, const std::filesystem::path& path) {
   if (!FileUtility::FileExists(path)) return true;
   defaults.Epochs.clear();
   const std::string text = ReadText(path);
   const auto body = BodyBehindHeader(text);
   if (!body) return false;
-  const std::filesystem::path file = PlatformPath(path);
-  TextItems items(std::string_view(text).substr(body->Begin), file, body->FirstLine);
+  TextItems items(std::string_view(text).substr(body->Begin), path, body->FirstLine);
   size_t epoch = 0;
   while (!items.AtEnd()) {
     const std::string key = items.Text(), value = items.Text();
@@ -48,22 +46,22 @@ bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path) {
     if (key == "posfile") defaults.PosFile = value;
     if (key == "Epoch") defaults.Epochs.push_back(value);
     if (key != "EpochEventIDs") continue;
-    if (epoch == kEpochs) throw FaultAt(ErrorKind::OutOfRange, file, items.Place(), "there are more than 30 epochs");
+    if (epoch == kEpochs) throw FaultAt(ErrorKind::OutOfRange, path, items.Place(), "there are more than 30 epochs");
     TextFields records(value);
-    session.EpochStartRecord[epoch] = RecordNumber(file, items.Place(), records.Take());
-    session.EpochEndRecord[epoch] = RecordNumber(file, items.Place(), records.Rest());
+    session.EpochStartRecord[epoch] = RecordNumber(path, items.Place(), records.Take());
+    session.EpochEndRecord[epoch] = RecordNumber(path, items.Place(), records.Rest());
     ++epoch;
   }
   return true;
 }
 
-bool IsDefaultsFile(std::string_view path) {
+bool IsDefaultsFile(const std::filesystem::path& path) {
   const std::string text = ReadText(path, kTextHeaderLimit);
   const auto body = BodyBehindHeader(text);
   return body && HeaderValue(std::string_view(text).substr(0, body->Begin), "Kind") == "Defaults";
 }
 
-void WriteDefaults(const Session& session, const Defaults& defaults, std::string_view path) {
+void WriteDefaults(const Session& session, const Defaults& defaults, const std::filesystem::path& path) {
   std::string text = TextHeader("Defaults") + Line("cbfilewrite", defaults.CBFileWrite) +
                      Line("cbfileread", defaults.CBFileRead) + Line("clustfile", defaults.ClustFile) +
                      Line("paramfile", "") + Line("posfile", defaults.PosFile);

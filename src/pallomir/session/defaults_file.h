@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -23,13 +24,13 @@ struct Defaults {
 /// without a header only clears the epoch list, and false is returned. Lines with an unknown key are skipped.
 ///
 /// Throws CommandError if the file is malformed or has a 31st pair of epoch records; values read so far are kept.
-bool ReadDefaults(Session& session, Defaults& defaults, std::string_view path);
+bool ReadDefaults(Session& session, Defaults& defaults, const std::filesystem::path& path);
 
 /// True for a file with the header of a Defaults file.
-bool IsDefaultsFile(std::string_view path);
+bool IsDefaultsFile(const std::filesystem::path& path);
 
 /// Writes a Defaults file, all or nothing; the parameter file's name is left empty. Throws CommandError if it cannot be
 /// written, or if a text contains a double quote or line end, which the format does not allow.
-void WriteDefaults(const Session& session, const Defaults& defaults, std::string_view path);
+void WriteDefaults(const Session& session, const Defaults& defaults, const std::filesystem::path& path);
 
 }  // namespace pallomir

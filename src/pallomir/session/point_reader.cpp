@@ -11,6 +11,7 @@
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/files/parameter_header.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/files/text_items.h"
 #include "pallomir/session/row_reader.h"
 #include "pallomir/session/start_up.h"
@@ -19,7 +20,7 @@ namespace pallomir {
 
 namespace {
 
-std::optional<double> VideoRate(const std::string& path) {
+std::optional<double> VideoRate(const std::filesystem::path& path) {
   try {
     const std::string text = ReadText(path, 256);
     return NumberFromText(TextItems(text, "VideoSampling").Text());
@@ -162,7 +163,7 @@ void Load(Session& session, World& world, FileReader& file, int32_t first, int32
 }  // namespace
 
 void CheckVideoSampling(const Session& session) {
-  const std::string path = session.DataDirectory + "\\..\\VideoSampling";
+  const std::filesystem::path path = PathIn(session.DataDirectory, "..\\VideoSampling");
   if (!FileUtility::FileExists(path)) throw ProgramEnd("Video Sampling File does not exist--abort program");
   const auto rate = VideoRate(path);
   const double whole = rate ? std::nearbyint(*rate) : 0;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -26,7 +27,7 @@ using ByEpoch = std::array<T, kEpochs>;
 
 /// The parameter file of the run.
 struct ParameterFile {
-  std::string Path;
+  std::filesystem::path Path;
   long HeaderLength = 0;
   int64_t RecordCount = 0;
 };
@@ -44,7 +45,7 @@ struct ClusterNote {
 /// The state shared by all forms: one instance, created in main() and passed by reference. Data only.
 struct Session {
   ParameterFile File;
-  std::string DataDirectory;
+  std::filesystem::path DataDirectory;
 
   /// The loaded rows: none before the first load, then one for each record of the range. Loops over points use
   /// Points.Rows(), which follows the range.

@@ -7,7 +7,7 @@
 
 namespace pallomir {
 
-void OpenParameterFile(Session& session, std::string_view path) {
+void OpenParameterFile(Session& session, const std::filesystem::path& path) {
   if (!IsParameterFileName(path)) throw ProgramEnd("File name must end in a .Ntt.parms extension. Exiting program.");
   FileReader file(path);
   const long header = ParameterHeaderLength(file);
@@ -15,7 +15,7 @@ void OpenParameterFile(Session& session, std::string_view path) {
     throw FaultOf(ErrorKind::Foreign, file.Path(),
                   "is not recognised as a parameter file: no spikes were found after a Pallomir header, an "
                   "acquisition-system header or a few lines of text, nor at the start of the file");
-  session.File = {std::string(path), header, RowCount(file.Length(), header)};
+  session.File = {path, header, RowCount(file.Length(), header)};
 }
 
 void InitialiseSession(Session& session) {

@@ -12,7 +12,7 @@
 
 namespace pallomir {
 
-std::optional<RecordGeometry> GeometryOf(const std::string& path) {
+std::optional<RecordGeometry> GeometryOf(const std::filesystem::path& path) {
   const std::string extension = FileUtility::GetExtension(path);
   if (extension == "Ntt") return RecordGeometry{kTetrodeLayout.RecordBytes, kRawHeaderBytes};
   if (extension != "parms") return {};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <optional>
 #include <span>
@@ -19,7 +20,7 @@ struct RecordGeometry {
 };
 
 /// By the extension, "parms" or "Ntt"; empty for any other, or if the header cannot be read.
-std::optional<RecordGeometry> GeometryOf(const std::string& path);
+std::optional<RecordGeometry> GeometryOf(const std::filesystem::path& path);
 
 /// Reads the stamps of all records in order, in blocks: `visit` gets the number of a block's first record and the
 /// block's stamps in microseconds, and returns true to end the scan. Throws CommandError if the file ends before its
