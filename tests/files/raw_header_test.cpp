@@ -34,7 +34,7 @@ TEST(RawHeader, GivesOneNumberOrOneAChannel) {
 
 TEST(RawHeader, ThatIsMadeHasTheFullLengthAndIsRead) {
   const std::string header = MakeRawHeader("a title", {{"RecordSize", "304"}});
-  EXPECT_EQ(header.size(), kRawHeaderBytes);
+  EXPECT_EQ(header.size(), kRawHeaderLength);
   EXPECT_TRUE(header.starts_with("######## a title\r\n-RecordSize 304\r\n"));
   EXPECT_EQ(header.back(), '\0');
   EXPECT_EQ(HeaderText(header, "RecordSize"), "304");

@@ -77,7 +77,7 @@ TEST_F(EventsFile, TheFirstMillionLinesAreListedAndThatThereAreMore) {
   const std::string path = folder.Put("Events.Nev", AcquisitionHeader());
   const std::string note = "Only the first million events are listed: the file holds more.\r\n";
   for (const auto& [records, more] : {std::pair(999'999, false), {1'000'000, true}}) {
-    std::filesystem::resize_file(path, kRawHeaderBytes + uintmax_t{184} * static_cast<unsigned>(records));
+    std::filesystem::resize_file(path, kRawHeaderLength + uintmax_t{184} * static_cast<unsigned>(records));
     const std::string listing = EventsListing(path, false);
     EXPECT_EQ(std::count(listing.begin(), listing.end(), '\n'), kMostEvents + (more ? 1 : 0)) << records;
     EXPECT_EQ(listing.ends_with("0  \r\n" + note), more) << records;

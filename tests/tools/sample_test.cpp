@@ -28,7 +28,7 @@ struct SampleRecording : ::testing::Test {
   static void SetUpTestSuite() {
     folder = std::make_unique<TemporaryFolder>();
     report = Make(*folder, "recording", 80'000);
-    raw = ReadText(*folder / "recording/TT1/TT1.Ntt").substr(kRawHeaderBytes);
+    raw = ReadText(*folder / "recording/TT1/TT1.Ntt").substr(kRawHeaderLength);
     rows = std::make_unique<ParameterRows>(*folder / "recording/TT1/TT1.Ntt.parms");
   }
   static void TearDownTestSuite() { folder.reset(); }

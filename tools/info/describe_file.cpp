@@ -72,7 +72,7 @@ std::string DescribeFile(const std::filesystem::path& path, ProgressBar& progres
     if (!kind.empty()) return DescribeOwnText(path, header);
   }
   if (beginning.starts_with('#'))
-    if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderBytes)))
+    if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderLength)))
       return DescribeRaw(path, *layout, progress);
   throw FaultOfPath(ErrorKind::Foreign, path, "is not a file of a kind that is known here");
 }

@@ -20,7 +20,7 @@ void AddRecords(Facts& facts, const RawFile& file) {
   const std::string size = std::to_string(file.Layout().RecordBytes);
   facts.Add("records", CountText(file.RecordCount()) + " of " + size + " bytes");
   facts.Add("header", file.Header().empty() ? "none" : std::to_string(file.Header().size()) + " bytes");
-  if (!file.Header().empty() && file.Header().size() < kRawHeaderBytes) facts.Odd("the file ends within its header");
+  if (!file.Header().empty() && file.Header().size() < kRawHeaderLength) facts.Odd("the file ends within its header");
   if (file.TrailingBytes() > 0)
     facts.Odd("bytes at the end that are no whole record: " + std::to_string(file.TrailingBytes()));
 }

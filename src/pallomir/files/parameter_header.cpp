@@ -17,7 +17,7 @@ namespace pallomir {
 namespace {
 
 constexpr size_t kRowsLookedAt = 64;
-constexpr auto kAcquisitionHeader = static_cast<long>(kRawHeaderBytes);
+constexpr auto kAcquisitionHeaderLength = static_cast<long>(kRawHeaderLength);
 
 bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLength) {
   const int64_t rows = RowCount(fileLength, static_cast<long>(header));
@@ -41,7 +41,7 @@ size_t PrintableLength(std::string_view text) {
 /// The possible lengths of a header other than our own, likeliest first.
 std::vector<size_t> PossibleLengths(std::string_view beginning) {
   std::vector<size_t> lengths;
-  if (beginning.starts_with('#')) lengths.push_back(kRawHeaderBytes);
+  if (beginning.starts_with('#')) lengths.push_back(kRawHeaderLength);
   for (size_t length = std::min(PrintableLength(beginning), kTextHeaderLimit); length > 0; --length)
     if (beginning[length - 1] == '\n') lengths.push_back(length);
   lengths.push_back(0);
@@ -61,7 +61,7 @@ long ParameterHeaderLength(FileReader& file) {
   const auto isAll = [&](long header) { return file.Length() == static_cast<uint64_t>(header); };
 
   if (const long own = TextHeaderLength(beginning); own >= 0 && (isAll(own) || fits(own))) return own;
-  if (beginning.starts_with('#') && isAll(kAcquisitionHeader)) return kAcquisitionHeader;
+  if (beginning.starts_with('#') && isAll(kAcquisitionHeaderLength)) return kAcquisitionHeaderLength;
   long withPieceAtEnd = -1;
   for (const size_t length : PossibleLengths(beginning)) {
     if (!fits(length)) continue;

@@ -18,7 +18,7 @@ const RawLayout* LayoutByExtension(const std::filesystem::path& path) {
 RawFile::RawFile(const std::filesystem::path& path, const RawLayout& layout) : file_(path), layout_(layout) {
   char firstByte = 0;
   if (file_.ReadUpTo(0, &firstByte, 1) == 1 && firstByte == '#') {
-    header_.resize(kRawHeaderBytes);
+    header_.resize(kRawHeaderLength);
     header_.resize(file_.ReadUpTo(0, header_.data(), header_.size()));
   }
   const uint64_t data = file_.Length() - std::min<uint64_t>(file_.Length(), header_.size());

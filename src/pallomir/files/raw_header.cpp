@@ -44,7 +44,7 @@ std::vector<double> HeaderNumbers(std::string_view header, std::string_view key)
 std::string MakeRawHeader(std::string_view title, const std::vector<std::pair<std::string, std::string>>& lines) {
   std::string header = "######## " + std::string(title) + "\r\n";
   for (const auto& [key, value] : lines) header.append("-").append(key).append(" ").append(value).append("\r\n");
-  header.resize(kRawHeaderBytes, '\0');
+  header.resize(kRawHeaderLength, '\0');
   return header;
 }
 

@@ -27,7 +27,7 @@ inline constexpr RawLayout kEventsLayout{RawKind::Events, "Nev", "events", 184, 
 inline constexpr RawLayout kVideoLayout{RawKind::Video, "Nvt", "video frames", 1828, 6, 0};
 inline constexpr std::array kRawLayouts{kTetrodeLayout, kSingleElectrodeLayout, kEventsLayout, kVideoLayout};
 
-inline constexpr size_t kRawHeaderBytes = 16384;
+inline constexpr size_t kRawHeaderLength = 16384;
 /// A file is not taken for one of records if its first stamps reach this limit, in microseconds.
 inline constexpr uint64_t kStampLimit = 100'000'000'000'000'000;
 inline constexpr int kWaveformSamples = 32;

@@ -17,7 +17,7 @@ namespace pallomir {
 
 namespace {
 
-constexpr auto kHeader = static_cast<int64_t>(kRawHeaderBytes);
+constexpr auto kHeaderLength = static_cast<int64_t>(kRawHeaderLength);
 constexpr auto kRecord = static_cast<int64_t>(kEventsLayout.RecordBytes);
 
 std::string Printable(const unsigned char* begin, const unsigned char* end) {
@@ -45,8 +45,8 @@ std::string EventsListing(const std::filesystem::path& path, bool filter, const 
   FileReader file(path);
   unsigned char first = 0;
   file.ReadUpTo(0, &first, 1);
-  const int64_t start = first == '#' ? kHeader : 0;
-  const double places = static_cast<double>(static_cast<int64_t>(file.Length()) - kHeader) / kRecord;
+  const int64_t start = first == '#' ? kHeaderLength : 0;
+  const double places = static_cast<double>(static_cast<int64_t>(file.Length()) - kHeaderLength) / kRecord;
   const auto last = static_cast<int64_t>(std::nearbyint(places));
   constexpr int64_t kBlock = 4096;
   std::vector<unsigned char> bytes(static_cast<size_t>(std::clamp<int64_t>(last + 1, 0, kBlock) * kRecord));

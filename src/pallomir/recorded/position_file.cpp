@@ -16,7 +16,7 @@ namespace {
 
 /// Appends the samples of the file, as recorded.
 void ReadRecorded(const std::filesystem::path& path, FileReader& file, const Progress& progress, Positions& positions) {
-  const std::string beginning = ReadText(path, kRawHeaderBytes + kFramesLookedAt * kVideoLayout.RecordBytes);
+  const std::string beginning = ReadText(path, kRawHeaderLength + kFramesLookedAt * kVideoLayout.RecordBytes);
   const long ownHeader = TextHeaderLength(beginning);
   if (ownHeader < 0 && beginning.find('\0') != std::string::npos) {
     const auto header = VideoHeaderLength(beginning, file.Length());

@@ -44,10 +44,10 @@ bool NamesFrameSize(std::string_view header) {
 }  // namespace
 
 std::optional<size_t> VideoHeaderLength(std::string_view beginning, uint64_t fileLength) {
-  if (beginning.starts_with('#') && beginning.size() >= kRawHeaderBytes) {
-    if (!NamesFrameSize(beginning.substr(0, kRawHeaderBytes))) return {};
-    const bool empty = fileLength < kRawHeaderBytes + kFrameBytes;
-    if (empty || FramesMakeSense(beginning.substr(kRawHeaderBytes))) return kRawHeaderBytes;
+  if (beginning.starts_with('#') && beginning.size() >= kRawHeaderLength) {
+    if (!NamesFrameSize(beginning.substr(0, kRawHeaderLength))) return {};
+    const bool empty = fileLength < kRawHeaderLength + kFrameBytes;
+    if (empty || FramesMakeSense(beginning.substr(kRawHeaderLength))) return kRawHeaderLength;
   }
   if (FramesMakeSense(beginning)) return 0;
   return {};

@@ -22,10 +22,10 @@ std::string HeldRecords(const Session& session) {
 
 double StampAt(FileReader& file, const Session& session, const RecordGeometry& geometry, double record) {
   const double position =
-      std::nearbyint(record * static_cast<double>(geometry.RecordBytes) + static_cast<double>(geometry.Header));
+      std::nearbyint(record * static_cast<double>(geometry.RecordBytes) + static_cast<double>(geometry.HeaderLength));
   unsigned char stamp[kStampBytes];
   // An offset before record 0, even by a part of a record, is in the header; no file is longer than 9e18 bytes.
-  const bool readable = position >= static_cast<double>(geometry.Header) && position < 9e18;
+  const bool readable = position >= static_cast<double>(geometry.HeaderLength) && position < 9e18;
   if (!readable || file.ReadUpTo(static_cast<uint64_t>(position), stamp, sizeof stamp) < sizeof stamp)
     throw CommandError(ErrorKind::OutOfRange,
                        "Record " + DoubleText(record) + " is not in " + file.Name() + ": " + HeldRecords(session),

@@ -14,7 +14,7 @@ namespace pallomir {
 
 std::optional<RecordGeometry> GeometryOf(const std::filesystem::path& path) {
   const std::string extension = FileUtility::GetExtension(path);
-  if (extension == "Ntt") return RecordGeometry{kTetrodeLayout.RecordBytes, kRawHeaderBytes};
+  if (extension == "Ntt") return RecordGeometry{kTetrodeLayout.RecordBytes, kRawHeaderLength};
   if (extension != "parms") return {};
   const long header = FileUtility::GetHeaderLength(path);
   if (header == -1) return {};
@@ -31,8 +31,8 @@ void ScanStamps(FileReader& file, const Session& session, World& world, const Re
   WorkPace pace(world);
   for (int64_t first = 0; first < count; first += kBlock) {
     const auto records = static_cast<size_t>(std::min(kBlock, count - first));
-    const size_t got =
-        file.ReadUpTo(geometry.Header + first * geometry.RecordBytes, bytes.data(), records * geometry.RecordBytes);
+    const size_t got = file.ReadUpTo(geometry.HeaderLength + first * geometry.RecordBytes, bytes.data(),
+                                     records * geometry.RecordBytes);
     for (size_t r = 0; r < records; ++r) {
       const size_t place = r * geometry.RecordBytes;
       if (place + kStampBytes > got)

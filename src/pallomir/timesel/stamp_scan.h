@@ -16,7 +16,7 @@ namespace pallomir {
 /// Size of a file's records and of the header before them, in bytes.
 struct RecordGeometry {
   size_t RecordBytes;
-  long Header;
+  long HeaderLength;
 };
 
 /// By the extension, "parms" or "Ntt"; empty for any other, or if the header cannot be read.
