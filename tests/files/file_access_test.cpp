@@ -66,6 +66,8 @@ TEST(Paths, OfAnyNameLeadBackToTheFile) {
     EXPECT_EQ(ReadText(PathIn(native, "..\\" + PathText(name) + "\\Defaults")), name);
   }
   for (const char* text : {"/W\\..\\Pos.p", "/W/x\\y", "W\\x/y.txt"}) EXPECT_EQ(PathText(PlatformPath(text)), text);
+  EXPECT_EQ(PathIn("/W", "..\\x/Pos.p"), "/W/../x/Pos.p");
+  EXPECT_EQ(PathText(PathIn("/W", "..\\x/Pos.p")), "/W\\..\\x/Pos.p");
   EXPECT_EQ(ReadablePath("W" + PathText("\\x") + "\\Defaults is empty."), "W\\x\\Defaults is empty.");
 }
 
