@@ -34,22 +34,23 @@ void Print(const pallomir::ImportReport& report) {
 void AddAngleOptions(CLI::App& command, CLI::Option* video, pallomir::ImportRequest& import) {
   const auto takeZero = [&import](const std::string& text) {
     const auto zero = pallomir::AngleZeroFromText(text);
-    if (!zero) throw CLI::ValidationError("--angle-zero", text + " is none of +x, +y, -x, -y, nor a number");
+    if (!zero) throw CLI::ValidationError("--angle-zero", text + " is neither +x, +y, -x, -y nor a number");
     import.Angles.Zero = *zero;
   };
   CLI::Option* zero = command.add_option_function<std::string>(
       "--angle-zero", takeZero,
-      "Where the head points at angle 0: +x, +y, -x, -y, or degrees from +x towards +y; otherwise +y");
+      "Where the head points at angle 0: +x, +y, -x, -y, or degrees from +x towards +y; default +y");
   const auto takeSense = [&import](const std::string& text) { import.Angles.Clockwise = text == "cw"; };
   CLI::Option* sense =
       command
-          .add_option_function<std::string>("--angle-sense", takeSense,
-                                            "cw: angles grow from +y towards +x; ccw: from +x towards +y; otherwise cw")
+          .add_option_function<std::string>(
+              "--angle-sense", takeSense, "cw: angles increase from +y towards +x; ccw: from +x towards +y; default cw")
           ->check(CLI::IsMember({"cw", "ccw"}));
-  CLI::Option* up = command.add_flag("--y-up", import.Angles.YUp,
-                                     "The y of the angles, not that of the places, grows upward in the video picture");
+  CLI::Option* up =
+      command.add_flag("--y-up", import.Angles.YUp,
+                       "The y of the angles, unlike that of the positions, increases upward in the video image");
   CLI::Option* none = command.add_flag_callback(
-      "--no-angle", [&import] { import.HasAngles = false; }, "The angles of the video file mean nothing");
+      "--no-angle", [&import] { import.HasAngles = false; }, "The angles of the video file are meaningless");
   for (CLI::Option* option : {zero, sense, up}) option->needs(video)->excludes(none);
   none->needs(video);
 }
@@ -59,17 +60,17 @@ void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
   AddPath(*command, "--spikes", import.Spikes, "Spike file: .Ntt or .Nse")->required();
   CLI::Option* video = AddPath(*command, "--video", import.Video, "Video tracking file: .Nvt");
   AddPath(*command, "--events", import.Events, "Events file: .Nev");
-  AddPath(*command, "--out", import.Out, "Folder of the recording, made where it is missing")->required();
-  command->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written into Pos.p")
+  AddPath(*command, "--out", import.Out, "Folder of the recording; created if it does not exist")->required();
+  command->add_option("--pixels-per-cm", import.PixelsPerCm, "Scale of the video, written to Pos.p")
       ->check(CLI::PositiveNumber)
       ->needs(video);
   AddAngleOptions(*command, video, import);
-  command->add_flag("--replace", import.Replace, "Put new files in the places of those that hold something else");
+  command->add_flag("--replace", import.Replace, "Replace existing files with other contents");
 }
 
 int Run(int argc, char** argv) {
-  CLI::App app("Brings recordings into the form that Pallomir opens.", "pallomir-cli");
-  app.set_version_flag("--version", "pallomir-cli " PALLOMIR_VERSION, "Say which version this is");
+  CLI::App app("Imports recordings for Pallomir.", "pallomir-cli");
+  app.set_version_flag("--version", "pallomir-cli " PALLOMIR_VERSION, "Print the version");
   app.require_subcommand(1);
   pallomir::ProgressBar progress(std::cerr, pallomir::StandardErrorIsTerminal());
 
@@ -79,19 +80,20 @@ int Run(int argc, char** argv) {
 
   pallomir::SampleRequest sample;
   CLI::App* sampleCommand = app.add_subcommand("sample", "Simulate a recording and import it");
-  AddPath(*sampleCommand, "folder", sample.Folder, "Folder of the recording, made where it is missing")->required();
-  sampleCommand->add_option("--spikes", sample.Spikes, "How many spikes")
+  AddPath(*sampleCommand, "folder", sample.Folder, "Folder of the recording; created if it does not exist")->required();
+  sampleCommand->add_option("--spikes", sample.Spikes, "Number of spikes")
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleSpikes));
   sampleCommand->add_option("--seed", sample.Seed, "The same seed gives the same recording")->capture_default_str();
-  sampleCommand->add_option("--minutes", sample.Minutes, "How long it lasts; longer beyond 15 000 spikes a minute")
+  sampleCommand
+      ->add_option("--minutes", sample.Minutes, "Length of the recording; longer beyond 15 000 spikes per minute")
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleMinutes));
-  sampleCommand->add_flag("--replace", sample.Replace, "Go on where the folder holds something");
+  sampleCommand->add_flag("--replace", sample.Replace, "Continue even if the folder is not empty");
   sampleCommand->callback([&] { Print(MakeSample(sample, progress)); });
 
   std::filesystem::path file;
-  CLI::App* infoCommand = app.add_subcommand("info", "Say what a file is and what is odd about it");
+  CLI::App* infoCommand = app.add_subcommand("info", "Describe a file and what is odd about it");
   AddPath(*infoCommand, "file", file, "The file")->required();
   infoCommand->callback([&] { std::cout << pallomir::DescribeFile(file, progress); });
 
@@ -111,7 +113,7 @@ int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
   } catch (const pallomir::Interrupted&) {
-    std::cerr << "Stopped; no file is half written.\n";
+    std::cerr << "Stopped; no incomplete file was left behind.\n";
     return kStopped;
   } catch (const std::bad_alloc&) {
     std::cerr << "There is not enough memory.\n";

@@ -66,7 +66,7 @@ void ProgressBar::End(std::string_view done) {
 std::string ProgressBar::Rate(uint64_t count) const {
   const double seconds = std::chrono::duration<double>(now_() - begin_).count();
   if (count == 0 || seconds <= 0) return {};
-  return " (" + RoundedText(static_cast<double>(count) / seconds, 0) + " a second)";
+  return " (" + RoundedText(static_cast<double>(count) / seconds, 0) + " per second)";
 }
 
 void ProgressBar::EraseBar() {

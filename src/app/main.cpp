@@ -16,7 +16,7 @@ void Describe(QCommandLineParser& line) {
   line.setApplicationDescription("Cuts clusters of spikes out of tetrode recordings.");
   line.addHelpOption();
   line.addVersionOption();
-  line.addPositionalArgument("file", "The parameter file (.Ntt.parms) to open; a dialog asks for one otherwise.",
+  line.addPositionalArgument("file", "The parameter file (.Ntt.parms) to open; without it, a dialog asks for one.",
                              "[file]");
 }
 

@@ -23,7 +23,7 @@ struct CenterFile : ::testing::Test {
   }
 };
 
-TEST_F(CenterFile, StandsBesideThePositionFileUnderTheNameTyped) {
+TEST_F(CenterFile, IsWrittenNextToThePositionFileUnderTheNameTyped) {
   WriteCenterFile(session, world, "CenterCoords", {312.5F, 1.0F / 3});
   EXPECT_EQ(ReadText(folder / "CenterCoords"), "312.5,0.3333333\r\n");
   WriteCenterFile(session, world, "other", {-1, 1.5e7F});

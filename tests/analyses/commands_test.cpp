@@ -13,7 +13,7 @@
 namespace pallomir {
 namespace {
 
-/// Components that write down what they are asked for; paths without the data directory.
+/// Components that record the requests they get; paths without the data directory.
 struct RecordingComponents : Components {
   std::string Directory;
   std::vector<std::string> Calls;
@@ -95,7 +95,7 @@ struct AnalysisCommands : ::testing::Test {
   using Calls = std::vector<std::string>;
 };
 
-TEST_F(AnalysisCommands, HandTheirFilesOverInOrder) {
+TEST_F(AnalysisCommands, PassTheirFilesOnInOrder) {
   ShowRateMap(session, tools, "Pos.p", "Gray");
   ShowOccupancyMap(session, tools, "Pos.p");
   ShowSpatialAutoCorr(session, tools, "Pos.p", "Color");
@@ -133,7 +133,7 @@ TEST_F(AnalysisCommands, WithoutAClusterNothingIsWritten) {
   EXPECT_EQ(parts.Calls.size(), 3U);
 }
 
-TEST_F(AnalysisCommands, ThatEndEarlyLeaveTheTemporaryModeOn) {
+TEST_F(AnalysisCommands, LeaveTheTemporaryModeOnWhenTheyEndEarly) {
   const std::string absent = PathText(session.DataDirectory) + "\\..\\gone.p is not present";
   const std::string spikes = "Error.  Neuralynx .Ntt spike file is not present.";
   const std::tuple<std::function<void()>, std::string> cases[] = {
@@ -159,7 +159,7 @@ TEST_F(AnalysisCommands, ThatEndEarlyLeaveTheTemporaryModeOn) {
   EXPECT_FALSE(session.TemporaryMode);
 }
 
-TEST(SpikeFilePath, LeadsBackFromTheParameterFile) {
+TEST(SpikeFilePath, IsDerivedFromTheParameterFile) {
   EXPECT_EQ(SpikeFilePath("D/TT1.Ntt.parms"), "D/TT1.Ntt");
   EXPECT_EQ(SpikeFilePath("D/TT1.Ntt"), "D/TT1.Ntt");
 }

@@ -1,4 +1,4 @@
-// The report's contents, from the files that a cluster, its recording and its notes leave.
+// The report's contents, from the files of a cluster, its recording and its notes.
 
 #include "pallomir/analyses/report.h"
 
@@ -19,7 +19,7 @@ constexpr const char* kNoCentre = "Angles are measured about the centre of the t
 struct ReportOfCluster : ::testing::Test {
   const TemporaryFolder folder;
   RecordingWorld world;
-  /// An animal that looks to the right while it goes there.
+  /// An animal that runs to the right and looks ahead.
   std::string positions = "0 10 50 0\n30000 20 50 1\n60000 30 50 1\n90000 40 50 1\n";
 
   Report Make(std::pair<double, double> range, const std::vector<int64_t>& spikes) {
@@ -36,8 +36,8 @@ struct ReportOfCluster : ::testing::Test {
   }
 };
 
-TEST_F(ReportOfCluster, AllPartsAreOfTheSameSpikes) {
-  // The end lies between two microseconds; the spike behind it is in no part.
+TEST_F(ReportOfCluster, UsesTheSameSpikesInAllParts) {
+  // The end lies between two microseconds; no part uses the spike after it.
   const Report report = Make({999.5, 80'000.6}, {80'001, 999, 1'000, 2'500, 70'000, 80'000});
   EXPECT_EQ(report.Spikes.Time, (std::vector<int64_t>{1'000, 2'500, 70'000, 80'000}));
   EXPECT_EQ(report.Spikes.MaxHeight, std::vector<float>(4, 17));
@@ -54,7 +54,7 @@ TEST_F(ReportOfCluster, AllPartsAreOfTheSameSpikes) {
                                 kNoCentre);
 }
 
-TEST_F(ReportOfCluster, RemarksTellWhatTheSpikeFileLacksOrHasTooMuchOf) {
+TEST_F(ReportOfCluster, RemarksOnMissingAndSurplusRecordsOfTheSpikeFile) {
   const AnalysisFiles files = PutSpikes(folder, {0, 100'000}, {1'000, 2'000, 3'000, 4'000});
   const std::string odd = SpikeBytes(UINT64_MAX, 1), good = SpikeBytes(1'000, 100) + SpikeBytes(2'000, 100);
   const std::string three = good + SpikeBytes(3'000, 100);
@@ -73,7 +73,7 @@ TEST_F(ReportOfCluster, RemarksTellWhatTheSpikeFileLacksOrHasTooMuchOf) {
   EXPECT_EQ(Make(files, SpikeFileHeader() + three + SpikeBytes(4'000, 100)).Remarks, start);
 }
 
-TEST_F(ReportOfCluster, AnEndThatIsNoTimeLeavesRateAndContaminationOpen) {
+TEST_F(ReportOfCluster, AnImpossibleEndLeavesRateAndContaminationUnknown) {
   const Report report = Make({0, 18446744073709551615.0}, {1'000, 2'500, 70'000});
   EXPECT_EQ(report.Rate.Used.Spikes, 3);
   EXPECT_TRUE(std::isnan(report.MeanRate));
@@ -83,7 +83,7 @@ TEST_F(ReportOfCluster, AnEndThatIsNoTimeLeavesRateAndContaminationOpen) {
                                 "unknown.");
 }
 
-TEST_F(ReportOfCluster, CentreAndNoteAreTakenWhereTheyCanBeRead) {
+TEST_F(ReportOfCluster, TakesCentreAndNoteIfTheyCanBeRead) {
   std::string notes;
   for (int c = 0; c <= kClusters; ++c) notes += std::to_string(c) + ",\"\",\"of " + std::to_string(c) + "\"\r\n";
   folder.Put("ClNotes", notes);
@@ -106,7 +106,7 @@ TEST_F(ReportOfCluster, CentreAndNoteAreTakenWhereTheyCanBeRead) {
                 kNoCentre);
 }
 
-TEST_F(ReportOfCluster, RemarksTellWhichDirectionsTheseAre) {
+TEST_F(ReportOfCluster, RemarksSayWhichDirectionsAreUsed) {
   const std::string start =
       std::string("Used 1 of 1 spikes. ") + kNoCentre + " Directions are those of travel, not of the head.";
   positions = "0 10 50\n30000 20 50\n60000 30 50\n90000 40 50\n";
@@ -119,14 +119,14 @@ TEST_F(ReportOfCluster, RemarksTellWhichDirectionsTheseAre) {
             start + " Pos.p contains no directions, and the animal never travelled faster than 20 pixels/s.");
   EXPECT_TRUE(std::isnan(still.Direction.VectorLength));
   EXPECT_EQ(still.Rate.Explanation, "");
-  // What the maps say is not said again.
+  // Remarks do not repeat what the maps say.
   positions = "";
   const Report nowhere = Make({0, 100'000}, {30'000});
   EXPECT_EQ(nowhere.Occupancy.Explanation, "Pos.p contains no position samples.");
   EXPECT_EQ(nowhere.Remarks.find("Pos.p"), std::string::npos);
 }
 
-TEST_F(ReportOfCluster, EndsWhereAFileIsMissing) {
+TEST_F(ReportOfCluster, FailsIfAFileIsMissing) {
   const AnalysisFiles files = PutSpikes(folder, {0, 100'000}, {30'000});
   const std::string missing = folder / "none";
   const std::string spikes = folder.Put("TT1.Ntt", SpikeFileHeader()), place = folder.Put("Pos.p", positions);

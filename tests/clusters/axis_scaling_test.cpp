@@ -15,7 +15,7 @@ struct AxisScaling : ::testing::Test {
   Range Axis(int p) const { return {session.AxisMinimum[p], session.AxisMaximum[p]}; }
 };
 
-TEST_F(AxisScaling, StepsUseThePresentWidthOfEachAxisOnView) {
+TEST_F(AxisScaling, StepsUseTheCurrentWidthOfEachShownAxis) {
   session.AxisMinimum[1] = -50;
   session.AxisMaximum[1] = 0;
   ScaleUp(session);
@@ -32,7 +32,7 @@ TEST_F(AxisScaling, StepsUseThePresentWidthOfEachAxisOnView) {
   EXPECT_EQ(Axis(2), Range(0, 100)) << "not on view";
 }
 
-TEST_F(AxisScaling, OnlyTheTypedEndChangesOfOneOrOfAll134) {
+TEST_F(AxisScaling, ChangesOnlyTheTypedEndOfOneOrAll134Axes) {
   SetAxis(session, 1, {std::nullopt, 50});
   EXPECT_EQ(Axis(1), Range(0, 50));
   SetAllAxes(session, {-2, std::nullopt});

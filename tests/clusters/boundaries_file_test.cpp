@@ -1,4 +1,4 @@
-// The boundaries file: what is written is read back, and whatever is in a file leaves a session that goes on.
+// The boundaries file: what is written is read back, and no file contents break the session.
 
 #include "pallomir/clusters/boundaries_file.h"
 
@@ -70,7 +70,7 @@ TEST(BoundariesFile, IsWrittenLineByLine) {
   EXPECT_EQ(desk.World.Log, std::vector<std::string>{"Wrote CBFile " + PathText(desk.Path("cbfile.m1"))});
 }
 
-TEST(BoundariesFile, BringsAWholeCutBack) {
+TEST(BoundariesFile, RestoresAWholeCut) {
   Desk desk;
   std::mt19937 generator(7);
   const auto number = [&] { return static_cast<float>(generator() % 100000) / 997.0F; };
@@ -100,7 +100,7 @@ TEST(BoundariesFile, BringsAWholeCutBack) {
     ASSERT_EQ(ListOf(other.Shared, i), ListOf(desk.Shared, i)) << "point " << i;
 }
 
-TEST(BoundariesFile, ReadersTreatScatteredRecordsEachInItsWay) {
+TEST(BoundariesFile, EachReaderTreatsScatteredRecordsInItsOwnWay) {
   Desk desk;
   desk.PutRecords("mixed", Triangle(1) + Triangle(2) + Triangle(1, 7));
   ASSERT_TRUE(ReadCBFile(desk.Shared, desk.Path("mixed")));
@@ -119,7 +119,7 @@ TEST(BoundariesFile, ReadersTreatScatteredRecordsEachInItsWay) {
   EXPECT_EQ(selected.Shared.DefinitionCounter, 2);
 }
 
-TEST(BoundariesFile, NamesInItReplaceTheCatalogues) {
+TEST(BoundariesFile, ReplacesTheNamesOfTheCatalogue) {
   Desk desk;
   desk.PutRecords("named", Triangle(1, 7));
   ASSERT_TRUE(ReadCBFile(desk.Shared, desk.Path("named")));
@@ -128,7 +128,7 @@ TEST(BoundariesFile, NamesInItReplaceTheCatalogues) {
   EXPECT_EQ(BodyOf(desk.Folder / "again.txt"), Triangle(1, 7));
 }
 
-TEST(BoundariesFile, NamesAreTakenFromWholeRecordsAlone) {
+TEST(BoundariesFile, TakesNamesFromWholeRecordsOnly) {
   const std::string whole = Triangle(1, 7);
   const size_t names = whole.find("\"A\"");
   const std::string long255(255, 'x');
@@ -159,7 +159,7 @@ TEST(BoundariesFile, NamesAreTakenFromWholeRecordsAlone) {
   EXPECT_EQ(desk.Shared.ParameterNames[7], long255);
 }
 
-TEST(BoundariesFile, SelectedClustersAreReadBesideRecordsOfAnyNumber) {
+TEST(BoundariesFile, ReadsSelectedClustersAmongRecordsOfAnyNumber) {
   Desk desk;
   desk.Define(2, RectangleOf(0, 0, 10, 10));
   desk.PutRecords("foreign", Triangle(31) + Triangle(-5) + Triangle(1) + Triangle(400) + Triangle(2) +
@@ -172,7 +172,7 @@ TEST(BoundariesFile, SelectedClustersAreReadBesideRecordsOfAnyNumber) {
   EXPECT_EQ(desk.Shared.Clusters[2], kept);
 }
 
-TEST(BoundariesFile, ThatWentAwayDeletesWhatWasToBeReplacedAndUndoLeadsBack) {
+TEST(BoundariesFile, DeletesTheSelectedClustersIfItDisappearedAndUndoRestoresThem) {
   Desk desk;
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   desk.Define(5, RectangleOf(0, 0, 10, 10));
@@ -185,7 +185,7 @@ TEST(BoundariesFile, ThatWentAwayDeletesWhatWasToBeReplacedAndUndoLeadsBack) {
   EXPECT_EQ(PointsInCluster(desk.Shared, 4), 9);
 }
 
-TEST(BoundariesFile, WithoutRecordsOrHeaderDeletesTheClusters) {
+TEST(BoundariesFile, DeletesTheClustersIfItHasNoRecordsOrHeader) {
   Desk desk;
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   desk.PutRecords("empty", "");
@@ -203,7 +203,7 @@ TEST(BoundariesFile, WithoutRecordsOrHeaderDeletesTheClusters) {
   EXPECT_EQ(PointsInCluster(desk.Shared, 0), 441);
 }
 
-TEST(BoundariesFile, WithoutRecordsDeletesTheFirstAndTheLastClusterToo) {
+TEST(BoundariesFile, DeletesTheFirstAndTheLastClusterTooIfItHasNoRecords) {
   Desk desk;
   desk.PutRecords("empty", "");
   for (const int c : {1, kClusters}) {
@@ -218,7 +218,7 @@ TEST(BoundariesFile, WithoutRecordsDeletesTheFirstAndTheLastClusterToo) {
   }
 }
 
-TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
+TEST(BoundariesFile, NamesFaultsAndUndoRestoresTheCut) {
   std::string manyBoundaries;
   for (int b = 0; b < 22; ++b) manyBoundaries += Triangle(6);
   const std::string undo =
@@ -250,7 +250,7 @@ TEST(BoundariesFile, FaultsAreNamedAndUndoLeadsBack) {
   }
 }
 
-TEST(BoundariesFile, WritesThatFailLeaveTheEarlierFile) {
+TEST(BoundariesFile, KeepsTheEarlierFileIfWritingFails) {
   Desk desk;
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
@@ -260,27 +260,27 @@ TEST(BoundariesFile, WritesThatFailLeaveTheEarlierFile) {
     EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("cut")); }), "");
   }
   EXPECT_EQ(ReadText(desk.Folder / "cut.txt"), first);
-  // A name that is a folder, or in one that is not there.
+  // A name that is a folder, or in a folder that does not exist.
   std::filesystem::create_directory(desk.Folder / "folder.txt");
   EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("folder")); }), "");
   EXPECT_NE(Refusal([&] { WriteCBFile(desk.Shared, desk.World, desk.Path("no/where")); }), "");
   EXPECT_EQ(desk.World.Log.size(), size_t{1});
 }
 
-TEST(BoundariesFile, AnEarlierCutSurvivesBesideTheNewOne) {
+TEST(BoundariesFile, KeepsTheEarlierCutAsABackup) {
   Desk desk;
   WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
   const std::string full = ReadText(desk.Folder / "cut.txt");
-  // Twice nothing over it, as when the program is opened and left: the copy still holds the cut.
+  // Write an empty cut twice, as when the program is started and left: the copy still holds the cut.
   const Session empty;
   WriteCBFile(empty, desk.World, desk.Path("cut"));
   WriteCBFile(empty, desk.World, desk.Path("cut"));
   EXPECT_EQ(ReadText(desk.Folder / "cut.txt.bak"), full);
 }
 
-TEST(BoundariesFile, ABrokenOneDoesNotTakeTheCopysPlace) {
+TEST(BoundariesFile, ABrokenFileDoesNotReplaceTheBackup) {
   Desk desk;
   desk.Define(4, RectangleOf(0, 0, 10, 10));
   WriteCBFile(desk.Shared, desk.World, desk.Path("cut"));
@@ -300,7 +300,7 @@ TEST(Autosave, IsDueAfterFiveMinutesAndAfterMidnight) {
   EXPECT_FALSE(AutosaveDue(300.5F, 290));
 }
 
-/// A desk whose boundaries files were written at given seconds, each a cut of its own.
+/// A desk whose boundaries files were written at given seconds, each with a different cut.
 struct CutDesk : Desk {
   void Write(const std::string& name, int second, int cut) {
     PutRecords(name, cut == 0 ? "" : Triangle(cut));
@@ -315,7 +315,7 @@ struct CutDesk : Desk {
   const std::filesystem::file_time_type Began = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
 };
 
-TEST(NewestCut, IsNamedWhereItIsNotTheOneToBeRead) {
+TEST(NewestCut, IsNamedIfItIsNotTheOneToBeRead) {
   CutDesk desk;
   EXPECT_EQ(desk.Newest(), "");
   desk.Write("cbfile.tmp", 10, 0);
@@ -335,7 +335,7 @@ TEST(NewestCut, IsNamedWhereItIsNotTheOneToBeRead) {
   EXPECT_EQ(desk.Newest(), "mine");
 }
 
-TEST(UnreadCuts, NeverGoAwayByRotationAndDoNotPileUp) {
+TEST(UnreadCuts, AreNeverRotatedAwayAndDoNotPileUp) {
   CutDesk desk;
   EXPECT_FALSE(desk.Keeps("cbfile.exit"));
   desk.Write("cbfile.m1", 20, 1);
@@ -357,7 +357,7 @@ TEST(UnreadCuts, NeverGoAwayByRotationAndDoNotPileUp) {
   EXPECT_EQ(BodyOf(desk.Path(kept[0])), Triangle(2));
   EXPECT_EQ(desk.Newest(), kept[1]) << "it can be read by that name";
 
-  // The same cut again is not kept twice; another one of the same second does not take the first one's place.
+  // The same cut is not kept twice; a different one of the same second does not replace the first.
   desk.Write("cbfile.exit", 30, 2);
   EXPECT_FALSE(desk.Keeps("cbfile.exit"));
   desk.Write("cbfile.exit", 30, 5);

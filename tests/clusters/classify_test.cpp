@@ -16,14 +16,14 @@ using List = std::vector<int>;
 const Boundary kAll = RectangleOf(-1e6F, -1e6F, 1e6F, 1e6F);
 const Boundary kNothing = RectangleOf(-2e6F, -2e6F, -1e6F, -1e6F);
 
-/// Gives cluster c these boundaries and no others, and classifies it.
+/// Gives cluster c exactly these boundaries, and classifies it.
 void Cut(Session& session, int c, const std::vector<Boundary>& boundaries) {
   session.Clusters[c] = {};
   for (const Boundary& boundary : boundaries) AddBoundary(session, c, boundary);
   ClassifyCluster(session, c);
 }
 
-TEST(ClassifyCluster, ListsClustersInTheOrderOfEntering) {
+TEST(ClassifyCluster, ListsClustersInTheOrderOfJoining) {
   Session session = SessionWith({{1, 1}});
   AddBoundary(session, 5, kAll);
   AddBoundary(session, 3, kAll);
@@ -51,7 +51,7 @@ TEST(ClassifyCluster, TakesThePointsInsideEveryBoundaryEachInItsOwnProjection) {
   EXPECT_EQ(ListOf(session, 1), List{}) << "leaves while no point is in two clusters";
 }
 
-TEST(PointsNotFinite, AreTheMembersWithoutAPlaceWhereTheClusterWasCut) {
+TEST(PointsNotFinite, AreTheMembersThatCannotBeDrawnWhereTheClusterWasCut) {
   const float nan = std::nanf(""), infinite = INFINITY;
   Session session = SessionWith({{1, 1}, {nan, 1}, {1, infinite}, {nan, nan}, {50, 50}, {1, 1}});
   session.Points.Column(7)[0] = nan;  // on no projection of the cluster
@@ -64,7 +64,7 @@ TEST(PointsNotFinite, AreTheMembersWithoutAPlaceWhereTheClusterWasCut) {
   for (const int none : {0, 1}) EXPECT_EQ(PointsNotFinite(session, none), 0);
 }
 
-TEST(ClearCluster, TakesBoundariesAndMembersAwayWhereThereAreAny) {
+TEST(ClearCluster, RemovesBoundariesAndMembersIfThereAreAny) {
   Session session = SessionWith({{1, 1}});
   Cut(session, 6, {kAll, kAll});
   Cut(session, 8, {kAll});
@@ -77,7 +77,7 @@ TEST(ClearCluster, TakesBoundariesAndMembersAwayWhereThereAreAny) {
 }
 
 TEST(ClassifyCluster, AgreesWithPlainListsOverManyChanges) {
-  // More points than two blocks hold; whole numbers, so that many lie on boundaries.
+  // More points than fit into two blocks; whole numbers, so that many lie on boundaries.
   std::mt19937 random(3);
   const auto draw = [&](int from, int to) {
     return static_cast<float>(from + static_cast<int>(random() % (to - from)));
@@ -87,7 +87,7 @@ TEST(ClassifyCluster, AgreesWithPlainListsOverManyChanges) {
   Session session = SessionWith(points);
   std::vector<List> lists(points.size());
   for (int change = 0; change < 150; ++change) {
-    // Few clusters at first: the first change that needs a second slot comes after several that do not.
+    // Few clusters at first, so that the first change to need a second slot comes after several that do not.
     const int c = 1 + static_cast<int>(random() % (change < 10 ? 2 : 30));
     const size_t kind = random() % 8;
     std::vector<Boundary> boundaries;

@@ -63,7 +63,7 @@ TEST(CopyCluster, ReplacesTheTargetAndIsUndone) {
   UndoLastChange(session);
   EXPECT_EQ(ListOf(session, 4), std::vector<int>{7});
   EXPECT_EQ(session.DefinitionCounter, 2);
-  // An empty cluster empties its target.
+  // Copying an empty cluster empties its target.
   session.CurrentCluster = 9;
   const CopyOutcome emptied = CopyCluster(session, 7);
   EXPECT_TRUE(emptied.Deleted && !emptied.Copied);
@@ -92,7 +92,7 @@ TEST(DeleteClusterBounds, TakesTheFirstBoundaryOfThisProjectionOnly) {
   EXPECT_EQ(PointsInCluster(session, 4), 0);
 }
 
-TEST(Undo, ExchangesThePresentWithTheLastState) {
+TEST(Undo, SwapsTheCurrentAndThePreviousState) {
   Session session = CutSession();
   const BoundaryTable cut = session.Clusters;
   DeleteEveryCluster(session);
@@ -115,7 +115,7 @@ TEST(Undo, ExchangesThePresentWithTheLastState) {
   EXPECT_EQ(fresh.Clusters, cut);
 }
 
-TEST(ChangeCut, LeavesEverythingAsItWasWhenItIsStopped) {
+TEST(ChangeCut, RestoresEverythingWhenItIsStopped) {
   const std::function<void(Session&, const Progress&)> changes[] = {
       [](Session& session, const Progress& pace) { UndoLastChange(session, pace); },
       [](Session& session, const Progress& pace) { CopyCluster(session, 7, pace); },
@@ -154,7 +154,7 @@ TEST(ChangeCut, LeavesEverythingAsItWasWhenItIsStopped) {
     }
 }
 
-TEST(Overlap, HoldsThePointsInTwoClustersOrMore) {
+TEST(Overlap, ContainsThePointsInTwoClustersOrMore) {
   Session session = CutSession();
   const OverlapPoints overlap = PointsInSeveralClusters(session);
   EXPECT_EQ(overlap.X, (std::vector<float>{20, 30}));

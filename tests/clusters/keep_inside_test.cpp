@@ -13,8 +13,8 @@
 namespace pallomir {
 namespace {
 
-/// The rule, word for word: a point is rejected as soon as an edge sees it on the strictly other side than the edge
-/// before.
+/// The rule, literally: a point is rejected as soon as it lies strictly on opposite sides of an edge and the previous
+/// one.
 bool InsideByTheRule(const Vertex& p, const Boundary& boundary) {
   double before = 0;
   const int n = boundary.VertexCount;
@@ -39,7 +39,7 @@ TEST(PointInBoundary, EdgesAndVerticesAreInsideInEitherDirection) {
   }
 }
 
-TEST(PointInBoundary, OfAConcaveShapeHoldsWhatAllEdgesSeeOnOneSideAndEverythingWhereThereIsNoEdge) {
+TEST(PointInBoundary, AConcaveShapeHoldsThePointsOnOneSideOfAllEdgesAndAShapeWithoutEdgesHoldsAll) {
   const Boundary ell = PolygonOf({{0, 0}, {2, 0}, {2, 1}, {1, 1}, {1, 2}, {0, 2}});
   EXPECT_EQ(PointInBoundary(0.5F, 0.5F, ell), 1);
   EXPECT_EQ(PointInBoundary(0.5F, 1.5F, ell), 0);
@@ -49,16 +49,16 @@ TEST(PointInBoundary, OfAConcaveShapeHoldsWhatAllEdgesSeeOnOneSideAndEverythingW
   EXPECT_EQ(PointInBoundary(1e30F, -7, PolygonOf({{3, 3}})), 1);
 }
 
-TEST(PointInBoundary, ConvexBoundariesHoldExactlyWhatLiesInThem) {
+TEST(PointInBoundary, ConvexBoundariesHoldExactlyThePointsInsideThem) {
   std::mt19937 random(11);
   std::uniform_real_distribution<float> anywhere(-1.2F, 1.2F);
   for (int polygon = 0; polygon < 1000; ++polygon) {
-    std::set<double> angles;  // no corner twice: an edge without length is an edge whose line every point is on
+    std::set<double> angles;  // no repeated corner: every point lies on the line of an edge without length
     for (const size_t count = 3 + random() % 49; angles.size() < count;)
       angles.insert(0.001 * static_cast<double>(random() % 6283));
     std::vector<Vertex> corners;
     for (const double a : angles) corners.push_back({static_cast<float>(std::cos(a)), static_cast<float>(std::sin(a))});
-    // Inside is what lies on the left of every edge of a polygon drawn anticlockwise.
+    // A point is inside if it lies to the left of every edge of a polygon drawn anticlockwise.
     const auto place = [&](const Vertex& p) {
       double least = 1;
       for (size_t k = 0; k < corners.size(); ++k) {
@@ -72,7 +72,7 @@ TEST(PointInBoundary, ConvexBoundariesHoldExactlyWhatLiesInThem) {
     for (int k = 0; k < 100; ++k) {
       const Vertex p = {anywhere(random), anywhere(random)};
       const double least = place(p);
-      if (std::abs(least) < 1e-6) continue;  // too near to an edge for the roundness of these corners
+      if (std::abs(least) < 1e-6) continue;  // too near to an edge, as the corners are rounded
       ASSERT_EQ(PointInBoundary(p.X, p.Y, boundary), least > 0)
           << "polygon " << polygon << " at " << p.X << ", " << p.Y;
       ASSERT_EQ(PointInBoundary(p.X, p.Y, turned), least > 0) << "polygon " << polygon << " turned";
@@ -86,7 +86,7 @@ TEST(KeepInside, AgreesWithTheRulePointByPoint) {
                                   inf, -inf,  NAN, 1e-30F, 7,     16777216, 1e10F,  1e-20F};
   std::mt19937 random(5);
   std::normal_distribution<float> normal(0, 10);
-  // Small whole numbers put many points on edges and vertices; odd values put the arithmetic to its limits.
+  // With small whole numbers many points lie on edges and vertices; extreme values test the limits of the arithmetic.
   const auto coordinate = [&](int kind) {
     if (kind == 0) return static_cast<float>(random() % 5);
     return kind == 1 ? normal(random) : odd[random() % odd.size()];

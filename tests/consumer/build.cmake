@@ -1,4 +1,4 @@
-# Installs the library from BUILD into a folder below WORK, then builds SOURCE on it with COMPILER and runs that.
+# Installs the library from BUILD into a folder below WORK, then builds SOURCE with COMPILER against it and runs it.
 function(run)
   execute_process(COMMAND ${ARGN} COMMAND_ERROR_IS_FATAL ANY)
 endfunction()

@@ -33,10 +33,10 @@ TEST(FileReader, SaysWhatIsWrongAndWhere) {
   EXPECT_EQ(std::string(bytes), "0123456789");
 }
 
-TEST(FileReader, TakesAFailedSeekForAFaultNotForTheEnd) {
+TEST(FileReader, ReportsAFailedSeekInsteadOfTheEndOfTheFile) {
   const TemporaryFolder folder;
   FileReader file(folder.Put("ten", "0123456789"));
-  // The descriptor that it opened last is taken away from it.
+  // Closes the descriptor that it opened last.
   const int next = open("/dev/null", O_RDONLY);
   close(next);
   close(next - 1);
@@ -44,7 +44,7 @@ TEST(FileReader, TakesAFailedSeekForAFaultNotForTheEnd) {
   EXPECT_EQ(Refusal([&] { file.ReadUpTo(4, &byte, 1); }), "Reading ten failed at byte 4.");
 }
 
-TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
+TEST(FileReader, OpensPathsInThePlatformsNotation) {
   const TemporaryFolder folder;
   folder.Put("Defaults", "above");
   folder.Put("TT1 ä/Defaults", "here");
@@ -54,7 +54,7 @@ TEST(FileReader, OpensPathsInTheSystemsOwnNotation) {
   EXPECT_FALSE(FileUtility::FileExists(folder / "TT1 ä"));
 }
 
-TEST(Paths, OfAnyNameLeadBackToTheFile) {
+TEST(Paths, OfAnyNameConvertBackToTheFile) {
   const TemporaryFolder folder;
   for (const std::string name : {"a\\b", "\\", "caf\xE9", "\xC1\x9C", "\xC1\xC1\x81", "\xC1", "tést"}) {
     const fs::path native = fs::path(folder / "") / name;
@@ -97,11 +97,11 @@ struct SavedFile : ::testing::Test {
     file.Write(text);
     file.Commit();
   }
-  /// True when nothing but the file itself is left in the folder.
+  /// True if the folder contains only the file itself.
   bool Tidy() const { return std::distance(fs::directory_iterator(fs::path(path).parent_path()), {}) == 1; }
 };
 
-TEST_F(SavedFile, TakesTheOldOnesPlaceOnlyWhenItIsWhole) {
+TEST_F(SavedFile, ReplacesTheOldFileOnlyWhenItIsWhole) {
   {
     SaveFile abandoned(path);
     abandoned.Write("half of the n");
@@ -116,10 +116,10 @@ TEST_F(SavedFile, TakesTheOldOnesPlaceOnlyWhenItIsWhole) {
   EXPECT_TRUE(Tidy());
 }
 
-TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
+TEST_F(SavedFile, KeepsTheOldFileIfTheDiskIsFull) {
   const std::string sentence =
       path + " could not be written completely (No space left on device); the earlier file, if any, is unchanged.";
-  for (const size_t count : {5, 1'000'000}) {  // found out at the end, or on the way
+  for (const size_t count : {5, 1'000'000}) {  // noticed at the end, or while writing
     const InjectedFault full(1, count == 5 ? FileCall::Flush : FileCall::Write);
     EXPECT_EQ(Refusal([&] { Save(path, std::string(count, 'x')); }), sentence);
   }
@@ -127,7 +127,7 @@ TEST_F(SavedFile, OldOneSurvivesAFullDisk) {
   EXPECT_TRUE(Tidy());
 }
 
-TEST_F(SavedFile, IsRefusedWhereNoFileCanStand) {
+TEST_F(SavedFile, IsRefusedWhereNoFileCanBe) {
   EXPECT_EQ(
       Refusal([&] { Save(folder / "no/x", "new"); }),
       folder / "no/x" + " cannot be written (No such file or directory); the earlier file, if any, is unchanged.");
@@ -144,7 +144,7 @@ TEST_F(SavedFile, IsRenamed) {
             path + " cannot be renamed to " + folder / "no/x" + " (No such file or directory).");
 }
 
-TEST_F(SavedFile, TakesTheLinksPlaceAndLeavesWhatItPointsTo) {
+TEST_F(SavedFile, ReplacesALinkAndLeavesItsTargetAlone) {
   fs::create_symlink("cbfile.txt", folder / "link");
   fs::create_symlink("nothing", folder / "dangling");
   for (const char* name : {"link", "dangling"}) {
@@ -156,14 +156,14 @@ TEST_F(SavedFile, TakesTheLinksPlaceAndLeavesWhatItPointsTo) {
   EXPECT_FALSE(fs::exists(folder / "nothing"));
 }
 
-TEST_F(SavedFile, ReplacesNothingButPlainFiles) {
+TEST_F(SavedFile, ReplacesOnlyRegularFiles) {
   ASSERT_EQ(mkfifo((folder / "pipe").c_str(), 0600), 0);
   EXPECT_EQ(Refusal([&] { Save(folder / "pipe", "new"); }),
             folder / "pipe" + " is not a regular file; nothing was written.");
   EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 }
 
-TEST_F(SavedFile, IsWrittenByTwoAtOnce) {
+TEST_F(SavedFile, CanBeWrittenByTwoAtOnce) {
   SaveFile one(path), other(path);
   one.Write("one");
   other.Write("the other");
@@ -174,7 +174,7 @@ TEST_F(SavedFile, IsWrittenByTwoAtOnce) {
   EXPECT_TRUE(Tidy());
 }
 
-TEST_F(SavedFile, PiecesOfDeadProgramsGoAndThoseOfRunningOnesStay) {
+TEST_F(SavedFile, RemovesLeftoversOfKilledProgramsOnly) {
   folder.Put("cl-maze1.3.0123456789abcdef.saving~", "half of a cl");
   folder.Put("elsewhere/victim", "a stranger's");
   fs::create_symlink("elsewhere/victim", folder / "x.saving~");
@@ -190,7 +190,7 @@ TEST_F(SavedFile, PiecesOfDeadProgramsGoAndThoseOfRunningOnesStay) {
   EXPECT_EQ(ReadText(path), "new");
 }
 
-TEST_F(SavedFile, IsSafeguardedOnlyByWhatIsWorthIt) {
+TEST_F(SavedFile, IsBackedUpOnlyIfItCanBeReadAndIsNotEmpty) {
   const auto worth = [](std::string_view content) { return content != "broken"; };
   const std::string copy = path + ".bak";
   for (const auto& [content, kept] :
@@ -203,7 +203,7 @@ TEST_F(SavedFile, IsSafeguardedOnlyByWhatIsWorthIt) {
     EXPECT_EQ(ReadText(copy), kept);
     EXPECT_EQ(ReadText(path), content);
   }
-  // The copy is not written through a link, and none is made of what a link points to.
+  // The copy is not written through a link, and no copy is made of a link's target.
   fs::remove(copy);
   folder.Put("victim", "a stranger's");
   fs::create_symlink("victim", copy);

@@ -21,7 +21,7 @@ struct LockedFolder : ::testing::Test {
   FolderLock Lock() const { return FolderLock(folder / ""); }
 };
 
-TEST_F(LockedFolder, IsTakenByOneAtATime) {
+TEST_F(LockedFolder, IsHeldByOneProgramAtATime) {
   {
     FolderLock first = Lock();
     EXPECT_FALSE(first.Taken());
@@ -54,7 +54,7 @@ TEST_F(LockedFolder, IsFreeOnceItsProgramWasKilled) {
   EXPECT_FALSE(Lock().Taken());
 }
 
-TEST_F(LockedFolder, StrangersFilesUnderTheLocksNameAreLeftAlone) {
+TEST_F(LockedFolder, LeavesForeignFilesUnderTheLocksNameAlone) {
   folder.Put("victim", "a stranger's");
   fs::create_symlink("victim", file);
   EXPECT_FALSE(Lock().Taken());
@@ -76,7 +76,7 @@ TEST_F(LockedFolder, NamesItsHolderInPlainText) {
   }
 }
 
-TEST_F(LockedFolder, ThatTakesNoFileNeedsNoLock) {
+TEST_F(LockedFolder, NeedsNoLockIfNoFileCanBeWritten) {
   EXPECT_FALSE(FolderLock(folder / "no/such").Taken());
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kLargest = std::numeric_limits<double>::max();
 
-TEST(NumberFromText, UnderstandsWhatPeopleType) {
+TEST(NumberFromText, AcceptsWhatPeopleType) {
   const std::pair<std::string, double> cases[] = {{" 12.5\r\n", 12.5}, {"+3", 3},
                                                   {"-.5", -0.5},       {"5.", 5},
                                                   {"007", 7},          {"1E-2", 0.01},
@@ -27,7 +27,7 @@ TEST(NumberFromText, UnderstandsWhatPeopleType) {
   for (const auto& [text, number] : cases) EXPECT_EQ(NumberFromText(text), number) << text.substr(0, 20);
 }
 
-TEST(NumberFromText, RefusesWhatOnlyBeginsLikeANumber) {
+TEST(NumberFromText, RefusesTextThatOnlyBeginsLikeANumber) {
   for (const char* text : {"",    " ",    "-",   "+",    ".",   "-.",  "e5",    "1e",    "1,5",   "1 2",   "12a",
                            "inf", "-inf", "nan", "0x10", "--5", "-+5", "1.2.3", "start", "1e5.5", "\u0663"})
     EXPECT_FALSE(NumberFromText(text)) << text;
@@ -52,7 +52,7 @@ TEST(NumberText, IsShortestWithinItsDigits) {
   EXPECT_EQ(Grouped(-123456) + " " + Grouped(1234567), "-123\u202f456 1\u202f234\u202f567");
 }
 
-TEST(NumberText, PutInBulkIsTheShortestTextToo) {
+TEST(NumberText, IsShortestWhenWrittenInBulkToo) {
   const auto put = [](auto value, int digits) {
     char quick[kNumberRoom], slow[kNumberRoom];
     if constexpr (std::is_same_v<decltype(value), float>)
@@ -64,7 +64,7 @@ TEST(NumberText, PutInBulkIsTheShortestTextToo) {
     if (char* e = std::strchr(slow, 'e')) *e = 'E';
     ASSERT_STREQ(quick, slow);
   };
-  // Where the number of digits changes, exact halves of the last digit, and numbers all over.
+  // Numbers around changes in the number of digits, exact halves of the last digit, and random numbers.
   for (const float edge : {1e-4F, 1e-3F, 0.1F, 1.0F, 10.0F, 1e6F, 999999.5F, 1e7F, 1000000.5F, 1000001.5F, 8388607.5F})
     for (float value = std::nextafter(edge, 0.0F), end = std::nextafter(std::nextafter(edge, 1e9F), 1e9F); value < end;
          value = std::nextafter(value, 1e9F))

@@ -11,7 +11,7 @@
 namespace pallomir {
 namespace {
 
-/// Rows whose first parameter has a low byte that cannot pass for the high byte of a stamp, as measured values have.
+/// Rows in which the low byte of the first parameter, as in measured values, cannot be the high byte of a timestamp.
 std::vector<FileRow> MeasuredRows(int count, uint64_t firstStamp = 5'000'000) {
   std::vector<FileRow> rows = NumberedRows(count);
   for (FileRow& row : rows) row.Values.fill(0.1F);
@@ -28,9 +28,9 @@ TEST(ParameterHeader, IsFoundBeforeTheRows) {
   const std::string rows = BytesOf(MeasuredRows(3));
   const std::string own = TextHeader("ParameterFile"), acquired = AcquisitionHeader();
   const std::string lines = "made by a script\r\n134 features\n";
-  // What follows the text looks like more of it, up to a line end within the first stamp: "1\n" and printable bytes.
+  // What follows the text looks like more text, up to a line end within the first timestamp: "1\n" and printable bytes.
   const std::string tricky = BytesOf(MeasuredRows(3, 0x3532'0A31));
-  // The low byte of the first stamp is that of a line end.
+  // The low byte of the first timestamp is a line end.
   const std::string lineEnd = BytesOf(MeasuredRows(3, 0x4C4B'0A)), late = BytesOf(MeasuredRows(3, 0x0A0D'0A0A));
   const std::tuple<const char*, std::string, size_t> cases[] = {
       {"none, a stamp like a line end", lineEnd, 0},

@@ -23,7 +23,7 @@ TEST(RawHeader, FindsALineByItsWholeKey) {
   EXPECT_EQ(HeaderText("", "Last"), "");
 }
 
-TEST(RawHeader, GivesOneNumberOrOneAChannel) {
+TEST(RawHeader, GivesOneNumberOrOnePerChannel) {
   const std::string header = "-One 32000.5\n-Four 6.1e-008 1 -2\t+3  \n-Half 1,5\n-Some 4 of 5\n-None nan\n";
   EXPECT_EQ(HeaderNumbers(header, "One"), std::vector<double>{32000.5});
   EXPECT_EQ(HeaderNumbers(header, "Four"), (std::vector<double>{6.1e-8, 1, -2, 3}));
@@ -32,7 +32,7 @@ TEST(RawHeader, GivesOneNumberOrOneAChannel) {
   EXPECT_EQ(HeaderNumbers(header, "None"), std::vector<double>{});
 }
 
-TEST(RawHeader, ThatIsMadeHasTheFullLengthAndIsRead) {
+TEST(RawHeader, AGeneratedHeaderHasTheFullLengthAndCanBeRead) {
   const std::string header = MakeRawHeader("a title", {{"RecordSize", "304"}});
   EXPECT_EQ(header.size(), kRawHeaderLength);
   EXPECT_TRUE(header.starts_with("######## a title\r\n-RecordSize 304\r\n"));

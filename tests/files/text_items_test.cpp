@@ -26,7 +26,7 @@ TEST(TextItems, AreDelimitedByCommasAndLineEnds) {
   for (const auto& [text, items] : cases) EXPECT_EQ(ItemsOf(text), items) << text;
 }
 
-TEST(TextItems, KnowTheLineOnWhichEachBegan) {
+TEST(TextItems, KnowTheLineOnWhichEachBegins) {
   TextItems items("1,\"a\",2\r\n\r\n3\n4", "file");
   std::vector<int> lines;
   for (; !items.AtEnd(); lines.push_back(items.Line())) items.Text();
@@ -41,7 +41,7 @@ TEST(TextItems, SayWhereTheFileEndsEarlyOrHoldsNoNumber) {
   EXPECT_EQ(Refusal([&] { items.Text(); }), "cbfile.m1.txt ended early, at line 4.");
 }
 
-TEST(TextItems, NeverRunOverALineEndNorWithoutBound) {
+TEST(TextItems, EndAtALineEndAndHaveALimit) {
   const std::string longest(TextItems::kLongestItem, 'x');
   const std::pair<std::string, std::string> cases[] = {
       {"\"two\r\nlines\",3", "file, line 1: the quotes round \"two\" are not closed."},
@@ -59,7 +59,7 @@ TEST(TextItems, NeverRunOverALineEndNorWithoutBound) {
   }
 }
 
-TEST(Sentences, AreWholeAndPrintableWhateverTheyQuote) {
+TEST(Sentences, AreCompleteAndPrintableWhateverTheyQuote) {
   const std::pair<std::string_view, std::string> cases[] = {
       {{"a\0b", 3}, "\"a?b\""},
       {"\x1b[31mred\x7f\r\n", "\"?[31mred???\""},
@@ -67,11 +67,11 @@ TEST(Sentences, AreWholeAndPrintableWhateverTheyQuote) {
       {"\xc2\x9b"
        "1m",
        "\"??1m\""},                           // a terminal's control sequence in two bytes
-      {"caf\xe9 \xc3", "\"caf? ?\""},         // no UTF-8, and a character that breaks off
+      {"caf\xe9 \xc3", "\"caf? ?\""},         // not UTF-8, and a truncated character
       {"\xf8\x88\x80\x80\x80", "\"?????\""},  // longer than any character is
   };
   for (const auto& [text, quoted] : cases) EXPECT_EQ(Quoted(text), quoted);
-  // Cut between characters, never within one.
+  // Truncated between characters, never within one.
   std::string accents;
   for (int i = 0; i < 50; ++i) accents += "\xc3\xa9";
   EXPECT_EQ(Quoted(accents), '"' + accents.substr(0, 80) + '"');

@@ -1,4 +1,4 @@
-// What is asked about before a file is written.
+// What the user is asked before a file is written.
 
 #include "pallomir/files/write_target.h"
 #include "pallomir/files/platform.h"
@@ -12,7 +12,7 @@
 namespace pallomir {
 namespace {
 
-TEST(WriteTarget, IsFoundOutsideHoweverItIsNamed) {
+TEST(WriteTarget, IsRecognisedAsOutsideHoweverItIsNamed) {
   const TemporaryFolder folder;
   folder.Put("home/sub/x", "");
   folder.Put("homework/x", "");
@@ -30,7 +30,7 @@ TEST(WriteTarget, IsFoundOutsideHoweverItIsNamed) {
   for (const auto& [name, place] : cases) EXPECT_EQ(PlaceOutside(home, PlatformPath(home + name)), real + place);
 }
 
-TEST(WriteTarget, IsWriteProtectedWhereNobodyMayWrite) {
+TEST(WriteTarget, IsWriteProtectedIfNobodyMayWriteIt) {
   const TemporaryFolder folder;
   const std::string file = folder.Put("x", "");
   EXPECT_FALSE(IsWriteProtected(file));

@@ -1,4 +1,4 @@
-// Looking at a cluster from the controls: analyses, the report.
+// Analysing a cluster from the controls: analyses, the report.
 
 #include <qcustomplot.h>
 
@@ -37,7 +37,7 @@ class AnalysesFormsTest : public QObject {
     QVERIFY(program.Messages().endsWith("Exit"));
   }
 
-  void GrayIsForOneRateMapAndForEveryAutocorrelation() {
+  void GrayscaleAppliesToOneRateMapAndToAllAutocorrelations() {
     Program program;
     CutAll(program);
     WriteWalk(program);
@@ -49,7 +49,7 @@ class AnalysesFormsTest : public QObject {
     QCOMPARE(rate->property("Tag").toString(), "Color");
     program.Form.findChild<QAction*>("mnu2DACorrColor")->trigger();
     QCOMPARE(correlation->property("Tag").toString(), "Color");
-    // One that ends early keeps its gray.
+    // An analysis that ends early keeps its grayscale.
     program.Type("txtPosFile", "");
     program.Form.findChild<QAction*>("mnuGrayScale")->trigger();
     QCOMPARE(program.Answers.Messages.takeLast(), "|Must specify a Position File");

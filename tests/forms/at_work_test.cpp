@@ -1,4 +1,4 @@
-// The program while it works, while it ends, and where a command could not run.
+// The program while it is busy, while it exits, and when a command cannot run.
 
 #include <filesystem>
 
@@ -24,7 +24,7 @@ class AtWorkTest : public QObject {
     QVERIFY(saved.open(QIODevice::ReadOnly) && saved.readAll().contains("MPeak-1"));
   }
 
-  void WhatIsPressedMeanwhileChangesNothing() {
+  void InputWhileAtWorkChangesNothing() {
     Program program(300000);
     program.Start();
     bool pressed = false;
@@ -33,7 +33,7 @@ class AtWorkTest : public QObject {
       for (const char* name : {"cmdRandomX", "chkWhiteBackground", "chkAxesOff"})
         QTest::mouseClick(program.Get(name), Qt::LeftButton);
       QTest::keyClick(program.Get("txtLower"), Qt::Key_7);
-      program.Click("cmdLoadPoints");  // by a menu or a timer, past the mouse
+      program.Click("cmdLoadPoints");  // by a menu or a timer, not the mouse
     });
     program.Click("cmdLoadPoints");
     QVERIFY(pressed);
@@ -42,7 +42,7 @@ class AtWorkTest : public QObject {
     QVERIFY(!program.Get<QCheckBox>("chkWhiteBackground")->isChecked() && !program.Shared.WhiteBackground);
     QVERIFY(!program.Get<QCheckBox>("chkAxesOff")->isChecked());
     QCOMPARE(program.Text("txtLower"), "");
-    // And is answered again afterwards.
+    // Input is accepted again afterwards.
     QTest::mouseClick(program.Get("cmdRandomX"), Qt::LeftButton);
     QVERIFY(program.Shared.RandomX);
   }
@@ -59,7 +59,7 @@ class AtWorkTest : public QObject {
     }
   }
 
-  void AStoppedLoadBringsBackWhatWasLoaded() {
+  void AStoppedLoadRestoresThePointsLoadedBefore() {
     for (const bool again : {false, true}) {
       Program program(300000);
       program.Type("txtDelay", "100000");
@@ -70,7 +70,7 @@ class AtWorkTest : public QObject {
       QVERIFY(members > 0);
       QTimer timer;
       connect(&timer, &QTimer::timeout, [&] { QTest::keyClick(program.Get("txtLower"), Qt::Key_Escape); });
-      timer.setSingleShot(!again);  // the second Esc stops the reading of what was loaded before
+      timer.setSingleShot(!again);  // the second Esc stops the restoring of the earlier points
       timer.start(0);
       program.Click("cmdLoadPoints");
       timer.stop();
@@ -116,7 +116,7 @@ class AtWorkTest : public QObject {
     program.Click("lblNewCluster(1)");
     for (const int top : {90, 80}) program.DrawPolygon({{100, 10}, {250000, 10}, {250000, 1.0 * top}});
     const int64_t members = PointsInCluster(program.Shared, 1);
-    // The press of Esc is heard at the first look, in the middle of the change.
+    // Esc is noticed when events are first processed, in the middle of the change.
     const auto stopped = [&](const std::function<void()>& change) {
       QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
       change();
@@ -124,7 +124,7 @@ class AtWorkTest : public QObject {
     };
     QVERIFY(stopped([&] { program.Click("cmdUndo"); }));
     program.Click("cmdWriteCBFile");
-    // A polygon that was open stays so; one whose closing was stopped lacks its last corner.
+    // An open polygon stays open; one whose closing was stopped lacks its last corner.
     for (const QPointF& corner : {QPointF(100, 20), QPointF(1000, 20)})
       QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(corner.x(), corner.y()));
     QVERIFY(stopped([&] { program.Click("cmdReadCBFile"); }));
@@ -139,7 +139,7 @@ class AtWorkTest : public QObject {
     Program program(3000);
     program.Load();
     program.Type("txtDelay", "1");
-    // Each pause of the redraw brings the next key.
+    // Each pause of the redraw delivers the next key.
     int keys = 0, depth = 0, deepest = 0;
     QTimer held;
     connect(&held, &QTimer::timeout, [&] {
@@ -157,7 +157,7 @@ class AtWorkTest : public QObject {
     QCOMPARE(count.remove(QRegularExpression("[^0-9a-z]")), "3000of3000pointsdrawn");
   }
 
-  void APolygonTakenBackLeavesUndoAsItWas() {
+  void CancellingAPolygonLeavesUndoUnchanged() {
     Program program;
     program.Load();
     program.Click("lblNewCluster(1)");
@@ -174,14 +174,14 @@ class AtWorkTest : public QObject {
     QCOMPARE(PointsInCluster(program.Shared, 1), first);
   }
 
-  void RecordsAndTimesThatDisagreeAreTold() {
+  void DisagreeingRecordsAndTimesAreReported() {
     Program program;
     program.Load();
     QVERIFY(!Status(program).contains("span"));
     program.Type("txtEndTime", "1500000");
     program.Click("cmdLoadPoints");
     QVERIFY(Status(program).contains("do not span"));
-    // An epoch whose records an earlier search found for other times.
+    // An epoch with records that an earlier search found for other times.
     auto* epochs = program.Get<QComboBox>("cboEpochs");
     epochs->addItem("run: 1600000 1700000");
     program.Shared.EpochStartRecord[0] = 10;
@@ -204,7 +204,7 @@ class AtWorkTest : public QObject {
     program.Click("cmdAutoCorr");
     QVERIFY(program.Shared.TemporaryMode);
     QVERIFY(Status(program).startsWith("Stopped; cl-tmp and ttmp may be new."));
-    // A command that was stopped later leaves no more than that.
+    // A command that was stopped later leaves no more than this.
     QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
     program.Click("cmdLoadPoints");
     QCOMPARE(Status(program), "Stopped; everything is as it was before.");
@@ -220,7 +220,7 @@ class AtWorkTest : public QObject {
     const QColor yellow(255, 255, 0);  // cluster 4
     const int drawn = program.Pixels(yellow);
     QVERIFY(drawn > 0);
-    // What names no cluster leaves everything alone, an open polygon too.
+    // Text that names no cluster changes nothing, not even an open polygon.
     QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(500, 50));
     const UndoSnapshot undo = program.Shared.Undo;
     for (const char* text : {"", "0", "31", "abc"}) {
@@ -247,7 +247,7 @@ class AtWorkTest : public QObject {
     QCOMPARE(program.Shared.Clusters[7].BoundaryCount, int16_t{0});
   }
 
-  void APartToDrawThatIsNoNumberIsTold() {
+  void APartToDrawThatIsNotANumberIsReported() {
     Program program;
     program.Load();
     auto* count = program.View()->findChild<QLabel*>("count");

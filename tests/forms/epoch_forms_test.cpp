@@ -24,7 +24,7 @@ class EpochFormsTest : public QObject {
     auto* listing = Box<QPlainTextEdit>(form, "txtEventsFile");
     QCOMPARE(listing->toPlainText(), "1100000  run\n1300500  rest\n0  \n");
 
-    // A double click selects a stamp, a click into a box takes it; with nothing selected the box is emptied.
+    // A double click selects a timestamp, a click in a box enters it; with nothing selected the box is emptied.
     Box(form, "txtEpochLabel(0)")->setText("run");
     for (const auto& [line, box] : {std::pair(0, "txtStart(0)"), std::pair(1, "txtEnd(0)")}) {
       const QTextBlock block = listing->document()->findBlockByNumber(line);
@@ -53,7 +53,7 @@ class EpochFormsTest : public QObject {
     QCOMPARE(program.Shared.Points.Rows(), size_t{201});
   }
 
-  void TheTableIsTakenOverOnlyWhenDone() {
+  void TheTableIsAppliedOnlyByDone() {
     Program program;
     program.Start();
     const QWidget* form = Epochs(program);
@@ -64,7 +64,7 @@ class EpochFormsTest : public QObject {
     QCOMPARE(list->count(), 1);
     QCOMPARE(list->itemText(0), "rest: 1500000 ");
 
-    // Reopened, it stands in row 0.
+    // After reopening it is in row 0.
     form = Epochs(program);
     QCOMPARE(Box(form, "txtEpochLabel(0)")->text() + Box(form, "txtStart(0)")->text(), "rest1500000");
     QCOMPARE(Box(form, "txtEpochLabel(3)")->text(), "");
@@ -73,7 +73,7 @@ class EpochFormsTest : public QObject {
     Box<QPushButton>(form, "cmdCancel")->click();
     QCOMPARE(list->count(), 1);
 
-    // The close box asks before changes go.
+    // The close box asks before it discards changes.
     form = Epochs(program);
     Box(form, "txtEnd(0)")->setText("7");
     program.Answers.Agree = false;
@@ -140,7 +140,7 @@ class EpochFormsTest : public QObject {
     QCOMPARE(program.Text("txtStartTime") + " " + program.Text("txtEndTime"), "s100 e600");
     QCOMPARE(Shown(program), 202);
 
-    // Ticks count from the next redraw on; a row that encloses another passes.
+    // Ticks take effect at the next redraw; a row that encloses another is allowed.
     tick(2);
     QCOMPARE(Shown(program), 202);
     program.Click("cmdRedraw");
@@ -159,7 +159,7 @@ class EpochFormsTest : public QObject {
       QCOMPARE(program.Text(box), "");
   }
 
-  void OfTheClosedFormsRangeAllCommandsSeeOneRow() {
+  void AfterClosingTheFormAllCommandsSeeOneRow() {
     Program program(1000);
     program.Load();
     program.Click("lblNewCluster(3)");
@@ -175,7 +175,7 @@ class EpochFormsTest : public QObject {
     program.Get<QPlainTextEdit>("txtMessages")->clear();
     program.Click("cmdWriteClustFile");
     QVERIFY(program.Answers.Messages.isEmpty());
-    // Record 100 is the range's first; MPeak-2 is 0 there, beside the cluster.
+    // Record 100 is the first of the range; its MPeak-2 is 0, outside the cluster.
     QCOMPARE(program.Messages(),
              "Wrote Cluster 3: 0 points\nWrote Cluster 0 (Undefined points): 1 points\nDone Writing CLFiles");
     QFile written(program.Path("TT1/Undefined_cl-maze1"));
@@ -183,7 +183,7 @@ class EpochFormsTest : public QObject {
     const QByteArray lines = written.readAll();
     QVERIFY(lines.contains("\r\n9999999\r\n100,100,0,") && lines.count("\r\n100,") == 1 && !lines.contains("\r\n101,"));
     QVERIFY(Status(program).contains("one spike was written"));
-    // And whatever looks at points is refused alike.
+    // All commands that look at points are refused.
     program.Click("cmdShowWaveforms");
     Box<QPushButton>(program.Get("Waveforms"), "cmdForward")->click();
     program.Click("cmdRedraw");
@@ -193,7 +193,7 @@ class EpochFormsTest : public QObject {
     QVERIFY(program.Messages().endsWith("Cluster 3: 0 points"));
   }
 
-  void ChoosingKeepsToTheListsPositions() {
+  void ChoosingUsesTheListsPositions() {
     Program program;
     program.Load();
     SetEpochs(program, {{100, 200}, {300, 400}});
@@ -208,7 +208,7 @@ class EpochFormsTest : public QObject {
     QCOMPARE(program.Text("txtStartEvent") + " " + program.Text("txtStartTime"), "0 12");
   }
 
-  void ChoosingAnEpochRaisesNoBox() {
+  void ChoosingAnEpochShowsNoMessageBox() {
     Program program;
     program.Load();
     SetEpochs(program, {{100, 5000}});
@@ -247,7 +247,7 @@ class EpochFormsTest : public QObject {
     }
   }
 
-  void ALongListingIsSeenAndStopped() {
+  void ALongListingShowsProgressAndCanBeStopped() {
     Program program;
     program.Start();
     std::string events = AcquisitionHeader();
@@ -265,7 +265,7 @@ class EpochFormsTest : public QObject {
     QCOMPARE(listing->document()->findBlockByNumber(19'999).text(), "19999  lap");
     QCOMPARE(listing->document()->findBlockByNumber(20'000).text(), "0  ");
     QVERIFY(listing->textCursor().atStart());
-    // Stopped on the way, it keeps whole lines.
+    // When stopped, it keeps whole lines.
     connect(listing, &QPlainTextEdit::blockCountChanged, listing, [&](int blocks) {
       if (blocks > 1)
         QTimer::singleShot(0, listing, [&] { QTest::keyClick(const_cast<QWidget*>(form), Qt::Key_Escape); });
@@ -307,7 +307,7 @@ class EpochFormsTest : public QObject {
     emit list->activated(item);
   }
 
-  /// How many points the view says it shows.
+  /// The number of points that the view says it shows.
   static int Shown(const Program& program) {
     QApplication::processEvents();
     const QString count = program.View()->findChild<QLabel*>("count")->text();

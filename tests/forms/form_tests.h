@@ -6,7 +6,7 @@
 
 namespace pallomir {
 
-/// What makes the test objects of this program; each file adds its own.
+/// The functions that make this program's test objects; each file adds its own.
 inline std::vector<std::function<QObject*()>>& FormTests() {
   static std::vector<std::function<QObject*()>> tests;
   return tests;

@@ -1,4 +1,4 @@
-// What stands on the disk is never lost unasked: notes, cuts, protected files, files elsewhere.
+// Files are never lost without a question: notes, cuts, protected files, files in other folders.
 
 #include "form_tests.h"
 #include "pallomir/files/text_header.h"
@@ -33,7 +33,7 @@ void Cut(const Program& program, int c) {
   program.DrawPolygon({{c * 200.0, 10}, {c * 200 + 150.0, 10}, {c * 200 + 150.0, 90}});
 }
 
-/// A further run of the program on the same folder.
+/// Another run of the program in the same folder.
 struct Again {
   explicit Again(Program& program) : Form(Shared, program.Answers) {
     program.Answers.FilesToOpen = {program.Path("TT1/TT1.Ntt.parms")};
@@ -51,7 +51,7 @@ class KeptFilesTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void NotesThatCannotBeReadStayUntilTheUserAgrees() {
+  void NotesThatCannotBeReadAreKeptUntilTheUserAgrees() {
     Program program;
     const QByteArray good = "0,\"\",\"\"\r\n", bad = good.repeated(6) + "6,\"Good\",\"he said \"no\"\"\r\n";
     program.Write("TT1/ClNotes", bad);
@@ -61,7 +61,7 @@ class KeptFilesTest : public QObject {
     for (int opened = 0; opened < 2; ++opened) {
       QDialog* notes = Notes(program);
       QVERIFY(program.Answers.Messages.takeLast().contains("ClNotes, line 7: "));
-      QVERIFY(notes->close());  // nothing was noted: nothing to ask about
+      QVERIFY(notes->close());  // nothing was noted, so there is nothing to ask
     }
     QDialog* notes = Notes(program);
     Box<QRadioButton>(notes, "optGood(3)")->click();
@@ -79,7 +79,7 @@ class KeptFilesTest : public QObject {
     QCOMPARE(Read(program.Path("TT1/ClNotes.bak")), backup);
   }
 
-  void TheNewestCutIsNamedAndStaysThoughNobodyReadsIt() {
+  void TheNewestCutIsNamedAndKeptEvenIfNobodyReadsIt() {
     Program program;
     program.Load();
     Cut(program, 1);
@@ -98,7 +98,7 @@ class KeptFilesTest : public QObject {
     QCOMPARE(Read(program.Path("TT1/" + Named(program, "cbfile.exit.2*.txt").value(0))), cut);
   }
 
-  void ACutThatWasReadIsReplacedAsAnyOther() {
+  void ACutThatWasReadIsReplacedLikeAnyOther() {
     Program program;
     program.Load();
     Cut(program, 1);
@@ -111,7 +111,7 @@ class KeptFilesTest : public QObject {
     QCOMPARE(Named(program, "cbfile.exit.2*.txt"), QStringList());
   }
 
-  void ANameFromTheFolderLeadsOutOfItOnlyWithTheUsersWord() {
+  void ANameFromTheFolderLeadsOutOfItOnlyIfTheUserAgrees() {
     Program program;
     program.Write("TT1/Defaults", QByteArray::fromStdString(TextHeader("Defaults")) +
                                       "\"cbfilewrite\",\"..\\theirs\"\r\n\"clustfile\",\"..\\cl\"\r\n");
@@ -123,7 +123,7 @@ class KeptFilesTest : public QObject {
     QCOMPARE(program.Answers.Questions.size(), 2);
     QVERIFY(program.Answers.Questions[0].contains(QDir(program.Path("TT1/..")).canonicalPath() + "/theirs.txt"));
     QVERIFY(!QFile::exists(program.Path("theirs.txt")) && !QFile::exists(program.Path("cl.1")));
-    program.Type("txtCBFileWrite", "..\\mine");  // typed: the user's own
+    program.Type("txtCBFileWrite", "..\\mine");  // typed by the user
     program.Click("cmdWriteCBFile");
     QCOMPARE(program.Answers.Questions.size(), 2);
     QVERIFY(QFile::exists(program.Path("mine.txt")));
@@ -135,7 +135,7 @@ class KeptFilesTest : public QObject {
     QVERIFY(QFile::exists(program.Path("theirs.txt")));
   }
 
-  void AWriteProtectedFileIsReplacedOnlyWithTheUsersWord() {
+  void AWriteProtectedFileIsReplacedOnlyIfTheUserAgrees() {
     Program program;
     program.Load();
     program.Click("cmdWriteCBFile");
@@ -152,7 +152,7 @@ class KeptFilesTest : public QObject {
     QVERIFY(Read(path) != before);
   }
 
-  void DefaultsAreSavedWithoutAWordAndReadWithOneWhereTheyAreNone() {
+  void DefaultsAreSavedSilentlyAndAFileWithoutHeaderIsReported() {
     Program program;
     program.Write("TT1/Defaults", "\"posfile\",\"P3\"\r\n");
     program.Start();
@@ -193,7 +193,7 @@ class KeptFilesTest : public QObject {
     }
   }
 
-  void AFileThatWentAwayBeforeGoEndsWithoutAWordAndUndoLeadsBack() {
+  void AFileThatDisappearedBeforeGoDeletesSilentlyAndUndoRestores() {
     Program program;
     program.Load();
     Cut(program, 1);

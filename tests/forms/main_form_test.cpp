@@ -32,7 +32,7 @@ class MainFormTest : public QObject {
     QVERIFY(!cancelled.Start());
     QCOMPARE(cancelled.Answers.Messages, QStringList{refusal});
 
-    // A file that only has the name is explained, and another may be chosen.
+    // A file that is a parameter file only by name is explained, and another one can be chosen.
     Program program;
     program.Write("TT1/picture.parms", "\x89PNG\r\n\x1a\n" + QByteArray(5000, 'x'));
     program.Write("TT1/empty.parms", "");
@@ -49,7 +49,7 @@ class MainFormTest : public QObject {
     Program program;
     program.Write("TT1/picture.Ntt.parms", QByteArray(5000, 'x'));
     for (const QString& named : {QString("TT1/TT1.Ntt.parms"), QString("TT1/picture.Ntt.parms")}) {
-      // Where that file is refused the dialog is asked, as it is without a command line.
+      // If that file is refused the dialog opens, as without a command line.
       QStringList asked;
       QTimer answer;
       connect(&answer, &QTimer::timeout, [&] {
@@ -97,7 +97,7 @@ class MainFormTest : public QObject {
     const Boundary& second = program.Shared.Clusters[3].Boundaries[1];
     QCOMPARE(PointsInCluster(program.Shared, 3), CountInside(program, {first, second}));
 
-    // Drawing again where there is a boundary replaces it; with the axes swapped it is another one.
+    // Drawing where there is a boundary replaces it; with the axes swapped it adds one.
     program.DrawPolygon({{10, 0}, {40, 0}, {40, 50}, {10, 50}});
     QCOMPARE(program.Shared.Clusters[3].BoundaryCount, 2);
     program.Show(kPosY, 1);
@@ -105,7 +105,7 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Shared.Clusters[3].BoundaryCount, 3);
   }
 
-  void TakesNoClickThatHasNoMeaning() {
+  void IgnoresClicksWithoutMeaning() {
     Program program;
     program.Load();
     QTest::mousePress(program.Surface(), Qt::LeftButton);  // no cluster chosen
@@ -118,7 +118,7 @@ class MainFormTest : public QObject {
     QVERIFY(program.View()->findChild<QLabel*>("message")->text().contains("51"));
     QTest::mousePress(program.Surface(), Qt::RightButton, {}, QPoint(200, 200));
     QCOMPARE(program.Shared.Clusters[1].Boundaries[0].VertexCount, 51);
-    // An open polygon ends where another cluster is chosen; nothing of it goes into that one.
+    // Choosing another cluster ends an open polygon and adds nothing to that cluster.
     QTest::mousePress(program.Surface(), Qt::LeftButton, {}, QPoint(10, 10));
     program.Click("lblNewCluster(2)");
     QTest::mousePress(program.Surface(), Qt::RightButton, {}, QPoint(50, 50));
@@ -139,7 +139,7 @@ class MainFormTest : public QObject {
     QCOMPARE(session.AxisMaximum[0], unchanged);
     program.Click("cmdScaleDefaults");
     QCOMPARE(session.AxisMaximum[0], 999.0F);
-    // On PosY smaller values are higher up.
+    // On PosY, smaller values are higher up.
     program.Show(0, kPosY);
     program.Drag({50, 0}, {200, 50});
     QCOMPARE(session.AxisMinimum[kPosY], 0.0F);
@@ -177,7 +177,7 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Text("txtEndEvent"), "999");
   }
 
-  void BadRangesLeaveWhatWasLoaded() {
+  void BadRangesLeaveTheLoadedPoints() {
     Program program;
     program.Load();
     const struct {
@@ -207,7 +207,7 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Shared.Points.Rows(), size_t{100});
   }
 
-  void EndsWhereTheVideoRateIsWrong() {
+  void EndsIfTheVideoRateIsWrong() {
     Program program(1000, "25");
     program.Load();
     QCOMPARE(program.Answers.Messages,
@@ -273,7 +273,7 @@ class MainFormTest : public QObject {
     int nested = 0;
     QTimer::singleShot(0, [&] {
       ++nested;
-      program.Show(1, 0);  // within the pauses of the redraw below
+      program.Show(1, 0);  // during the pauses of the redraw below
     });
     program.Click("cmdRedraw");
     QCOMPARE(nested, 1);
@@ -289,7 +289,7 @@ class MainFormTest : public QObject {
     redrawing.Click("cmdRedraw");
     QVERIFY(!redrawing.Form.isVisible());
 
-    // Closed in the middle of its work, the load is stopped and leaves nothing behind.
+    // Closing the program in the middle of a load stops it; no points are left.
     Program loading(300000);
     loading.Start();
     QTimer::singleShot(0, &loading.Form, &QWidget::close);
@@ -334,7 +334,7 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Shared.AxisMaximum[134], 100.0F);
   }
 
-  void EditsUndoesAndTellsAboutClusters() {
+  void EditsUndoesAndDescribesClusters() {
     Program program;
     program.Load();
     program.Click("cmdDeleteCluster");  // none is chosen: nothing happens
@@ -359,7 +359,7 @@ class MainFormTest : public QObject {
     program.Click("cmdHideCL0");
     QCOMPARE(program.Get<QPushButton>("cmdHideCL0")->text(), "Show CL 0");
     QVERIFY(!program.Shared.Display[0]);
-    // Escape takes an open polygon back.
+    // Escape cancels an open polygon.
     program.Click("lblNewCluster(5)");
     QTest::mousePress(program.Surface(), Qt::LeftButton, {}, QPoint(30, 30));
     QCOMPARE(program.Shared.Clusters[5].BoundaryCount, 1);
@@ -368,7 +368,7 @@ class MainFormTest : public QObject {
     QVERIFY(!program.Shared.ClusterDefined[5]);
   }
 
-  void PagesOfClustersChange() {
+  void SwitchesPagesOfClusters() {
     Program program;
     program.Load();
     auto* button = program.Get<QPushButton>("cmdToggleClusters");
@@ -378,7 +378,7 @@ class MainFormTest : public QObject {
     QVERIFY(program.Get("fraCL16to30")->isVisible() && !program.Get("fraCL1to15")->isVisible());
     button->click();
     QCOMPARE(button->text(), "CL16-30");
-    // Two digits typed together are one number, and lead to its page.
+    // Two digits typed together are one number, whose page is shown.
     QTest::keyClicks(program.View(), "23");
     QCOMPARE(program.Shared.CurrentCluster, int16_t{23});
     QVERIFY(program.Get("fraCL16to30")->isVisible());
@@ -404,7 +404,7 @@ class MainFormTest : public QObject {
     QVERIFY(lit > before);
     QTRY_VERIFY(program.Pixels(white) < lit);  // black half a second later
     QTRY_COMPARE(program.Pixels(white), lit);
-    // Over any other picture too; in another projection it starts anew.
+    // It blinks over any other picture too; in another projection it starts again.
     program.Click("cmdScaleDown");
     program.Click("cmdDeleteAllClusters");
     program.Click("cmdUndo");
@@ -418,7 +418,7 @@ class MainFormTest : public QObject {
     button->click();
     QCOMPARE(button->text(), "Show Overlap");
     QVERIFY(!timer->isActive());
-    // Where the next projection comes to view without an overlap left, that is told, and the blinking ends.
+    // If no overlap is left when the next projection is shown, the user is told and the blinking ends.
     button->click();
     program.Click("cmdDeleteAllClusters");
     program.Show(0, 1);
@@ -451,7 +451,7 @@ class MainFormTest : public QObject {
     QVERIFY(!choose->isVisible());
     QCOMPARE(PointsInCluster(program.Shared, 1), int64_t{0});
     QCOMPARE(PointsInCluster(program.Shared, 2), second);
-    // A broken file is told, with the line; Undo brings the cut back.
+    // A broken file is reported, with the line; Undo restores the cut.
     QFile good(program.Path("TT1/cbfile.m1.txt"));
     QVERIFY(good.open(QIODevice::ReadOnly));
     program.Write("TT1/broken.txt", good.readAll().chopped(30) + "x");
@@ -462,11 +462,11 @@ class MainFormTest : public QObject {
     QCOMPARE(PointsInCluster(program.Shared, 2), second);
   }
 
-  void LeavingWritesTheExitCopyAndTheScales() {
+  void ExitWritesTheExitCopyAndTheScales() {
     Program program;
     program.Load();
     CutTwo(program);
-    // Where it cannot be written the user is asked, and may stay.
+    // If it cannot be written the user is asked, and can stay.
     QDir(program.Path("TT1")).mkdir("cbfile.exit.txt");
     program.Answers.Agree = false;
     QVERIFY(!program.Form.close());
@@ -488,7 +488,7 @@ class MainFormTest : public QObject {
     QCOMPARE(PointsInCluster(session, 2), PointsInCluster(program.Shared, 2));
   }
 
-  void DefaultsComeBackAtTheNextStart() {
+  void DefaultsAreRestoredAtTheNextStart() {
     Program program;
     program.Start();
     program.Click("cmdSaveDefaults");  // cancelled
@@ -519,14 +519,14 @@ class MainFormTest : public QObject {
   }
 
   void WindowsFitASmallScreen() {
-    // The client areas that screens of 1024 x 768 and 1366 x 768 leave, with frames and a task bar.
+    // The client areas left by frames and a task bar on screens of 1024 x 768 and 1366 x 768.
     Program program;
     program.Load();
     program.Form.resize(560, 690);
     QApplication::processEvents();
     const auto* scroll = qobject_cast<QScrollArea*>(program.Form.centralWidget());
     QVERIFY(!scroll->verticalScrollBar()->isVisible() && !scroll->horizontalScrollBar()->isVisible());
-    // Whatever is said below the controls and the picture, the windows stay as wide as they are.
+    // Whatever the texts below the controls and the picture, the windows keep their width.
     const int wide = program.Form.minimumSizeHint().width(), narrow = program.View()->minimumSizeHint().width();
     program.Form.statusBar()->findChild<QLabel*>()->setText(QString("what to do ").repeated(30));
     program.View()->resize(400, 500);
@@ -539,7 +539,7 @@ class MainFormTest : public QObject {
     QCOMPARE(program.Form.minimumSizeHint().width(), wide);
     QCOMPARE(program.View()->minimumSizeHint().width(), narrow);
     QCOMPARE(program.View()->width(), 400);
-    // A screen that is lower still scrolls; one that is higher gives its room to the messages.
+    // On an even lower screen the controls scroll; a higher one gives more room to the messages.
     program.Form.resize(560, 500);
     QApplication::processEvents();
     QVERIFY(scroll->verticalScrollBar()->isVisible());
@@ -573,7 +573,7 @@ class MainFormTest : public QObject {
   }
 
  private:
-  /// Cuts clusters 1 and 2 out of the first projection, side by side.
+  /// Cuts clusters 1 and 2 in the first projection, side by side.
   static void CutTwo(const Program& program) {
     for (const int c : {1, 2}) {
       program.Click(QString("lblNewCluster(%1)").arg(c));

@@ -52,12 +52,12 @@ class OutputFormsTest : public QObject {
     Box<QRadioButton>(form, "optPoor(17)")->click();
     QVERIFY(!Box<QRadioButton>(form, "optGood(17)")->isChecked());
 
-    // What the file cannot hold is refused at once.
+    // Text that the file cannot store is refused at once.
     for (const char* remarks : {"say \"so\"", "two\nlines"}) Remark(form, remarks);
     QCOMPARE(program.Answers.Messages.size(), 2);
     QCOMPARE(program.Shared.Notes[17].Remarks, "");
 
-    // The close box saves; what is opened anew comes from the file.
+    // The close box saves; a reopened form shows what is in the file.
     QVERIFY(form->close());
     program.Shared.Notes = {};
     form = Notes(program);
@@ -65,7 +65,7 @@ class OutputFormsTest : public QObject {
     QCOMPARE(program.Shared.Notes[4].Remarks, "ok");
     QCOMPARE(Box<QLineEdit>(form, "txtRemarkDisplay")->text(), "cluster - 17 : ");
 
-    // Cleared and saved: the number stays, the grade does not come back.
+    // After clearing and saving, the number stays and the grade is gone.
     Box<QPushButton>(form, "cmdClear")->click();
     Box<QPushButton>(form, "cmdClNoteExit")->click();
     QVERIFY(!form->isVisible());
@@ -81,7 +81,7 @@ class OutputFormsTest : public QObject {
     QVERIFY(!Box<QRadioButton>(form, "optGood(1)")->isChecked());
   }
 
-  void MalformedNotesAreToldAndKept() {
+  void MalformedNotesAreReportedAndKept() {
     Program program;
     program.Load();
     program.Write("TT1/ClNotes", "0,\"\",\"\"\r\n99,\"Good\",\"\"\r\n");
@@ -117,14 +117,14 @@ class OutputFormsTest : public QObject {
     QVERIFY(program.Messages().endsWith("Done writing center file X=" + parts[0] + " Y=" + parts[1]));
     QVERIFY((program.At(parts[0].toDouble(), parts[1].toDouble()) - at).manhattanLength() <= 1);
 
-    // One arming, one click: the next one draws, or is refused for want of a cluster.
+    // The button serves one click: the next one draws, or is refused because no cluster is chosen.
     program.Click("lblNewCluster(1)");
     click(Qt::LeftButton);
     QCOMPARE(int(program.Shared.Clusters[1].BoundaryCount), 1);
     QCOMPARE(Read(program, "CenterCoords"), written);
     QTest::keyClick(&program.Form, Qt::Key_Escape);
 
-    // Without a name the click is served all the same; Esc disarms.
+    // Without a name the click is still served; Esc cancels.
     program.Answers.Messages.clear();
     program.Type("txtCenterFile", "");
     program.Click("cmdWriteCenterFile");

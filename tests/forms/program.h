@@ -13,7 +13,7 @@
 
 namespace pallomir {
 
-/// Answers every dialog at once and remembers what message boxes said, as "title|text".
+/// Answers every dialog at once and records the message boxes, as "title|text".
 class ScriptedDialogs : public Dialogs {
  public:
   void ShowMessage(QWidget*, const QString& text, const QString& title) override { Messages << title + "|" + text; }
@@ -52,7 +52,7 @@ Control* Box(const QWidget* form, const QString& name) {
   return control;
 }
 
-/// A recording on disk and the program on it, the way main() sets it up.
+/// A recording on disk and the program in its folder, set up as main() does.
 class Program {
  public:
   /// `rows` spikes, 1000 µs apart from 1,000,000: MPeak-1 runs 0..rows-1, MPeak-2 repeats 0..99, PosX is 5, PosY 7.
@@ -121,12 +121,12 @@ class Program {
     QApplication::processEvents();
   }
 
-  /// Where a value of the present projection is on the surface.
+  /// The position on the surface of a value in the current projection.
   QPoint At(double x, double y) const {
     const pallomir::View view = ViewOf(Shared, Surface()->width(), Surface()->height());
     return QPointF(view.PixelX(x), view.PixelY(y)).toPoint();
   }
-  /// Left clicks on all corners but the last, a right click there.
+  /// Left clicks on all corners but the last, a right click on the last one.
   void DrawPolygon(const QList<QPointF>& corners) const {
     for (const QPointF& corner : corners)
       QTest::mousePress(Surface(), &corner == &corners.last() ? Qt::RightButton : Qt::LeftButton, {},
@@ -140,7 +140,7 @@ class Program {
     QApplication::processEvents();
   }
 
-  /// Pixels of a colour on the surface.
+  /// The number of pixels of a colour on the surface.
   int Pixels(QColor colour) const {
     const QImage image = Surface()->grab().toImage().convertToFormat(QImage::Format_RGB32);
     int count = 0;

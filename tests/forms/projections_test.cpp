@@ -1,4 +1,4 @@
-// The projection view on the real forms: what the mouse means there, and what a redraw shows.
+// The projection view on the real forms: what the mouse does, and what a redraw shows.
 
 #include "form_tests.h"
 #include "pallomir/clusters/classify.h"
@@ -10,7 +10,7 @@ class ProjectionsTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void EscBringsBackTheBoundaryThatAPolygonReplaces() {
+  void EscRestoresTheBoundaryThatAPolygonReplaces() {
     Program program;
     program.Load();
     program.Click("lblNewCluster(1)");
@@ -27,14 +27,14 @@ class ProjectionsTest : public QObject {
     QCOMPARE(PointsInCluster(program.Shared, 1), members);
   }
 
-  void AfterClearTheMouseMeansTheRangesAndTheSizeNow() {
+  void AfterClearTheMouseUsesTheCurrentRangesAndSize() {
     Program program;
     program.Load();
     const Session& session = program.Shared;
     program.Type("txtLower", "0");
     program.Type("txtUpper", "2000");
     program.Click("cmdscaleXaxis");
-    // Until the picture is cleared or drawn afresh, what is seen holds: 999 is at its right edge.
+    // Until the picture is cleared or redrawn, the picture decides: 999 is at its right edge.
     program.Click("lblNewCluster(1)");
     const int right = program.Surface()->width() - 1;
     QTest::mousePress(program.Surface(), Qt::LeftButton, {}, {right, 50});
@@ -91,7 +91,7 @@ class ProjectionsTest : public QObject {
   void PointsOnAnAxisAreSeen() {
     Program program;
     program.Load();
-    // All spikes lie on the left edge, in the axis's own line; then on the lower one.
+    // All spikes lie on the left edge, on the axis line itself; then on the lower one.
     program.Show(2, 1);
     const QImage left = Grab(program);
     program.Show(0, 2);
@@ -103,7 +103,7 @@ class ProjectionsTest : public QObject {
     QVERIFY2(under >= 300, qPrintable(QString::number(under)));
   }
 
-  void AConcavePolygonShowsWhatOfItCounts() {
+  void AConcavePolygonShowsThePartThatCounts() {
     Program program;
     program.Load();
     program.Click("cmdHideCL0");
@@ -124,7 +124,7 @@ class ProjectionsTest : public QObject {
     corner(100, 50, Qt::RightButton);
     QVERIFY(program.Pixels(inShade) > 100 && program.Pixels(ring) > 5);
     QVERIFY(hint->text().contains("holds") && hint->text().contains("Only the shaded part counts"));
-    // Another cluster's is not told of, nor one that is not drawn.
+    // Another cluster's polygon is not mentioned, nor one that is not drawn.
     program.Click("lblNewCluster(2)");
     QApplication::processEvents();
     QCOMPARE(program.Pixels(ring), 0);
@@ -133,7 +133,7 @@ class ProjectionsTest : public QObject {
     QCOMPARE(program.Pixels(ring), 0);
   }
 
-  void PointsOneAtATimeKeepToDrawSpeedAndCanBeHurried() {
+  void PointsOneAtATimeFollowDrawSpeedAndCanBeFinishedAtOnce() {
     Program program;
     program.Load();
     program.Type("txtDelay", "200");

@@ -1,4 +1,4 @@
-// The report's sheet, on the screen and in files.
+// The report sheet, on screen and in files.
 
 #include <qcustomplot.h>
 #include <sys/resource.h>
@@ -87,7 +87,7 @@ class ReportFormTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void ManyDotsLieWhereFewWould() {
+  void ManyDotsAreDrawnWhereFewWouldBe() {
     for (const int64_t interval : {3'000, 1'000'000}) {
       Sheet sheet(ReportOf(interval));
       QCustomPlot* plot = sheet.Plot("picMaxHeight");
@@ -130,7 +130,7 @@ class ReportFormTest : public QObject {
     QVERIFY(sheet.Answers.Messages.isEmpty() && sheet.TheWorld.Boxes.empty());
   }
 
-  void WhatCannotBePrintedLeavesTheEarlierFile() {
+  void FailedPrintingLeavesTheEarlierFile() {
     Sheet sheet(ReportOf(1'000'000));
     const QByteArray earlier = sheet.Print("a.pdf", 1);
     QVERIFY(earlier.startsWith("%PDF"));
@@ -145,7 +145,7 @@ class ReportFormTest : public QObject {
     QCOMPARE(sheet.TheWorld.Boxes.size(), size_t{2});
   }
 
-  void WhatFilesSayIsPlainText() {
+  void TextFromFilesIsPlainText() {
     Report report = ReportOf(1'000'000);
     report.Note.Remarks = "<img src=x.png>";
     Sheet sheet(report);

@@ -1,4 +1,4 @@
-// A folder that comes from a stranger, and one that another program works in.
+// A folder from somebody else, and one in which another program is at work.
 
 #include <sys/stat.h>
 
@@ -13,7 +13,7 @@ class SharedFolderTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void StrangersLinksAndPipesLeadNoWriteElsewhere() {
+  void ForeignLinksAndPipesRedirectNoWrite() {
     Program program;
     program.Write("victim", "a stranger's");
     const QStringList names = {"cbfile.exit.txt", "AxesScaleFile", "ClNotes", "cbfile.tmp.txt"};
@@ -36,7 +36,7 @@ class SharedFolderTest : public QObject {
     QVERIFY(Read(program, "TT1/cbfile.exit.txt").contains("MPeak-1"));
   }
 
-  void PiecesOfAKilledProgramAreRemovedAtTheStart() {
+  void LeftoversOfAKilledProgramAreRemovedAtStart() {
     Program program;
     program.Write("TT1/cbfile.exit.txt.0123456789abcdef.saving~", "half");
     program.Write("CenterCoords.0123456789abcdef.saving~", "half");
@@ -45,7 +45,7 @@ class SharedFolderTest : public QObject {
     QVERIFY(!QFile::exists(program.Path("CenterCoords.0123456789abcdef.saving~")));
   }
 
-  void ASecondProgramAsksAndSavesNothingOfItsOwnAccord() {
+  void ASecondProgramAsksAndSavesNothingAutomatically() {
     Program first;
     first.Load();
 
@@ -70,7 +70,7 @@ class SharedFolderTest : public QObject {
     QVERIFY(second.close());
     QVERIFY(!QFile::exists(first.Path("TT1/cbfile.exit.txt")) && !QFile::exists(first.Path("TT1/AxesScaleFile")));
 
-    // The first one's own exit is as ever, and then the folder is free.
+    // The first program exits as usual, and then the folder is free.
     QVERIFY(first.Form.close());
     QVERIFY(QFile::exists(first.Path("TT1/cbfile.exit.txt")));
     Session free;

@@ -1,4 +1,4 @@
-// The windows in which results are shown, from result files as the analyses write them.
+// The result windows, shown from result files as the analyses write them.
 
 #include <QSvgRenderer>
 
@@ -21,7 +21,7 @@ using namespace pallomir;
 
 namespace {
 
-/// The components with answers for their dialogs, and the window that was shown last.
+/// The components with answers for their dialogs, and the window shown last.
 struct Desk {
   TemporaryFolder Folder;
   RecordingWorld TheWorld;
@@ -63,7 +63,7 @@ QString Figures(const QWidget* window) {
   return Plot(window)->accessibleDescription();
 }
 
-/// Where a value of the first axis rectangle is on the plot.
+/// The position on the plot of a value in the first axis rectangle.
 QPoint At(const QWidget* window, double x, double y) {
   const QCPAxisRect* rect = Plot(window)->axisRect(0);
   return {qRound(rect->axis(QCPAxis::atBottom)->coordToPixel(x)), qRound(rect->axis(QCPAxis::atLeft)->coordToPixel(y))};
@@ -102,13 +102,13 @@ class ViewersTest : public QObject {
   Q_OBJECT
 
  private slots:
-  void MapsStandAsTheCameraSawThem() {
+  void MapsAreOrientedAsTheCameraSeesThem() {
     Desk desk;
     QWidget* window = desk.ShowMap(SmallMap());
     QCOMPARE(window->windowTitle(), "Cluster 7 - Rate map — TT1");
     QCOMPARE(Figures(window), "Peak 8 spikes/s    Mean 1.25 spikes/s    Spatial information 0.5 bits/spike");
     QCOMPARE(Said(window, "usage"), "Used 12 of 15 spikes.");
-    // From 10 to 17.5 cm and 20 to 25 cm, the smallest y at the top, and bins are square.
+    // From 10 to 17.5 cm and from 20 to 25 cm, with the smallest y at the top and square bins.
     QVERIFY(At(window, 11, 21).y() < At(window, 11, 24).y());
     const QRect plotted = Plot(window)->axisRect(0)->rect();
     QVERIFY(std::abs(plotted.width() - 1.5 * plotted.height()) <= 2);
@@ -132,7 +132,7 @@ class ViewersTest : public QObject {
     QCOMPARE(FileNameWithTetrode("TT1", {"Cluster 2", "Log ISI"}), "TT1 cluster 2 log ISI");
   }
 
-  void WhatHasNoMemoryIsASentence() {
+  void LackOfMemoryIsReported() {
     const auto tooLarge = [] { MakeImage({INT_MAX / 8, INT_MAX / 8}, QImage::Format_RGB32); };
     QVERIFY_THROWS_EXCEPTION(CommandError, tooLarge());
   }
@@ -146,7 +146,7 @@ class ViewersTest : public QObject {
     QVERIFY(peak.saturation() == 0 && low.saturation() == 0 && peak.lightness() < low.lightness());
     choice->setCurrentText("Jet");
     QCOMPARE(ColourAt(window, 11, 21), QColor(128, 0, 0));
-    // Equal steps of the even scale are equal steps in lightness, close to what L* of the colour says.
+    // Equal steps of the even scale are equal steps in lightness, close to the L* of the colour.
     for (const ColourScale scale : {ColourScale::Even, ColourScale::Heat, ColourScale::Gray}) {
       QCPColorGradient gradient = GradientOf(scale);
       std::vector<double> lightness;
@@ -161,7 +161,7 @@ class ViewersTest : public QObject {
     }
   }
 
-  void CorrelationsHaveAFixedScaleAndTheirMiddleMarked() {
+  void CorrelationsHaveAFixedScaleAndAMarkedCentre() {
     Desk desk;
     MapResult result = SmallMap();
     result.Kind = MapKind::SpatialAutocorrelation;
@@ -177,7 +177,7 @@ class ViewersTest : public QObject {
     QCOMPARE(Hover(window, At(window, 2.6, 2.6)), "x 2.6, y 2.6 cm: r 0.25");
   }
 
-  void OneLongStayLeavesTheOthersTheirColours() {
+  void OneLongStayDoesNotDarkenTheOtherBins() {
     Desk desk;
     MapResult result = SmallMap();
     result.Kind = MapKind::Occupancy;
@@ -197,7 +197,7 @@ class ViewersTest : public QObject {
     QCOMPARE(ColoursEnd(result), 4000.0);
   }
 
-  void WindowsComeUpWhereTheyCoverLeast() {
+  void WindowsOpenWhereTheyCoverLeast() {
     const QRect room(0, 0, 2000, 1000), controls(0, 0, 500, 900);
     const QSize wanted(600, 700), smallest(400, 450);
     std::vector<Neighbour> there = {{controls}};
@@ -208,7 +208,7 @@ class ViewersTest : public QObject {
     there.push_back({next()});
     QVERIFY(!next().intersects(controls));  // no room is left: a step below the first
     QCOMPARE(next().topRight(), QPoint(1999 - 28, 28));
-    // The projection is covered only where a smaller window, too, has no room beside it.
+    // The projection is covered only if even a smaller window has no room beside it.
     const std::pair<int, QRect> projections[] = {{1000, {1520, 0, 480, 560}},  // from x 500 on, so wide
                                                  {1100, {1600, 0, 400, 455}},
                                                  {1200, {1400, 0, 600, 700}}};
@@ -252,7 +252,7 @@ class ViewersTest : public QObject {
     QCOMPARE(Hover(isi, At(isi, 11, 0.5)), "10 to 12.6 ms: 1 interval");
   }
 
-  void DirectionsTurnCounterClockwise() {
+  void DirectionsAreCounterClockwise() {
     Desk desk;
     DirectionResult result;
     result.Tuning.Dwell.fill(2);
@@ -268,11 +268,11 @@ class ViewersTest : public QObject {
     QVERIFY(Figures(window).startsWith("R 1.00 towards 93°    Peak 10 spikes/s    Coverage 98 %; Direction of travel"));
     QVERIFY(At(window, 0, 1).y() < At(window, 0, 0).y());
     QCOMPARE(Hover(window, At(window, -0.03, 0.6)), "90° to 96°: 10 spikes/s, 20 spikes in 2 s");
-    QCOMPARE(Hover(window, At(window, -0.27, -0.5)), "240° to 246°: never headed there");
+    QCOMPARE(Hover(window, At(window, -0.27, -0.5)), "240° to 246°: no dwell time");
     QVERIFY(Hover(window, At(window, 1, 1)).startsWith("The wheel zooms"));
   }
 
-  void WindowsStayWithinWhatThereIs() {
+  void ZoomAndMoveStayWithinTheResult() {
     Desk desk;
     QWidget* window = desk.ShowMap(SmallMap());
     QWidget* second = desk.ShowMap(SmallMap());
@@ -296,7 +296,7 @@ class ViewersTest : public QObject {
     QVERIFY(!closing);
   }
 
-  void PicturesAndNumbersAreKept() {
+  void PicturesAndNumbersAreSaved() {
     Desk desk;
     QWidget* window = desk.ShowMap(SmallMap());
     const QByteArray shown = Bytes(desk.Folder / "tmp.rmap");
@@ -331,7 +331,7 @@ class ViewersTest : public QObject {
     QWidget* window = desk.ShowMap(map);
     QCOMPARE(Figures(window), "Pos.p contains no position samples.");
     QCOMPARE(Hover(window, Plot(window)->rect().center()), "");
-    // The sentence stands whole in the plot.
+    // The whole sentence is in the plot.
     const auto* sentence = qobject_cast<QCPTextElement*>(Plot(window)->plotLayout()->elements(true).last());
     QVERIFY(sentence && sentence->rect().height() > 200);
     map = SmallMap();

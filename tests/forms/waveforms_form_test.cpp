@@ -1,4 +1,4 @@
-// The waveform viewer: stepping, running through, drawing again.
+// The waveform viewer: stepping, playing, redrawing.
 
 #include "form_tests.h"
 #include "pallomir/recorded/waveform_file.h"
@@ -28,7 +28,7 @@ class WaveformsFormTest : public QObject {
     Press(form, "cmdBack");
     Press(form, "cmdBack");
     QCOMPARE(record(), "2");
-    QCOMPARE(Status(form), "There is no earlier spike of the ticked clusters.");
+    QCOMPARE(Status(form), "There are no earlier spikes of the ticked clusters.");
     Press(form, "cmdClear");
     QCOMPARE(Drawn(form), 0);
     Box<QCheckBox>(form, "chkCluster(0)")->setChecked(false);
@@ -38,7 +38,7 @@ class WaveformsFormTest : public QObject {
     QVERIFY(program.Answers.Messages.isEmpty());
   }
 
-  void WhatIsNotStoredIsNeitherShownNorCountedAsShown() {
+  void MissingWaveformsAreNeitherShownNorCountedAsShown() {
     Program program(20);
     WriteWaveforms(program, 15);
     program.Load();
@@ -51,18 +51,18 @@ class WaveformsFormTest : public QObject {
     QCOMPARE(Drawn(form), 0);
     QCOMPARE(Status(form), "No waveform is stored for spike 15.");
 
-    // Over each other, all of them; a second press would end it.
+    // All of them superimposed; a second click would stop it.
     Box<QCheckBox>(form, "chkOverlay")->setChecked(true);
     Press(form, "cmdResetToStart");
     Press(form, "cmdShowAll");
     QTRY_COMPARE(record(), "19");
-    QTRY_COMPARE(Status(form), "15 spikes on view; no waveform is stored for 5 more.");
+    QTRY_COMPARE(Status(form), "15 spikes shown; no waveform is stored for 5 more.");
     program.Answers.FilesToOpen = {program.Path("traces.png")};
     QTest::keyClick(form, Qt::Key_S);
     QVERIFY(!QImage(program.Path("traces.png")).isNull());
     QCOMPARE(program.Answers.Asked.FileName, "TT1 waveforms.png");
 
-    // The file is not held open: one that took its place is what is drawn next.
+    // The file is not kept open: if it is replaced, the new one is drawn next.
     WriteWaveforms(program, 20);
     QFile::rename(program.Path("TT1/TT1.waveforms"), program.Path("TT1/new"));
     Press(form, "cmdZoomOut");
@@ -75,7 +75,7 @@ class WaveformsFormTest : public QObject {
     QVERIFY(program.Answers.Messages.isEmpty());
   }
 
-  void WithoutTheFileNoSpikeIsPassedOver() {
+  void WithoutTheFileNoSpikeIsSkipped() {
     Program program(20);
     program.Load();
     QWidget* form = Open(program);
@@ -91,7 +91,7 @@ class WaveformsFormTest : public QObject {
     QCOMPARE(Box(form, "txtTimestamp")->text(), "0");
   }
 
-  void ALongOverlayIsDrawnInTurns() {
+  void ALongOverlayIsDrawnInSlices() {
     Program program(20'000);
     QVERIFY(QFile(program.Path("TT1/TT1.waveforms")).open(QIODevice::WriteOnly));
     QVERIFY(QFile::resize(program.Path("TT1/TT1.waveforms"), 20'000 * qint64{kWaveformRecordBytes}));
@@ -100,9 +100,9 @@ class WaveformsFormTest : public QObject {
     const QString all = QString::fromUtf8("20\u202f000");
     Box<QCheckBox>(form, "chkOverlay")->setChecked(true);
     Press(form, "cmdShowAll");
-    QTRY_COMPARE_WITH_TIMEOUT(Status(form), all + " spikes on view.", 60'000);
+    QTRY_COMPARE_WITH_TIMEOUT(Status(form), all + " spikes shown.", 60'000);
 
-    // Drawing again says how far it is; Stop ends it, and so does Esc, which leaves the window open.
+    // Redrawing shows its progress; Stop ends it, and so does Esc, which leaves the window open.
     for (const bool escape : {false, true}) {
       Press(form, "cmdZoomOut");
       QVERIFY(Status(form).startsWith("Drawing: ") && Status(form).contains("of " + all));
@@ -115,17 +115,17 @@ class WaveformsFormTest : public QObject {
       QTest::qWait(60);
       QCOMPARE(Status(form), stopped);
     }
-    // A newer size starts it over; it comes to all of them once.
+    // Resizing starts it over; each waveform is drawn once.
     Press(form, "cmdZoomOut");
     form->resize(form->width() + 60, form->height() - 40);
     Box<QComboBox>(form, "cboHeight")->setCurrentIndex(1);
-    QTRY_COMPARE_WITH_TIMEOUT(Status(form), all + " spikes on view.", 60'000);
+    QTRY_COMPARE_WITH_TIMEOUT(Status(form), all + " spikes shown.", 60'000);
     QTest::keyClick(form, Qt::Key_Escape);
     QVERIFY(!form->isVisible());
   }
 
  private:
-  /// Four wires, as a tetrode has them, of records 0..count-1.
+  /// The four wires of a tetrode, for records 0..count-1.
   static void WriteWaveforms(const Program& program, int count) {
     QByteArray bytes(count * static_cast<int>(kWaveformRecordBytes), '\0');
     for (int n = 0; n < count; ++n)
@@ -142,7 +142,7 @@ class WaveformsFormTest : public QObject {
   static void Press(const QWidget* form, const char* name) { Box<QPushButton>(form, name)->click(); }
   static QString Status(const QWidget* form) { return Box<QLabel>(form, "status")->text(); }
 
-  /// Pixels of the drawing that are not black.
+  /// The number of pixels of the drawing that are not black.
   static int Drawn(const QWidget* form) {
     const QImage image = Box<QWidget>(form, "waveforms")->grab().toImage().convertToFormat(QImage::Format_RGB32);
     int count = 0;

@@ -27,8 +27,8 @@ void RequireWhole(const Session& session) {
 
 }  // namespace
 
-/// A boundaries file, read whole and by two chosen clusters. However it ends, the session is whole, Undo leads back,
-/// and what was read whole is written and read back.
+/// A boundaries file, read whole and by two chosen clusters. Whatever happens, the session stays consistent, Undo
+/// restores the cut, and a file that was read whole is written and read back.
 FUZZ_TARGET(FuzzBoundariesFile) {
   static const TemporaryFolder folder;
   static const std::string path = folder / "fuzzed.txt", copy = folder / "copy.txt";

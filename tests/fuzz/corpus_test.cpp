@@ -20,7 +20,7 @@ FUZZ_TARGET(FuzzWaveformFile);
 
 namespace {
 
-/// Every file that fuzzing has found worth keeping goes through its target; a target that is not content ends the
+/// Runs every file of the corpus that fuzzing has collected through its target; a target that finds a fault ends the
 /// program.
 void RunCorpus(const char* name, int (*target)(const uint8_t*, size_t)) {
   int files = 0;

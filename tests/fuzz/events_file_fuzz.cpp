@@ -9,8 +9,8 @@
 
 namespace pallomir {
 
-/// An events file: every line of its listing is a stamp, two blanks and printable text; the filter only leaves lines
-/// out. The first lines also pass through the epoch table and back.
+/// An events file: every line of its listing is a timestamp, two blanks and printable text; the filter only omits
+/// lines. The first lines also go through the epoch table and back.
 FUZZ_TARGET(FuzzEventsFile) {
   static const TemporaryFolder folder;
   const std::string path = folder.Put("Events.Nev", {reinterpret_cast<const char*>(data), size});

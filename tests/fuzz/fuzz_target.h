@@ -5,15 +5,15 @@
 #include <cstdio>
 #include <cstdlib>
 
-// A fuzz target is one function of bytes. The fuzzer calls every target by one name; among the tests, where the corpus
-// is run through it, each has its own.
+// A fuzz target is a function of bytes. The fuzzer calls every target by the same name; in the tests, which run the
+// corpus through it, each has its own name.
 #ifdef PALLOMIR_FUZZER
 #define FUZZ_TARGET(name) extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 #else
 #define FUZZ_TARGET(name) int name(const uint8_t* data, size_t size)
 #endif
 
-/// What must hold for every input: the fuzzer and the tests both notice when the program ends here.
+/// A condition for every input. If it fails the program ends, which both the fuzzer and the tests notice.
 #define REQUIRE(condition)                                                         \
   do {                                                                             \
     if (!(condition)) {                                                            \

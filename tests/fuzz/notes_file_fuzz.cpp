@@ -9,8 +9,8 @@
 
 namespace pallomir {
 
-/// A notes file. When it is refused, the line is named and the notes are as they were; when it is read, the notes can
-/// be written, and are the same when they are read back.
+/// A notes file. If it is refused, the line is named and the notes are unchanged; if it is read, the notes can
+/// be written and are the same when they are read back.
 FUZZ_TARGET(FuzzNotesFile) {
   static const TemporaryFolder folder;
   const std::string_view text(reinterpret_cast<const char*>(data), size);
@@ -20,7 +20,7 @@ FUZZ_TARGET(FuzzNotesFile) {
   session.Notes[3] = {3, "Fair", "before"};
   const auto before = session.Notes;
   const std::string refusal = Refusal([&] { ReadNotes(session); });
-  // Only notes that can be read, and hold something, are worth taking the safeguard copy's place.
+  // Only notes that can be read and are not empty may replace the safeguard copy.
   const bool worthKeeping = refusal.empty() && session.Notes != ByCluster<ClusterNote>();
   REQUIRE(ReadText(folder / "ClNotes") == text);
   REQUIRE(!worthKeeping || ReadText(folder / "ClNotes.bak") == text);
@@ -31,7 +31,7 @@ FUZZ_TARGET(FuzzNotesFile) {
     return 0;
   }
   for (int c = 0; c <= kClusters; ++c) REQUIRE(session.Notes[c].Number >= 0 && session.Notes[c].Number <= kClusters);
-  // A line break that is not one for the file: a carriage return on its own.
+  // A carriage return on its own, which the file format does not treat as a line break.
   const bool holdable = std::none_of(session.Notes.begin(), session.Notes.end(), [](const ClusterNote& note) {
     return note.Remarks.find('\r') != std::string::npos;
   });

@@ -14,7 +14,7 @@
 namespace pallomir {
 namespace {
 
-/// The loaded points are rows first..last of the file, byte for byte, and zeros behind them.
+/// The loaded points are rows first..last of the file, byte for byte, followed by zeros.
 void CheckPoints(const Session& session, const std::string& file, int32_t first) {
   const size_t rows = session.Points.Rows();
   for (size_t i = 0; i <= rows; ++i) {

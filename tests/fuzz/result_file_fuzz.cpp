@@ -15,13 +15,13 @@ namespace pallomir {
 
 namespace {
 
-/// What stands behind the header and does not depend on the clock.
+/// The contents after the header, which do not depend on the clock.
 std::string Body(const std::string& path) {
   const std::string text = ReadText(path);
   return text.substr(static_cast<size_t>(TextHeaderLength(text)));
 }
 
-/// What is read can be written, and comes out the same when that is read again.
+/// What is read can be written, and is the same when it is read again.
 template <class Read, class Write>
 void RequireRoundTrip(const TemporaryFolder& folder, Read read, Write write) {
   static const std::string path = folder / "fuzzed", copy = folder / "copy", again = folder / "again";

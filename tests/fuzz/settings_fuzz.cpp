@@ -8,7 +8,7 @@
 
 namespace pallomir {
 
-/// A Defaults file and an axis-scale file of the same bytes: what is read can be written and read back.
+/// The bytes as a Defaults file and as an axis-scale file: what is read can be written and read back.
 FUZZ_TARGET(FuzzSettings) {
   static const TemporaryFolder folder;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);

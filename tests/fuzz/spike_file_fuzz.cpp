@@ -12,8 +12,8 @@
 
 namespace pallomir {
 
-/// A spike file, measured for a cluster of which every third record is one; and the same bytes as a cluster file. What
-/// is counted adds up, and no figure is beyond its bounds.
+/// A spike file, measured for a cluster that contains every third record, and the same bytes as a cluster file. The
+/// counts add up, and all figures are within their bounds.
 FUZZ_TARGET(FuzzSpikeFile) {
   static const TemporaryFolder folder;
   const std::string path = folder.Put("fuzzed.Ntt", {reinterpret_cast<const char*>(data), size});

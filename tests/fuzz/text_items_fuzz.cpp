@@ -12,7 +12,7 @@
 
 namespace pallomir {
 
-/// A text of items, which is also tried as the VideoSampling file.
+/// The bytes as delimited items, and as the VideoSampling file.
 FUZZ_TARGET(FuzzTextItems) {
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const auto lines = 1 + std::count(text.begin(), text.end(), '\n');
@@ -33,7 +33,7 @@ FUZZ_TARGET(FuzzTextItems) {
     line = items.Line();
     if (const auto number = NumberFromText(item)) {
       REQUIRE(std::isfinite(*number));
-      // A number's own text is that number again, to the digits that it has.
+      // The text of a number gives the same number again, to the digits in the text.
       REQUIRE(std::abs(*NumberFromText(DoubleText(*number)) - *number) <= std::abs(*number) * 1e-14);
       REQUIRE(NumberFromText(PlainDecimal(*number)) == *number);
     }

@@ -7,8 +7,8 @@
 
 namespace pallomir {
 
-/// A waveform file whose first bytes also say which record is asked for and through what view it is drawn, over the
-/// record before. A record is there when the file holds it whole, and what is drawn is as tall as the picture allows.
+/// A waveform file whose first bytes also choose the record to read and the view through which it is drawn, over the
+/// previous record. A record exists if the file holds all of it, and the drawing is within the height of the picture.
 FUZZ_TARGET(FuzzWaveformFile) {
   static const TemporaryFolder folder;
   static const std::string name = folder / "fuzzed.Ntt.parms";

@@ -1,5 +1,5 @@
-// Writes files over and over, small ones and large ones in turn, until it is killed; or tells whether what stands there
-// is whole, and nothing missing:
+// Writes files over and over, small and large ones in turn, until it is killed; with "check", says whether all files
+// are there and whole:
 //   keep_writing boundaries|clusters FOLDER [check]
 
 #include <algorithm>
@@ -48,7 +48,7 @@ bool BoundariesWhole(const char* folder) {
   return defined == 1 || defined == kClusters;
 }
 
-// The files of five clusters and of the unclassified spikes, of 10 spikes each or of 3000.
+// The files of five clusters and of the unclassified spikes, with 10 spikes each or with 3000.
 
 constexpr int kWritten = 5, kFew = 10, kMany = 3000;
 

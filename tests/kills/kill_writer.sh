@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Kills a program that keeps writing files, 200 times at random moments; each time all of them must be there and whole.
+# Kills a program that keeps writing files 200 times at random moments; each time all files must be there and whole.
 #   kill_writer.sh KEEP_WRITING boundaries|clusters
 set -u
 writer=("$1" "$2")

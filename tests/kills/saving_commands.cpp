@@ -28,7 +28,7 @@ namespace {
 
 constexpr int kWritten = 3;
 
-/// A session whose every file depends on the version.
+/// A session all of whose files depend on the version.
 Session SessionOf(const std::string& folder, int version) {
   const auto value = static_cast<float>(version);
   Session session = SessionWith(std::vector<Vertex>(static_cast<size_t>(10 * version * (kWritten + 1)), {value, -7}));
@@ -100,7 +100,7 @@ std::vector<SavingCommand> SavingCommands() {
       {"temporary", [](const std::string& folder, int version) { WriteClusters(folder, version, true); }},
       ofSession("notes",
                 [](Session& session, World&, int) {
-                  // Notes that were not read here would be in doubt.
+                  // Notes that were not read here could not be replaced without a question.
                   const std::filesystem::path path = NotesFilePath(session);
                   if (FileUtility::FileExists(path)) session.NotesFile = ReadText(path);
                   WriteNotes(session);

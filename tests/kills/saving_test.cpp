@@ -1,6 +1,6 @@
-// Every command that saves, with a fault or a kill at each of its calls to the system, with two writers at once, and
-// with a stranger's links and pipes under the names that it writes. The suite takes a sample of the calls;
-// PALLOMIR_ALL_FAULTS=1 (scripts/faults) takes them all.
+// Every command that saves, with a fault or a kill at each of its system calls, with two writers at once, and
+// with foreign links and pipes under the names that it writes. The suite tries a sample of the calls;
+// PALLOMIR_ALL_FAULTS=1 (scripts/faults) tries them all.
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -26,7 +26,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// A folder's files, by name: their content but for the moment of writing.
+/// A folder's files, by name: their contents except for the date of writing.
 using Content = std::map<std::string, std::string>;
 
 Content ContentOf(const TemporaryFolder& folder) {
@@ -53,7 +53,7 @@ void Prepare(const SavingCommand& command, const TemporaryFolder& folder) {
   if (command.OverEarlier) command.Run(folder / "", 1);
 }
 
-/// Runs something in a program of its own, which is ended when it hangs; its status as waitpid() has it.
+/// Runs something in a process of its own, which is killed if it hangs; returns the status from waitpid().
 int InAProgramOfItsOwn(const std::function<void()>& run) {
   const pid_t child = fork();
   if (child == 0) {
@@ -92,7 +92,7 @@ struct Saving : ::testing::TestWithParam<SavingCommand> {
     return tried;
   }
 
-  /// Every file is as it was before or as it would have been after; none is gone unless it has its OLD name.
+  /// Every file is either as before or as after; none is missing, though it may have its OLD name.
   void ExpectWhole(const Content& now, int k) const {
     for (const auto& [name, text] : now) {
       const auto is = [&, &file = name, &bytes = text](const Content& version) {
@@ -110,7 +110,7 @@ struct Saving : ::testing::TestWithParam<SavingCommand> {
   }
 };
 
-TEST_P(Saving, IsWholeAndSaysSoWhateverCallFails) {
+TEST_P(Saving, LeavesWholeFilesAndReportsWhicheverCallFails) {
   for (const int k : Tried()) {
     const TemporaryFolder folder;
     Prepare(GetParam(), folder);
@@ -130,7 +130,7 @@ TEST_P(Saving, IsWholeAndSaysSoWhateverCallFails) {
   }
 }
 
-TEST_P(Saving, IsWholeWhereverItIsKilled) {
+TEST_P(Saving, LeavesWholeFilesWhereverItIsKilled) {
   for (const int k : Tried()) {
     const TemporaryFolder folder;
     Prepare(GetParam(), folder);
@@ -140,14 +140,14 @@ TEST_P(Saving, IsWholeWhereverItIsKilled) {
     });
     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "call " << k;
     ExpectWhole(ContentOf(folder), k);
-    // What it left goes when the next program starts.
+    // The next program to start removes what it left.
     for (const char* place : {"", "TT1", "out", "out/TT1", "sample", "sample/raw", "sample/TT1"})
       RemoveLeftovers(folder / place);
     EXPECT_EQ(Leftovers(ContentOf(folder)), std::set<std::string>()) << "call " << k;
   }
 }
 
-TEST_P(Saving, FollowsNoLinkAndWaitsForNoPipe) {
+TEST_P(Saving, FollowsNoLinkAndDoesNotBlockOnAPipe) {
   for (const auto& [name, text] : After) {
     if (const auto before = Before.find(name); before != Before.end() && before->second == text) continue;
     for (const std::string ending : {"", ".saving~"}) {
@@ -174,7 +174,7 @@ TEST_P(Saving, FollowsNoLinkAndWaitsForNoPipe) {
 INSTANTIATE_TEST_SUITE_P(Commands, Saving, ::testing::ValuesIn(SavingCommands()),
                          [](const auto& command) { return command.param.Name; });
 
-/// Four programs at once, each of which runs its own several times.
+/// Four processes at once, each running its own function several times.
 void ExpectFourAtOnce(const std::function<void(int program, int round)>& run) {
   constexpr int kPrograms = 4, kRounds = 10;
   std::vector<pid_t> programs;
@@ -195,10 +195,10 @@ void ExpectFourAtOnce(const std::function<void(int program, int round)>& run) {
 
 TEST(WritersAtOnce, LeaveWholeFiles) {
   for (const SavingCommand& command : SavingCommands()) {
-    // Of two programs that note, the second one is told of the first.
+    // Of two programs that save notes, the second one is told of the first.
     if (!command.OverEarlier || command.Name == "import" || command.Name == "notes") continue;
     const TemporaryFolder folder, alone;
-    // The OLD file and the copy are of any version.
+    // The OLD file and the copy may be of any version.
     std::map<std::string, std::set<std::string>> whole;
     fs::create_directory(alone / "TT1");
     for (const int version : {1, 2, 1, 2}) {

@@ -1,4 +1,4 @@
-// The notes file: what was noted is there again, and a file that is not whole changes nothing.
+// The notes file: what was saved is read back, and a damaged file changes nothing.
 
 #include "pallomir/notes/cluster_notes.h"
 
@@ -23,7 +23,7 @@ struct Desk {
 
   Desk() { Shared.DataDirectory = Folder / "."; }
   std::string Saved() const { return ReadText(Folder / "ClNotes"); }
-  /// The files that were kept under a further name.
+  /// The files that were kept under another name.
   std::vector<std::string> Aside() const {
     std::vector<std::string> files;
     for (const auto& entry : std::filesystem::directory_iterator(Folder / "."))
@@ -42,7 +42,7 @@ std::string FileWith(int line, const std::string& text) {
   return FileWith({{line, text}});
 }
 
-TEST(ClusterNotes, AreWrittenLineByLineAndBroughtBack) {
+TEST(ClusterNotes, AreWrittenLineByLineAndReadBack) {
   Desk desk;
   EXPECT_FALSE(ReadNotes(desk.Shared));
   desk.Shared.Notes[0].Remarks = " ";                             // remarks without a cluster
@@ -63,7 +63,7 @@ TEST(ClusterNotes, AreWrittenLineByLineAndBroughtBack) {
   EXPECT_EQ(other.Notes, desk.Shared.Notes);
 }
 
-TEST(ClusterNotes, FromOtherHandsAreUnderstood) {
+TEST(ClusterNotes, AreReadIfWrittenByOtherPrograms) {
   Desk desk;
   const std::string lines[] = {"7 , \"Fair\" ,\t\"a, b\"  ", "7,Fair,\"a, b\"", "7.0,\"Fair\",\"a, b\""};
   for (const std::string& line : lines) {
@@ -81,7 +81,7 @@ TEST(ClusterNotes, FromOtherHandsAreUnderstood) {
   EXPECT_EQ(desk.Shared.Notes[7].Rating, "Splendid");
 }
 
-TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
+TEST(ClusterNotes, NameFaultsAndThenChangeNothing) {
   const std::pair<std::string, std::string> cases[] = {
       {"", "line 1: the file ends before the note of cluster 0 is due."},
       {FileWith({}, 30), "line 31: the file ends before the note of cluster 30 is due."},
@@ -104,7 +104,7 @@ TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
     desk.Folder.Put("ClNotes", file);
     EXPECT_EQ(Refusal([&] { ReadNotes(desk.Shared); }), "ClNotes, " + fault);
     EXPECT_EQ(desk.Shared.Notes, before);
-    // However often it is tried, the file stays until the user wants it replaced; then it is kept beside the new one.
+    // However often it is tried, the file stays until the user wants it replaced; then it is kept under another name.
     for (int attempt = 0; attempt < 2; ++attempt) {
       EXPECT_EQ(Refusal([&] { WriteNotes(desk.Shared); }), "ClNotes, " + fault + " Nothing was saved.");
       EXPECT_NE(Refusal([&] { ReadNotes(desk.Shared); }), "");
@@ -119,7 +119,7 @@ TEST(ClusterNotes, FaultsAreNamedAndChangeNothing) {
   }
 }
 
-TEST(ClusterNotes, WhatFollowsThemIsLeftAlone) {
+TEST(ClusterNotes, KeepTheLinesAfterThem) {
   for (const std::string tail : {"0,\"\",\"a 32nd\"\r\n", "\n\n \n", "\"anything \0else"}) {
     Desk desk;
     desk.Folder.Put("ClNotes", "\xEF\xBB\xBF" + FileWith(8, "7,\"Fair\",\"x\"") + tail);
@@ -133,7 +133,7 @@ TEST(ClusterNotes, WhatFollowsThemIsLeftAlone) {
   }
 }
 
-TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
+TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherWithoutAsking) {
   Desk desk;
   WriteNotes(desk.Shared);
   Session other;
@@ -155,7 +155,7 @@ TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
   EXPECT_TRUE(NotesAreSaved(other));
   EXPECT_EQ(DoubtAboutNotesFile(other), "");
 
-  // A file that nobody read here is another program's too; one that went away is in nobody's way.
+  // A file that was not read here also counts as another program's; one that disappeared is no obstacle.
   Session third;
   third.DataDirectory = desk.Shared.DataDirectory;
   EXPECT_EQ(DoubtAboutNotesFile(third), doubt);
@@ -166,7 +166,7 @@ TEST(ClusterNotes, OfTwoProgramsNeverReplaceEachOtherUnasked) {
   EXPECT_EQ(DoubtAboutNotesFile(desk.Shared), PathText(NotesFilePath(desk.Shared)) + " is write-protected.");
 }
 
-TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {
+TEST(ClusterNotes, RefuseRemarksThatTheFileCannotStore) {
   for (const auto& [remarks, what] :
        {std::pair("a \"b\"", "a double quote"), {"a\nb", "a line break"}, {"\r", "a line break"}}) {
     Desk desk;
@@ -179,7 +179,7 @@ TEST(ClusterNotes, RemarksThatTheFileCannotHoldAreRefused) {
   }
 }
 
-TEST(ClusterNotes, SurviveAFolderThatTakesNoFile) {
+TEST(ClusterNotes, SurviveAReadOnlyFolder) {
   Desk desk;
   desk.Folder.Put("ClNotes", FileWith(8, "7,\"Fair\",\"x\""));
   const std::string before = desk.Saved();

@@ -1,4 +1,4 @@
-// Which cluster a point is given: the draw is tested by its statistics, since it is never the same twice.
+// Which cluster a point is assigned to: the draw is tested by its statistics, as it is never the same twice.
 
 #include "pallomir/output/assignment.h"
 
@@ -36,7 +36,7 @@ double Distance(const std::map<int, int>& counts, size_t kinds) {
 TEST(Assignment, DrawsAreUniformAndIndependent) {
   std::vector<int16_t> all;
   for (int16_t c = 1; c <= kClusters; ++c) all.push_back(c);
-  // Each limit is exceeded once in a hundred million runs.
+  // Each limit is exceeded once in a hundred million runs by chance.
   const struct {
     std::vector<int16_t> Clusters;
     double Limit, PairLimit;
@@ -70,7 +70,7 @@ TEST(Assignment, CountsEveryPairPastSixteenBits) {
   EXPECT_TRUE(assignment.AnyOverlap);
 }
 
-TEST(Assignment, LeavesNothingToChanceWithoutOverlap) {
+TEST(Assignment, IsNotRandomWithoutOverlap) {
   PointTable points(4);
   EXPECT_EQ(AssignClusters(points).Cluster, (std::vector<uint8_t>{0, 0, 0, 0}));
   points.AddSlot();

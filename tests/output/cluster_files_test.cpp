@@ -1,4 +1,4 @@
-// The cut as text files: what stands in them, which of them there are, and that none is ever lost.
+// The cut as text files: their contents, which of them are written, and that none is ever lost.
 
 #include "pallomir/output/cluster_files.h"
 
@@ -26,7 +26,7 @@ namespace fs = std::filesystem;
 
 const ClusterFileTexts kTexts{"cl-maze1", "0.5", "2e6"};
 
-/// What a file holds behind its header, which must be of the given kind.
+/// The contents of a file after its header, which must be of the given kind.
 std::string BodyOf(const std::string& path, const std::string& kind = "Cl-File") {
   const std::string text = ReadText(path);
   EXPECT_NE(text.find("# Kind: " + kind + "\r\n"), std::string::npos) << path;
@@ -77,7 +77,7 @@ struct Desk {
   }
 };
 
-TEST(ClusterFiles, HoldSeventeenParametersAndTheStamp) {
+TEST(ClusterFiles, HoldSeventeenParametersAndTheTimestamp) {
   Desk desk(3);
   desk.Define(7, 1, 1);
   for (int p = 0; p < kParameters; ++p) desk.Shared.Points.Column(p)[1] = static_cast<float>(p) + 0.25F;
@@ -101,7 +101,7 @@ TEST(ClusterFiles, HoldSeventeenParametersAndTheStamp) {
   EXPECT_FALSE(desk.World.ProgressVisible);
 }
 
-TEST(ClusterFiles, WithoutClustersOrPointsAreTheUnclassifiedOne) {
+TEST(ClusterFiles, ConsistOfTheUnclassifiedFileIfThereAreNoClustersOrPoints) {
   for (const int points : {0, 10}) {
     Desk desk(points);
     for (int run = 0; run < 2; ++run) desk.Write();
@@ -112,7 +112,7 @@ TEST(ClusterFiles, WithoutClustersOrPointsAreTheUnclassifiedOne) {
   }
 }
 
-TEST(ClusterFiles, OverlapsOfNeighbouringNumbersAreReportedToo) {
+TEST(ClusterFiles, ReportOverlapsOfNeighbouringNumbersToo) {
   Desk desk;
   desk.Define(1, 0, 3);
   desk.Define(2, 3, 5);
@@ -153,7 +153,7 @@ TEST(ClusterFiles, HoldEverySpikeOnceInAClusterThatContainsIt) {
   EXPECT_EQ(fileOf.size(), size_t{kPoints});
 }
 
-TEST(ClusterFiles, BecomeTheOldOnes) {
+TEST(ClusterFiles, AreRenamedToOld) {
   Desk desk;
   desk.Define(3, 0, 4);
   desk.Define(4, 5, 6);
@@ -196,7 +196,7 @@ TEST(ClusterFiles, TemporaryOnesHoldTheCurrentClusterAlone) {
   EXPECT_EQ(desk.World.Log, (std::vector<std::string>{"Done Writing CLFiles", "Done Writing CLFiles"}));
 }
 
-TEST(ClusterFiles, AreRefusedBeforeAnythingIsTouched) {
+TEST(ClusterFiles, AreRefusedBeforeAnyFileIsTouched) {
   const std::pair<ClusterFileTexts, std::string> cases[] = {
       {{"cl", "start", "1"}, "The start time \"start\" is not a number; no cluster file was written."},
       {{"cl", "1", ""}, "The end time \"\" is not a number; no cluster file was written."},
@@ -210,7 +210,7 @@ TEST(ClusterFiles, AreRefusedBeforeAnythingIsTouched) {
   }
 }
 
-/// A desk whose files have been written once, with a cut that has changed since.
+/// A desk whose cut has changed since its files were written.
 struct WrittenDesk : Desk {
   std::map<std::string, std::string> Before;
 
@@ -229,8 +229,8 @@ struct WrittenDesk : Desk {
   }
 };
 
-TEST(ClusterFiles, AreAllAsTheyWereWhenTheDiskIsFull) {
-  for (const int points : {10, 50'000}) {  // found out at the end, or on the way
+TEST(ClusterFiles, AreUnchangedWhenTheDiskIsFull) {
+  for (const int points : {10, 50'000}) {  // noticed at the end, or while writing
     WrittenDesk desk(points);
     const std::string full = points == 10 ? "cl-maze1.4" : "Undefined_cl-maze1";
     const InjectedFault fault(points == 10 ? 3 : 5, points == 10 ? FileCall::Flush : FileCall::Write);
@@ -243,7 +243,7 @@ TEST(ClusterFiles, AreAllAsTheyWereWhenTheDiskIsFull) {
   }
 }
 
-TEST(ClusterFiles, AreAllAsTheyWereWhenTheUserStops) {
+TEST(ClusterFiles, AreUnchangedWhenTheUserStops) {
   for (const bool temporary : {false, true})
     for (const int pump : {1, 3}) {
       WrittenDesk desk(50'000);
@@ -255,7 +255,7 @@ TEST(ClusterFiles, AreAllAsTheyWereWhenTheUserStops) {
     }
 }
 
-TEST(ClusterFiles, ThatAreWrittenAndThatAreNotAreNamed) {
+TEST(ClusterFiles, TheErrorNamesThoseWrittenAndThoseNot) {
   WrittenDesk desk;
   desk.Folder.Put("OLDcl-maze1.4/in the way", "");
   EXPECT_EQ(Refusal([&] { desk.Write(); }),
@@ -271,7 +271,7 @@ TEST(ClusterFiles, ThatAreWrittenAndThatAreNotAreNamed) {
   for (const std::string& name : desk.Files()) EXPECT_FALSE(name.ends_with(".saving~")) << name;
 }
 
-TEST(ClusterFiles, OfALinkedNameLeaveWhatItPointsTo) {
+TEST(ClusterFiles, ReplaceALinkAndLeaveItsTargetAlone) {
   WrittenDesk desk;
   fs::rename(desk.Folder / "cl-maze1.4", desk.Folder / "elsewhere");
   fs::create_symlink("elsewhere", desk.Folder / "cl-maze1.4");

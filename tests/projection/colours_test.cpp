@@ -31,7 +31,7 @@ TEST(Colours, ClustersShownAsZeroFollowTheBackground) {
   }
 }
 
-TEST(Colours, SwitchesDecideWhatIsShownWhicheverCameFirst) {
+TEST(Colours, SwitchesDecideWhatIsShownInWhateverOrder) {
   enum Switch { kAsZero, kHideZero, kDisable };
   std::vector<int> order = {kAsZero, kHideZero, kDisable};
   do {

@@ -33,7 +33,7 @@ struct Redraw : ::testing::Test {
 
 TEST_F(Redraw, RandomSpreadStaysWithinHalfAUnit) {
   Session session = SessionWith(std::vector<Vertex>(20'000, {50, 50}));
-  for (const int p : {0, 1}) session.AxisMinimum[p] = 40, session.AxisMaximum[p] = 60;  // 10 pixels a unit
+  for (const int p : {0, 1}) session.AxisMinimum[p] = 40, session.AxisMaximum[p] = 60;  // 10 pixels per unit
   for (const bool spreadX : {false, true})
     for (const bool spreadY : {false, true}) {
       session.RandomX = spreadX;
@@ -59,7 +59,7 @@ TEST_F(Redraw, DownsamplingDrawsTheGivenFraction) {
   EXPECT_NE(first, second) << "fresh numbers for every redraw";
 }
 
-TEST_F(Redraw, APointInTwoClustersTakesEitherColour) {
+TEST_F(Redraw, APointInTwoClustersHasEitherColour) {
   std::vector<Vertex> points(3000, {500, 500});
   points.back() = {50, 50};
   Session session = SessionWith(points);
@@ -93,7 +93,7 @@ TEST_F(Redraw, HiddenClustersAreNotDrawn) {
   EXPECT_EQ(CodesDrawn(), (std::set{ColourCode(4)}));
 }
 
-TEST_F(Redraw, RecordRangesHoldTheirBounds) {
+TEST_F(Redraw, RecordRangesIncludeTheirBounds) {
   Session session = SessionWith(std::vector<Vertex>(5000, {50, 50}));
   for (size_t i = 0; i < 5000; ++i) session.Points.Column(kRecordSlot)[i] = static_cast<float>(i);
   using Ranges = std::vector<std::pair<float, float>>;
@@ -119,7 +119,7 @@ TEST_F(Redraw, BatchesDrawEveryVisiblePointOnce) {
   EXPECT_EQ(inBatches, 6000);
 }
 
-TEST(UniformNumbers, FillTheirIntervalEvenlyAndWithoutEchoes) {
+TEST(UniformNumbers, AreUniformAndNotCorrelated) {
   UniformNumbers random(1);
   std::vector<float> numbers(160'007);
   random.Fill(numbers.data(), numbers.size());

@@ -58,7 +58,7 @@ TEST_F(Drawing, APolygonReplacesTheOneInItsProjectionAndNoOther) {
   EXPECT_EQ(session.DefinitionCounter, 2);
 }
 
-TEST_F(Drawing, TakenBackLeavesWhatWasThereWhateverSnapshotsCameMeanwhile) {
+TEST_F(Drawing, CancellingRestoresTheBoundaryWhateverSnapshotsWereTakenMeanwhile) {
   for (const bool replaced : {true, false}) {
     for (const bool snapshotMeanwhile : {true, false}) {
       session = SessionWith({{5, 5}, {50, 50}});
@@ -83,7 +83,7 @@ TEST_F(Drawing, TakenBackLeavesWhatWasThereWhateverSnapshotsCameMeanwhile) {
   }
 }
 
-TEST_F(Drawing, APressAtTheSamePlaceIsACornerToo) {
+TEST_F(Drawing, AClickInTheSamePlaceIsACornerToo) {
   for (int k = 0; k < 3; ++k) AddVertex(session, open, {1, 1});
   ClosePolygon(session, open, {1, 1});
   EXPECT_EQ(Present().Boundaries[0], PolygonOf({{1, 1}, {1, 1}, {1, 1}, {1, 1}}));
@@ -125,7 +125,7 @@ TEST_F(Drawing, A22ndBoundaryIsRefusedButAReplacementIsNot) {
   EXPECT_EQ(Present().Boundaries[20], PolygonOf(high, 0, 21));
 }
 
-TEST_F(Drawing, APolygonIsGivenUpWhereItsClusterOrProjectionIsLeft) {
+TEST_F(Drawing, APolygonIsAbandonedWhenItsClusterOrProjectionChanges) {
   const std::function<void()> leavings[] = {[&] { session.CurrentCluster = 5; }, [&] { session.YParameter = 2; },
                                             [&] { session.Clusters[3] = {}; }};
   for (const auto& leave : leavings) {

@@ -8,7 +8,7 @@
 namespace pallomir {
 namespace {
 
-/// Draws points, all in one code, and returns how many are on the surface.
+/// Draws points, all with one colour code, and returns how many are on the surface.
 size_t Draw(Raster& raster, const View& view, const std::vector<std::pair<double, double>>& points, uint8_t code = 9) {
   std::vector<float> x, y;
   for (const auto& [px, py] : points) x.push_back(static_cast<float>(px)), y.push_back(static_cast<float>(py));
@@ -27,7 +27,7 @@ std::string Picture(const Raster& raster) {
 }
 
 TEST(Raster, PointsFallOnThePixelsOfTheirView) {
-  // Ends that single precision cannot hold exactly, growing upward and downward.
+  // Ends that single precision cannot represent exactly, on axes that increase upward and downward.
   for (const View& view : {View{0.1, 0.7, 1e6 + 0.3, 1e6 - 0.3, 7, 5}, View{-3, 1e9, -1e-3, 2e-3, 300, 211}}) {
     Raster raster(view.Width, view.Height, 0, 1);
     for (int row = 0; row < view.Height; row += 2)
@@ -52,8 +52,8 @@ TEST(Raster, BothEndsOfAnAxisAreOnTheSurfaceAndNothingBeyondThem) {
   EXPECT_EQ(Picture(raster), "...\n...\n...\n");
 }
 
-TEST(Raster, PixelsHoldTheirUpperAndLeftEdgesAlone) {
-  const View view{0, 2, 0, 2, 3, 3};  // one unit a pixel
+TEST(Raster, PixelsIncludeOnlyTheirUpperAndLeftEdges) {
+  const View view{0, 2, 0, 2, 3, 3};  // one unit per pixel
   const std::pair<std::pair<double, double>, std::string> cases[] = {{{-0.5, 1}, "...\n#..\n...\n"},
                                                                      {{1, -0.5}, ".#.\n...\n...\n"},
                                                                      {{0.5, 1.5}, "...\n...\n.#.\n"},
@@ -66,8 +66,8 @@ TEST(Raster, PixelsHoldTheirUpperAndLeftEdgesAlone) {
   }
 }
 
-TEST(Raster, DiscsHoldThePixelsWithinTheirRadiusAndAreCutAtTheBorder) {
-  const View view{0, 10, 0, 8, 11, 9};  // one unit a pixel, both growing away from the upper left corner
+TEST(Raster, DiscsCoverThePixelsWithinTheirRadiusAndAreClipped) {
+  const View view{0, 10, 0, 8, 11, 9};  // one unit per pixel, both increasing from the upper left corner
   for (const double radius : {0.5, 1.0, 1.5, 2.3, 4.0, 5.7, 9.0}) {
     Raster raster(11, 9, radius, 1);
     for (int y = -11; y <= 19; ++y)

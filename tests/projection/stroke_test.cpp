@@ -15,7 +15,7 @@ struct Picture {
   std::vector<uint32_t> Pixels = std::vector<uint32_t>(size_t{kSide} * kSide, 0);
   Canvas Surface{Pixels.data(), kSide, kSide, kSide};
   uint32_t At(int x, int y) const { return Pixels[static_cast<size_t>(y) * kSide + x]; }
-  /// Ink in all, in pixels.
+  /// The total ink, in pixels.
   double Ink() const {
     double sum = 0;
     for (const uint32_t pixel : Pixels) sum += (pixel & 0xFFU) / 255.0;
@@ -41,7 +41,7 @@ TEST(Stroke, ALineCoversItsBandAndNoMore) {
   EXPECT_EQ(dot.At(7, 7), kWhite) << "an edge of no length";
 }
 
-TEST(Stroke, WhatIsSeenOfALineDoesNotDependOnHowFarItGoes) {
+TEST(Stroke, TheVisiblePartOfALineDoesNotDependOnItsLength) {
   Picture across;
   Stroke(across.Surface, {-10, -5, 30, 25}, 1.3, kWhite);
   for (const double far : {1e3, 1e6, 1e9}) {
@@ -52,7 +52,7 @@ TEST(Stroke, WhatIsSeenOfALineDoesNotDependOnHowFarItGoes) {
   }
 }
 
-TEST(Stroke, LinesThatMissTheSurfaceOrAreNoNumbersLeaveItAlone) {
+TEST(Stroke, LinesOffTheSurfaceOrNotNumbersDrawNothing) {
   constexpr double kNan = std::numeric_limits<double>::quiet_NaN(), kInfinity = std::numeric_limits<double>::infinity();
   for (const Segment& line : {Segment{-9, -5, 40, -5}, Segment{25, -3, 60, 15}, Segment{-1e38, 50, 1e38, 50},
                               Segment{kNan, 3, 5, 5}, Segment{3, 3, kInfinity, 5}}) {

@@ -58,7 +58,7 @@ TEST_F(Views, ZoomTakesAnyTwoOppositeCorners) {
   EXPECT_EQ(axes(), (std::array{1.0F, 3.0F, 2.0F, 8.0F}));
 }
 
-TEST(AxisTicks, StandAtRoundValues) {
+TEST(AxisTicks, AreAtRoundValues) {
   const std::tuple<double, double, std::vector<std::string>> cases[] = {
       {0, 100, {"0", "20", "40", "60", "80", "100"}},
       {0, 35, {"0", "5", "10", "15", "20", "25", "30", "35"}},
@@ -74,7 +74,7 @@ TEST(AxisTicks, StandAtRoundValues) {
   }
 }
 
-TEST(AxisTicks, AreFewAndWithinWhateverTheRange) {
+TEST(AxisTicks, AreFewAndInsideWhateverTheRange) {
   constexpr float inf = std::numeric_limits<float>::infinity();
   const float ends[] = {0,      -1,     1,     1.5F,          1.0000001F, 3.4e38F, -3.4e38F,
                         1e-38F, 1e-45F, 1e15F, 1.0000001e15F, inf,        -inf,    NAN};

@@ -13,7 +13,7 @@
 namespace pallomir {
 namespace {
 
-TEST(AngleConvention, TellsWhereTheHeadPointsOnTheMap) {
+TEST(AngleConvention, GivesTheDirectionOfTheHeadOnTheMap) {
   struct Case {
     double Angle;
     AngleConvention Convention;
@@ -33,7 +33,7 @@ TEST(AngleConvention, TellsWhereTheHeadPointsOnTheMap) {
     EXPECT_DOUBLE_EQ(HeadingOf(c.Angle, c.Convention), c.Heading) << c.Angle << " " << ConventionText(c.Convention);
 }
 
-TEST(AngleConvention, IsKeptByTheHeaderOfAPositionFile) {
+TEST(AngleConvention, IsStoredInTheHeaderOfAPositionFile) {
   for (const AngleConvention& convention :
        {kVideoAngles, kTextAngles, AngleConvention{180, false, false}, AngleConvention{12.5, true, true}})
     EXPECT_EQ(ConventionFrom(TextHeader("PosFile", {}, HeaderEntries(convention)), "Pos.p"), convention);
@@ -43,8 +43,8 @@ TEST(AngleConvention, IsKeptByTheHeaderOfAPositionFile) {
   for (const char* text : {"", "y", "+z", "1e9", "nan"}) EXPECT_FALSE(AngleZeroFromText(text)) << text;
 }
 
-TEST(AngleConvention, TheHeadOfARunningAnimalPointsWhereItsMapSaysUnderEach) {
-  // An animal that runs round in a circle and looks ahead, recorded by trackers of every kind.
+TEST(AngleConvention, TheHeadOfARunningAnimalPointsAheadOnTheMapUnderEachConvention) {
+  // An animal that runs in a circle and looks ahead, recorded under every convention.
   const TemporaryFolder folder;
   RecordingWorld world;
   for (const double zero : {0.0, 90.0, 180.0, 270.0, 33.0})

@@ -48,7 +48,7 @@ TEST_F(EventsFile, WithoutHeaderTheLastRecordsAreLeftOut) {
   EXPECT_EQ(Listing(bytes), expected);
 }
 
-TEST_F(EventsFile, KeepsPrintableBytesWhereverTheyStand) {
+TEST_F(EventsFile, KeepsPrintableBytesWhereverTheyAre) {
   using namespace std::string_view_literals;
   EXPECT_EQ(Listing(AcquisitionHeader() + EventRecord(5, "a\0b\x7f\xe9\tc ~\x1f"sv)), "5  abc ~\r\n0  \r\n");
   const std::string full(128, 'x');
@@ -65,7 +65,7 @@ TEST_F(EventsFile, FiltersInputsAndErrors) {
   EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 6);
 }
 
-TEST_F(EventsFile, StampsHaveFifteenDigitsAtMost) {
+TEST_F(EventsFile, TimestampsHaveFifteenDigitsAtMost) {
   const std::pair<uint64_t, std::string> cases[] = {{999'999'999'999'999, "999999999999999"},
                                                     {1'700'000'000'123'456, "1700000000123460"},
                                                     {~0ULL, "18446744073709600000"}};
@@ -73,7 +73,7 @@ TEST_F(EventsFile, StampsHaveFifteenDigitsAtMost) {
     EXPECT_EQ(Listing(AcquisitionHeader() + EventRecord(stamp, "")), text + "  \r\n0  \r\n");
 }
 
-TEST_F(EventsFile, TheFirstMillionLinesAreListedAndThatThereAreMore) {
+TEST_F(EventsFile, ListsTheFirstMillionLinesAndSaysThatThereAreMore) {
   const std::string path = folder.Put("Events.Nev", AcquisitionHeader());
   const std::string note = "Only the first million events are listed: the file holds more.\r\n";
   for (const auto& [records, more] : {std::pair(999'999, false), {1'000'000, true}}) {
@@ -84,7 +84,7 @@ TEST_F(EventsFile, TheFirstMillionLinesAreListedAndThatThereAreMore) {
   }
 }
 
-TEST_F(EventsFile, MissingOnesAreRefusedAndLongOnesStopped) {
+TEST_F(EventsFile, RefusesAMissingFileAndStopsALongOne) {
   EXPECT_NE(Refusal([&] { EventsListing(folder / "none.Nev", false); }), "");
   const std::string path = folder.Put("Events.Nev", AcquisitionHeader());
   EXPECT_THROW(EventsListing(path, false, Progress([](double) { return false; })), Interrupted);

@@ -15,7 +15,7 @@
 namespace pallomir {
 namespace {
 
-/// "time x y direction" of every sample, "-" where it is not known.
+/// "time x y direction" of every sample, "-" if unknown.
 std::string Shown(const Positions& positions) {
   std::string text;
   const auto show = [](double value) {
@@ -27,8 +27,8 @@ std::string Shown(const Positions& positions) {
   return text;
 }
 
-TEST(PositionFile, IsToldApartByItsContent) {
-  // Video frames count clockwise from +y, which is drawn downward; texts counter-clockwise from the right.
+TEST(PositionFile, IsRecognisedByItsContent) {
+  // Video angles are clockwise from +y, which is drawn downward; text angles are counter-clockwise from the right.
   const std::string frames = VideoFrame(1000, 10, 20, 180) + VideoFrame(2000, 0, 0, 9) + VideoFrame(3000, 5, -6, 90);
   const std::string shown = "1000 100 200 900; 2000 - - -; 3000 50 -60 0; ";
   const std::pair<std::string, std::string> cases[] = {
@@ -43,7 +43,7 @@ TEST(PositionFile, IsToldApartByItsContent) {
       {"time,x,y,angle\n1000,10,20,90\n2000,,,\n3000,5,-6,0", shown},
       {"# a note\n\n1000\t10.0\t2e1\t90\r\n2000 NaN 7 1\r\n  3000 ; 5 ; -6 ; 360 \r\n", shown},
       {"1000 10 20\n2000 0 0\n3000 5 -6\n", "1000 100 200 -; 2000 - - -; 3000 50 -60 -; "},
-      // All directions 0: the head was not tracked.
+      // All directions are 0: the head was not tracked.
       {"1000 10 20 0\n2000 3 0 0\n", "1000 100 200 -; 2000 30 0 -; "},
       {"1000.6 1 2 -90\n2000 1 2 361\n3000 1 2 359.9\n", "1001 10 20 -; 2000 10 20 -; 3000 10 20 3599; "},
       {"", ""},
@@ -60,7 +60,7 @@ TEST(PositionFile, IsToldApartByItsContent) {
   }
 }
 
-TEST(PositionFile, DamageThatCanBeSurvivedIsCounted) {
+TEST(PositionFile, CountsDamageThatItCanReadPast) {
   const TemporaryFolder folder;
   RecordingWorld world;
   const std::string bytes = "3000 1 1 10\n1000 2 2 20\nwhat\n3000 3 3 30\n2000 4 4\n2500 5\n2600 1 2 3 4\n";
@@ -78,7 +78,7 @@ TEST(PositionFile, DamageThatCanBeSurvivedIsCounted) {
   EXPECT_EQ(video.Unreadable, 1);
 }
 
-TEST(PositionFile, ReadingTellsHowFarItIsWhateverEndsALine) {
+TEST(PositionFile, ReportsProgressWhateverEndsALine) {
   const TemporaryFolder folder;
   for (const char* end : {"\n", "\r\n"}) {
     std::string text;
@@ -92,7 +92,7 @@ TEST(PositionFile, ReadingTellsHowFarItIsWhateverEndsALine) {
   }
 }
 
-TEST(PositionFile, WhatIsSomethingElseIsRefused) {
+TEST(PositionFile, RefusesOtherFiles) {
   std::string spikes = AcquisitionHeader() + std::string(20 * 304, '\1');
   spikes.replace(10, 16, "\n-RecordSize 304");
   const std::pair<std::string, std::string> cases[] = {

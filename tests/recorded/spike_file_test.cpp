@@ -22,7 +22,7 @@ ClusterMeasures Measured(const std::string& path, const std::vector<int64_t>& sp
   return MeasureCluster(world, path, spikes, {first, last});
 }
 
-TEST(SpikeFile, ScaleIsThatOfTheHeader) {
+TEST(SpikeFile, TakesTheScaleFromTheHeader) {
   const TemporaryFolder folder;
   struct Case {
     const char* Volts;
@@ -40,7 +40,7 @@ TEST(SpikeFile, ScaleIsThatOfTheHeader) {
 
 TEST(SpikeFile, AveragesTheSpikesOfTheCluster) {
   const TemporaryFolder folder;
-  // Out of order, with a stamp twice; the cluster's are 20, 30, 30 and 70. 99 is in no cluster.
+  // Out of order, with a repeated timestamp; the cluster has 20, 30, 30 and 70. 99 is in no cluster.
   std::string bytes = SpikeFileHeader();
   for (const auto& [stamp, value] : {std::pair(30, 10), {20, 20}, {99, 5000}, {30, 30}, {70, 40}, {30, 7000}})
     bytes += SpikeBytes(static_cast<uint64_t>(stamp), value);
@@ -66,7 +66,7 @@ TEST(SpikeFile, AveragesTheSpikesOfTheCluster) {
   EXPECT_EQ(Measured(path, {20}).Average.Deviation[0][0], 0) << "one spike has no deviation";
 }
 
-TEST(SpikeFile, WiresThatWereNotRecordedGiveNoFeatures) {
+TEST(SpikeFile, UnrecordedWiresGiveNoFeatures) {
   const TemporaryFolder folder;
   std::mt19937 random(1);
   std::string bytes;
@@ -121,19 +121,19 @@ TEST(SpikeFile, BadInputIsCountedOrRefused) {
   EXPECT_EQ(Refusal([&] { Measured(folder / "none.Ntt", {}); }), folder / "none.Ntt" + " does not exist.");
 }
 
-TEST(SpikeFile, StopsWhenTheUserWants) {
+TEST(SpikeFile, CanBeStopped) {
   const TemporaryFolder folder;
   std::string bytes;
   for (int i = 0; i < 5000; ++i) bytes += SpikeBytes(static_cast<uint64_t>(i), i);
   const std::string path = folder.Put("TT1.Ntt", bytes);
   RecordingWorld world;
   world.InterruptAt = 1;
-  // The work asks every 20 ms; tried again until it takes that long.
+  // The work checks every 20 ms; repeat until it takes that long.
   EXPECT_THROW(while (true) MeasureCluster(world, path, std::vector<int64_t>(1000, 3), {0, kEver}), Interrupted);
   EXPECT_FALSE(world.ProgressVisible);
 }
 
-TEST(StampMatcher, MatchesStampsAsTextFilesKeepThem) {
+TEST(StampMatcher, MatchesTimestampsAsRoundedInTextFiles) {
   for (const auto& [stamp, written] : {std::pair<int64_t, int64_t>{999'999'999'999'999, 999'999'999'999'999},
                                        {1'700'000'000'000'004, 1'700'000'000'000'000},
                                        {1'700'000'000'000'005, 1'700'000'000'000'000},

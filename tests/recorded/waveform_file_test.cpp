@@ -28,7 +28,7 @@ TEST(WaveformFile, NameReplacesTheLastNineCharacters) {
   for (const char* none : {"rat1.Ntt", "rat1.Ntt.Parms", "rat1", "", "a.parms"}) EXPECT_EQ(WaveformFilePath(none), "");
 }
 
-TEST(WaveformFile, ReadsRecordsAtTheirPlaceAndNoneBeyondTheFile) {
+TEST(WaveformFile, ReadsTheRecordAskedForAndNoneBeyondTheFile) {
   const TemporaryFolder folder;
   folder.Put("rat1.waveforms", Records(3) + std::string(2047, 'x'));
   WaveformFile file(folder / "rat1.Ntt.parms");
@@ -47,10 +47,10 @@ TEST(WaveformFile, ReadsRecordsAtTheirPlaceAndNoneBeyondTheFile) {
   }
 }
 
-TEST(WaveformFile, ReadsBehindFourGigabytes) {
+TEST(WaveformFile, ReadsBeyondFourGigabytes) {
   const TemporaryFolder folder;
   const std::string path = folder.Put("big.waveforms", "");
-  std::filesystem::resize_file(path, 10'000'000'000);  // takes no room on the disk
+  std::filesystem::resize_file(path, 10'000'000'000);  // a sparse file
   std::fstream(path, std::ios::in | std::ios::out | std::ios::binary).seekp(2048 * 4'500'000LL + 62) << "\x34\x12";
   WaveformFile file(folder / "big.Ntt.parms");
   WaveformRecord record{};

@@ -22,7 +22,7 @@ struct Analyses : ::testing::Test {
   const TemporaryFolder folder;
   RecordingWorld world;
 
-  /// What stands behind the header of a file of the folder.
+  /// The contents after the header of a file in the folder.
   std::string Body(const std::string& name) const {
     const std::string text = ReadText(folder / name);
     return text.substr(static_cast<size_t>(TextHeaderLength(text)));
@@ -62,7 +62,7 @@ TEST_F(Analyses, RateAndOccupancyMapOfAHandfulOfSpikes) {
   EXPECT_EQ(ReadMapFile(folder / "tmp.2DAcorr").Used.SpikesUsed, 4);
 }
 
-TEST_F(Analyses, TheScaleSetsTheBin) {
+TEST_F(Analyses, TheScaleSetsTheBinSize) {
   const AnalysisFiles files = PutSpikes(folder, {0, 1'000'000}, {1});
   const std::string positions = TextHeader("PosFile") + "PixelsPerCm,3\r\n0,7,7,1\r\n30000,8,7,1\r\n";
   EXPECT_EQ(RateMapOf(files, positions).Grid.Bin, 8);
@@ -97,7 +97,7 @@ TEST_F(Analyses, TrainsAndDirection) {
   EXPECT_NEAR(ReadDirectionFile(folder / "ttmp.dir").Tuning.VectorDirection, 315, 3);
 }
 
-TEST_F(Analyses, SpikesWithoutAUsableStampAreLeftOutAndTold) {
+TEST_F(Analyses, SpikesWithoutAUsableTimestampAreLeftOutAndReported) {
   const AnalysisFiles files = PutSpikes(folder, {0, 1'000'000}, {1'000, 2'500});
   folder.Put("ttmp", "1000\r\n1.84467440737096E+19\r\n2500\r\n-2e18\r\n");
   ComputeLogISI(world, files.Cluster, files.Time, folder / "tmp.isi");
@@ -214,14 +214,14 @@ TEST_F(Analyses, LongWorkCanBeStopped) {
   EXPECT_FALSE(world.ProgressVisible);
 }
 
-TEST_F(Analyses, ReadingALongFileTellsHowFarItIs) {
+TEST_F(Analyses, ReadingALongFileReportsProgress) {
   world.Slow = true;
   for (const char* line : {"12\n", "12\r\n"}) {
     std::string lines;
     for (int i = 0; i < 10 * 1024; ++i) lines += line;
     world.Progress.clear();
     ForEachNumberedLine(world, folder.Put("long", lines), [](const NumberedLine&) {});
-    // It is told every tenth of the file, once the bar is up.
+    // Every tenth of the file is reported, once the bar is visible.
     ASSERT_FALSE(world.Progress.empty());
     const int last = static_cast<int>(world.Progress.size()) - 1;
     for (int told = 0; told <= last; ++told)

@@ -12,7 +12,7 @@
 namespace pallomir {
 namespace {
 
-/// A line of a cluster file: record number, peaks of channels 1 to 8 and 10 to 17, stamp.
+/// A line of a cluster file: record number, peaks of channels 1 to 8 and 10 to 17, timestamp.
 std::string Line(const std::string& stamp, const std::vector<std::string>& peaks) {
   std::string line = "12345";
   for (size_t k = 0; k < 16; ++k) line += "," + (k < peaks.size() ? peaks[k] : "0");
@@ -32,7 +32,7 @@ TEST(ReportSeries, ReadsTheSpikesOfAClusterFile) {
   EXPECT_EQ(lines.Last, 5000);
 }
 
-TEST(ReportSeries, RefusesWhatIsNoClusterFile) {
+TEST(ReportSeries, RefusesWhatIsNotAClusterFile) {
   const TemporaryFolder folder;
   RecordingWorld world;
   struct Case {
@@ -64,7 +64,7 @@ TEST(ReportSeries, OneOddSpikeDoesNotRefuseTheCluster) {
   EXPECT_EQ(std::pair(lines.First, lines.Last), std::pair(int64_t{2000}, int64_t{5000})) << "no end 584,000 years off";
 }
 
-TEST(ReportSeries, AnglesGrowCounterClockwiseOnTheVideoPicture) {
+TEST(ReportSeries, AnglesAreCounterClockwiseInTheVideoImage) {
   const Place centre{100, 50};
   for (const auto& [x, y, angle] : {std::tuple(110.0, 50.0, 0.0),
                                     {110.0, 60.0, 315.0},
@@ -79,7 +79,7 @@ TEST(ReportSeries, AnglesGrowCounterClockwiseOnTheVideoPicture) {
   EXPECT_TRUE(std::isnan(AngleAbout(centre, NAN, 50)));
 }
 
-TEST(ReportSeries, PlacesAreThoseOfTheSamples) {
+TEST(ReportSeries, PositionsAreThoseOfTheSamples) {
   const std::vector<double> x{1, 2, NAN}, y{-1, 0, NAN};
   const PlaceSeries series = PlacesOfSpikes(std::vector<int64_t>{1, -1, 0, 2}, x, y, {0, 0});
   EXPECT_EQ(series.X[0], 2);

@@ -22,8 +22,8 @@ constexpr double kFrameSeconds = 0.033333;
 
 class Recording {
  public:
-  /// A walk of `seconds` in a box of 1 m, seen at 4 pixels per cm from (120, 40) on, and the spikes of a cell that
-  /// fires at rate(x cm, y cm, heading degrees) a second.
+  /// A walk of `seconds` in a 1 m box, seen at 4 pixels per cm from (120, 40) on, and the spikes of a cell that
+  /// fires at rate(x cm, y cm, heading degrees) per second.
   template <class Rate>
   Recording(int64_t seconds, uint64_t seed, Rate rate) : random_(seed) {
     double x = 50, y = 50, heading = 30;
@@ -73,7 +73,7 @@ TEST(SimulatedCells, AGaussianFieldIsFound) {
   EXPECT_NEAR(peak.Value, expected, 0.1 * expected);
 }
 
-/// The mean distance, in bins, of the six peaks of an autocorrelation that are nearest to its middle.
+/// The mean distance, in bins, of the six peaks of an autocorrelation that are nearest to its centre.
 double SpacingIn(const Map& lags) {
   std::vector<double> distances;
   const auto isPeak = [&](int row, int column) {

@@ -17,7 +17,7 @@ using Rows = std::vector<std::vector<float>>;
 Isolation Measured(const Rows& members, const Rows& others, const std::vector<float>& factors = {1, 1, 1}) {
   FeatureColumns columns(members.front().size());
   std::vector<uint8_t> member;
-  // In turns, so that order does not matter.
+  // Interleaved, so that the order does not matter.
   for (size_t i = 0; i < std::max(members.size(), others.size()); ++i)
     for (const Rows* rows : {&others, &members}) {
       if (i >= rows->size()) continue;
@@ -27,8 +27,8 @@ Isolation Measured(const Rows& members, const Rows& others, const std::vector<fl
   return IsolationOf(columns, member);
 }
 
-// The expected numbers come from exact fractions by Gauss-Jordan, and a continued fraction for the probabilities.
-TEST(ClusterQuality, EqualsSmallCasesReckonedByHand) {
+// Expected numbers: Gauss-Jordan elimination in exact fractions, and a continued fraction for the probabilities.
+TEST(ClusterQuality, EqualsSmallCasesComputedByHand) {
   struct Case {
     Rows Members, Others;
     double Distance, LRatio;
@@ -57,7 +57,7 @@ TEST(ClusterQuality, EqualsSmallCasesReckonedByHand) {
   }
 }
 
-TEST(ClusterQuality, IsNotAvailableWhereItHasNoMeaning) {
+TEST(ClusterQuality, IsNotAvailableWhereItIsMeaningless) {
   const Rows four{{1, 1}, {1, -1}, {-1, 1}, {-1, -1}}, far{{9, 9}, {8, 7}, {5, 9}, {9, 5}};
   EXPECT_TRUE(Measured(four, far).IsolationDistance) << "as many others as spikes are enough";
   struct Case {
@@ -80,7 +80,7 @@ TEST(ChiSquare, EqualsKnownValues) {
     int Degrees;
     double Expected;
   };
-  // Quantiles of the tables, and a continued fraction for the far tails.
+  // Tabulated quantiles, and a continued fraction for the far tails.
   for (const Case& c :
        {Case{3.841458820694124, 1, 0.05}, Case{0.5, 1, 0.4795001221869535}, Case{5.991464547107979, 2, 0.05},
         Case{7.814727903251179, 3, 0.05}, Case{2.0, 3, 0.5724067044708798}, Case{15.50731305586545, 8, 0.05},
@@ -105,7 +105,7 @@ std::vector<int64_t> Train(int spikes, int pairs) {
   return times;
 }
 
-TEST(Refractory, ContaminationGivesTheShortIntervalsBack) {
+TEST(Refractory, ContaminationReproducesTheShortIntervals) {
   struct Case {
     int Spikes, Pairs;
     double Censored, Duration;
@@ -123,7 +123,7 @@ TEST(Refractory, ContaminationGivesTheShortIntervalsBack) {
   }
 }
 
-TEST(Refractory, SaysWhatCannotBeTold) {
+TEST(Refractory, SaysWhatCannotBeComputed) {
   EXPECT_FALSE(RefractoryFiguresOf({}, 1e9, {}).Share);
   EXPECT_FALSE(RefractoryFiguresOf(Train(1, 0), 1e9, {}).Foreign);
   EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 0, {}).Foreign);
@@ -139,13 +139,13 @@ TEST(Refractory, NoViolationDoesNotProveACleanCluster) {
   const RefractoryFigures clean = RefractoryFiguresOf(Train(2000, 0), 1e9, {});
   EXPECT_EQ(clean.Foreign->Share, 0);
   EXPECT_EQ(clean.Least.Share, 0);
-  // 3.69 violations are the most that none is seen of with 2.5 %: (1 - f) f = 3.69 T / (2 * 2 ms * 2000^2).
+  // With 3.69 expected violations, none is seen with a probability of 2.5 %: (1 - f) f = 3.69 T / (2 * 2 ms * 2000^2).
   const double f = clean.Most.Share;
   EXPECT_NEAR((1 - f) * f, -std::log(0.025) * 1e9 / (2 * 2000 * 4e6), 5e-4);
 }
 
 TEST(BinomialInterval, IsThatOfClopperAndPearson) {
-  // The ends where the tail sums of the binomial distribution, in 60 digits, are 0.025.
+  // The ends at which the tail sums of the binomial distribution, in 60 digits, are 0.025.
   const std::tuple<int64_t, int64_t, double, double> cases[] = {
       {0, 10, 0, 1 - std::pow(0.025, 0.1)},
       {10, 10, std::pow(0.025, 0.1), 1},

@@ -40,7 +40,7 @@ TEST(GridMap, BinSizesFollowTheScale) {
   for (const auto& [scale, size] : cases) EXPECT_EQ(BinSize(scale), size) << scale;
 }
 
-TEST(GridMap, APlaceFarOffIsRefused) {
+TEST(GridMap, AFarPositionIsRefused) {
   const Track track = TrackOf({{0, 1, 1}, {10, 1e9, 1e9}});
   EXPECT_EQ(Refusal([&] { OccupancyMap(track, 10); }),
             "The positions span 1000000010 x 1000000010 pixels, too much for a map with bins of 10 pixels. The likely "
@@ -65,7 +65,7 @@ TEST(GridMap, SmoothingWeighsAllBinsOfTheKernel) {
     }
 }
 
-TEST(GridMap, RatesStandWhereTheAnimalWas) {
+TEST(GridMap, RatesExistWhereTheAnimalWas) {
   const Map occupancy = MapOf(3, 1, {2, 0, 4}), counts = MapOf(3, 1, {6, 0, 0});
   const Map rate = RateMap(counts, occupancy);
   const double g0 = 1, g2 = std::exp(-0.5);  // two bins away, sigma 2; the sum of the kernel cancels
@@ -83,7 +83,7 @@ TEST(GridMap, SpatialInformationOfKnownMaps) {
     double Mean, Bits;
   };
   const Case cases[] = {
-      {{4, 0}, {1, 1}, 2, 1},              // half the places, one bit
+      {{4, 0}, {1, 1}, 2, 1},              // half of the bins, one bit
       {{8, 0, 0, 0}, {2, 2, 2, 2}, 2, 2},  // a quarter, two bits
       {{5, 5, nan}, {1, 3, 0}, 5, 0},      // the same everywhere
       {{1, 3}, {3, 1}, 1.5, (3 * std::log2(2 / 3.0) / 1.5 + 3 * 1 / 1.5) / 4},
@@ -99,7 +99,7 @@ TEST(GridMap, SpatialInformationOfKnownMaps) {
   }
 }
 
-/// Pearson's r as the textbook has it.
+/// Pearson's r by its textbook definition.
 double PlainCorrelation(const Map& map, int rowLag, int columnLag) {
   std::vector<double> a, b;
   for (int row = 0; row < map.Rows; ++row)
@@ -124,7 +124,7 @@ double PlainCorrelation(const Map& map, int rowLag, int columnLag) {
 
 TEST(SpatialAutocorrelation, IsPearsonsAtEveryLag) {
   std::mt19937_64 random(3);
-  // With an offset that would cost a difference of sums all its digits.
+  // With an offset at which a difference of sums would lose all digits.
   for (const double offset : {0.0, 1e6}) {
     Map map = MapOf(9, 7, std::vector<double>(63));
     for (double& value : map.Values)
@@ -147,7 +147,7 @@ TEST(SpatialAutocorrelation, IsPearsonsAtEveryLag) {
 }
 
 TEST(SpatialAutocorrelation, PatchesWithoutVarianceHaveNone) {
-  // The left half is flat: moved by the width of the other half, only flat bins overlap.
+  // The left half is flat: shifted by the width of the other half, only flat bins overlap.
   Map map = MapOf(10, 10, std::vector<double>(100, 0.1));
   for (int row = 0; row < 10; ++row)
     for (int column = 5; column < 10; ++column) map.Values[map.Index(row, column)] = 0.1 + row * column / 7.0;
@@ -159,7 +159,7 @@ TEST(SpatialAutocorrelation, PatchesWithoutVarianceHaveNone) {
   EXPECT_EQ(Correlated(MapOf(1, 1, {2})).Values.size(), size_t{1});
 }
 
-TEST(SpatialAutocorrelation, AFieldOfOneBinIsFoundWhereverItStands) {
+TEST(SpatialAutocorrelation, AFieldOfOneBinIsFoundWhereverItIs) {
   for (const size_t bin : {0, 13, 29}) {
     Map map = MapOf(6, 5, std::vector<double>(30));
     map.Values[bin] = 8;

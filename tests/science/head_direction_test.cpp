@@ -9,7 +9,7 @@ namespace pallomir {
 namespace {
 
 TEST(HeadDirection, SmoothsRoundTheCircle) {
-  // Dwell in bins 59, 0 and 1 only, all spikes in bin 0.
+  // Dwell time in bins 59, 0 and 1 only, all spikes in bin 0.
   const std::vector<double> direction = {359.9, 0, 5.99, 6, kNotKnown}, hold = {1e6, 5e5, 5e5, 2e6, 9e6};
   const DirectionTuning tuning = TuningOf(direction, hold, std::vector<int64_t>{1, 2, 2, 4, -1});
   EXPECT_EQ(tuning.SpikesUsed, 3);

@@ -25,7 +25,7 @@ TEST(Tracking, ASampleHoldsUntilTheNextButNotLong) {
   }
 }
 
-TEST(Tracking, ShortLostRunsAreLaidOnALine) {
+TEST(Tracking, ShortLostRunsAreInterpolated) {
   const Track track = TrackOf({{0, 0, 0},
                                {100'000, 10, 20, 90},
                                {200'000, 0, 0, 45},
@@ -46,7 +46,7 @@ TEST(Tracking, ShortLostRunsAreLaidOnALine) {
   EXPECT_EQ(track.Interpolated, 2);
 }
 
-TEST(Tracking, PlacesBetweenSamplesAreThoseThatALostSampleThereWouldHave) {
+TEST(Tracking, PositionsBetweenSamplesAreThoseOfALostSampleThere) {
   const std::vector<SampleRow> rows = {{100'000, 10, 20}, {200'000, 0, 0}, {350'000, 20, 10}, {600'001, 30, 30}};
   const SeenPlaces places(PositionsOf(rows));
   EXPECT_NEAR(places.At(200'000)->X, TrackOf(rows).X[1], 1e-12);
@@ -62,7 +62,7 @@ TEST(Tracking, OnlyTheTimeRangeCounts) {
   EXPECT_EQ(TrackWithin(positions, {40, 20}).Time.size(), size_t{0});
 }
 
-TEST(Tracking, ASpikeBelongsToTheSampleThatHolds) {
+TEST(Tracking, ASpikeBelongsToTheSampleInWhoseHoldTimeItFalls) {
   const Track track = TrackOf({{1000, 1, 1}, {31'000, 2, 2}, {31'000, 3, 3}, {231'000, 4, 4}});
   const std::vector<int64_t> spikes = {999, 1000, 30'999, 31'000, 130'999, 131'000, 230'999, 231'000, 260'999, 261'000};
   EXPECT_EQ(SamplesOfSpikes(track, spikes), (std::vector<int64_t>{-1, 0, 0, 2, 2, -1, -1, 3, 3, -1}));

@@ -13,7 +13,7 @@ TrainAutocorrelation Correlated(const std::vector<int64_t>& spikes) {
   return AutocorrelationOf(spikes);
 }
 
-/// The counts that are not 0, as "bin:count".
+/// The non-zero counts, as "bin:count".
 std::string Shown(const std::vector<int64_t>& counts) {
   std::string text;
   for (size_t k = 0; k < counts.size(); ++k)
@@ -45,7 +45,7 @@ TEST(TrainAutocorrelation, PairsFallIntoHalfOpenBins) {
   }
 }
 
-/// Also for trains so dense that neighbours are counted by searching.
+/// Including trains so dense that neighbours are counted by searching.
 TEST(TrainAutocorrelation, IsTheCountOfAllPairs) {
   std::mt19937_64 random(11);
   for (const uint64_t span : {20'000'000ULL, 900'000ULL, 30'000ULL}) {
@@ -81,7 +81,7 @@ TEST(TrainAutocorrelation, OfAPoissonTrainIsFlat) {
   }
 }
 
-TEST(LogIntervals, EdgesAreTenADecade) {
+TEST(LogIntervals, HasTenEdgesPerDecade) {
   EXPECT_EQ(LogEdge(0), 0.1);
   EXPECT_EQ(LogEdge(10), 1);
   EXPECT_EQ(LogEdge(60), 100'000);

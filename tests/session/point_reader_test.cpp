@@ -23,7 +23,7 @@ namespace {
 const std::string kHeader = TextHeader("ParameterFile");
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
 
-/// Records first..last of a file of numbered rows are the loaded points.
+/// Expects the loaded points to be records first..last of a file of numbered rows.
 void ExpectLoaded(const Session& session, int first, int last) {
   const size_t rows = static_cast<size_t>(last - first + 1);
   EXPECT_EQ(std::pair(session.LoadStartRecord, session.LoadEndRecord), std::pair(first, last));
@@ -53,7 +53,7 @@ struct PointReader : ::testing::Test {
   }
 };
 
-TEST_F(PointReader, TurnsRowsIntoColumns) {
+TEST_F(PointReader, ReadsRowsIntoColumns) {
   Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(1100)));
   const std::pair<int, int> ranges[] = {{0, 1099}, {3, 8}, {0, 14}, {5, 20}, {17, 33}, {0, 479}, {1, 481}, {100, 1059}};
   for (const auto& [first, last] : ranges) {
@@ -79,7 +79,7 @@ TEST_F(PointReader, ReachesRowsBeyondFourGigabytes) {
   EXPECT_EQ(session.Points.Column(133)[9], 9133);
 }
 
-TEST_F(PointReader, FirstLoadGivesRangesThatHoldZeroAndLaterOnesKeepThem) {
+TEST_F(PointReader, FirstLoadSetsRangesThatIncludeZeroAndLaterLoadsKeepThem) {
   std::vector<FileRow> rows(20);
   for (int r = 0; r < 20; ++r) {
     rows[r].Stamp = 1 + static_cast<uint64_t>(r);
@@ -103,19 +103,19 @@ TEST_F(PointReader, FirstLoadGivesRangesThatHoldZeroAndLaterOnesKeepThem) {
   }
 }
 
-TEST_F(PointReader, LoadsALastRowThatIsThereInPart) {
+TEST_F(PointReader, LoadsAnIncompleteLastRow) {
   const std::string rows = BytesOf(NumberedRows(8));
   Session session = SessionOn(folder, kHeader + rows.substr(0, 7 * 544 + 300));
   ReadPoints(session, world, 1, 7);
   ASSERT_EQ(session.Points.Rows(), 7);
   EXPECT_EQ(session.Points.Stamps()[6], 1'007'000);
-  EXPECT_EQ(session.Points.Column(72)[6], 7072);  // the last value that is there whole
+  EXPECT_EQ(session.Points.Column(72)[6], 7072);  // the last complete value
   for (int p = 73; p < kParameters; ++p) EXPECT_EQ(session.Points.Column(p)[6], 0) << p;
   EXPECT_EQ(world.Log, std::vector<std::string>{
                            "Record 7 is incomplete: the file lacks its last 244 bytes, which are taken as 0."});
 }
 
-TEST_F(PointReader, KeepsAndCountsRowsThatHoldNoNumbers) {
+TEST_F(PointReader, KeepsAndCountsRowsWithValuesThatAreNotNumbers) {
   std::vector<FileRow> rows = NumberedRows(1000);
   for (const auto& [row, parameter] : {std::pair{4, 0}, {40, 133}, {40, 7}, {700, 20}, {999, 0}})
     rows[row].Values[parameter] = row == 700 ? -kInfinity : NAN;
@@ -143,7 +143,7 @@ TEST_F(PointReader, RefusesARangeAndKeepsWhatWasLoaded) {
   }
 }
 
-TEST_F(PointReader, NoticesAFileThatTookThePlaceOfTheOneOpened) {
+TEST_F(PointReader, NoticesThatTheFileWasReplaced) {
   const std::string sentence =
       "TT1.Ntt.parms has been replaced since it was opened: it held 20 records after a "
       "header of " +
@@ -181,7 +181,7 @@ struct EventfulWorld : RecordingWorld {
   int Heard = 0;
 };
 
-TEST_F(PointReader, PutsBackWhatWasLoadedWithItsMembershipLists) {
+TEST_F(PointReader, RestoresTheLoadedPointsWithTheirMembershipLists) {
   Session session = Loaded();
   session.Points.AddSlot();
   session.Points.Slot(0)[3] = 7;
@@ -199,7 +199,7 @@ TEST_F(PointReader, PutsBackWhatWasLoadedWithItsMembershipLists) {
   EXPECT_EQ(impatient.Log, std::vector<std::string>());
 }
 
-TEST_F(PointReader, PutsBackWhatBeganWithTheFirstRecord) {
+TEST_F(PointReader, RestoresARangeFromTheFirstRecordOn) {
   Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(20)));
   ReadPoints(session, world, 0, 12);
   EventfulWorld impatient;
@@ -209,8 +209,8 @@ TEST_F(PointReader, PutsBackWhatBeganWithTheFirstRecord) {
   ExpectLoaded(session, 0, 12);
 }
 
-TEST_F(PointReader, RefusesALastRowOfWhichNothingIsThere) {
-  // The rows of two blocks; while the first is read, the one row of the second goes away.
+TEST_F(PointReader, RefusesALastRowThatIsMissing) {
+  // The rows of two blocks; while the first is read, the only row of the second disappears.
   Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(481)));
   EventfulWorld eventful;
   eventful.Slow = true;
@@ -218,12 +218,12 @@ TEST_F(PointReader, RefusesALastRowOfWhichNothingIsThere) {
   EXPECT_EQ(Refusal([&] { ReadPoints(session, eventful, 0, 480); }), "TT1.Ntt.parms ended early, at record 480.");
 }
 
-TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
+TEST_F(PointReader, SaysIfTheLoadedPointsAreGone) {
   const std::string gone = "): no points are loaded now.", was = "The points loaded before could not be read again (";
   const auto cut = [&](size_t rows) {
     std::filesystem::resize_file(folder / "TT1/TT1.Ntt.parms", kHeader.size() + rows * 544);
   };
-  // What the file is at the pump that stops the load, and what is said.
+  // The file at the event pump that stops the load, and the message.
   const std::pair<std::function<void(EventfulWorld&)>, std::string> cases[] = {
       {[&](EventfulWorld&) { folder.Put("TT1/TT1.Ntt.parms", kHeader + BytesOf(std::vector<FileRow>(20))); },
        "TT1.Ntt.parms now holds other spikes there"},
@@ -244,10 +244,10 @@ TEST_F(PointReader, SaysWhereWhatWasLoadedIsGone) {
   }
 }
 
-TEST_F(PointReader, RefusesWhatMemoryDoesNotHoldBeforeItTakesAny) {
+TEST_F(PointReader, RefusesARangeTooLargeForMemoryBeforeAllocating) {
   Session session = Loaded();
   const auto records = static_cast<int32_t>(std::min<uint64_t>(FreeMemory() / 544 + 1000, 1'000'000'000));
-  // Rows at the beginning, and a hole behind them.
+  // Rows at the beginning, followed by a hole.
   std::filesystem::resize_file(session.File.Path, kHeader.size() + uint64_t{544} * records);
   Refusal([&] { ReadPoints(session, world, 0, 10); });  // it is not the file that was opened
   const uint64_t before = PeakMemory();
@@ -268,7 +268,7 @@ TEST_F(PointReader, ASecondLoadTakesNoMoreMemoryThanTheFirst) {
   EXPECT_LT(PeakMemory() - first, 8'000'000);
 }
 
-TEST_F(PointReader, ShowsProgressAtRowsWhoseNumberIsAMultipleOfATenth) {
+TEST_F(PointReader, ShowsProgressAtEveryTenthOfTheRows) {
   Session session = SessionOn(folder, kHeader + BytesOf(NumberedRows(2200)));
   ReadPoints(session, world, 150, 2149);
   std::vector<int> allowed = {0};

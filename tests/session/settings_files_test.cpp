@@ -51,7 +51,7 @@ TEST(Defaults, HoldThirtyEpochsAndNoMore) {
             "A Defaults file holds at most 30 epochs. Nothing was written.");
 }
 
-TEST(Defaults, ASecondFileGoesOverTheFirst) {
+TEST(Defaults, ASecondFileOverridesTheFirst) {
   const TemporaryFolder folder;
   Session session;
   Defaults defaults{"cbfile.m1", "cbfile.m1", "cl-maze1", {}, "Pos.p", {"X: 1 2"}};

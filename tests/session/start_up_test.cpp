@@ -10,7 +10,7 @@
 namespace pallomir {
 namespace {
 
-TEST(ParameterFileName, IsJudgedByItsLastExtensionAlone) {
+TEST(ParameterFileName, IsJudgedByItsLastExtensionOnly) {
   for (const char* name : {"TT1.Ntt.parms", "x.parms", ".parms", "a.b/../x.parms"})
     EXPECT_TRUE(IsParameterFileName(name)) << name;
   for (const char* name :
@@ -22,7 +22,7 @@ TEST(ParameterFileName, IsJudgedByItsLastExtensionAlone) {
   }
 }
 
-TEST(OpenParameterFile, LeavesTheSessionAloneWhenItDoesNotKnowTheFile) {
+TEST(OpenParameterFile, LeavesTheSessionUnchangedIfItDoesNotRecogniseTheFile) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(7)));
   EXPECT_EQ(Refusal([&] { OpenParameterFile(session, folder.Put("picture.parms", "\x89PNG\r\n\x1a\n")); }),
@@ -32,7 +32,7 @@ TEST(OpenParameterFile, LeavesTheSessionAloneWhenItDoesNotKnowTheFile) {
   EXPECT_EQ(session.File.RecordCount, 7);
 }
 
-TEST(ParameterCatalogue, NamesStandAtTheirColumns) {
+TEST(ParameterCatalogue, NamesAreAtTheirColumns) {
   const std::pair<int, const char*> names[] = {
       {0, "MPeak-1"},   {31, "MPeak-32"},   {32, "PreVal-1"},  {63, "PreVal-32"},  {64, "SpikeID"},
       {65, "Energy-1"}, {96, "Energy-32"},  {97, "MaxHeight"}, {98, "MaxWidth"},   {99, "PosX"},

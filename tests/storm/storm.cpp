@@ -1,8 +1,8 @@
-// A user without sense: presses, types, drags and closes at random on the real forms, with files that break meanwhile,
-// and leaves and starts the program again and again.
+// Random input: presses, types, drags and closes at random on the real forms, with files that break meanwhile,
+// and exits and restarts the program again and again.
 //   storm EVENTS SEED [trace]
-// No event may crash the program, hang it, or leave a torn file or a session out of its bounds. What happens is the
-// same for the same seed, up to what the clock brings; `trace` prints every action.
+// No event may crash the program, hang it, or leave an incomplete file or an invalid session. What happens is the
+// same for the same seed, except for effects of the clock; `trace` prints every action.
 
 #include <QPrinter>
 #include <QtTest>
@@ -33,7 +33,7 @@ namespace pallomir {
 namespace {
 
 constexpr int kSpikes = 3000;
-constexpr int kDeepest = 5;  // actions within actions, where the program looks at its user while it works
+constexpr int kDeepest = 5;  // nested actions, when the program processes events while it works
 constexpr int kMostWindows = 10;
 constexpr auto kHung = std::chrono::seconds(60);
 
@@ -63,7 +63,7 @@ class Storm : public Dialogs {
     }
   }
 
-  /// Starts the program until so many events were sent. False, after saying why, when something was found broken.
+  /// Starts the program until that many events were sent. If something is found broken, prints it and returns false.
   bool Run(int64_t events) {
     wanted_ = events;
     while (Events < wanted_ && fault_.empty()) {
@@ -110,11 +110,11 @@ class Storm : public Dialogs {
   }
   bool Confirm(QWidget*, const QString&) override { return Chance(0.7); }
 
-  /// Looked at by the watchdog: when the last action or message was.
+  /// The time of the last action or message, read by the watchdog.
   std::atomic<std::chrono::steady_clock::rep> LastBeat{0};
   std::atomic<int64_t> Events = 0;
   int64_t Starts = 0, Messages = 0, Actions = 0;
-  /// Also the watchdog's.
+  /// Also read by the watchdog.
   std::string LastAction() {
     const std::lock_guard lock(actionMutex_);
     return lastAction_;
@@ -137,7 +137,7 @@ class Storm : public Dialogs {
     if (trace_) std::cerr << Events << " " << lastAction_ << "\n";
   }
 
-  /// One thing that the user does. Where the program looks at its user meanwhile, the next follows within.
+  /// One action of the user. If the program processes events meanwhile, the next action follows within it.
   void Act() {
     if (++depth_ < kDeepest) turns_[depth_].start(0);
     Beat();
@@ -178,7 +178,7 @@ class Storm : public Dialogs {
     }
   }
 
-  /// A window that a user could reach now: an open menu first, then what is modal, then any.
+  /// A window that a user could reach now: first an open menu, then a modal window, then any.
   QWidget* ChooseWindow() {
     QWidget* popup = QApplication::activePopupWidget();
     if (popup && Chance(0.9)) return popup;
@@ -186,7 +186,7 @@ class Storm : public Dialogs {
     QWidgetList windows;
     for (QWidget* window : QApplication::topLevelWidgets())
       if (window->isVisible() && !window->objectName().isEmpty()) windows << window;
-    // In an order that does not hang on addresses.
+    // In an order that does not depend on addresses.
     std::stable_sort(windows.begin(), windows.end(),
                      [](const QWidget* a, const QWidget* b) { return a->objectName() < b->objectName(); });
     if (windows.size() > kMostWindows) Close(windows[Below(static_cast<int>(windows.size()))]);
@@ -194,14 +194,14 @@ class Storm : public Dialogs {
     return windows.isEmpty() ? nullptr : OneOf(windows);
   }
 
-  /// A control of a window, each class as likely as any other: there are ninety check boxes and one list of clusters.
+  /// A control of a window; each class is equally likely, as there are ninety check boxes and one list of clusters.
   QWidget* Choose(QWidget* window) {
     std::map<QByteArray, QWidgetList> byClass;
     for (QWidget* control : window->findChildren<QWidget*>())
       if (control->isVisible() && control->window() == window) byClass[control->metaObject()->className()] << control;
     if (byClass.empty()) return window;
     QWidget* control = OneOf(std::next(byClass.begin(), Below(static_cast<int>(byClass.size())))->second);
-    // A life must last a while.
+    // The program should run for a while before it ends.
     if (control->objectName() == "cmdExit" && window == form_ && !Chance(0.02)) return nullptr;
     return control;
   }
@@ -300,7 +300,7 @@ class Storm : public Dialogs {
     window->resize(Below(1500), Below(1200));
   }
 
-  /// Something happens to a file: it ends early, holds garbage, or is gone.
+  /// Damages a file: truncates it, fills it with garbage, or removes it.
   void Damage() {
     const bool input = Chance(0.5);
     const std::string name = folder_ + "/" + (input ? OneOf(kInputs) : OneOf(kOutputs));
@@ -324,7 +324,7 @@ class Storm : public Dialogs {
       watch_.Excuse(name);
   }
 
-  /// Brings the recording itself back as it was.
+  /// Restores the recording.
   void Mend() {
     namespace fs = std::filesystem;
     const fs::path folder(folder_), kept = folder / "kept";
@@ -368,7 +368,7 @@ class Storm : public Dialogs {
   Main_Form* form_ = nullptr;
 };
 
-/// Ends the process when nothing has happened for a minute.
+/// Ends the process if nothing has happened for a minute.
 void Watch(const std::atomic<bool>& stop, Storm& storm) {
   while (!stop) {
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
@@ -391,7 +391,7 @@ int main(int argumentCount, char** arguments) {
     return 2;
   }
   QApplication application(argumentCount, arguments);
-  // Leaving by the last window would end a nested run as well.
+  // Otherwise closing the last window would also end a nested run.
   QApplication::setQuitOnLastWindowClosed(false);
   ApplyTheme(application);
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {

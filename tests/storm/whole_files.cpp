@@ -16,7 +16,7 @@ std::string BytesOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The lines of a text whose every line ends in CR LF; nothing but the text itself when one does not.
+/// The lines of a text if every line ends in CR LF; otherwise the text itself.
 std::vector<std::string> LinesOf(const std::string& text) {
   std::vector<std::string> lines;
   for (size_t at = 0; at < text.size();) {

@@ -6,16 +6,16 @@
 
 namespace pallomir {
 
-/// What is wrong with the shape of a file that the program writes: a sentence, or nothing when it is whole (or is none
-/// of the program's files). Written apart from the program's own readers, which forgive more.
+/// What is wrong with the structure of a file that the program writes: a sentence, or nothing if it is whole (or not
+/// one of the program's files). Written independently of the program's own readers, which tolerate more.
 std::string FaultOf(const std::filesystem::path& path);
 
-/// Looks over a recording's folder for files that are torn or were left behind half written.
+/// Searches a recording's folder for files that are incomplete or were left behind.
 class FileWatch {
  public:
   explicit FileWatch(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-  /// The file was damaged from outside: what it holds now, there or in a copy that is kept of it, is no fault.
+  /// The file was damaged from outside: its present contents, there or in a copy kept of it, are not a fault.
   void Excuse(const std::filesystem::path& path);
 
   /// The first fault found, with the file's name, or nothing.

@@ -13,8 +13,8 @@ namespace pallomir {
 /// A frame of the acquisition system's video file.
 std::string VideoFrame(uint64_t stamp, int32_t x, int32_t y, int32_t angle = 90);
 
-/// What the cluster file writer leaves for the analyses: "cl-tmp" with the range, which may have been typed with
-/// decimals, and "ttmp" with the stamps.
+/// The files that the cluster file writer leaves for the analyses: "cl-tmp" with the range, which may be typed with
+/// decimals, and "ttmp" with the timestamps.
 struct AnalysisFiles {
   std::string Cluster;
   std::string Time;

@@ -9,7 +9,7 @@
 
 namespace pallomir {
 
-/// A record of an events file; what is not used of it is not zero.
+/// A record of an events file; its unused bytes are not zero.
 inline std::string EventRecord(uint64_t stamp, std::string_view text) {
   std::string record(kEventsLayout.RecordBytes, '\x81');
   StoreLittleEndian(reinterpret_cast<unsigned char*>(record.data()) + kEventsLayout.StampOffset, stamp);

@@ -8,10 +8,10 @@
 
 namespace pallomir {
 
-/// While it stands, the k-th call (from 1) of a kind, or of any kind, fails, and all that follow go well again.
+/// During its lifetime the k-th call (from 1) of a kind, or of any kind, fails; the following ones succeed again.
 class InjectedFault {
  public:
-  /// In the place of an errno: the program is killed there.
+  /// Instead of an errno: the program is killed there.
   static constexpr int kKill = -1;
 
   explicit InjectedFault(int k, std::optional<FileCall> kind = {}, int error = ENOSPC) {

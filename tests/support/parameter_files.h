@@ -17,10 +17,10 @@ struct FileRow {
   std::array<float, kParameters> Values{};
 };
 
-/// `count` rows that tell themselves apart: row r has the stamp 1000000 + 1000 r, and parameter p the value 1000 r + p.
+/// `count` rows that differ: row r has the timestamp 1000000 + 1000 r, and parameter p the value 1000 r + p.
 std::vector<FileRow> NumberedRows(int count);
 
-/// The rows as they stand in a file.
+/// The rows as bytes of a file.
 std::string BytesOf(const std::vector<FileRow>& rows);
 
 /// The 16384 bytes that the acquisition system puts before its records, with the `-key value` lines.

@@ -10,7 +10,7 @@
 
 namespace pallomir {
 
-/// A world that writes down what it is asked to show.
+/// A world that records what it is asked to show.
 class RecordingWorld : public World {
  public:
   /// Message boxes, as "TITLE: text" or "text".
@@ -22,7 +22,7 @@ class RecordingWorld : public World {
 
   /// The pump, counted from 1, at which the user asks for the work to stop; 0 for never.
   int InterruptAt = 0;
-  /// Work that asks for events only every so often finds that it is time after each step.
+  /// Makes work that processes events only every so often do so after each step.
   bool Slow = false;
 
   Clock::time_point Now() const override { return Clock::now() + taken_; }

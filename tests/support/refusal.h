@@ -6,8 +6,8 @@
 
 namespace pallomir {
 
-/// What the user reads when `command` is refused, behind "END " when the program ends with it; empty when the command
-/// goes through.
+/// What the user reads if `command` is refused, after "END " if the program ends with it; empty if the command
+/// succeeds.
 template <class Command>
 std::string Refusal(Command command) {
   try {

@@ -8,12 +8,12 @@
 
 namespace pallomir {
 
-/// A session on a parameter file that holds `bytes`: in the folder stand "VideoSampling" and "TT1/TT1.Ntt.parms", which
+/// A session on a parameter file with these `bytes`: the folder has "VideoSampling" and "TT1/TT1.Ntt.parms", which
 /// is opened; nothing is loaded yet.
 Session SessionOn(const TemporaryFolder& folder, std::string_view bytes);
 
 /// A session as after loading records 1..n, of which MPeak-1 (horizontal) and MPeak-2 have the given values and all
-/// else is 0. Both axes reach from 0 to 100.
+/// else is 0. Both axes range from 0 to 100.
 Session SessionWith(const std::vector<Vertex>& points);
 
 Boundary PolygonOf(const std::vector<Vertex>& vertices, int xParameter = 0, int yParameter = 1);

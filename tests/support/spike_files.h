@@ -11,7 +11,7 @@
 
 namespace pallomir {
 
-/// The header of a spike file with a scale of 0.5 microvolts a count, before further lines.
+/// The header of a spike file with a scale of 0.5 microvolts per count, before further lines.
 inline std::string SpikeFileHeader(std::string_view bitVolts = "0.0000005") {
   return MakeRawHeader("spikes", {{"RecordSize", "304"}, {"ADBitVolts", std::string(bitVolts)}});
 }
@@ -27,7 +27,7 @@ inline std::string SpikeBytes(uint64_t stamp, const WireSamples& samples) {
   return record;
 }
 
-/// As above, every sample of wire w being `value` * (w + 1).
+/// As above, with every sample of wire w `value` * (w + 1).
 inline std::string SpikeBytes(uint64_t stamp, int value = 0) {
   WireSamples samples;
   for (int wire = 0; wire < kWires; ++wire) samples[wire].fill(static_cast<int16_t>(value * (wire + 1)));

@@ -8,7 +8,7 @@
 
 namespace pallomir {
 
-/// A folder of its own, under a name with a blank and a letter beyond ASCII, gone with all it holds after the test.
+/// A folder whose name contains a blank and a non-ASCII letter, removed with its contents after the test.
 class TemporaryFolder {
  public:
   TemporaryFolder()
@@ -25,7 +25,7 @@ class TemporaryFolder {
   /// The path of a file of the folder.
   std::string operator/(std::string_view name) const { return (path_ / name).string(); }
 
-  /// Writes a file, making folders on the way to it, and returns its path.
+  /// Writes a file, creating its folders, and returns its path.
   std::string Put(std::string_view name, std::string_view bytes) const {
     const std::filesystem::path path = path_ / name;
     std::filesystem::create_directories(path.parent_path());

@@ -13,7 +13,7 @@ struct SampleRow {
   double Direction = kNotKnown;
 };
 
-/// The samples as the reader of position files gives them.
+/// The samples as the reader of position files returns them.
 inline Positions PositionsOf(const std::vector<SampleRow>& rows) {
   Positions positions;
   positions.Name = "Pos.p";

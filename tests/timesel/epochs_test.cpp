@@ -54,7 +54,7 @@ struct EpochSearch : ::testing::Test {
 };
 
 TEST_F(EpochSearch, FindsTheFirstAndTheLastSpike) {
-  // The third stamp is out of order: the scan goes by records.
+  // The third timestamp is out of order: the scan follows the records.
   Session session = Recording({100, 200, 150, 300, 400, 400, 500});
   const std::tuple<Epoch, std::array<double, 4>> cases[] = {
       {{"equal counts", "200", "400"}, {200, 1, 400, 5}},
@@ -89,7 +89,7 @@ TEST_F(EpochSearch, LeavesIncompleteRowsAsTheyWere) {
   EXPECT_EQ(world.Log[1], "no end: Timestamps 0, 0 Event IDs 7, 9");
 }
 
-TEST_F(EpochSearch, TellsWhichTextIsNotANumber) {
+TEST_F(EpochSearch, SaysWhichTextIsNotANumber) {
   Session session = Recording({100, 200, 300});
   table[2] = {"good", "100", "200"};
   table[4] = {"bad", "100", "2oo"};
@@ -119,7 +119,7 @@ TEST(EpochSelection, RefusesRowsThatOverlap) {
       {Chosen("150", "300"), "ERROR: Epoch overlaps with previously selected epoch"},
       {Chosen("50", "100"), "ERROR: Epoch overlaps with previously selected epoch"},
       {Chosen("200", "200"), "ERROR: Epoch overlaps with previously selected epoch"},
-      {Chosen("50", "400"), ""},  // only its two ends are looked at
+      {Chosen("50", "400"), ""},  // only its two ends are checked
       {Chosen("201", "300"), ""},
       {Chosen("", "300"), "ERROR: Cannot choose an epoch with no times defined"},
       {Chosen("5", ""), "ERROR: Cannot choose an epoch with no times defined"},
@@ -135,7 +135,7 @@ TEST(EpochSelection, RefusesRowsThatOverlap) {
   }
 }
 
-TEST(EpochSelection, LooksAtTheFirstAndTheLastRowToo) {
+TEST(EpochSelection, ChecksTheFirstAndTheLastRowToo) {
   for (const auto& [early, late] : {std::pair{0, 29}, {29, 0}}) {
     EpochChoices rows;
     rows[early] = Chosen("100", "200");

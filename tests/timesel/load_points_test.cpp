@@ -24,10 +24,10 @@ TEST(LoadPoints, ClassifiesClustersInIncreasingOrder) {
   EXPECT_EQ(ListOf(session, 0), (std::vector{5, 30}));
   EXPECT_EQ(ListOf(session, 10), (std::vector{3, 5, 30}));
   EXPECT_EQ(ListOf(session, 19), (std::vector{3, 30}));
-  EXPECT_EQ(ListOf(session, 20), (std::vector<int>{}));  // the record behind the last point
+  EXPECT_EQ(ListOf(session, 20), (std::vector<int>{}));  // the record after the last point
 }
 
-TEST(LoadPoints, LeavesNoneWhoseClustersAreNotKnown) {
+TEST(LoadPoints, LeavesNoPointsWithoutClassification) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
   RecordingWorld world;
@@ -40,7 +40,7 @@ TEST(LoadPoints, LeavesNoneWhoseClustersAreNotKnown) {
   EXPECT_EQ(ListOf(session, 0), (std::vector{3, 30}));
 }
 
-TEST(LoadPoints, OfARangeThatWasGivenUpOneRowIsLeft) {
+TEST(LoadPoints, UnloadingARangeLeavesOneRow) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
   RecordingWorld world;
@@ -55,12 +55,12 @@ TEST(LoadPoints, OfARangeThatWasGivenUpOneRowIsLeft) {
   EXPECT_EQ(session.Points.Record(0).Parameters, first.Parameters);
   EXPECT_EQ(session.Points.Record(0).Stamp, first.Stamp);
   EXPECT_EQ(ListOf(session, 0), (std::vector{3, 5}));
-  EXPECT_EQ(session.Points.Record(1).Parameters, PointRecord().Parameters) << "the record behind the last point";
+  EXPECT_EQ(session.Points.Record(1).Parameters, PointRecord().Parameters) << "the record after the last point";
   ClearCluster(session, 3);
   EXPECT_EQ(ListOf(session, 0), std::vector{5});
 }
 
-TEST(LoadPoints, RefusesARangeThatIsTurnedRoundOrNotDefined) {
+TEST(LoadPoints, RefusesARangeThatIsReversedOrUndefined) {
   const TemporaryFolder folder;
   Session session = SessionOn(folder, BytesOf(NumberedRows(40)));
   RecordingWorld world;

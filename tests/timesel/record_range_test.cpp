@@ -39,10 +39,10 @@ struct RecordRange : ::testing::Test {
 TEST_F(RecordRange, TimesSnapToSpikes) {
   const Session session = Recording({100, 200, 200, 300, 250, 400});
   const std::tuple<double, RecordTime, RecordTime> cases[] = {
-      {100, {0, 100}, {0, 100}},    // equal to a stamp: that spike
+      {100, {0, 100}, {0, 100}},    // equal to a timestamp: that spike
       {150, {1, 200}, {0, 100}},    // between two
-      {200, {1, 200}, {2, 200}},    // equal stamps: the first of them, the last of them
-      {260, {3, 300}, {2, 200}},    // out of time order: the first place at which the time is passed
+      {200, {1, 200}, {2, 200}},    // equal timestamps: the first of them, the last of them
+      {260, {3, 300}, {2, 200}},    // out of time order: the first record at which the time is passed
       {399.9, {5, 400}, {4, 250}},  // fractions
   };
   for (const auto& [typed, start, end] : cases) {
@@ -72,7 +72,7 @@ TEST_F(RecordRange, EndBeforeTheFirstSpikeIsRefused) {
             "Record -1 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
 }
 
-TEST_F(RecordRange, ARecordingOfNoSpikesHasNoTimes) {
+TEST_F(RecordRange, ARecordingWithoutSpikesHasNoTimes) {
   const Session session = Recording({});
   EXPECT_EQ(Refusal([&] { RecordAtStart(session, world, 0); }), "Start time is out of file range");
   EXPECT_EQ(Refusal([&] { RecordAtEnd(session, world, 0); }),
@@ -92,14 +92,14 @@ TEST_F(RecordRange, RecordsHaveTimes) {
             "Record 3 is not in TT1.Ntt.parms: the file holds records 0 to 2.");
 }
 
-TEST_F(RecordRange, LongFilesAreScannedToTheirEndAndCanBeLeft) {
+TEST_F(RecordRange, LongFilesAreScannedToTheirEndAndCanBeStopped) {
   std::vector<uint64_t> stamps(10'000);
   for (size_t r = 0; r < stamps.size(); ++r) stamps[r] = 10 * r;
   stamps[0] = 1;
   const Session session = Recording(stamps);
   for (const int64_t record : {4095, 4096, 4097, 9999})
     EXPECT_EQ(RecordAtStart(session, world, 10.0 * static_cast<double>(record) - 1)->Record, record);
-  // Seen and stopped while it goes on.
+  // Progress is shown, and the scan can be stopped.
   world.Slow = true;
   EXPECT_NE(Refusal([&] { RecordAtStart(session, world, 1e9); }), "");
   ASSERT_FALSE(world.Progress.empty());

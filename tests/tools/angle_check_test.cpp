@@ -10,8 +10,8 @@
 namespace pallomir {
 namespace {
 
-/// An animal that runs along a wavy loop, or to and fro, and looks ahead or where it likes; its angles as `recorded`
-/// counts them.
+/// An animal that runs along a wavy loop, or to and fro, and looks ahead or anywhere; its angles follow the convention
+/// `recorded`.
 Positions Running(int samples, const AngleConvention& recorded, bool toAndFro = false, double lookAround = 10) {
   std::vector<SampleRow> rows;
   double x = 500, y = 500;
@@ -49,14 +49,14 @@ TEST(AngleCheck, SaysWhichConventionFitsARunningAnimal) {
        assumed + "-0.57 of 1, it does not fit; zero 215 degrees, clockwise has 0.99: import with --angle-zero 215 "
                  "--angle-sense cw"},
       {Running(100, kVideoAngles),
-       "zero +y, clockwise; too little running to check that by the direction of travel: 100 samples above 40 "
+       "zero +y, clockwise; too little running to check it against the direction of travel: 100 samples above 40 "
        "pixels/s"},
-      {PositionsOf({{0, 1, 1}}), "none; the direction of travel stands in"},
+      {PositionsOf({{0, 1, 1}}), "none; the direction of travel is used instead"},
   };
   for (const Case& c : cases) EXPECT_EQ(AnglesSentence(CheckAngles(c.Recorded)), c.Sentence);
 }
 
-TEST(AngleCheck, SaysWhatItCannotTell) {
+TEST(AngleCheck, SaysWhatItCannotDecide) {
   const AngleCheck line = CheckAngles(Running(1000, kVideoAngles, true));
   EXPECT_TRUE(line.Fits());
   EXPECT_FALSE(line.HasSense);

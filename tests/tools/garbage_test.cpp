@@ -13,7 +13,7 @@ namespace {
 
 using namespace pallomir::testing;
 
-/// A file with bytes changed, cut off or put in, or of nothing but random bytes.
+/// A file with bytes changed, cut off or inserted, or one of random bytes only.
 std::string Damaged(std::string bytes, std::mt19937_64& random) {
   const auto below = [&](size_t limit) { return limit == 0 ? 0 : static_cast<size_t>(random() % limit); };
   for (size_t change = below(40); change > 0 && !bytes.empty(); --change)
@@ -25,7 +25,7 @@ std::string Damaged(std::string bytes, std::mt19937_64& random) {
   return bytes;
 }
 
-TEST(DamagedFiles, EndInASentenceOrAResultNeverInAFault) {
+TEST(DamagedFiles, GiveAnErrorMessageOrAResultAndNeverCrash) {
   const TemporaryFolder folder;
   std::ostringstream said;
   ProgressBar progress(said, false);

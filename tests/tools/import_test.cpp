@@ -30,8 +30,8 @@ struct RawImport : ::testing::Test {
   }
 };
 
-TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
-  // More records than one block of reading or writing holds, in runs and one by one, many with the same stamp.
+TEST_F(RawImport, BothFilesHoldTheSpikesInTimeOrderAndTheCopyIsExact) {
+  // More records than fit into one block of reading or writing, in runs and one by one, many with the same timestamp.
   constexpr uint64_t count = 9000;
   std::string raw = AcquisitionHeader();
   std::vector<std::pair<uint64_t, int16_t>> expected;
@@ -56,7 +56,7 @@ TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
     const auto [stamp, height] = expected[r];
     ASSERT_EQ(rows.Stamp(r), stamp) << r;
     ASSERT_EQ(rows.Value(r, kRecordSlot), r);
-    // As i16, heights of up to 9000 times 4 wrap round on the fourth wire; the first one tells the spikes apart.
+    // Heights of up to 9000 times 4 overflow i16 on the fourth wire; the first wire tells the spikes apart.
     ASSERT_EQ(rows.Value(r, kMPeak), height) << r;
     ASSERT_EQ(At<int16_t>(waveforms, 2048 * r + 2 * 8), height) << r;
     ASSERT_EQ(At<int16_t>(waveforms, 2048 * r + 2 * (32 + 8)), static_cast<int16_t>(height * 2)) << r;
@@ -64,7 +64,7 @@ TEST_F(RawImport, BothFilesHoldTheSpikesInOrderOfTimeAndTheCopyIsExact) {
   EXPECT_TRUE(std::all_of(waveforms.begin() + 4 * 64, waveforms.begin() + 2048, [](char c) { return c == 0; }));
 }
 
-TEST_F(RawImport, AFileWithoutHeaderOrRecordsOrWithABareOneIsImported) {
+TEST_F(RawImport, AFileWithoutHeaderOrRecordsIsImported) {
   std::string foreign = AcquisitionHeader({{"AcqEntName", "Sc\xFC\xDF\xFF"}, {"WaveformLength", "40"}});
   struct Case {
     const char* Name;
@@ -105,9 +105,9 @@ TEST_F(RawImport, ASingleElectrodeGivesOneChannelUnderTheTetrodeNames) {
   EXPECT_EQ(At<int16_t>(ReadText(folder / "out/SE3/SE3.waveforms"), 16), 900);
 }
 
-TEST_F(RawImport, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
+TEST_F(RawImport, SpikesTakeTheirPositionFromTheFramesAroundThem) {
   constexpr uint64_t base = 1'600'000'000'000'000;
-  // Out of order; lost from 100 to 132 ms, blind from 200 ms to 450 ms (just usable) and to 700.001 ms (too long).
+  // Out of order; lost from 100 to 132 ms, no frames from 200 to 450 ms (just usable) and to 700.001 ms (too long).
   const std::string video =
       AcquisitionHeader() + VideoFrame(base, 100, 200, 0) + VideoFrame(base + 66'000, 120, 210, 359) +
       VideoFrame(base + 33'000, 110, 200, 450) + VideoFrame(base + 100'000, 0, 0) + VideoFrame(base + 132'000, 0, 0) +
@@ -144,14 +144,14 @@ TEST_F(RawImport, SpikesTakeTheirPlaceFromTheFramesAroundThem) {
       report.Lines(),
       (std::vector<std::string>{
           "TT1.Ntt: 11 spikes.",
-          "Video: 9 frames; earlier than the one before: 1, so all were sorted by time; dropped at the end, as no "
-          "whole record: 7 bytes.",
-          "Tracking: 29.41 frames a second; frames lost: 2, in runs: 1; gaps of more than 0.250 s: 1, the longest "
+          "Video: 9 frames; earlier than the previous one: 1, so all were sorted by time; incomplete record dropped at "
+          "the end: 7 bytes.",
+          "Tracking: 29.41 frames per second; frames lost: 2, in runs: 1; gaps of more than 0.250 s: 1, the longest "
           "0.250 s.",
-          "Places: 7 of 11 spikes lie in tracked time.",
-          "Head angles: zero +y, clockwise; too little running to check that by the direction of travel: 3 samples "
+          "Positions: 7 of 11 spikes lie within tracked time.",
+          "Head angles: zero +y, clockwise; too little running to check it against the direction of travel: 3 samples "
           "above 25 pixels/s.",
-          "Events: 2 events; earlier than the one before: 1, copied as they are."}));
+          "Events: 2 events; earlier than the previous one: 1, copied as they are."}));
 }
 
 TEST_F(RawImport, VideoSamplingIsTheNearerRateByTheMedianInterval) {
@@ -179,13 +179,14 @@ TEST_F(RawImport, AVideoWhoseAnglesAreAllZeroHasNoDirection) {
   EXPECT_TRUE(ReadText(folder / "out/Pos.p").ends_with("# End of header\r\n1,3,4,-1\r\n2,5,6,-1\r\n"));
 }
 
-TEST_F(RawImport, FailuresSayWhatAndWhereAndLeaveNothingHalfDone) {
+TEST_F(RawImport, FailuresSayWhatAndWhereAndLeaveNoIncompleteFile) {
   const std::string spikes = folder.Put("TT1.Ntt", AcquisitionHeader() + Spike(1, 1));
   const std::string video = folder.Put("VT1.Nvt", AcquisitionHeader() + VideoFrame(1, 1, 1));
   const std::string missing = folder / "none.Ntt";
   EXPECT_EQ(Failure({.Spikes = missing}), missing + " does not exist.");
-  EXPECT_EQ(Failure({.Spikes = video}), video + " is not a spike file (.Ntt or .Nse), by its extension.");
-  EXPECT_EQ(Failure({.Spikes = spikes, .Video = spikes}), spikes + " is not a video file (.Nvt), by its extension.");
+  EXPECT_EQ(Failure({.Spikes = video}), video + " is not a spike file (.Ntt or .Nse), judging by its extension.");
+  EXPECT_EQ(Failure({.Spikes = spikes, .Video = spikes}),
+            spikes + " is not a video file (.Nvt), judging by its extension.");
   EXPECT_EQ(
       Failure({.Spikes = folder.Put("TT2.Ntt", AcquisitionHeader({{"RecordSize", "560"}}) + std::string(560, 'x'))}),
       "TT2.Ntt holds records of 560 bytes according to its header; the tetrode spikes of a .Ntt file have 304.");

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Imports of several tetrodes into one folder at once, and imports that are asked to end: every file is whole, what a
-# program reports is true, and nothing is left beside the places.
+# Imports of several tetrodes into one folder at once, and imports that are stopped: every file is whole, what a
+# program reports is true, and no temporary file is left.
 #   imports_at_once.sh PALLOMIR_CLI
 set -u
 cli=$1
@@ -18,7 +18,7 @@ cp made/raw/VT1.Nvt .
 
 import() { "$cli" import --spikes "TT$1.Ntt" --video VT1.Nvt --pixels-per-cm "$2" --out "$3" >"$3.$1.said" 2>&1; }
 
-# Four tetrodes with the same video and options: all of them go through.
+# Four tetrodes with the same video and options: all imports succeed.
 for round in $(seq 8); do
   out=same$round
   for tetrode in 1 2 3 4; do import $tetrode 4 $out & pids[tetrode]=$!; done
@@ -31,7 +31,7 @@ for round in $(seq 8); do
   no_leftovers $out
 done
 
-# Two scales for the same folder: one of them stands, and the other call says that it does.
+# Two scales for the same folder: one of them wins, and the other import reports it.
 for round in $(seq 8); do
   out=other$round
   import 1 4 $out & one=$!
@@ -39,13 +39,13 @@ for round in $(seq 8); do
   wait $one; first=$?
   wait $two; second=$?
   [ $((first + second)) = 1 ] || fail "round $round: $first and $second; $(cat $out.?.said)"
-  grep -q "Pos.p stands there already" $out.?.said || fail "round $round: $(cat $out.?.said)"
+  grep -q "Pos.p already exists" $out.?.said || fail "round $round: $(cat $out.?.said)"
   scale=$([ $first = 0 ] && echo 4 || echo 5)
   body $out/Pos.p | head -1 | grep -q "PixelsPerCm,$scale" || fail "round $round: another scale than $scale"
   no_leftovers $out
 done
 
-# Asked to end while it writes.
+# Stopped while it writes.
 "$cli" sample large --spikes 60000 >made.txt 2>&1 || fail "$(cat made.txt)"
 "$cli" import --spikes large/raw/TT1.Ntt --video VT1.Nvt --out ended >ended.said 2>&1 & process=$!
 while [ -z "$(find ended/TT1 -type f 2>/dev/null)" ]; do

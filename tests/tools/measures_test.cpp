@@ -1,4 +1,4 @@
-// What the report measures on a spike file, against what the simulation put into it.
+// The report's measures of a spike file, compared with the simulation that made it.
 
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@
 namespace pallomir {
 namespace {
 
-/// The height of sample s of a principal cell's spike whose peak is 1, the middle of the phases at which it is sampled.
+/// The height of sample s of a principal cell's spike with a peak of 1, at the middle of its sampling phases.
 double PrincipalAt(int s) {
   double sum = 0;
   for (int phase = 0; phase < 8; ++phase) {
@@ -56,14 +56,14 @@ TEST(Measures, AverageWaveformIsTheTemplateWithinItsStandardError) {
       EXPECT_GT(measures.Average.Deviation[wire][s], 8) << "the noise has 9 microvolts";
       squares += off * off / (error * error);
     }
-  // The 128 samples are off by one standard error in the middle, give or take what their correlation leaves.
+  // The 128 samples are off by one standard error on average, within what their correlation allows.
   EXPECT_GT(squares / 128, 0.4);
   EXPECT_LT(squares / 128, 2);
   EXPECT_GT(*measures.Apart.IsolationDistance, 50);
   EXPECT_LT(*measures.Apart.LRatio, 0.01);
 }
 
-TEST(Measures, CellsOfTheSampleStandClearOfTheNoise) {
+TEST(Measures, CellsOfTheSampleAreSeparateFromTheNoise) {
   const TemporaryFolder folder;
   std::ostringstream told;
   ProgressBar progress(told, false);
@@ -82,7 +82,7 @@ TEST(Measures, CellsOfTheSampleStandClearOfTheNoise) {
     EXPECT_GT(*measures.Apart.IsolationDistance, 15) << cell;
     EXPECT_LT(*measures.Apart.LRatio, 0.3) << cell;
   }
-  // What is cut at random is not a cluster.
+  // A random set of spikes is not a cluster.
   std::vector<int64_t> random;
   for (size_t i = 0; i < cells[0].size(); i += 7) random.push_back(cells[0][i]);
   EXPECT_GT(*MeasureCluster(world, path, random, {0, INT64_MAX}).Apart.LRatio, 1);

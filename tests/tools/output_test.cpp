@@ -14,7 +14,7 @@ namespace {
 
 using namespace pallomir::testing;
 
-/// A recording with one tetrode imported, and what its folder holds.
+/// A recording with one imported tetrode, and the contents of its folder.
 struct SecondImport : ::testing::Test {
   SecondImport() { EXPECT_EQ(Failure(first), ""); }
 
@@ -24,7 +24,7 @@ struct SecondImport : ::testing::Test {
     return Refusal([&] { report = ImportRecording(request, progress); });
   }
 
-  /// Every file and what it holds.
+  /// Every file and its contents.
   std::map<std::string, std::string> Held() const {
     std::map<std::string, std::string> held;
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder / "out"))
@@ -34,8 +34,7 @@ struct SecondImport : ::testing::Test {
 
   std::string Differs(const std::string& name) const {
     return folder / ("out/" + name) +
-           " stands there already and holds something else than these files and options make; nothing was written. "
-           "--replace puts the new file in its place.";
+           " already exists with other contents; nothing was written. --replace replaces it.";
   }
 
   TemporaryFolder folder;
@@ -46,7 +45,7 @@ struct SecondImport : ::testing::Test {
   ImportReport report;
 };
 
-TEST_F(SecondImport, LeavesTheTrackingWhenItHasNone) {
+TEST_F(SecondImport, KeepsTheTrackingIfItHasNone) {
   const auto before = Held();
   EXPECT_EQ(Failure({.Spikes = tetrode2, .Out = first.Out}), "");
   auto after = Held();
@@ -55,20 +54,20 @@ TEST_F(SecondImport, LeavesTheTrackingWhenItHasNone) {
   EXPECT_EQ(ParameterRows(folder / "out/TT2/TT2.Ntt.parms").Count(), 1);
 }
 
-TEST_F(SecondImport, OfTheSameFilesLeavesThemAsTheyStand) {
+TEST_F(SecondImport, OfTheSameFilesLeavesThemUnchanged) {
   const auto before = Held();
   first.Date = "now";
   EXPECT_EQ(Failure(first), "");
   EXPECT_EQ(Held(), before);
   EXPECT_EQ(report.Lines().back(),
-            "Left, as the same stands there already: VideoSampling, Pos.p, TT1.Ntt, TT1.waveforms, TT1.Ntt.parms.");
-  // One of the files is missing: it alone is made.
+            "Already there, unchanged: VideoSampling, Pos.p, TT1.Ntt, TT1.waveforms, TT1.Ntt.parms.");
+  // One of the files is missing: only that one is made.
   std::filesystem::remove(folder / "out/TT1/TT1.waveforms");
   EXPECT_EQ(Failure(first), "");
   EXPECT_EQ(Held(), before);
 }
 
-TEST_F(SecondImport, ThatWouldChangeAFileNeedsReplaceAndSaysSoBeforeAnythingIsWritten) {
+TEST_F(SecondImport, NeedsReplaceToChangeAFileAndSaysSoBeforeWriting) {
   struct Case {
     const char* Name;
     std::function<void(ImportRequest&)> Change;
@@ -125,7 +124,7 @@ TEST_F(SecondImport, NeverWritesOverALinkAFolderOrASource) {
        " is a link, which is neither followed nor replaced;" + nothing},
       {"TT1/TT1.Ntt.parms", [](auto& path) { std::filesystem::create_directory(path); }, " is a folder;" + nothing},
       {"TT1/TT1.waveforms", [&](auto& path) { std::filesystem::create_hard_link(video, path); },
-       " is " + video + " itself, where a file would be put;" + nothing + " Name another folder."},
+       " is " + video + " itself, which would be overwritten;" + nothing + " Name another folder."},
   };
   first.Replace = true;
   for (const Case& c : cases) {
@@ -139,12 +138,12 @@ TEST_F(SecondImport, NeverWritesOverALinkAFolderOrASource) {
   }
   EXPECT_EQ(ReadText(outside), "not ours");
   first.Spikes = folder / "out/TT1/TT1.Ntt";
-  EXPECT_EQ(Failure(first), first.Spikes + " is " + first.Spikes + " itself, where a file would be put;" + nothing +
+  EXPECT_EQ(Failure(first), first.Spikes + " is " + first.Spikes + " itself, which would be overwritten;" + nothing +
                                 " Name another folder.");
   EXPECT_EQ(ReadText(first.Spikes), ReadText(tetrode1));
 }
 
-TEST_F(SecondImport, ChangesNothingInAFolderThatAProgramWorksIn) {
+TEST_F(SecondImport, ChangesNothingInAFolderThatIsInUse) {
   const auto before = Held();
   const FolderLock working(folder / "out/TT1");
   EXPECT_EQ(Failure(first), "");  // there is nothing to be changed

@@ -14,14 +14,14 @@ struct ProgressBars : ::testing::Test {
   ProgressBar Make(bool isTerminal) {
     return {out, isTerminal, [this] { return Time; }};
   }
-  /// Lets the bar be due, then reports.
+  /// Waits until the bar is due, then reports.
   void ReportLate(ProgressBar& progress, uint64_t count) {
     Time += std::chrono::milliseconds(110);
     progress.Reached(count);
   }
 };
 
-TEST_F(ProgressBars, SaysOneLineAtTheEndWhereThereIsNoTerminal) {
+TEST_F(ProgressBars, PrintsOneLineAtTheEndIfThereIsNoTerminal) {
   {
     ProgressBar progress = Make(false);
     progress.Begin("bytes", 7);
@@ -30,10 +30,10 @@ TEST_F(ProgressBars, SaysOneLineAtTheEndWhereThereIsNoTerminal) {
     ReportLate(progress, 600);
     progress.End("Wrote");
   }
-  EXPECT_EQ(out.str(), "Wrote 1\u202f200 spikes in 0.11 s (10909 a second)\n");
+  EXPECT_EQ(out.str(), "Wrote 1\u202f200 spikes in 0.11 s (10909 per second)\n");
 }
 
-TEST_F(ProgressBars, DrawsABarThatIsGoneWhenTheWorkIsLeft) {
+TEST_F(ProgressBars, DrawsABarAndRemovesItWhenTheWorkEnds) {
   {
     ProgressBar progress = Make(true);
     progress.Begin("spikes", 4);

@@ -23,7 +23,7 @@ ImportReport Make(const TemporaryFolder& folder, const std::string& name, uint64
   return MakeSample({folder / name, spikes, seed}, progress);
 }
 
-/// The recording that most tests look at, made once.
+/// The recording that most tests use, made once.
 struct SampleRecording : ::testing::Test {
   static void SetUpTestSuite() {
     folder = std::make_unique<TemporaryFolder>();
@@ -48,11 +48,11 @@ uint64_t Hash(const std::string& bytes) {
   return hash;
 }
 
-TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
+TEST(SampleBytes, DependOnlyOnTheSeed) {
   const TemporaryFolder folder;
   EXPECT_EQ(Make(folder, "a", 3000, 7).Spikes.Count, 3000);
   EXPECT_EQ(Make(folder, "b", 3, 8).Spikes.Count, 3);
-  // These bytes were made once; another machine, compiler or build that makes others is at fault.
+  // The bytes as once generated; every machine, compiler and build must generate the same.
   EXPECT_EQ(Hash(ReadText(folder / "a/raw/TT1.Ntt")), 3596238341574363010);
   EXPECT_EQ(Hash(ReadText(folder / "a/raw/VT1.Nvt")), 16300719987111710071u);
   EXPECT_EQ(Hash(ReadText(folder / "a/raw/Events.Nev")), 14776872789547491407u);
@@ -60,7 +60,7 @@ TEST(SampleBytes, DependOnTheSeedAndOnNothingElse) {
   EXPECT_TRUE(ReadText(folder / "a/Pos.p").find("# Date: 2026-01-01 00:00:00\r\n") != std::string::npos);
 }
 
-TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
+TEST_F(SampleRecording, HasTheOdditiesOfARealRecording) {
   EXPECT_EQ(rows->Count(), 80'000);
   EXPECT_EQ(report.Spikes.Disordered, 0);
   EXPECT_GE(report.Spikes.Lowest, kSampleStart);
@@ -89,7 +89,7 @@ TEST_F(SampleRecording, RecordingHasTheOddsAndEndsOfARealOne) {
   EXPECT_GT(report.Angles.Assumed.Agreement, 0.9);
 }
 
-TEST(SampleFolder, ThatHoldsAnythingIsLeftAlone) {
+TEST(SampleFolder, IsLeftAloneIfNotEmpty) {
   const TemporaryFolder folder;
   const std::string note = folder.Put("sample/note", "mine");
   EXPECT_EQ(Refusal([&] { Make(folder, "sample", 10); }).find("The folder " + folder / "sample" + " is not empty"), 0);
@@ -105,7 +105,7 @@ TEST(SampleFolder, ThatHoldsAnythingIsLeftAlone) {
   EXPECT_EQ(ReadText(note), "mine");
 }
 
-TEST_F(SampleRecording, EveryCellIsRefractoryAndHasItsShape) {
+TEST_F(SampleRecording, EveryCellHasARefractoryPeriodAndItsShape) {
   std::array<uint64_t, 7> last{};
   std::array<double, 7> width{};
   std::array<int, 7> count{};
@@ -138,14 +138,14 @@ TEST_F(SampleRecording, PlaceCellsFireInTheirFields) {
   }
 }
 
-/// How well a cut finds a cell: the share of the cell's spikes that are in it, and the share of its spikes that are the
-/// cell's.
+/// How well a cut matches a cell: the share of the cell's spikes that are in it, and the share of its spikes that are
+/// the cell's.
 struct Separation {
   double Recall, Precision;
 };
 
-/// Cuts a cell out of the projection of two MPeak parameters, with a box along the line from the origin through the
-/// cell's middle, as a user would draw it.
+/// Cuts a cell in the projection of two MPeak parameters, with a box along the line from the origin through the
+/// cell's centre, as a user would draw it.
 Separation CutOut(const ParameterRows& rows, const std::vector<uint32_t>& cells, uint32_t cell, int xWire, int yWire) {
   double meanX = 0, meanY = 0, n = 0;
   for (size_t r = 0; r < cells.size(); ++r)
@@ -173,7 +173,7 @@ Separation CutOut(const ParameterRows& rows, const std::vector<uint32_t>& cells,
   return {own / n, own / all};
 }
 
-TEST_F(SampleRecording, EveryCellCanBeCutOutOfSomeProjectionButNoneShowsAll) {
+TEST_F(SampleRecording, EveryCellCanBeCutInSomeProjectionButNoneShowsAll) {
   std::vector<uint32_t> cells(rows->Count());
   for (size_t r = 0; r < cells.size(); ++r) cells[r] = Cell(r);
   std::array<int, 7> projectionsOfCell{};

@@ -46,7 +46,7 @@ TEST(SpikeStepping, ShowsTheTickedSpikesForwardsAndBackwards) {
     EXPECT_EQ(counter, 5) << "it stands at the last spike";
     EXPECT_FALSE(StepForward(session, ticks, counter));
 
-    counter = 6;  // so that the last spike is shown as well
+    counter = 6;  // so that the last spike is also shown
     while (const auto shown = StepBack(session, ticks, counter)) back.insert(back.begin(), *shown);
     EXPECT_EQ(back, c.Shown);
     EXPECT_EQ(counter, 0) << "it stops at the first spike";
@@ -54,7 +54,7 @@ TEST(SpikeStepping, ShowsTheTickedSpikesForwardsAndBackwards) {
   }
 }
 
-TEST(SpikeStepping, StaysWhereThereIsNothingToShow) {
+TEST(SpikeStepping, StaysWhereItIsIfThereIsNothingToShow) {
   const ClusterTicks all = Ticked({0, 2, 3, 5});
   int32_t counter = kBeforeFirstSpike;
   EXPECT_FALSE(StepBack(SixSpikes(), all, counter));
@@ -64,7 +64,7 @@ TEST(SpikeStepping, StaysWhereThereIsNothingToShow) {
   counter = 400;  // of a longer range that was loaded before
   EXPECT_FALSE(StepForward(SixSpikes(), all, counter));
   EXPECT_EQ(StepBack(SixSpikes(), all, counter), (ShownSpike{1005, 3}));
-  // No list is in use: every spike is of no cluster.
+  // No membership list is in use: no spike is in a cluster.
   counter = kBeforeFirstSpike;
   const Session plain = SessionWith({{1, 1}, {2, 2}});
   EXPECT_EQ(StepForward(plain, all, counter), (ShownSpike{plain.LoadStartRecord, 0}));

@@ -18,7 +18,7 @@ std::string Levels(int count, int height) {
   return bytes;
 }
 
-/// The colour code of the level at `height` of block 6, one pixel a unit.
+/// The colour code of the level at `height` of block 6, one pixel per unit.
 uint8_t CodeAt(const SpikesOnView& spikes, int height) {
   return spikes.Picture().Pixels().At(20 + 5, 200 + 1200 - height);
 }
@@ -51,7 +51,7 @@ TEST_F(SpikesOnViewTest, AreDrawnOneByOneAndAgainFromTheFirst) {
   EXPECT_EQ(spikes.Count() + spikes.Waiting() + CodeAt(spikes, -60), 0U);
 }
 
-TEST_F(SpikesOnViewTest, WhatTheFileDoesNotHoldIsCountedEachTime) {
+TEST_F(SpikesOnViewTest, MissingWaveformsAreCountedEachTime) {
   folder.Put("TT1.waveforms", Levels(2, 10));
   for (const int r : {0, 7, 1, 2}) spikes.Add({r, 1});
   WaveformFile file(folder / "TT1.Ntt.parms");

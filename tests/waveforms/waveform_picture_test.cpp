@@ -46,7 +46,7 @@ TEST(TraceRaster, IsWithinAPixelOfAPlainLineDrawer) {
     DrawPlainly(columns, rows, plain);
     for (int c = 0; c < 70; ++c)
       for (int r = 0; r < height; ++r) {
-        // At the border the neighbour may lie off the picture.
+        // At the border the neighbour may be off the picture.
         const bool inner = c > 0 && r > 0 && c < 69 && r < height - 1;
         ASSERT_TRUE(!ours.At(c, r) || !inner || Near(plain, c, r, 1)) << round << ": " << c << ", " << r;
         ASSERT_TRUE(!plain.At(c, r) || !inner || Near(ours, c, r, 1)) << round << ": " << c << ", " << r;
@@ -67,7 +67,7 @@ TEST(TraceRaster, LinesAreOnePixelThickAndMeetTheirVertices) {
     }
 }
 
-TEST(TraceRaster, WhatLiesOffThePictureIsCutAndNothingElseMoves) {
+TEST(TraceRaster, LinesAreClippedToThePictureWithoutMoving) {
   std::mt19937 random(3);
   for (int round = 0; round < 300; ++round) {
     Columns columns, rows;
@@ -90,7 +90,7 @@ TEST(TraceRaster, WhatLiesOffThePictureIsCutAndNothingElseMoves) {
   EXPECT_EQ(tiny.At(0, 0), 1);
 }
 
-/// One device pixel a unit: value (x, y) of the drawing at column x + 5, row 200 - y.
+/// One device pixel per unit: value (x, y) of the drawing at column x + 5, row 200 - y.
 View UnitView() {
   return WholeWaveformView(81, 7401);
 }
@@ -116,7 +116,7 @@ TEST(WaveformPicture, DrawsBlocksInTwoColumnsWithLinesThroughSampleEight) {
   EXPECT_EQ(PixelAt(picture, 35, -1000), 0);
   for (const auto& [x, y] : {std::pair(0, 0), {31, -800}, {36 + 3, -200}})
     EXPECT_EQ(PixelAt(picture, x, y), four) << "not recorded, and a trace as any other: " << x << ", " << y;
-  // The lines lie over every trace but the last.
+  // The lines cover every trace but the last.
   EXPECT_EQ(PixelAt(picture, 8, 150), kWhite);
   EXPECT_EQ(PixelAt(picture, 8, 151), 0);
   EXPECT_EQ(PixelAt(picture, 8, -360), kWhite);
@@ -141,13 +141,13 @@ TEST(WaveformPicture, OverlaysClearsAndInverts) {
   picture.Draw(high, 3, -1);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 + 50), 0);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 6 - 50), ColourCode(3));
-  // Blocks that were not recorded lie over what was drawn before, as the others do.
-  high.fill(-400);  // block 6 lies where block 8 has its middle
+  // Blocks that were not recorded cover what was drawn before, as the others do.
+  high.fill(-400);  // block 6 is where block 8 has its centre
   picture.Draw(high, 1);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 8), ColourCode(1));
   picture.Draw(WaveformRecord{}, 4);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 8), ColourCode(4));
-  // How high traces are drawn moves them, and nothing else: -400 counts of a tenth, and counts that come to nothing.
+  // The height scales the traces and nothing else: -400 counts at a tenth, and counts that round to nothing.
   picture.Clear();
   picture.Draw(high, 1, 0.1);
   EXPECT_EQ(PixelAt(picture, 20, -200 * 8 - 40), ColourCode(1));
@@ -168,7 +168,7 @@ TEST(WaveformPicture, OverlaysClearsAndInverts) {
   EXPECT_EQ(pixels[(200 + 200 * 8) * stride + 81], 7U) << "behind the line";
 }
 
-TEST(WaveformPicture, ZoomsToARectangleAndNoFurtherThanThereIsSomethingToSee) {
+TEST(WaveformPicture, ZoomsToARectangleThatIsNotTooSmall) {
   const View whole = WholeWaveformView(800, 600);
   EXPECT_EQ(whole.Left, -5);
   EXPECT_EQ(whole.Top, 200);
@@ -182,7 +182,7 @@ TEST(WaveformPicture, ZoomsToARectangleAndNoFurtherThanThereIsSomethingToSee) {
   for (const Vertex corner : {Vertex{2.05F, 0}, Vertex{30, -499.5F}, Vertex{NAN, 0}, Vertex{30, INFINITY}}) {
     EXPECT_EQ(ZoomedWaveformView(whole, {2, -500}, corner).Right, whole.Right);
   }
-  // As far in as it goes, with the largest samples.
+  // At the largest zoom, with the largest samples.
   WaveformRecord record;
   for (size_t i = 0; i < record.size(); ++i) record[i] = i % 2 ? INT16_MAX : INT16_MIN;
   WaveformPicture close(ZoomedWaveformView(WholeWaveformView(3000, 50), {10, -300}, {10.2F, -298}));

@@ -15,7 +15,7 @@ namespace {
 
 constexpr double kRunningCm = 10;  // cm per second
 constexpr double kRunningPixels = 40;
-constexpr size_t kEnoughRunning = 300;  // samples; ten seconds at 30 frames a second
+constexpr size_t kEnoughRunning = 300;  // samples; ten seconds at 30 frames per second
 constexpr double kNearAxis = 20;        // degrees within which a zero is snapped to an axis
 constexpr double kBadAgreement = 0.5;
 constexpr double kClearlyBetter = 0.1;
@@ -82,11 +82,11 @@ AngleCheck CheckAngles(const Positions& recorded) {
 }
 
 std::string AnglesSentence(const AngleCheck& check) {
-  if (!check.HasAngles) return "none; the direction of travel stands in";
+  if (!check.HasAngles) return "none; the direction of travel is used instead";
   const auto figure = [](const AngleFit& fit) { return RoundedText(fit.Agreement, 2); };
   std::string text = ConventionText(check.Assumed.Convention);
   if (!check.IsEnough())
-    return text + "; too little running to check that by the direction of travel: " + CountText(check.Running) +
+    return text + "; too little running to check it against the direction of travel: " + CountText(check.Running) +
            " samples above " + RoundedText(check.Speed, 0) + " pixels/s";
   text += "; agreement with the direction of travel, in " + CountText(check.Running) +
           " samples of a running animal: " + figure(check.Assumed) + " of 1";
@@ -94,7 +94,7 @@ std::string AnglesSentence(const AngleCheck& check) {
     text += ", it fits";
   else if (check.Best.Agreement < kBadAgreement)
     text += ", and no convention fits; the best would be " + ConventionText(check.Best.Convention) + " with " +
-            figure(check.Best) + ". Where the angles are of no use, import with --no-angle";
+            figure(check.Best) + ". If the angles are of no use, import with --no-angle";
   else
     text += ", it does not fit; " + ConventionText(check.Best.Convention) + " has " + figure(check.Best) +
             ": import with " + OptionsOf(check.Best.Convention);

@@ -23,7 +23,7 @@ constexpr size_t kCopySize = size_t{1} << 20;
 RawFile OpenRaw(const std::filesystem::path& path, std::initializer_list<RawKind> kinds, std::string_view wanted) {
   const RawLayout* layout = LayoutByExtension(path);
   if (!layout || std::find(kinds.begin(), kinds.end(), layout->Kind) == kinds.end())
-    throw FaultOfPath(ErrorKind::Foreign, path, "is not " + std::string(wanted) + ", by its extension");
+    throw FaultOfPath(ErrorKind::Foreign, path, "is not " + std::string(wanted) + ", judging by its extension");
   return RawFile(path, *layout);
 }
 

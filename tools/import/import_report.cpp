@@ -10,19 +10,19 @@ std::string RecordsLine(const std::string& name, const std::string& records, con
                         bool isSorted) {
   std::string line = name + ": " + CountText(stamps.Count) + " " + records;
   if (stamps.Disordered > 0)
-    line += "; earlier than the one before: " + CountText(stamps.Disordered) +
+    line += "; earlier than the previous one: " + CountText(stamps.Disordered) +
             (isSorted ? ", so all were sorted by time" : ", copied as they are");
-  if (trailing > 0) line += "; dropped at the end, as no whole record: " + std::to_string(trailing) + " bytes";
+  if (trailing > 0) line += "; incomplete record dropped at the end: " + std::to_string(trailing) + " bytes";
   return line + ".";
 }
 
 std::string TrackingLine(const Tracking& video) {
-  std::string line = "Tracking: " + RoundedText(video.FrameRate, 2) + " frames a second";
+  std::string line = "Tracking: " + RoundedText(video.FrameRate, 2) + " frames per second";
   line += "; frames lost: " + CountText(video.Lost) + ", in runs: " + CountText(video.LostRuns);
   line += "; gaps of more than " + DurationText(kLongestBridge) + ": " + CountText(video.Gaps);
   if (video.Gaps > 0) line += ", the longest " + DurationText(video.LongestGap);
   if (video.Samples.Unreadable > 0)
-    line += "; frames left out, as their stamps are beyond all time: " +
+    line += "; frames left out because of impossible timestamps: " +
             CountText(static_cast<uint64_t>(video.Samples.Unreadable));
   return line + ".";
 }
@@ -30,7 +30,7 @@ std::string TrackingLine(const Tracking& video) {
 std::string LeftLine(const std::vector<std::string>& names) {
   std::string line;
   for (const std::string& name : names) line += (line.empty() ? "" : ", ") + name;
-  return "Left, as the same stands there already: " + line + ".";
+  return "Already there, unchanged: " + line + ".";
 }
 
 }  // namespace
@@ -39,17 +39,15 @@ std::vector<std::string> ImportReport::Lines() const {
   std::vector<std::string> lines{RecordsLine(SpikesName, "spikes", Spikes, SpikesTrailing, true)};
   if (WaveformLength != 0 && WaveformLength != kWaveformSamples)
     lines.push_back(SpikesName + ": the header gives waveforms of " + std::to_string(WaveformLength) +
-                    " samples; the 32 of each record were taken.");
+                    " samples; the 32 in each record were used.");
   if (HasVideo) {
     lines.push_back(RecordsLine("Video", "frames", Video.Stamps, VideoTrailing, true));
     lines.push_back(TrackingLine(Video));
-    lines.push_back("Places: " + CountText(SpikesPlaced) + " of " + CountText(Spikes.Count) +
-                    " spikes lie in tracked time.");
+    lines.push_back("Positions: " + CountText(SpikesPlaced) + " of " + CountText(Spikes.Count) +
+                    " spikes lie within tracked time.");
     lines.push_back("Head angles: " + AnglesSentence(Angles) + ".");
   } else {
-    lines.push_back(
-        "Without a video file spikes have no places, PosX and PosY are 0; a Pos.p was neither made nor "
-        "touched.");
+    lines.push_back("Without a video file, PosX and PosY are 0; no Pos.p was created or changed.");
   }
   if (HasEvents) lines.push_back(RecordsLine("Events", "events", Events, EventsTrailing, false));
   if (!Left.empty()) lines.push_back(LeftLine(Left));

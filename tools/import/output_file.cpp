@@ -83,7 +83,7 @@ void MakeFolder(const std::filesystem::path& folder) {
   std::filesystem::create_directories(folder, error);
   if (error)
     throw CommandError(ErrorKind::NotWritten,
-                       "The folder " + PathText(folder) + " cannot be made (" + error.message() + ").", folder);
+                       "The folder " + PathText(folder) + " cannot be created (" + error.message() + ").", folder);
 }
 
 void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::filesystem::path> sources) {
@@ -94,10 +94,10 @@ void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::fil
   if (std::filesystem::is_symlink(status))
     refuse("is a link, which is neither followed nor replaced; nothing was written");
   if (std::filesystem::is_directory(status)) refuse("is a folder; nothing was written");
-  if (!std::filesystem::is_regular_file(status)) refuse("is no regular file; nothing was written");
+  if (!std::filesystem::is_regular_file(status)) refuse("is not a regular file; nothing was written");
   for (const std::filesystem::path& source : sources)
     if (std::filesystem::equivalent(path, source, error) && !error)
-      refuse("is " + PathText(source) + " itself, where a file would be put; nothing was written. Name another folder");
+      refuse("is " + PathText(source) + " itself, which would be overwritten; nothing was written. Name another folder");
 }
 
 OutputFile::OutputFile(std::filesystem::path path, std::string header)
@@ -153,8 +153,7 @@ void OutputFile::Commit() {
 
 void OutputFile::Differs() const {
   throw FaultOfPath(ErrorKind::NotWritten, path_,
-                    "stands there already and holds something else than these files and options make; nothing was "
-                    "written. --replace puts the new file in its place");
+                    "already exists with other contents; nothing was written. --replace replaces it");
 }
 
 void PutInPlace(std::span<OutputGroup> groups, std::span<const std::filesystem::path> sources, bool replace) {

@@ -24,7 +24,7 @@ std::string DescribeVideoSampling(const std::filesystem::path& path) {
   TextItems items(text, "VideoSampling");
   const auto rate = NumberFromText(items.AtEnd() ? std::string() : items.Text());
   if (rate)
-    facts.Add("rate", DoubleText(*rate) + " frames a second");
+    facts.Add("rate", DoubleText(*rate) + " frames per second");
   else
     facts.Odd("it does not begin with a number");
   if (rate && *rate != 30 && *rate != 60) facts.Odd("only 30 and 60 can be used");
@@ -74,7 +74,7 @@ std::string DescribeFile(const std::filesystem::path& path, ProgressBar& progres
   if (beginning.starts_with('#'))
     if (const RawLayout* layout = LayoutByHeader(std::string_view(beginning).substr(0, kRawHeaderLength)))
       return DescribeRaw(path, *layout, progress);
-  throw FaultOfPath(ErrorKind::Foreign, path, "is not a file of a kind that is known here");
+  throw FaultOfPath(ErrorKind::Foreign, path, "is not a file of a known kind");
 }
 
 }  // namespace pallomir

@@ -62,7 +62,7 @@ std::string ChannelsText(const std::array<bool, kChannels>& recorded) {
   std::string text;
   for (int c = 0; c < kChannels; ++c)
     if (recorded[c]) text += (text.empty() ? "" : ", ") + std::to_string(c + 1);
-  return text.empty() ? "none holds anything" : text;
+  return text.empty() ? "none with data" : text;
 }
 
 }  // namespace
@@ -75,18 +75,18 @@ std::string DescribeParameters(const std::filesystem::path& path, ProgressBar& p
   const uint64_t left = ForEachRecord(file, static_cast<uint64_t>(header), kRowBytes, progress,
                                       [&](const unsigned char* row) { rows.Add(row); });
 
-  Facts facts(file.Name() + ": parameters of spikes");
+  Facts facts(file.Name() + ": spike parameters");
   facts.Add("rows", CountText(rows.Stamps.Count) + " of " + std::to_string(kRowBytes) + " bytes");
   facts.Add("header", std::to_string(header) + " bytes");
   facts.AddStamps(rows.Stamps, "spikes");
   if (rows.Stamps.Count > 0) {
     facts.Add("channels", ChannelsText(rows.Recorded));
-    facts.Add("slot 8", rows.NumberedInSlot8 ? "holds the record number" : "does not hold the record number");
+    facts.Add("parameter 8", rows.NumberedInSlot8 ? "holds the record number" : "does not hold the record number");
   }
   if (rows.OddRows > 0)
     facts.Odd("rows with values that are not finite: " + CountText(rows.OddRows) + ", the first is row " +
               std::to_string(rows.FirstOddRow));
-  if (left > 0) facts.Odd("bytes at the end that are no whole row: " + std::to_string(left));
+  if (left > 0) facts.Odd("bytes of an incomplete row at the end: " + std::to_string(left));
   return facts.Text();
 }
 
@@ -101,10 +101,10 @@ std::string DescribeWaveforms(const std::filesystem::path& path, ProgressBar& pr
       recorded[c] = recorded[c] || std::any_of(block, block + kWaveformBlockBytes, [](unsigned char b) { return b; });
     }
   });
-  Facts facts(file.Name() + ": waveforms of spikes");
+  Facts facts(file.Name() + ": spike waveforms");
   facts.Add("records", CountText(records) + " of " + std::to_string(kWaveformRecordBytes) + " bytes");
   if (records > 0) facts.Add("channels", ChannelsText(recorded));
-  if (left > 0) facts.Odd("bytes at the end that are no whole record: " + std::to_string(left));
+  if (left > 0) facts.Odd("bytes of an incomplete record at the end: " + std::to_string(left));
   return facts.Text();
 }
 

@@ -48,14 +48,14 @@ std::string DescribePositions(const std::filesystem::path& path) {
   Facts facts(file.Name() + ": positions of the animal");
   facts.Add("samples", CountText(stamps.Count));
   facts.Add("header", body ? std::to_string(body->Begin) + " bytes" : "none");
-  if (positions.PixelsPerCm > 0) facts.Add("scale", DoubleText(positions.PixelsPerCm) + " pixels a cm");
+  if (positions.PixelsPerCm > 0) facts.Add("scale", DoubleText(positions.PixelsPerCm) + " pixels per cm");
   facts.AddStamps(stamps, "samples");
   facts.Add("angles", AnglesSentence(CheckAngles(positions)));
   const uint64_t lost = Unknown(positions.X), undirected = Unknown(positions.Direction);
-  if (lost > 0) facts.Odd("samples that lost the animal: " + CountText(lost));
+  if (lost > 0) facts.Odd("samples in which the animal was lost: " + CountText(lost));
   if (undirected > lost) facts.Odd("samples without direction: " + CountText(undirected));
   if (positions.Unreadable > 0)
-    facts.Odd("lines that are no samples: " + CountText(static_cast<uint64_t>(positions.Unreadable)));
+    facts.Odd("lines that are not samples: " + CountText(static_cast<uint64_t>(positions.Unreadable)));
   return facts.Text();
 }
 

@@ -22,7 +22,7 @@ void AddRecords(Facts& facts, const RawFile& file) {
   facts.Add("header", file.Header().empty() ? "none" : std::to_string(file.Header().size()) + " bytes");
   if (!file.Header().empty() && file.Header().size() < kRawHeaderLength) facts.Odd("the file ends within its header");
   if (file.TrailingBytes() > 0)
-    facts.Odd("bytes at the end that are no whole record: " + std::to_string(file.TrailingBytes()));
+    facts.Odd("bytes of an incomplete record at the end: " + std::to_string(file.TrailingBytes()));
 }
 
 /// Lines of the header, unchanged, if present.
@@ -38,7 +38,7 @@ void AddScale(Facts& facts, const RawFile& file) {
   std::string scales;
   for (const double volts : HeaderNumbers(file.Header(), "ADBitVolts"))
     scales += (scales.empty() ? "" : ", ") + SingleText(static_cast<float>(volts * 1e6));
-  if (!scales.empty()) facts.Add("scale", scales + " microvolts a count");
+  if (!scales.empty()) facts.Add("scale", scales + " microvolts per count");
 }
 
 void AddSpikes(Facts& facts, RawFile& file, ProgressBar& progress) {
@@ -79,17 +79,16 @@ void AddFrames(Facts& facts, RawFile& file, ProgressBar& progress) {
   const Tracking tracking = ReadTracking(file, progress);
   facts.AddStamps(tracking.Stamps, "frames");
   if (tracking.FrameRate > 0)
-    facts.Add("sampling", RoundedText(tracking.FrameRate, 2) + " frames a second by the median interval");
+    facts.Add("sampling", RoundedText(tracking.FrameRate, 2) + " frames per second by the median interval");
   facts.Add("angles", AnglesSentence(CheckAngles(tracking.Samples)));
   if (tracking.Lost > 0)
-    facts.Odd("frames that lost the animal: " + CountText(tracking.Lost) +
+    facts.Odd("frames in which the animal was lost: " + CountText(tracking.Lost) +
               ", in runs: " + CountText(tracking.LostRuns));
   if (tracking.Gaps > 0)
     facts.Odd("gaps between frames of more than " + DurationText(kLongestBridge) + ": " + CountText(tracking.Gaps) +
               ", the longest " + DurationText(tracking.LongestGap));
   if (tracking.Samples.Unreadable > 0)
-    facts.Odd("frames whose stamps are beyond all time: " +
-              CountText(static_cast<uint64_t>(tracking.Samples.Unreadable)));
+    facts.Odd("frames with impossible timestamps: " + CountText(static_cast<uint64_t>(tracking.Samples.Unreadable)));
 }
 
 }  // namespace

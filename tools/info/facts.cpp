@@ -21,9 +21,9 @@ void Facts::AddStamps(const StampSeries& stamps, std::string_view units) {
                   DurationText(span) + ")");
   if (stamps.Count > 1 && span > 0)
     Add("rate", RoundedText(static_cast<double>(stamps.Count - 1) / (static_cast<double>(span) * 1e-6), 2) + " " +
-                    std::string(units) + " a second");
+                    std::string(units) + " per second");
   if (stamps.Disordered > 0)
-    Odd(std::string(units) + " earlier than the one before: " + CountText(stamps.Disordered) +
+    Odd(std::string(units) + " earlier than the previous one: " + CountText(stamps.Disordered) +
         ", the first is number " + std::to_string(stamps.FirstDisordered));
 }
 

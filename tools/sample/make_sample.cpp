@@ -34,8 +34,8 @@ void RefuseUsedFolder(const std::filesystem::path& folder) {
   if (!isEmpty)
     throw CommandError(ErrorKind::NotWritten,
                        "The folder " + PathText(folder) +
-                           " is not empty; nothing was written. Name a new folder, or say --replace: files of the "
-                           "sample then take the places of those with the same names.",
+                           " is not empty; nothing was written. Name a new folder, or use --replace: the sample's "
+                           "files then replace those of the same names.",
                        folder);
 }
 

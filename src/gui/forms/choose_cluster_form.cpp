@@ -18,7 +18,7 @@ ChooseClusterForm::ChooseClusterForm(QWidget* parent) : QDialog(parent) {
     grid->addWidget(chkCluster_[c], (c - 1) % 10, (c - 1) / 10);
   }
   auto* go = MakeButton("cmdGo", "GO", "Read the boundaries of the ticked clusters");
-  auto* cancel = MakeButton("cmdCancel", "CANCEL", "Read nothing");
+  auto* cancel = MakeButton("cmdCancel", "CANCEL", "Close without reading");
   go->setProperty("primary", true);
   go->setDefault(true);
   connect(go, &QPushButton::clicked, this, &ChooseClusterForm::Go);

@@ -65,7 +65,7 @@ void ClNoteForm::LayOut() {
     connect(made, &QPushButton::clicked, this, [this, first] { ShowPage(first); });
     return made;
   };
-  auto* clearRemarks = MakeButton("cmdClearRemarks", "Clear Remarks", "Empty the box of remarks");
+  auto* clearRemarks = MakeButton("cmdClearRemarks", "Clear Remarks", "Clear the remarks box");
   connect(clearRemarks, &QPushButton::clicked, this, [this] { txtClRemarks_->setPlainText(" "); });
   auto* save = button("cmdClNoteExit", "Save ClNote file  and Exit",
                       "Push this button to save the ratings and remarks, then to exit.  Clicking Windows X has same "
@@ -78,7 +78,7 @@ void ClNoteForm::LayOut() {
   column->setSpacing(8);
   column->addLayout(
       Row({page("cmdCl1to15", "View Clusters 1-15", true), page("cmdCl16to30", "View Clusters 16-30", false), nullptr,
-           button("cmdClear", "Clear Current Cluster", "Take the chosen cluster's grade and remarks away",
+           button("cmdClear", "Clear Current Cluster", "Remove the chosen cluster's grade and remarks",
                   &ClNoteForm::cmdClear_Click)}));
   column->addWidget(fraCl1to15_, 1);
   column->addWidget(fraCl16to30_, 1);
@@ -89,13 +89,13 @@ void ClNoteForm::LayOut() {
                                 &ClNoteForm::cmdAddRemarks_Click),
                          clearRemarks,
                          button("cmdCopyRemarks", "Copy Saved Remarks to Remarks",
-                                "Take the saved remarks up again to change them", &ClNoteForm::cmdCopyRemarks_Click),
+                                "Copy the saved remarks back for editing", &ClNoteForm::cmdCopyRemarks_Click),
                          nullptr}));
-  auto* hint = MakeLabel("Remarks count once Add Remarks has attached them. Esc and the close box save, too.");
+  auto* hint = MakeLabel("Remarks are saved only once Add Remarks has attached them. Esc and the close box also save.");
   hint->setProperty("quiet", true);
   column->addWidget(hint);
   column->addLayout(
-      Row({nullptr, button("cmdCancel", "Cancel", "Leave without saving", &ClNoteForm::cmdCancel_Click), save}));
+      Row({nullptr, button("cmdCancel", "Cancel", "Close without saving", &ClNoteForm::cmdCancel_Click), save}));
 }
 
 QFrame* ClNoteForm::MakePage(const QString& name, int firstCluster) {
@@ -151,7 +151,7 @@ void ClNoteForm::ShowCurrentCluster() {
   for (int c = 1; c <= kClusters; ++c) {
     const bool current = c == session_.CurrentCluster;
     lblChooseCl_[c]->setText(QString(current ? "▸ CL %1" : "CL %1").arg(c));
-    lblChooseCl_[c]->setToolTip(current ? "The cluster that is chosen on the controls" : "Choose it for remarks");
+    lblChooseCl_[c]->setToolTip(current ? "The cluster chosen in the controls" : "Choose this cluster for remarks");
   }
 }
 
@@ -213,8 +213,8 @@ bool ClNoteForm::Save() {
   // The notes are unchanged since they were last read or written: the file can stay as it is.
   if (NotesAreSaved(session_)) return true;
   const QString question = FromText(doubt) +
-                           "\n\nWrite the notes of this form in its place? The file is kept beside them, under a name "
-                           "with its date. Cancel closes the form without saving.";
+                           "\n\nReplace it with the notes of this form? The earlier file is kept under a name with its "
+                           "date. Cancel closes the form without saving.";
   if (!dialogs_.Confirm(this, question)) return false;
   WriteNotes(session_, InDoubt::SetAside);
   return true;

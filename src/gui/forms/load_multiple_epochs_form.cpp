@@ -64,7 +64,7 @@ void LoadMultipleEpochsForm::LayOut() {
   note->setWordWrap(true);
   chkDisplayInterEpochPoints_ =
       MakeCheckBox("chkDisplayInterEpochPoints", "Display Points in between epochs",
-                   "Unticked, only points of the ticked epochs are drawn, from the next redraw on");
+                   "If unticked, only points of the ticked epochs are drawn, from the next redraw on");
   auto* load = MakeButton("cmdLoad", "&Load Selected Epochs",
                           "Load all spikes from the first to the last record of the ticked epochs");
   load->setProperty("primary", true);

@@ -34,10 +34,10 @@ Projections::Projections(Workbench& bench)
   surface_ = new PlotSurface(this);
   surface_->setObjectName("surface");
   surface_->setAccessibleName("Projection of the loaded points");
-  surface_->SetNotice(
-      "No points are loaded yet",
-      {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
-       "3.  Choose a cluster by its number, then click its corners here,", "     the last one with the right button."});
+  surface_->SetNotice("No points are loaded yet",
+                      {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
+                       "3.  Choose a cluster by its number, then click the corners of a polygon here,",
+                       "     the last one with the right button."});
   message_ = new ElidedLine;
   message_->setObjectName("message");
   pointer_ = new ElidedLine;
@@ -110,7 +110,7 @@ void Projections::Redraw() {
   ShowPicture();
   ShowCount();
   ShowHint();
-  if (givenUp) Say("The open polygon was given up as drawn so far. Undo takes it back.");
+  if (givenUp) Say("The open polygon was abandoned as drawn so far. Undo reverts it.");
 }
 
 bool Projections::DrawAllPoints() {

@@ -35,26 +35,26 @@ QString Projections::Hint() const {
   if (!PointsLoaded(session_)) return "Load points to see them here.";
   if (!surface_->Scale().Drawable()) return "An axis has no extent: give it two ends that differ, or press Defaults.";
   if (slow_.isActive())
-    return "Drawing one point at a time, as many a second as Draw Speed says. Redraw or Enter shows all, Esc stops.";
+    return "Drawing points one at a time, Draw Speed of them per second. Redraw or Enter shows all; Esc stops.";
   for (const int p : {session_.XParameter, session_.YParameter})
     if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
       return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
   if (centreArmed_ && (session_.XParameter != kPosX || session_.YParameter != kPosY))
-    return "For the centre of the maze show PosX against PosY first, then click it; Esc gives that up.";
+    return "Show PosX against PosY first, then click the centre of the maze; Esc cancels.";
   if (centreArmed_)
-    return options_.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc gives that up."
-                         : "Click the centre of the maze to write the center file; Esc gives that up.";
-  if (options_.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults leads back out.";
+    return options_.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc cancels."
+                         : "Click the centre of the maze to write the center file; Esc cancels.";
+  if (options_.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults zooms out again.";
   if (open_ && FaultsOf(BoundaryOf(session_, *open_)).Any())
-    return QString("Cluster %1: %2 Esc takes it back.")
+    return QString("Cluster %1: %2 Esc cancels the polygon.")
         .arg(c)
         .arg(FromText(FaultsOf(BoundaryOf(session_, *open_)).Sentence()));
   if (open_)
-    return QString("Cluster %1: left click for the next corner, right click for the last one. Esc takes it back.")
+    return QString("Cluster %1: left click for the next corner, right click for the last one. Esc cancels the polygon.")
         .arg(c);
-  if (c == 0) return "Choose a cluster on the left, then click its corners here.";
+  if (c == 0) return "Choose a cluster on the left, then click the corners of a polygon here.";
   if (cluster.BoundaryCount == 0)
-    return QString("Cluster %1: click its corners here, the last one with the right button.").arg(c);
+    return QString("Cluster %1: click the corners of a polygon here, the last one with the right button.").arg(c);
   const QString points = PointsHeld(session_, c);
   if (const Boundary* faulty = FaultyBoundary())
     return QString("Cluster %1 holds %2. %3").arg(c).arg(points, FromText(FaultsOf(*faulty).Sentence()));
@@ -62,7 +62,7 @@ QString Projections::Hint() const {
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
   return QString(here ? "Cluster %1 holds %2. A polygon drawn here replaces its boundary; in another projection "
-                        "it narrows it."
+                        "it narrows the cluster."
                       : "Cluster %1 holds %2. A polygon drawn here narrows it.")
       .arg(c)
       .arg(points);
@@ -89,7 +89,7 @@ void Projections::ShowCluster() {
   AbandonIfElsewhere(session_, open_);
   ShowPolygon();
   ShowHint();
-  if (open && !open_) Say("The open polygon was given up as drawn so far. Undo takes it back.");
+  if (open && !open_) Say("The open polygon was abandoned as drawn so far. Undo reverts it.");
 }
 
 void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {

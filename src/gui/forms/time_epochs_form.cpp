@@ -15,7 +15,7 @@ namespace pallomir {
 namespace {
 
 constexpr const char* kTake =
-    "A click, or F2, puts the text selected in the events file here. Ctrl+Z brings the earlier text back.";
+    "Click, or press F2, to enter the text selected in the events file. Ctrl+Z restores the earlier text.";
 
 QPlainTextEdit* MakeReadOnlyText(const QString& name, const QString& accessibleName, const QString& toolTip) {
   auto* box = Named(new QPlainTextEdit, name, accessibleName, toolTip);
@@ -56,7 +56,7 @@ void TimeEpochs::LayOut() {
   };
   const auto records = [this](int row) {
     lblRecords_[row] = Named(MakeLabel({}), Indexed("lblRecords", row), QString("Records of epoch %1").arg(row),
-                             "First and last spike record, as the last search for this row found them");
+                             "First and last spike record found by the last search for this row");
     lblRecords_[row]->setProperty("quiet", true);
     lblRecords_[row]->setMinimumWidth(lblRecords_[row]->fontMetrics().horizontalAdvance("0000000 - 0000000"));
     return lblRecords_[row];
@@ -71,7 +71,7 @@ void TimeEpochs::LayOut() {
 
   txtEventsFile_ = MakeReadOnlyText("txtEventsFile", "Events",
                                     "Double-click a line, or press Enter on it, to select its timestamp; then click "
-                                    "the start or end box that is to take it.");
+                                    "the start or end box to enter it.");
   txtEventsFile_->setPlaceholderText("The events of the recording are listed here.");
   txtEventsFile_->setMinimumWidth(260);
   lblEventsFile_ = MakeLabel("Events File", txtEventsFile_);
@@ -80,9 +80,9 @@ void TimeEpochs::LayOut() {
   auto* load = MakeButton("cmdLoadEventsFile", "&Load Events File", "List the events of the recording");
   auto* find = MakeButton("cmdFindEventNumbers", "&Get Event IDs",
                           "Find the closest event numbers that are associated with the epoch timestamps listed here");
-  auto* clear = MakeButton("cmdClear", "Clear Epochs", "Empty all boxes of the table");
+  auto* clear = MakeButton("cmdClear", "Clear Epochs", "Clear all boxes of the table");
   auto* cancel = MakeButton("cmdCancel", "Cancel", "Leave the list of epochs as it was");
-  auto* done = MakeButton("cmdSave", "&Done", "Take the table over as the list of epochs");
+  auto* done = MakeButton("cmdSave", "&Done", "Use this table as the list of epochs");
   done->setProperty("primary", true);
 
   auto* left = new QVBoxLayout;
@@ -105,7 +105,7 @@ void TimeEpochs::LayOut() {
   progress_ = Named(new QProgressBar, "progress", "Search progress", "How much of the recording has been read");
   progress_->setRange(0, 32767);
   progress_->setTextVisible(false);
-  auto* stop = MakeButton("cmdStopSearch", "Stop", "Stop the search; what was found stays (Esc)");
+  auto* stop = MakeButton("cmdStopSearch", "Stop", "Stop the search and keep what was found (Esc)");
   connect(stop, &QPushButton::clicked, this, &TimeEpochs::StopWork);
   report_ = new QWidget;
   auto* reportColumn = new QVBoxLayout(report_);
@@ -281,7 +281,7 @@ bool TimeEpochs::StopWork() {
 
 void TimeEpochs::reject() {
   if (StopWork()) return;
-  if (ItemsOf(Typed()) == before_ || dialogs_.Confirm(this, "Leave without keeping the epochs that you changed?"))
+  if (ItemsOf(Typed()) == before_ || dialogs_.Confirm(this, "Close without keeping your changes to the epochs?"))
     QDialog::reject();
 }
 
@@ -303,15 +303,15 @@ void TimeEpochs::ShowRecords() {
 void TimeEpochs::ShowHint() {
   for (const QLineEdit* label : txtEpochLabel_)
     if (label->text().contains(':') || label->text().contains('"')) {
-      hint_->setText("A label can hold neither a colon nor a double quote: " + label->text());
+      hint_->setText("A label can contain neither a colon nor a double quote: " + label->text());
       return;
     }
   const QString selected = txtEventsFile_->textCursor().selectedText();
   if (!selected.isEmpty())
-    hint_->setText("Click the start or end box that is to take " + selected.left(30) + ".");
+    hint_->setText("Click a start or end box to enter " + selected.left(30) + ".");
   else
     hint_->setText(txtEventsFile_->document()->isEmpty()
-                       ? "Load an events file, or type the times in."
+                       ? "Load an events file, or type the times."
                        : "Double-click an event to select its time, then click a start or end box.");
 }
 

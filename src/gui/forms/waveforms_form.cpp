@@ -46,7 +46,7 @@ Waveforms::Waveforms(const Session& session, World& world, Dialogs& dialogs, QWi
   cmdZoomOut_Click();
   SetCounter(kBeforeFirstSpike);
   status_->setText(PointsLoaded(session_) ? "The arrow keys step through the spikes of the ticked clusters."
-                                          : "Load Points on the controls comes first.");
+                                          : "Press Load Points in the controls first.");
   const int chosen = session_.CurrentCluster;
   chkCluster_[chosen]->setChecked(true);
   turn_.setSingleShot(true);
@@ -108,11 +108,11 @@ void Waveforms::StepOnce(Step step, const QString& none) {
 }
 
 void Waveforms::cmdForward_Click() {
-  StepOnce(StepForward, "There is no further spike of the ticked clusters.");
+  StepOnce(StepForward, "There are no more spikes of the ticked clusters.");
 }
 
 void Waveforms::cmdBack_Click() {
-  StepOnce(StepBack, "There is no earlier spike of the ticked clusters.");
+  StepOnce(StepBack, "There are no earlier spikes of the ticked clusters.");
 }
 
 void Waveforms::cmdShowAll_Click() {
@@ -158,7 +158,7 @@ void Waveforms::DrawOn(WaveformFile& file) {
   const bool inOneGo = overlay || onView_.Waiting() > 0;
   if (!goesOn || !inOneGo || sinceShown_.hasExpired(kShown)) ShowPicture();
   if (onView_.Waiting() > 0)
-    status_->setText(QString("Drawing: %1 of %2 waveforms. Stop, or Esc, ends it.")
+    status_->setText(QString("Drawing: %1 of %2 waveforms. Stop or Esc ends it.")
                          .arg(Number(onView_.Count() - onView_.Waiting()), Number(onView_.Count())));
   if (goesOn) {
     turn_.start(inOneGo ? 0 : kSpikePace);
@@ -170,7 +170,7 @@ void Waveforms::DrawOn(WaveformFile& file) {
 
 QString Waveforms::OnView() const {
   const size_t stored = onView_.Stored(), missing = onView_.Count() - stored;
-  const QString text = Number(stored) + (stored == 1 ? " spike on view" : " spikes on view");
+  const QString text = Number(stored) + (stored == 1 ? " spike shown" : " spikes shown");
   return missing == 0 ? text + "." : text + QString("; no waveform is stored for %1 more.").arg(Number(missing));
 }
 

@@ -18,27 +18,27 @@ void Waveforms::LayOut() {
   surface_->setObjectName("waveforms");
   surface_->setMinimumSize(300, 300);
   surface_->setCursor(Qt::CrossCursor);
-  cmdBack_ = MakeButton("cmdBack", "◀", "One spike of the ticked clusters back (left arrow)");
-  cmdForward_ = MakeButton("cmdForward", "▶", "One spike of the ticked clusters forward (right arrow)");
+  cmdBack_ = MakeButton("cmdBack", "◀", "Previous spike of the ticked clusters (left arrow)");
+  cmdForward_ = MakeButton("cmdForward", "▶", "Next spike of the ticked clusters (right arrow)");
   cmdBack_->setAccessibleName("Back");
   cmdForward_->setAccessibleName("Forward");
-  cmdShowAll_ = MakeButton("cmdShowAll", "Show &All", "Run through the spikes of the ticked clusters from here on");
-  cmdStop_ = MakeButton("cmdStop", "S&top", "End running through, or drawing again (Esc)");
+  cmdShowAll_ = MakeButton("cmdShowAll", "Show &All", "Play through the spikes of the ticked clusters from here on");
+  cmdStop_ = MakeButton("cmdStop", "S&top", "Stop playing or redrawing (Esc)");
   auto* reset =
-      MakeButton("cmdResetToStart", "&Reset To Start", "Go back before the first spike, and clear the drawing");
-  auto* zoomOut = MakeButton("cmdZoomOut", "&Zoom Out", "Show all of the drawing. A drag on it zooms in.");
+      MakeButton("cmdResetToStart", "&Reset To Start", "Return to before the first spike, and clear the drawing");
+  auto* zoomOut = MakeButton("cmdZoomOut", "&Zoom Out", "Show the whole drawing. Dragging in it zooms in.");
   auto* clear = MakeButton("cmdClear", "&Clear", "Clear the drawing");
   auto* save = MakeButton("cmdSavePicture", "Save picture", "Save the drawing as a picture (S)");
   auto* leave = MakeButton("cmdExit", "E&xit", "Close this window");
-  chkOverlay_ = MakeCheckBox("chkOverlay", "&Overlay", "Draw waveforms over each other");
+  chkOverlay_ = MakeCheckBox("chkOverlay", "&Overlay", "Superimpose the waveforms");
   chkDigitalCheetah_ = MakeCheckBox("chkDigitalCheetah", "&Digital Cheetah",
                                     "Draw the traces upside down, for recordings with inverted input");
-  cboHeight_ = Named(new QComboBox, "cboHeight", "Height",
-                     "How high the traces are drawn. 1 is for recordings of a few hundred counts.");
+  cboHeight_ =
+      Named(new QComboBox, "cboHeight", "Height", "Height of the traces. 1 suits recordings of a few hundred counts.");
   for (const int divisor : {1, 10, 50, 200})
     cboHeight_->addItem(divisor == 1 ? QString("1") : QString("1/%1").arg(divisor), divisor);
   connect(cboHeight_, &QComboBox::currentIndexChanged, this, [this] { DrawAgain(onView_.Picture().Area()); });
-  txtTimestamp_ = MakeTextBox("txtTimestamp", "Record", "The record number of the spike on view", 9);
+  txtTimestamp_ = MakeTextBox("txtTimestamp", "Record", "The record number of the spike shown", 9);
   txtTimestamp_->setReadOnly(true);
   status_ = MakeLabel({});
   status_->setObjectName("status");
@@ -87,7 +87,7 @@ QWidget* Waveforms::MakeTicks() {
   for (int c = 0; c < kTicks; ++c) {
     const QString name = QString("Cluster %1").arg(c);
     chkCluster_[c] = MakeCheckBox(Indexed("chkCluster", c), name,
-                                  c == 0 ? QString("Show spikes of no cluster") : "Show spikes of " + name.toLower());
+                                  c == 0 ? QString("Show spikes in no cluster") : "Show spikes of " + name.toLower());
     if (c > 0 && c <= kClusters) {
       QPixmap colour(10, 10);
       colour.fill(ScreenColour(session_.ReferenceColours[c]));

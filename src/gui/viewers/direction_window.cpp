@@ -41,8 +41,8 @@ QStringList FiguresOf(const DirectionResult& result) {
   const double longest = *std::max_element(tuning.Dwell.begin(), tuning.Dwell.end());
   return {InLine({vector, NamedFigure("Peak", tuning.PeakRate, "spikes/s"),
                   QString("Coverage %1 %").arg(tuning.Coverage * 100, 0, 'f', 0)}),
-          InLine({result.OfTravel ? "Direction of travel (the file has none of the head)" : "Direction of the head",
-                  NamedFigure("Thin line: dwell, outer ring", longest, "s")})};
+          InLine({result.OfTravel ? "Direction of travel (the file has no head directions)" : "Head direction",
+                  NamedFigure("Thin line: dwell time, outer ring", longest, "s")})};
 }
 
 }  // namespace
@@ -145,7 +145,7 @@ QString DirectionWindow::ReadOut(QPointF at) const {
   const int bin = std::min(static_cast<int>(degrees / kDirectionBin), kDirectionBins - 1);
   const DirectionTuning& tuning = result_.Tuning;
   const QString place = QString("%1\u00b0 to %2\u00b0: ").arg(bin * kDirectionBin).arg((bin + 1) * kDirectionBin);
-  if (std::isnan(tuning.Rate[bin])) return place + "never headed there";
+  if (std::isnan(tuning.Rate[bin])) return place + "no dwell time";
   return place + QString("%1 spikes/s, %2 spikes in %3 s")
                      .arg(Figure(tuning.Rate[bin]), Whole(tuning.Spikes[bin]), Figure(tuning.Dwell[bin]));
 }

@@ -59,7 +59,8 @@ QString ExplanationOf(const MapResult& result) {
   const double scale = result.PixelsPerCm > 0 ? result.PixelsPerCm : 1;
   const QCPRange x(map.Left / scale, (map.Left + map.Columns * map.Bin) / scale);
   const QCPRange y(map.Top / scale, (map.Top + map.Rows * map.Bin) / scale);
-  return QCPRange::validRange(x) && QCPRange::validRange(y) ? QString() : "The map lies too far off to be drawn.";
+  return QCPRange::validRange(x) && QCPRange::validRange(y) ? QString()
+                                                            : "The map is too far from the origin to be drawn.";
 }
 
 }  // namespace

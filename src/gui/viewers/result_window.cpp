@@ -15,7 +15,7 @@ namespace pallomir {
 namespace {
 
 constexpr QSize kSize(600, 680);
-constexpr char kHint[] = "The wheel zooms, a drag moves, a double click shows all.";
+constexpr char kHint[] = "The wheel zooms, a drag moves, a double click shows everything.";
 
 }  // namespace
 
@@ -90,8 +90,7 @@ void ResultWindow::MakeButtons() {
   add("cmdCopy", "&Copy", "Copy the picture to the clipboard (Ctrl+C)", QKeySequence::Copy, &ResultWindow::CopyPicture);
   add("cmdSavePicture", "Save &picture", "Save the picture, as it is zoomed, as PNG, SVG or PDF (Ctrl+S)",
       QKeySequence::Save, &ResultWindow::cmdSavePicture_Click);
-  add("cmdSaveData", "Save &data", "Save the numbers that this window was made of as text", {},
-      &ResultWindow::cmdSaveData_Click);
+  add("cmdSaveData", "Save &data", "Save the numbers behind this plot as text", {}, &ResultWindow::cmdSaveData_Click);
 }
 
 void ResultWindow::AddControl(QWidget* control) {

@@ -73,7 +73,7 @@ void SavePicture(QCustomPlot& plot, const QString& title, const std::filesystem:
     bytes = Pdf(plot, title);
   else
     throw CommandError(ErrorKind::Refused,
-                       name + " is no picture that can be made here: let the name end with .png, .svg or .pdf.");
+                       name + " is not a picture format that can be written: use a name ending in .png, .svg or .pdf.");
   rendered();
   SavePictureBytes(picture.isNull() ? bytes : PngOf(picture), path);
 }
