@@ -19,7 +19,7 @@ constexpr double kScale = 4;  // pixels per cm
 
 struct Recorded {
   const std::vector<int64_t>& Spikes = WalkInBox().Spikes;
-  Track Tracked = TrackWithin(WalkInBox().Places, {0, kFarthestStamp});
+  Track Tracked = TrackWithin(WalkInBox().Samples, {0, kFarthestStamp});
   Map Occupancy = OccupancyMap(Tracked, BinSize(kScale));
   Map Rate = RateMap(CountSpikes(Tracked, SamplesOfSpikes(Tracked, Spikes), Occupancy).Counts, Occupancy);
 };

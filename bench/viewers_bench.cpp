@@ -71,8 +71,8 @@ void ShowHeadDirection(Components& components) {
 
 /// A report on one cluster with half of the benchmark's spikes.
 Report LongReport() {
-  const Positions& places = WalkInBox().Places;
-  SpikeTimes spikes{{places.Time.front(), places.Time.back()}, {}, 0, 0};
+  const Positions& positions = WalkInBox().Samples;
+  SpikeTimes spikes{{positions.Time.front(), positions.Time.back()}, {}, 0, 0};
   const int64_t count = Spikes() / 2, duration = spikes.Range.Last - spikes.Range.First;
   Report report;
   for (int64_t i = 0; i < count; ++i) {
@@ -82,11 +82,11 @@ Report LongReport() {
   report.Spikes.Time = spikes.Times;
   report.Spikes.First = spikes.Range.First;
   report.Spikes.Last = spikes.Range.Last;
-  report.Path = TrackWithin(places, spikes.Range);
+  report.Path = TrackWithin(positions, spikes.Range);
   report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
-  report.Rate = RateMapOf(places, report.Path, spikes);
-  report.Occupancy = OccupancyMapOf(places, report.Path, spikes.Range);
-  report.Places = PlacesOfSpikes(report.SampleOf, report.Path.X, report.Path.Y, {320, 240});
+  report.Rate = RateMapOf(positions, report.Path, spikes);
+  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range);
+  report.SpikePositions = PositionsOfSpikes(report.SampleOf, report.Path.X, report.Path.Y, {320, 240});
   return report;
 }
 

@@ -31,10 +31,10 @@ Walk Simulated() {
     x = std::clamp(x + 4 * std::cos(angle * std::numbers::pi / 180), 1.0, 399.0);
     y = std::clamp(y + 4 * std::sin(angle * std::numbers::pi / 180), 1.0, 399.0);
     if (x == 1 || y == 1 || x == 399 || y == 399) angle += 120;
-    walk.Places.Time.push_back(1'000'000'000 + i * kInterval);
-    walk.Places.X.push_back(120 + std::round(x));
-    walk.Places.Y.push_back(40 + std::round(y));
-    walk.Places.Direction.push_back(std::fmod(std::round(angle), 360));
+    walk.Samples.Time.push_back(1'000'000'000 + i * kInterval);
+    walk.Samples.X.push_back(120 + std::round(x));
+    walk.Samples.Y.push_back(40 + std::round(y));
+    walk.Samples.Direction.push_back(std::fmod(std::round(angle), 360));
   }
   for (size_t s = 0; s < kSpikes; ++s)
     walk.Spikes.push_back(1'000'000'000 + static_cast<int64_t>(Uniform(random) * kSamples * kInterval));
@@ -49,17 +49,17 @@ void Put(const std::string& path, const std::string& text) {
 }
 
 void PutFiles(const Walk& walk, const std::string& folder) {
-  std::string time = TextHeader("TFile"), places = TextHeader("PosFile") + "PixelsPerCm,4\r\n";
+  std::string time = TextHeader("TFile"), positions = TextHeader("PosFile") + "PixelsPerCm,4\r\n";
   for (const int64_t spike : walk.Spikes) time += std::to_string(spike) + "\r\n";
-  for (size_t i = 0; i < walk.Places.Time.size(); ++i) {
-    places += std::to_string(walk.Places.Time[i]);
-    for (const double value : {walk.Places.X[i], walk.Places.Y[i], walk.Places.Direction[i]})
-      places.append(",").append(std::to_string(static_cast<int>(value)));
-    places += "\r\n";
+  for (size_t i = 0; i < walk.Samples.Time.size(); ++i) {
+    positions += std::to_string(walk.Samples.Time[i]);
+    for (const double value : {walk.Samples.X[i], walk.Samples.Y[i], walk.Samples.Direction[i]})
+      positions.append(",").append(std::to_string(static_cast<int>(value)));
+    positions += "\r\n";
   }
   Put(folder + "/cl-tmp", TextHeader("Cl-File") + "0\r\n1E+12\r\n");
   Put(folder + "/ttmp", time);
-  Put(folder + "/Pos.p", places);
+  Put(folder + "/Pos.p", positions);
 }
 
 }  // namespace

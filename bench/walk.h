@@ -11,7 +11,7 @@ namespace pallomir::bench {
 /// The data for the analyses: 36,000 positions of a walk in a box of 1 m, 20 minutes at 30 Hz and 4 pixels per cm, and
 /// 100,000 evenly spread spikes.
 struct Walk {
-  Positions Places;
+  Positions Samples;
   std::vector<int64_t> Spikes;
 };
 const Walk& WalkInBox();

@@ -135,8 +135,8 @@ class Driver : public Dialogs {
       });
   }
 
-  void Mouse(QWidget* at, QEvent::Type type, Qt::MouseButton button, QPointF place) {
-    QMouseEvent event(type, place, at->mapToGlobal(place), button, button, Qt::NoModifier);
+  void Mouse(QWidget* at, QEvent::Type type, Qt::MouseButton button, QPointF position) {
+    QMouseEvent event(type, position, at->mapToGlobal(position), button, button, Qt::NoModifier);
     QApplication::sendEvent(at, &event);
   }
 

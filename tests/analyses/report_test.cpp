@@ -42,7 +42,7 @@ TEST_F(ReportOfCluster, UsesTheSameSpikesInAllParts) {
   EXPECT_EQ(report.Spikes.Time, (std::vector<int64_t>{1'000, 2'500, 70'000, 80'000}));
   EXPECT_EQ(report.Spikes.MaxHeight, std::vector<float>(4, 17));
   EXPECT_EQ(report.SampleOf, (std::vector<int64_t>{-1, -1, 1, 1})) << "of the samples within the range";
-  EXPECT_EQ(report.Places.X.size(), 4);
+  EXPECT_EQ(report.SpikePositions.X.size(), 4);
   EXPECT_EQ(report.Rate.Used.Spikes, 4);
   EXPECT_EQ(report.Measures.Average.Spikes, 4);
   EXPECT_EQ(report.Refractory.Intervals, 3);
@@ -91,7 +91,7 @@ TEST_F(ReportOfCluster, TakesCentreAndNoteIfTheyCanBeRead) {
   const Report report = Make({0, 100'000}, {30'000});
   EXPECT_EQ(report.Note.Remarks, "of 7");
   EXPECT_TRUE(report.CentreGiven);
-  EXPECT_EQ(report.Places.Angle, std::vector<double>{90}) << "above the centre";
+  EXPECT_EQ(report.SpikePositions.Angle, std::vector<double>{90}) << "above the centre";
   EXPECT_EQ(report.Remarks, "Used 1 of 1 spikes.");
 
   folder.Put("ClNotes", "0,\"\"\r\n");

@@ -13,8 +13,7 @@
 namespace pallomir {
 namespace {
 
-/// The rule, literally: a point is rejected as soon as it lies strictly on opposite sides of an edge and the previous
-/// one.
+/// The rule, literally: a point is rejected once it lies strictly on opposite sides of two consecutive edges.
 bool InsideByTheRule(const Vertex& p, const Boundary& boundary) {
   double before = 0;
   const int n = boundary.VertexCount;

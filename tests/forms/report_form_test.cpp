@@ -17,14 +17,14 @@ namespace {
 
 /// A cluster that fired at every `interval` microseconds of 10 minutes in which the animal went round a box.
 Report ReportOf(int64_t interval) {
-  Positions places;
+  Positions positions;
   for (int i = 0; i < 18'000; ++i) {
-    places.Time.push_back(i * 33'333);
-    places.X.push_back(300 + std::round(200 * std::cos(0.01 * i)));
-    places.Y.push_back(250 + std::round(150 * std::sin(0.013 * i)));
-    places.Direction.push_back(i % 360);
+    positions.Time.push_back(i * 33'333);
+    positions.X.push_back(300 + std::round(200 * std::cos(0.01 * i)));
+    positions.Y.push_back(250 + std::round(150 * std::sin(0.013 * i)));
+    positions.Direction.push_back(i % 360);
   }
-  SpikeTimes spikes{{0, places.Time.back()}, {}, 0, 0};
+  SpikeTimes spikes{{0, positions.Time.back()}, {}, 0, 0};
   for (int64_t time = 0; time <= spikes.Range.Last; time += interval) spikes.Times.push_back(time);
   Report report;
   report.Spikes.Time = spikes.Times;
@@ -32,11 +32,11 @@ Report ReportOf(int64_t interval) {
   // In the first half of the time from 0 to 99, in the second from 900 to 999.
   for (size_t i = 0; i < spikes.Times.size(); ++i)
     report.Spikes.MaxHeight.push_back(static_cast<float>(i % 100 + (2 * i < spikes.Times.size() ? 0 : 900)));
-  report.Path = TrackWithin(places, spikes.Range);
+  report.Path = TrackWithin(positions, spikes.Range);
   report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
-  report.Rate = RateMapOf(places, report.Path, spikes);
-  report.Occupancy = OccupancyMapOf(places, report.Path, spikes.Range);
-  report.Places = PlacesOfSpikes(report.SampleOf, report.Path.X, report.Path.Y, {300, 250});
+  report.Rate = RateMapOf(positions, report.Path, spikes);
+  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range);
+  report.SpikePositions = PositionsOfSpikes(report.SampleOf, report.Path.X, report.Path.Y, {300, 250});
   return report;
 }
 

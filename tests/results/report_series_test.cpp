@@ -65,7 +65,7 @@ TEST(ReportSeries, OneOddSpikeDoesNotRefuseTheCluster) {
 }
 
 TEST(ReportSeries, AnglesAreCounterClockwiseInTheVideoImage) {
-  const Place centre{100, 50};
+  const Position centre{100, 50};
   for (const auto& [x, y, angle] : {std::tuple(110.0, 50.0, 0.0),
                                     {110.0, 60.0, 315.0},
                                     {100.0, 60.0, 270.0},
@@ -81,7 +81,7 @@ TEST(ReportSeries, AnglesAreCounterClockwiseInTheVideoImage) {
 
 TEST(ReportSeries, PositionsAreThoseOfTheSamples) {
   const std::vector<double> x{1, 2, NAN}, y{-1, 0, NAN};
-  const PlaceSeries series = PlacesOfSpikes(std::vector<int64_t>{1, -1, 0, 2}, x, y, {0, 0});
+  const PositionSeries series = PositionsOfSpikes(std::vector<int64_t>{1, -1, 0, 2}, x, y, {0, 0});
   EXPECT_EQ(series.X[0], 2);
   EXPECT_EQ(series.Y[2], -1);
   EXPECT_DOUBLE_EQ(series.Angle[2], 45);

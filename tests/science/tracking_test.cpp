@@ -48,11 +48,11 @@ TEST(Tracking, ShortLostRunsAreInterpolated) {
 
 TEST(Tracking, PositionsBetweenSamplesAreThoseOfALostSampleThere) {
   const std::vector<SampleRow> rows = {{100'000, 10, 20}, {200'000, 0, 0}, {350'000, 20, 10}, {600'001, 30, 30}};
-  const SeenPlaces places(PositionsOf(rows));
-  EXPECT_NEAR(places.At(200'000)->X, TrackOf(rows).X[1], 1e-12);
-  EXPECT_NEAR(places.At(200'000)->Y, TrackOf(rows).Y[1], 1e-12);
-  EXPECT_EQ(places.At(350'000)->X, 20);
-  for (const int64_t unknown : {99'999, 350'001, 600'002}) EXPECT_FALSE(places.At(unknown)) << unknown;
+  const SeenPositions seen(PositionsOf(rows));
+  EXPECT_NEAR(seen.At(200'000)->X, TrackOf(rows).X[1], 1e-12);
+  EXPECT_NEAR(seen.At(200'000)->Y, TrackOf(rows).Y[1], 1e-12);
+  EXPECT_EQ(seen.At(350'000)->X, 20);
+  for (const int64_t unknown : {99'999, 350'001, 600'002}) EXPECT_FALSE(seen.At(unknown)) << unknown;
 }
 
 TEST(Tracking, OnlyTheTimeRangeCounts) {

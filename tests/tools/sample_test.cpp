@@ -75,16 +75,16 @@ TEST_F(SampleRecording, HasTheOdditiesOfARealRecording) {
   for (const char* text : {"Starting Recording", "Epoch 1 start", "Epoch 2 end", "Epoch 3 end", "Stopping Recording"})
     EXPECT_NE(events.find(text), std::string::npos) << text;
   std::array<std::array<bool, 20>, 20> visited{};
-  size_t places = 0;
+  size_t bins = 0;
   const Positions& samples = report.Video.Samples;
   for (size_t i = 0; i < samples.X.size(); ++i) {
     if (std::isnan(samples.X[i])) continue;
     const auto x = static_cast<size_t>(samples.X[i] - 120) / 20;
     const auto y = static_cast<size_t>(samples.Y[i] - 40) / 20;
     ASSERT_TRUE(x < 20 && y < 20) << samples.X[i] << " " << samples.Y[i];
-    places += !std::exchange(visited[x][y], true);
+    bins += !std::exchange(visited[x][y], true);
   }
-  EXPECT_GT(places, 380);
+  EXPECT_GT(bins, 380);
   EXPECT_TRUE(report.Angles.Fits() && report.Angles.HasSense) << AnglesSentence(report.Angles);
   EXPECT_GT(report.Angles.Assumed.Agreement, 0.9);
 }

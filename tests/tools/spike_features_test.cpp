@@ -9,10 +9,10 @@
 namespace pallomir {
 namespace {
 
-Waveform Samples(std::initializer_list<std::pair<int, int16_t>> places, int16_t elsewhere = 0) {
+Waveform Samples(std::initializer_list<std::pair<int, int16_t>> values, int16_t elsewhere = 0) {
   Waveform samples;
   samples.fill(elsewhere);
-  for (const auto& [place, value] : places) samples[place] = value;
+  for (const auto& [index, value] : values) samples[index] = value;
   return samples;
 }
 

@@ -136,12 +136,12 @@ ImportReport ImportRecording(const ImportRequest& request, ProgressBar& progress
   if (raw.Events)
     groups.push_back(Alone(OutputFile(folder / request.Events.filename()),
                            [&](OutputFile& file) { CopyFile(request.Events, file, progress); }));
-  const SeenPlaces places(report.Video.Samples);
+  const SeenPositions positions(report.Video.Samples);
   OutputGroup& spikes = groups.emplace_back();
   spikes.Files.emplace_back(named(".waveforms"));
   spikes.Files.emplace_back(named(".Ntt.parms"), TextHeader("Parameters", request.Date));
   spikes.Make = [&](std::span<OutputFile> files) {
-    report.SpikesPlaced = WriteSpikes(raw.Spikes, order, places, files[1], files[0], progress);
+    report.SpikesPlaced = WriteSpikes(raw.Spikes, order, positions, files[1], files[0], progress);
   };
   PutInPlace(groups, SourcesOf(request), request.Replace);
   progress.End(spikes.Files[1].IsLeft() ? "Compared" : "Wrote");

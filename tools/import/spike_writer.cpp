@@ -30,13 +30,13 @@ void StoreWaveforms(std::span<const Waveform> channels, unsigned char* record) {
 }
 
 /// Position at a stamp, which is clamped to the type of the samples' times.
-std::optional<Place> PlaceAt(const SeenPlaces& places, uint64_t stamp) {
-  return places.At(static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)));
+std::optional<Position> PositionAt(const SeenPositions& positions, uint64_t stamp) {
+  return positions.At(static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)));
 }
 
 }  // namespace
 
-uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
+uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPositions& positions, OutputFile& parameters,
                      OutputFile& waveforms, ProgressBar& progress) {
   // Channels that this file does not have stay zero in every block.
   std::vector<unsigned char> raw(kBlockRecords * spikes.Layout().RecordBytes);
@@ -53,9 +53,9 @@ uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces
       const auto samples = WaveformsOf(record, channels);
       const std::span<const Waveform> recorded(samples.data(), static_cast<size_t>(channels));
       const uint64_t stamp = spikes.StampOf(record);
-      const auto place = PlaceAt(places, stamp);
-      placed += place.has_value();
-      const auto [x, y] = place.value_or(Place{0, 0});
+      const auto position = PositionAt(positions, stamp);
+      placed += position.has_value();
+      const auto [x, y] = position.value_or(Position{0, 0});
       StoreParameterRow(recorded, {stamp, first + r, static_cast<float>(x), static_cast<float>(y)},
                         rows.data() + r * kRowBytes);
       StoreWaveforms(recorded, records.data() + r * kWaveformRecordBytes);

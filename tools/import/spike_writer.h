@@ -11,7 +11,7 @@ namespace pallomir {
 /// Writes the rows of the parameter file and the records of the waveform file of all spikes in time order; row r and
 /// record r are the same spike. Returns the number of spikes with a position. Throws CommandError if reading or writing
 /// fails.
-uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPlaces& places, OutputFile& parameters,
+uint64_t WriteSpikes(RawFile& spikes, const RecordOrder& order, const SeenPositions& positions, OutputFile& parameters,
                      OutputFile& waveforms, ProgressBar& progress);
 
 }  // namespace pallomir

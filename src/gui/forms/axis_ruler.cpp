@@ -50,7 +50,7 @@ void AxisRuler::paintEvent(QPaintEvent*) {
   painter.setFont(NumberFont(font()));
   for (const Mark& mark : marks_) {
     const double wide = painter.fontMetrics().horizontalAdvance(mark.Text);
-    const double left = (upright ? length - mark.Place : mark.Place) - wide / 2;
+    const double left = (upright ? length - mark.Position : mark.Position) - wide / 2;
     if (left < 2 || left + wide > nameLeft - 6) continue;
     painter.drawText(QRectF(left, 0, wide + 1, kThickness), Qt::AlignVCenter, mark.Text);
   }

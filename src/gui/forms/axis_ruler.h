@@ -15,7 +15,7 @@ class AxisRuler : public QWidget {
 
   /// A tick label and its position along the strip, from the plot's left or upper edge.
   struct Mark {
-    double Place;
+    double Position;
     QString Text;
   };
   void Show(std::vector<Mark> marks, const QString& name);

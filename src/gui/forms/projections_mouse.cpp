@@ -136,12 +136,12 @@ bool Projections::Close(Vertex at, ClickOutcome& outcome) {
 }
 
 void Projections::Form_MouseMove(Vertex at) {
-  const QString place = QString("%1 = %2    %3 = %4")
+  const QString where = QString("%1 = %2    %3 = %4")
                             .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
                                  QString::fromStdString(SingleText(at.X)),
                                  QString::fromStdString(session_.ParameterNames[session_.YParameter]),
                                  QString::fromStdString(SingleText(at.Y)));
-  pointer_->setText(place);
+  pointer_->setText(where);
 }
 
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {

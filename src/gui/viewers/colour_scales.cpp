@@ -50,9 +50,9 @@ QCPColorGradient Through(std::span<const Tone> tones) {
   QCPColorGradient gradient;
   gradient.clearColorStops();
   for (int k = 0; k <= kSteps; ++k) {
-    const double place = static_cast<double>(k) / kSteps * static_cast<double>(tones.size() - 1);
-    const size_t i = std::min(static_cast<size_t>(place), tones.size() - 2);
-    const double share = place - static_cast<double>(i);
+    const double position = static_cast<double>(k) / kSteps * static_cast<double>(tones.size() - 1);
+    const size_t i = std::min(static_cast<size_t>(position), tones.size() - 2);
+    const double share = position - static_cast<double>(i);
     const auto between = [&](double Tone::*member) { return std::lerp(tones[i].*member, tones[i + 1].*member, share); };
     gradient.setColorStopAt(static_cast<double>(k) / kSteps,
                             ColourOf({between(&Tone::Lightness), between(&Tone::Chroma), between(&Tone::Hue)}));

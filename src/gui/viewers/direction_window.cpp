@@ -144,9 +144,9 @@ QString DirectionWindow::ReadOut(QPointF at) const {
   const double degrees = std::fmod(std::atan2(y, x) * 180 / std::numbers::pi + 360, 360);
   const int bin = std::min(static_cast<int>(degrees / kDirectionBin), kDirectionBins - 1);
   const DirectionTuning& tuning = result_.Tuning;
-  const QString place = QString("%1\u00b0 to %2\u00b0: ").arg(bin * kDirectionBin).arg((bin + 1) * kDirectionBin);
-  if (std::isnan(tuning.Rate[bin])) return place + "no dwell time";
-  return place + QString("%1 spikes/s, %2 spikes in %3 s")
+  const QString where = QString("%1\u00b0 to %2\u00b0: ").arg(bin * kDirectionBin).arg((bin + 1) * kDirectionBin);
+  if (std::isnan(tuning.Rate[bin])) return where + "no dwell time";
+  return where + QString("%1 spikes/s, %2 spikes in %3 s")
                      .arg(Figure(tuning.Rate[bin]), Whole(tuning.Spikes[bin]), Figure(tuning.Dwell[bin]));
 }
 

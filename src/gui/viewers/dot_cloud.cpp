@@ -66,10 +66,10 @@ class DotCloud : public QCPAbstractPlottable {
                     mValueAxis->pixelToCoord(rect.top() + rect.height()),
                     rect.width() * kDetail,
                     rect.height() * kDetail};
-    const std::array<double, 6> place = {view.Left,   view.Right,       view.Top,
-                                         view.Bottom, 1.0 * view.Width, 1.0 * view.Height};
-    if (place != place_) picture_ = Painted(view);
-    place_ = place;
+    const std::array<double, 6> extent = {view.Left,   view.Right,       view.Top,
+                                          view.Bottom, 1.0 * view.Width, 1.0 * view.Height};
+    if (extent != drawnAt_) picture_ = Painted(view);
+    drawnAt_ = extent;
     return picture_;
   }
 
@@ -120,14 +120,14 @@ class DotCloud : public QCPAbstractPlottable {
   double diameter_;
   bool joined_;
   QImage picture_;
-  std::array<double, 6> place_{};
+  std::array<double, 6> drawnAt_{};
 };
 
 QCPCurve* AddCurve(QCPAxis* x, QCPAxis* y, const std::vector<float>& xs, const std::vector<float>& ys) {
   auto* curve = new QCPCurve(x, y);
-  QVector<QCPCurveData> places;
-  for (size_t i = 0; i < xs.size(); ++i) places.append({static_cast<double>(i), xs[i], ys[i]});
-  curve->data()->set(places, true);
+  QVector<QCPCurveData> points;
+  for (size_t i = 0; i < xs.size(); ++i) points.append({static_cast<double>(i), xs[i], ys[i]});
+  curve->data()->set(points, true);
   return curve;
 }
 

@@ -161,10 +161,10 @@ QString MapWindow::ReadOut(QPointF at) const {
     return {};
   const double value = map.At(static_cast<int>(row), static_cast<int>(column));
   const bool isLag = result_.Kind == MapKind::SpatialAutocorrelation;
-  const QString place = QString("x %1, y %2 %3: ").arg(x, 0, 'f', 1).arg(y, 0, 'f', 1).arg(LengthUnit());
-  if (std::isnan(value)) return place + (isLag ? "too little overlap" : "not visited");
+  const QString where = QString("x %1, y %2 %3: ").arg(x, 0, 'f', 1).arg(y, 0, 'f', 1).arg(LengthUnit());
+  if (std::isnan(value)) return where + (isLag ? "too little overlap" : "not visited");
   const std::string_view unit = UnitOf(result_.Kind);
-  return isLag ? place + NamedFigure("r", value, {}) : place + NamedFigure({}, value, unit).trimmed();
+  return isLag ? where + NamedFigure("r", value, {}) : where + NamedFigure({}, value, unit).trimmed();
 }
 
 }  // namespace pallomir

@@ -199,10 +199,10 @@ void ReportForm::Show(const Report& report, const QString& title) {
   pace.Reached(0.1);
   PlotAverageWaveform(*picWaveForm_, report.Measures);
   PlotSeries(*picMaxHeight_, report.Spikes, report.Spikes.MaxHeight, "counts");
-  PlotSeries(*picXPos_, report.Spikes, report.Places.X, "pixels");
+  PlotSeries(*picXPos_, report.Spikes, report.SpikePositions.X, "pixels");
   pace.Reached(0.2);
-  PlotSeries(*picYPos_, report.Spikes, report.Places.Y, "pixels");
-  PlotSeries(*picAngPos_, report.Spikes, report.Places.Angle, "degrees", QCPRange(0, 360));
+  PlotSeries(*picYPos_, report.Spikes, report.SpikePositions.Y, "pixels");
+  PlotSeries(*picAngPos_, report.Spikes, report.SpikePositions.Angle, "degrees", QCPRange(0, 360));
   pace.Reached(0.3);
   const QSize whole(kWidth + 4, kHeight + menuBar()->sizeHint().height() + 4);
   setMinimumSize(whole.boundedTo(screen()->availableGeometry().size() / 2));

@@ -80,10 +80,10 @@ QRect PlaceBetween(const QRect& room, QSize size, const std::vector<QRect>& obst
   std::sort(tops.begin(), tops.end());
   for (const int top : tops)
     for (const int left : lefts) {
-      const QRect place({left, top}, size);
-      if (room.contains(place) &&
-          std::none_of(obstacles.begin(), obstacles.end(), [&](const QRect& other) { return other.intersects(place); }))
-        return place;
+      const QRect frame({left, top}, size);
+      if (room.contains(frame) &&
+          std::none_of(obstacles.begin(), obstacles.end(), [&](const QRect& other) { return other.intersects(frame); }))
+        return frame;
     }
   return {};
 }
@@ -93,17 +93,17 @@ QRect Cascaded(const QRect& room, const QRect& controls, QSize size, std::span<c
   const QRect beside = RoomBeside(room, controls);
   const QRect area = Fits(size, beside) ? beside : room;
   const int across = std::max(area.width() - size.width(), 0), down = std::max(area.height() - size.height(), 0);
-  QRect place;
+  QRect frame;
   for (int step = 0; step < 64; ++step) {
-    place = QRect(
+    frame = QRect(
         {area.right() + 1 - size.width() - step * kCascade % (across + 1), area.top() + step * kCascade % (down + 1)},
         size);
     const auto isThere = [&](const Neighbour& other) {
-      return other.Matters && (other.Frame.topRight() - place.topRight()).manhattanLength() < kCascade / 2;
+      return other.Matters && (other.Frame.topRight() - frame.topRight()).manhattanLength() < kCascade / 2;
     };
     if (std::none_of(neighbours.begin(), neighbours.end(), isThere)) break;
   }
-  return place;
+  return frame;
 }
 
 /// `frame` is the window including its frame.
@@ -122,8 +122,8 @@ QRect FreePlace(const QRect& room, const QRect& controls, QSize wanted, QSize sm
     for (const Neighbour& neighbour : neighbours)
       if (all || neighbour.Matters) obstacles.push_back(neighbour.Frame);
     for (const double shrunk : kShrunk) {
-      const QRect place = PlaceBetween(room, (QSizeF(wanted) * shrunk).toSize().expandedTo(smallest), obstacles);
-      if (place.isValid()) return place;
+      const QRect frame = PlaceBetween(room, (QSizeF(wanted) * shrunk).toSize().expandedTo(smallest), obstacles);
+      if (frame.isValid()) return frame;
     }
   }
   return Cascaded(room, controls, wanted.expandedTo(smallest).boundedTo(room.size()), neighbours);

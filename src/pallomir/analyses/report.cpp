@@ -29,7 +29,7 @@ void WherePossible(Report& report, const std::function<void()>& add) {
   }
 }
 
-void AddPlaces(Report& report, const std::string& centerFile) {
+void AddPositions(Report& report, const std::string& centerFile) {
   report.Centre = MiddleOfTrackedArea(report.Path.X, report.Path.Y);
   WherePossible(report, [&] {
     const auto centre = ReadCenterFile(centerFile);
@@ -37,8 +37,8 @@ void AddPlaces(Report& report, const std::string& centerFile) {
     report.Centre = {centre->X, centre->Y};
     report.CentreGiven = true;
   });
-  report.Places =
-      PlacesOfSpikes(SamplesOfSpikes(report.Path, report.Spikes.Time), report.Path.X, report.Path.Y, report.Centre);
+  report.SpikePositions =
+      PositionsOfSpikes(SamplesOfSpikes(report.Path, report.Spikes.Time), report.Path.X, report.Path.Y, report.Centre);
 }
 
 std::string Counted(int64_t count, const char* one, const char* many) {
@@ -84,7 +84,7 @@ Report MakeReport(World& world, const ReportFiles& files, int c) {
   const DirectionResult direction = DirectionOf(positions, report.Path, spikes);
   report.Direction = direction.Tuning;
   report.DirectionOfTravel = direction.OfTravel;
-  AddPlaces(report, files.CenterFile);
+  AddPositions(report, files.CenterFile);
   report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
   const bool timed = spikes.Range.MakesSense();
   const auto duration = timed ? static_cast<double>(spikes.Range.Last - spikes.Range.First) : 0.0;

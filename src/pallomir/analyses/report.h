@@ -22,8 +22,8 @@ struct Report {
   Track Path;                     ///< the animal's track
   std::vector<int64_t> SampleOf;  ///< for each spike, the index of its sample in Path, or -1
   ClusterLines Spikes;
-  PlaceSeries Places;  ///< for each spike
-  Place Centre;
+  PositionSeries SpikePositions;  ///< for each spike
+  Position Centre;
   bool CentreGiven = false;  ///< from the center file; otherwise the centre of the tracked area
   ClusterMeasures Measures;
   RefractoryFigures Refractory;

@@ -100,28 +100,28 @@ class Survivors {
   /// Returns false if no point is left.
   bool KeepInside(const Boundary& boundary, const float* x, const float* y, size_t count, Flags& inside) {
     if (count > 0) {
-      std::iota(places_.begin(), places_.begin() + count, uint16_t{0});
+      std::iota(indices_.begin(), indices_.begin() + count, uint16_t{0});
       left_ = count;
     }
     size_t kept = 0;
     for (size_t k = 0; k < left_; ++k) {
-      const uint16_t place = places_[k];
-      places_[kept] = place;
-      kept += inside[place];
+      const uint16_t index = indices_[k];
+      indices_[kept] = index;
+      kept += inside[index];
     }
     left_ = kept;
     if (left_ == 0) return false;
-    for (size_t k = 0; k < left_; ++k) x_[k] = x[places_[k]];
-    for (size_t k = 0; k < left_; ++k) y_[k] = y[places_[k]];
+    for (size_t k = 0; k < left_; ++k) x_[k] = x[indices_[k]];
+    for (size_t k = 0; k < left_; ++k) y_[k] = y[indices_[k]];
     std::fill_n(flags_.begin(), left_, uint8_t{1});
     pallomir::KeepInside(boundary, x_.data(), y_.data(), left_, flags_.data());
-    for (size_t k = 0; k < left_; ++k) inside[places_[k]] = flags_[k];
+    for (size_t k = 0; k < left_; ++k) inside[indices_[k]] = flags_[k];
     return true;
   }
 
  private:
   size_t left_ = 0;
-  std::array<uint16_t, kBlock> places_;
+  std::array<uint16_t, kBlock> indices_;
   std::array<float, kBlock> x_, y_;
   Flags flags_;
 };

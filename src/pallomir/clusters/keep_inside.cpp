@@ -42,7 +42,7 @@ constexpr size_t kPassesBetweenSieves = 2;
 struct Block {
   size_t Count;
   std::array<double, kBlock> X, Y, Previous, Smallest;
-  std::array<uint16_t, kBlock> Place;  ///< the point's original index within the block
+  std::array<uint16_t, kBlock> Index;  ///< the point's original index within the block
 };
 
 template <size_t kEdges>
@@ -71,8 +71,8 @@ PALLOMIR_HOT_PART void Sieve(Block& block, uint8_t* inside) {
     block.X[kept] = block.X[i];
     block.Y[kept] = block.Y[i];
     block.Previous[kept] = block.Previous[i];
-    block.Place[kept] = block.Place[i];
-    inside[block.Place[i]] = static_cast<uint8_t>(inside[block.Place[i]] & static_cast<int>(!rejected));
+    block.Index[kept] = block.Index[i];
+    inside[block.Index[i]] = static_cast<uint8_t>(inside[block.Index[i]] & static_cast<int>(!rejected));
     kept += !rejected;
   }
   block.Count = kept;
@@ -91,7 +91,7 @@ void KeepInsideEdges(const Edge* edges, size_t edgeCount, const float* x, const 
     block.Previous.fill(0);
     block.Smallest.fill(0);
     const bool sieved = edgeCount > 2 * kPassesBetweenSieves * kEdgesAPass;
-    if (sieved) std::iota(block.Place.begin(), block.Place.end(), uint16_t{0});
+    if (sieved) std::iota(block.Index.begin(), block.Index.end(), uint16_t{0});
     size_t k = 0;
     for (; k + kEdgesAPass <= edgeCount && block.Count > 0; k += kEdgesAPass) {
       Pass<kEdgesAPass>(edges + k, block);

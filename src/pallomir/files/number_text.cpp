@@ -157,7 +157,7 @@ std::string PlainDecimal(double value) {
 std::string Grouped(int64_t count) {
   std::string text = std::to_string(count);
   const int first = text.starts_with('-') ? 1 : 0;
-  for (int place = static_cast<int>(text.size()) - 3; place > first; place -= 3) text.insert(place, "\u202f");
+  for (int at = static_cast<int>(text.size()) - 3; at > first; at -= 3) text.insert(at, "\u202f");
   return text;
 }
 

@@ -23,9 +23,9 @@ bool RowsMakeSense(std::string_view beginning, size_t header, uint64_t fileLengt
   const int64_t rows = RowCount(fileLength, static_cast<long>(header));
   bool allZero = true;
   for (size_t row = 0; row < kRowsLookedAt && static_cast<int64_t>(row) < rows; ++row) {
-    const size_t place = header + row * kRowBytes;
-    if (place + kStampBytes > beginning.size()) break;
-    const auto stamp = LoadLittleEndian<uint64_t>(reinterpret_cast<const unsigned char*>(beginning.data()) + place);
+    const size_t offset = header + row * kRowBytes;
+    if (offset + kStampBytes > beginning.size()) break;
+    const auto stamp = LoadLittleEndian<uint64_t>(reinterpret_cast<const unsigned char*>(beginning.data()) + offset);
     if (stamp >= kStampLimit) return false;
     allZero = allZero && stamp == 0;
   }

@@ -11,38 +11,38 @@
 namespace pallomir {
 
 void TextItems::SkipBlanks() {
-  while (place_ < text_.size() && std::string_view(" \t\r\n").find(text_[place_]) != std::string_view::npos)
-    nextLine_ += text_[place_++] == '\n';
+  while (offset_ < text_.size() && std::string_view(" \t\r\n").find(text_[offset_]) != std::string_view::npos)
+    nextLine_ += text_[offset_++] == '\n';
 }
 
 std::string TextItems::Text() {
   SkipBlanks();
   line_ = nextLine_;
-  if (place_ >= text_.size()) throw EndedEarly(file_, Place());
+  if (offset_ >= text_.size()) throw EndedEarly(file_, Place());
   std::string_view item;
   size_t end;
-  if (text_[place_] == '"') {
+  if (text_[offset_] == '"') {
     // An item never spans lines, even in quotes.
-    const size_t close = std::min(text_.find_first_of("\"\r\n", place_ + 1), text_.size());
+    const size_t close = std::min(text_.find_first_of("\"\r\n", offset_ + 1), text_.size());
     if (close == text_.size() || text_[close] != '"')
-      Fault("the quotes round " + Quoted(text_.substr(place_ + 1, close - place_ - 1)) + " are not closed");
-    item = text_.substr(place_ + 1, close - place_ - 1);
+      Fault("the quotes round " + Quoted(text_.substr(offset_ + 1, close - offset_ - 1)) + " are not closed");
+    item = text_.substr(offset_ + 1, close - offset_ - 1);
     end = std::min(text_.find_first_of(",\r\n", close + 1), text_.size());
   } else {
-    end = std::min(text_.find_first_of(",\r\n", place_), text_.size());
-    item = Trimmed(text_.substr(place_, end - place_));
+    end = std::min(text_.find_first_of(",\r\n", offset_), text_.size());
+    item = Trimmed(text_.substr(offset_, end - offset_));
   }
   if (item.size() > kLongestItem) Fault("an item is longer than " + std::to_string(kLongestItem) + " characters");
   // Consume the delimiter: a comma or one line end.
   if (end < text_.size() && text_[end] == '\r') ++end;
   if (end < text_.size() && (text_[end] == ',' || text_[end] == '\n')) nextLine_ += text_[end++] == '\n';
-  place_ = end;
+  offset_ = end;
   return std::string(item);
 }
 
 void TextItems::SkipLine() {
-  const size_t end = text_.find('\n', place_);
-  place_ = end == std::string_view::npos ? text_.size() : end + 1;
+  const size_t end = text_.find('\n', offset_);
+  offset_ = end == std::string_view::npos ? text_.size() : end + 1;
   ++nextLine_;
 }
 

@@ -23,7 +23,7 @@ class TextItems {
       : text_(text), file_(std::move(file)), line_(firstLine), nextLine_(firstLine) {}
 
   /// True if only blanks and line ends remain.
-  bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", place_) == std::string_view::npos; }
+  bool AtEnd() const { return text_.find_first_not_of(" \t\r\n", offset_) == std::string_view::npos; }
 
   /// The next item as text, without its quotes. Throws CommandError at the end of the file, if quotes are not closed on
   /// their line, or if the item is too long.
@@ -50,7 +50,7 @@ class TextItems {
 
   std::string_view text_;
   std::filesystem::path file_;
-  size_t place_ = 0;
+  size_t offset_ = 0;
   int line_;
   int nextLine_;
 };

@@ -25,9 +25,9 @@ bool IsWriteProtected(const std::filesystem::path& path) {
 }
 
 fs::path PlaceOutside(const std::filesystem::path& folder, const std::filesystem::path& path) {
-  const fs::path home = Resolved(folder / "."), place = Resolved(path);
-  const auto ends = std::mismatch(home.begin(), home.end(), place.begin(), place.end());
-  return ends.first == home.end() ? fs::path() : place;
+  const fs::path home = Resolved(folder / "."), target = Resolved(path);
+  const auto ends = std::mismatch(home.begin(), home.end(), target.begin(), target.end());
+  return ends.first == home.end() ? fs::path() : target;
 }
 
 }  // namespace pallomir

@@ -25,7 +25,7 @@ struct Mapping {
 /// Rounds positions to the nearest pixel centre. The tests also reject NaN. Returns the number of points on the raster.
 PALLOMIR_HOT_LOOP
 int32_t MapBlock(const Mapping& mapping, const float* x, const float* y, const uint8_t* codes, size_t count,
-                 int32_t* places) {
+                 int32_t* offsets) {
   const Mapping m = mapping;
   int32_t placed = 0;
   for (size_t i = 0; i < count; ++i) {
@@ -34,8 +34,8 @@ int32_t MapBlock(const Mapping& mapping, const float* x, const float* y, const u
     const bool on = (px >= 0) & (px < m.LimitX) & (py >= 0) & (py < m.LimitY) & (codes[i] != 0);
     const float column = on ? px : 0;
     const float row = on ? py : 0;
-    const int32_t place = static_cast<int32_t>(row) * m.Stride + static_cast<int32_t>(column);
-    places[i] = on ? place : m.Nowhere;
+    const int32_t offset = static_cast<int32_t>(row) * m.Stride + static_cast<int32_t>(column);
+    offsets[i] = on ? offset : m.Nowhere;
     placed += static_cast<int32_t>(on);
   }
   return placed;
@@ -106,16 +106,16 @@ size_t Raster::Draw(const View& view, const float* x, const float* y, const uint
   m.Nowhere = stride_ * (height_ + 2 * margin_);
   uint8_t* origin = bytes_.data() + stride_ * reach_ + reach_;
   size_t drawn = 0;
-  std::array<int32_t, kBlock> places;
+  std::array<int32_t, kBlock> offsets;
   for (size_t begin = 0; begin < count; begin += kBlock) {
     const size_t n = std::min(kBlock, count - begin);
-    drawn += MapBlock(m, x + begin, y + begin, codes + begin, n, places.data());
+    drawn += MapBlock(m, x + begin, y + begin, codes + begin, n, offsets.data());
     if (shape_.size() == 1) {
-      for (size_t i = 0; i < n; ++i) origin[places[i]] = codes[begin + i];
+      for (size_t i = 0; i < n; ++i) origin[offsets[i]] = codes[begin + i];
       continue;
     }
     for (size_t i = 0; i < n; ++i) {
-      uint8_t* centre = origin + places[i];
+      uint8_t* centre = origin + offsets[i];
       const uint32_t code = codes[begin + i];
       for (const Run& run : shape_) FillRun(centre + run.Offset, code, run.Length);
     }

@@ -15,8 +15,8 @@ constexpr size_t kFrameBytes = kVideoLayout.RecordBytes;
 constexpr int kPixelLimit = 100'000;
 
 PositionSample FrameAt(const unsigned char* record) {
-  const auto coordinate = [record](size_t place) {
-    return static_cast<double>(LoadLittleEndian<int32_t>(record + place));
+  const auto coordinate = [record](size_t offset) {
+    return static_cast<double>(LoadLittleEndian<int32_t>(record + offset));
   };
   const auto stamp = LoadLittleEndian<uint64_t>(record + kVideoLayout.StampOffset);
   return {static_cast<int64_t>(std::min<uint64_t>(stamp, INT64_MAX)), coordinate(kFrameX), coordinate(kFrameY),

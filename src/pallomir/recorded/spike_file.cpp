@@ -17,10 +17,10 @@ bool IsScale(double volts) {
 }  // namespace
 
 void SpikeRecord::ReadSamples(WireSamples& samples) const {
-  const unsigned char* place = Bytes + kSpikeSamples;
+  const unsigned char* first = Bytes + kSpikeSamples;
   for (int s = 0; s < kWaveformSamples; ++s)
     for (int wire = 0; wire < kWires; ++wire)
-      samples[wire][s] = LoadLittleEndian<int16_t>(place + 2 * (kWires * s + wire));
+      samples[wire][s] = LoadLittleEndian<int16_t>(first + 2 * (kWires * s + wire));
 }
 
 SpikeFile::SpikeFile(const std::filesystem::path& path) : file_(path, kTetrodeLayout) {

@@ -99,13 +99,13 @@ ClusterLines ReadClusterLines(World& world, const std::filesystem::path& cluster
   return lines;
 }
 
-double AngleAbout(const Place& centre, double x, double y) {
+double AngleAbout(const Position& centre, double x, double y) {
   const double across = x - centre.X, down = y - centre.Y;
   if (std::isnan(across) || std::isnan(down) || (across == 0 && down == 0)) return kNotKnown;
   return DegreesOf(across, -down);
 }
 
-Place MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) {
+Position MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) {
   const auto middle = [](std::span<const double> values) {
     double low = kNotKnown, high = kNotKnown;
     for (const double value : values) {
@@ -117,9 +117,9 @@ Place MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y) 
   return {middle(x), middle(y)};
 }
 
-PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const Place& centre) {
-  PlaceSeries series;
+PositionSeries PositionsOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
+                           const Position& centre) {
+  PositionSeries series;
   for (const int64_t sample : samples) {
     series.X.push_back(sample < 0 ? kNotKnown : x[sample]);
     series.Y.push_back(sample < 0 ? kNotKnown : y[sample]);

@@ -32,20 +32,20 @@ ClusterLines ReadClusterLines(World& world, const std::filesystem::path& cluster
 
 /// The direction from `centre` to (x, y) in degrees, 0 up to 360: 0 to the right (+x), counter-clockwise as the camera
 /// sees it: 90 is towards -y, which is up in the video image. NaN at the centre itself and for NaN coordinates.
-double AngleAbout(const Place& centre, double x, double y);
+double AngleAbout(const Position& centre, double x, double y);
 
 /// The centre of the bounding box of the tracked positions; NaN without any.
-Place MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y);
+Position MiddleOfTrackedArea(std::span<const double> x, std::span<const double> y);
 
 /// The animal's position at each of a cluster's spikes; NaN where unknown.
-struct PlaceSeries {
+struct PositionSeries {
   std::vector<double> X;
   std::vector<double> Y;
   std::vector<double> Angle;  ///< about the centre, see AngleAbout
 };
 
 /// `samples` has the sample index of each spike, or -1; (x, y) are the positions of the samples.
-PlaceSeries PlacesOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const Place& centre);
+PositionSeries PositionsOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
+                           const Position& centre);
 
 }  // namespace pallomir

@@ -30,15 +30,15 @@ StampMatcher::StampMatcher(std::span<const int64_t> stamps) : total_(static_cast
 bool StampMatcher::Take(int64_t stamp) {
   stamp = StampAsWritten(stamp);
   // Records are mostly in order, so the index is that of the last stamp or the next one.
-  if (place_ > 0 && stamps_[place_ - 1] >= stamp)
-    place_ = static_cast<size_t>(std::lower_bound(stamps_.begin(), stamps_.end(), stamp) - stamps_.begin());
-  while (place_ < stamps_.size() && stamps_[place_] < stamp) ++place_;
-  if (place_ == stamps_.size() || stamps_[place_] != stamp) return false;
-  if (waiting_[place_] == 0) {
+  if (index_ > 0 && stamps_[index_ - 1] >= stamp)
+    index_ = static_cast<size_t>(std::lower_bound(stamps_.begin(), stamps_.end(), stamp) - stamps_.begin());
+  while (index_ < stamps_.size() && stamps_[index_] < stamp) ++index_;
+  if (index_ == stamps_.size() || stamps_[index_] != stamp) return false;
+  if (waiting_[index_] == 0) {
     ++ambiguous_;
     return false;
   }
-  --waiting_[place_];
+  --waiting_[index_];
   ++taken_;
   return true;
 }

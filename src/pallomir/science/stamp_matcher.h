@@ -28,7 +28,7 @@ class StampMatcher {
  private:
   std::vector<int64_t> stamps_;    // unique, in order
   std::vector<uint32_t> waiting_;  // spikes with that stamp for which no record has come
-  size_t place_ = 0;               // index of the last stamp looked up, or past it
+  size_t index_ = 0;               // index of the last stamp looked up, or past it
   int64_t total_;
   int64_t taken_ = 0;
   int64_t ambiguous_ = 0;

@@ -18,18 +18,19 @@ void SetHolds(Track& track) {
 }
 
 /// The position after `elapsed` of `span` microseconds on the straight line from `from` to `to`.
-Place Between(Place from, Place to, int64_t elapsed, int64_t span) {
+Position Between(Position from, Position to, int64_t elapsed, int64_t span) {
   const double share = span > 0 ? static_cast<double>(elapsed) / static_cast<double>(span) : 0;
   return {from.X + share * (to.X - from.X), from.Y + share * (to.Y - from.Y)};
 }
 
 /// Interpolates the lost samples between the good samples `before` and `after` linearly.
 void LayOnLine(Track& track, size_t before, size_t after) {
-  const Place from{track.X[before], track.Y[before]}, to{track.X[after], track.Y[after]};
+  const Position from{track.X[before], track.Y[before]}, to{track.X[after], track.Y[after]};
   for (size_t i = before + 1; i < after; ++i) {
-    const Place place = Between(from, to, track.Time[i] - track.Time[before], track.Time[after] - track.Time[before]);
-    track.X[i] = place.X;
-    track.Y[i] = place.Y;
+    const Position position =
+        Between(from, to, track.Time[i] - track.Time[before], track.Time[after] - track.Time[before]);
+    track.X[i] = position.X;
+    track.Y[i] = position.Y;
   }
 }
 
@@ -67,12 +68,12 @@ Track TrackWithin(const Positions& positions, const TimeRange& range) {
   return track;
 }
 
-SeenPlaces::SeenPlaces(const Positions& positions) {
+SeenPositions::SeenPositions(const Positions& positions) {
   for (size_t i = 0; i < positions.Time.size(); ++i)
     if (!std::isnan(positions.X[i])) seen_.push_back({positions.Time[i], {positions.X[i], positions.Y[i]}});
 }
 
-std::optional<Place> SeenPlaces::At(int64_t time) const {
+std::optional<Position> SeenPositions::At(int64_t time) const {
   const auto after =
       std::lower_bound(seen_.begin(), seen_.end(), time, [](const Seen& seen, int64_t t) { return seen.Time < t; });
   if (after == seen_.end()) return {};

@@ -36,16 +36,16 @@ Track TrackWithin(const Positions& positions, const TimeRange& range);
 
 /// The animal's position at any time: interpolated linearly in time between the seen samples before and after, if these
 /// are at most kLongestBridge apart.
-class SeenPlaces {
+class SeenPositions {
  public:
-  explicit SeenPlaces(const Positions& positions);
+  explicit SeenPositions(const Positions& positions);
   /// Empty where the position is unknown.
-  std::optional<Place> At(int64_t time) const;
+  std::optional<Position> At(int64_t time) const;
 
  private:
   struct Seen {
     int64_t Time;
-    Place At;
+    Position At;
   };
   std::vector<Seen> seen_;
 };

@@ -45,8 +45,8 @@ class EdgeTable {
     for (int k = 0; k <= kLogBins; ++k) edges_[k] = static_cast<int64_t>(std::ceil(LogEdge(k) * 1e3));
     for (size_t width = 0; width < first_.size(); ++width) {
       const int64_t lowest = width == 0 ? 0 : int64_t{1} << (width - 1);
-      const auto place = std::upper_bound(edges_.begin(), edges_.begin() + kLogBins + 1, lowest);
-      first_[width] = static_cast<size_t>(place - edges_.begin());
+      const auto edge = std::upper_bound(edges_.begin(), edges_.begin() + kLogBins + 1, lowest);
+      first_[width] = static_cast<size_t>(edge - edges_.begin());
     }
   }
 

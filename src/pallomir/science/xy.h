@@ -13,6 +13,6 @@ struct XY {
 };
 
 /// A position in the video image, in pixels: x to the right and y downward.
-using Place = XY<double>;
+using Position = XY<double>;
 
 }  // namespace pallomir

@@ -107,7 +107,7 @@ void TraceRaster::DrawRising(std::span<const int32_t> columns, std::span<const i
   const auto count = static_cast<size_t>(end - begin);
   SpreadOverRows(centres + begin - 1, count, height_, tops_.data(), bottoms_.data());
   const uint64_t codes = Repeated(code);
-  uint8_t* column = bytes_.data() + Place(begin, 0);
+  uint8_t* column = bytes_.data() + Index(begin, 0);
   for (size_t c = 0; c < count; ++c, column += stride_)
     FillRun(column + tops_[c], codes, static_cast<size_t>(bottoms_[c] - tops_[c] + 1));
 }
@@ -116,12 +116,12 @@ void TraceRaster::FillColumn(int32_t column, int32_t top, int32_t bottom, uint8_
   top = std::max(top, 0);
   bottom = std::min(bottom, height_ - 1);
   if (column < 0 || column >= width_ || top > bottom) return;
-  std::fill_n(bytes_.begin() + static_cast<std::ptrdiff_t>(Place(column, top)), bottom - top + 1, code);
+  std::fill_n(bytes_.begin() + static_cast<std::ptrdiff_t>(Index(column, top)), bottom - top + 1, code);
 }
 
 void TraceRaster::FillRow(int32_t row, int32_t left, int32_t right, uint8_t code) {
   if (row < 0 || row >= height_) return;
-  for (int32_t c = std::max(left, 0); c <= std::min(right, width_ - 1); ++c) bytes_[Place(c, row)] = code;
+  for (int32_t c = std::max(left, 0); c <= std::min(right, width_ - 1); ++c) bytes_[Index(c, row)] = code;
 }
 
 void TraceRaster::Paint(std::span<const uint32_t, 256> palette, uint32_t* pixels, size_t stride) const {

@@ -18,7 +18,7 @@ class TraceRaster {
 
   int Width() const { return width_; }
   int Height() const { return height_; }
-  uint8_t At(int column, int row) const { return bytes_[Place(column, row)]; }
+  uint8_t At(int column, int row) const { return bytes_[Index(column, row)]; }
 
   void Clear();
 
@@ -38,7 +38,7 @@ class TraceRaster {
 
  private:
   void DrawRising(std::span<const int32_t> columns, std::span<const int32_t> rows, uint8_t code);
-  size_t Place(int column, int row) const {
+  size_t Index(int column, int row) const {
     return static_cast<size_t>(column) * stride_ + static_cast<size_t>(row) + 1;
   }
 
