@@ -240,7 +240,7 @@ class Driver : public Dialogs {
   }
 
   void Print() {
-    std::printf("| command, %zu spikes | ms | longest without an answer, ms |\n| --- | --- | --- |\n", rows_);
+    std::printf("| command, %zu spikes | ms | longest without a response, ms |\n| --- | --- | --- |\n", rows_);
     std::sort(lines_.begin(), lines_.end(), [](const Line& a, const Line& b) { return a.Gap > b.Gap; });
     for (const Line& line : lines_)
       if (line.Gap >= kTold) std::printf("| %s | %.0f | %.0f |\n", qPrintable(line.Command), line.Whole, line.Gap);

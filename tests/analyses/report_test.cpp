@@ -129,10 +129,10 @@ TEST_F(ReportOfCluster, RemarksSayWhichDirectionsAreUsed) {
 TEST_F(ReportOfCluster, FailsIfAFileIsMissing) {
   const AnalysisFiles files = PutSpikes(folder, {0, 100'000}, {30'000});
   const std::string missing = folder / "none";
-  const std::string spikes = folder.Put("TT1.Ntt", SpikeFileHeader()), place = folder.Put("Pos.p", positions);
-  for (const ReportFiles& asked : {ReportFiles{missing, files.Cluster, files.Time, place, missing, missing},
-                                   ReportFiles{spikes, missing, files.Time, place, missing, missing},
-                                   ReportFiles{spikes, files.Cluster, missing, place, missing, missing},
+  const std::string spikes = folder.Put("TT1.Ntt", SpikeFileHeader()), tracked = folder.Put("Pos.p", positions);
+  for (const ReportFiles& asked : {ReportFiles{missing, files.Cluster, files.Time, tracked, missing, missing},
+                                   ReportFiles{spikes, missing, files.Time, tracked, missing, missing},
+                                   ReportFiles{spikes, files.Cluster, missing, tracked, missing, missing},
                                    ReportFiles{spikes, files.Cluster, files.Time, missing, missing, missing}})
     EXPECT_EQ(Refusal([&] { MakeReport(world, asked, 7); }), missing + " does not exist.");
 }

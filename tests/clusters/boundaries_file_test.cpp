@@ -345,7 +345,7 @@ TEST(UnreadCuts, AreNeverRotatedAwayAndDoNotPileUp) {
   EXPECT_FALSE(desk.Keeps("cbfile.exit")) << "it is the user's cut";
   desk.Write("cbfile.exit", 30, 0);
   EXPECT_FALSE(desk.Keeps("cbfile.exit")) << "it holds nothing";
-  EXPECT_FALSE(desk.Keeps("cbfile.m1")) << "the user's own names are his";
+  EXPECT_FALSE(desk.Keeps("cbfile.m1")) << "files that the user named are not kept aside";
 
   desk.Write("cbfile.exit", 30, 2);
   desk.Write("cbfile.tmp", 40, 3);

@@ -30,11 +30,11 @@ TEST(ClassifyCluster, ListsClustersInTheOrderOfJoining) {
   ClassifyAllClusters(session);
   EXPECT_EQ(ListOf(session, 0), (List{3, 5}));
   Cut(session, 3, {kAll});
-  EXPECT_EQ(ListOf(session, 0), (List{3, 5})) << "staying keeps the place";
+  EXPECT_EQ(ListOf(session, 0), (List{3, 5})) << "a point that stays keeps its position in the list";
   Cut(session, 3, {kNothing});
   EXPECT_EQ(ListOf(session, 0), (List{5}));
   Cut(session, 3, {kAll});
-  EXPECT_EQ(ListOf(session, 0), (List{5, 3})) << "coming back joins the end";
+  EXPECT_EQ(ListOf(session, 0), (List{5, 3})) << "a point that rejoins is appended";
   Cut(session, 9, {kAll});
   Cut(session, 3, {kNothing});
   EXPECT_EQ(ListOf(session, 0), (List{5, 9})) << "the gap closes";

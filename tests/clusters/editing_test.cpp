@@ -150,7 +150,7 @@ TEST(ChangeCut, RestoresEverythingWhenItIsStopped) {
         EXPECT_EQ(PointsInCluster(session, 4), 2);
         continue;
       }
-      EXPECT_EQ(stop, 2) << "one cluster alone is classified between two looks";
+      EXPECT_EQ(stop, 2) << "only one cluster is classified between two checks";
     }
 }
 

@@ -58,7 +58,7 @@ TEST(PointInBoundary, ConvexBoundariesHoldExactlyThePointsInsideThem) {
     std::vector<Vertex> corners;
     for (const double a : angles) corners.push_back({static_cast<float>(std::cos(a)), static_cast<float>(std::sin(a))});
     // A point is inside if it lies to the left of every edge of a polygon drawn anticlockwise.
-    const auto place = [&](const Vertex& p) {
+    const auto leastSide = [&](const Vertex& p) {
       double least = 1;
       for (size_t k = 0; k < corners.size(); ++k) {
         const Vertex a = corners[k], b = corners[(k + 1) % corners.size()];
@@ -70,7 +70,7 @@ TEST(PointInBoundary, ConvexBoundariesHoldExactlyThePointsInsideThem) {
     const Boundary turned = PolygonOf({corners.rbegin(), corners.rend()});
     for (int k = 0; k < 100; ++k) {
       const Vertex p = {anywhere(random), anywhere(random)};
-      const double least = place(p);
+      const double least = leastSide(p);
       if (std::abs(least) < 1e-6) continue;  // too near to an edge, as the corners are rounded
       ASSERT_EQ(PointInBoundary(p.X, p.Y, boundary), least > 0)
           << "polygon " << polygon << " at " << p.X << ", " << p.Y;

@@ -212,9 +212,9 @@ class ViewersTest : public QObject {
     const std::pair<int, QRect> projections[] = {{1000, {1520, 0, 480, 560}},  // from x 500 on, so wide
                                                  {1100, {1600, 0, 400, 455}},
                                                  {1200, {1400, 0, 600, 700}}};
-    for (const auto& [width, place] : projections) {
+    for (const auto& [width, position] : projections) {
       there = {{controls}, {QRect(500, 0, width, 900), false}};
-      QCOMPARE(next(), place);
+      QCOMPARE(next(), position);
     }
   }
 

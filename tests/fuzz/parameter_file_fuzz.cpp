@@ -18,8 +18,8 @@ namespace {
 void CheckPoints(const Session& session, const std::string& file, int32_t first) {
   const size_t rows = session.Points.Rows();
   for (size_t i = 0; i <= rows; ++i) {
-    const size_t place = static_cast<size_t>(session.File.HeaderLength) + (static_cast<size_t>(first) + i) * kRowBytes;
-    std::string expected = i < rows && place < file.size() ? file.substr(place, kRowBytes) : "";
+    const size_t offset = static_cast<size_t>(session.File.HeaderLength) + (static_cast<size_t>(first) + i) * kRowBytes;
+    std::string expected = i < rows && offset < file.size() ? file.substr(offset, kRowBytes) : "";
     expected.resize(kRowBytes, '\0');
     const PointRecord record = session.Points.Record(i);
     REQUIRE(std::memcmp(&record.Stamp, expected.data(), kStampBytes) == 0);

@@ -54,19 +54,19 @@ void WriteClusters(const std::string& folder, int version, bool temporary) {
 }
 
 void WriteResults(const std::string& folder, int version) {
-  const std::string place = folder + "/TT1/tmp";
+  const std::string base = folder + "/TT1/tmp";
   MapResult map;
   map.Grid = {2, 1, 0, 0, 10, {1.0 * version, 2}};
-  WriteMapFile(map, place + ".rmap");
+  WriteMapFile(map, base + ".rmap");
   AutocorrelationResult train;
   train.Explanation = "version " + std::to_string(version);
-  WriteAutocorrelationFile(train, place + ".acorr");
+  WriteAutocorrelationFile(train, base + ".acorr");
   IntervalResult intervals;
   intervals.Explanation = train.Explanation;
-  WriteIntervalFile(intervals, place + ".isi");
+  WriteIntervalFile(intervals, base + ".isi");
   DirectionResult direction;
   direction.Explanation = train.Explanation;
-  WriteDirectionFile(direction, place + ".dir");
+  WriteDirectionFile(direction, base + ".dir");
 }
 
 }  // namespace

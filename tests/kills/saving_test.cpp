@@ -99,7 +99,7 @@ struct Saving : ::testing::TestWithParam<SavingCommand> {
         const auto found = version.find(file);
         return found != version.end() && found->second == bytes;
       };
-      EXPECT_TRUE(name.ends_with(".saving~") || is(Before) || is(After)) << name << " is torn at call " << k;
+      EXPECT_TRUE(name.ends_with(".saving~") || is(Before) || is(After)) << name << " is incomplete at call " << k;
     }
     for (const auto& [name, text] : Before) {
       const fs::path path(name), old = path.parent_path() / ("OLD" + path.filename().string());
@@ -121,7 +121,7 @@ TEST_P(Saving, LeavesWholeFilesAndReportsWhicheverCallFails) {
       ASSERT_TRUE(InjectedFault::Happened());
     }
     const Content now = ContentOf(folder);
-    EXPECT_NE(sentence, "") << "nothing was said at call " << k;
+    EXPECT_NE(sentence, "") << "no error message at call " << k;
     EXPECT_TRUE(sentence.find(fs::path(folder / "").parent_path().filename()) != std::string::npos ||
                 sentence.find("Not written") != std::string::npos)
         << sentence;
@@ -141,8 +141,8 @@ TEST_P(Saving, LeavesWholeFilesWhereverItIsKilled) {
     ASSERT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) << "call " << k;
     ExpectWhole(ContentOf(folder), k);
     // The next program to start removes what it left.
-    for (const char* place : {"", "TT1", "out", "out/TT1", "sample", "sample/raw", "sample/TT1"})
-      RemoveLeftovers(folder / place);
+    for (const char* part : {"", "TT1", "out", "out/TT1", "sample", "sample/raw", "sample/TT1"})
+      RemoveLeftovers(folder / part);
     EXPECT_EQ(Leftovers(ContentOf(folder)), std::set<std::string>()) << "call " << k;
   }
 }

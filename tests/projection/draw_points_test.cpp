@@ -56,7 +56,7 @@ TEST_F(Redraw, DownsamplingDrawsTheGivenFraction) {
   const size_t first = Draw(session, {0.5F, {}}), second = Draw(session, {0.5F, {}});
   EXPECT_NEAR(static_cast<double>(first), 20'000, 500);  // five standard deviations
   EXPECT_NEAR(static_cast<double>(Draw(session, {0.1F, {}})), 4'000, 300);
-  EXPECT_NE(first, second) << "fresh numbers for every redraw";
+  EXPECT_NE(first, second) << "new random numbers for every redraw";
 }
 
 TEST_F(Redraw, APointInTwoClustersHasEitherColour) {
@@ -73,7 +73,7 @@ TEST_F(Redraw, APointInTwoClustersHasEitherColour) {
   }
   EXPECT_NEAR(drawn[ColourCode(2)], 250, 55);  // five standard deviations
   EXPECT_EQ(drawn[ColourCode(2)] + drawn[ColourCode(7)], 500);
-  EXPECT_NEAR(drawnWithout7[0], 250, 55) << "the colour is chosen before it is looked up whether it is shown";
+  EXPECT_NEAR(drawnWithout7[0], 250, 55) << "the colour is chosen before checking whether it is shown";
   EXPECT_EQ(drawnWithout7[0] + drawnWithout7[ColourCode(2)], 500);
 }
 
@@ -131,7 +131,7 @@ TEST(UniformNumbers, AreUniformAndNotCorrelated) {
   }
   EXPECT_NEAR(sum / 160'007, 0, 0.004);
   EXPECT_NEAR(besides / 160'007, 0, 0.001);
-  EXPECT_GT(std::set<float>(numbers.begin(), numbers.end()).size(), 155'000) << "lanes that repeat each other";
+  EXPECT_GT(std::set<float>(numbers.begin(), numbers.end()).size(), 155'000) << "lanes must not repeat each other";
 }
 
 }  // namespace

@@ -29,7 +29,7 @@ TEST_F(Views, ValuesGrowUpwardAndPosYDownward) {
   EXPECT_NEAR(view.ValueX(view.PixelX(-3.3)), -3.3, 1e-9);
   EXPECT_NEAR(view.ValueY(view.PixelY(1000)), 1000, 1e-9);
   session.XParameter = kPosY;
-  EXPECT_EQ(ViewOf(session, 401, 201).PixelX(60), 400) << "only the vertical axis is turned round";
+  EXPECT_EQ(ViewOf(session, 401, 201).PixelX(60), 400) << "only the vertical axis is reversed";
 }
 
 TEST_F(Views, WithoutExtentCannotBeDrawn) {

@@ -67,7 +67,7 @@ class Storm : public Dialogs {
   bool Run(int64_t events) {
     wanted_ = events;
     while (Events < wanted_ && fault_.empty()) {
-      Mend();
+      Restore();
       Trace("start");
       Session session;
       Main_Form form(session, *this);
@@ -157,7 +157,7 @@ class Storm : public Dialogs {
     if (what < 6) return Close(window);
     if (what < 10) return Resize(window);
     if (what < 14) return Damage();
-    if (what < 20) return Mend();
+    if (what < 20) return Restore();
     QWidget* control = Choose(window);
     if (!control) return;
     Trace(window->objectName() + "/" + control->metaObject()->className() + " " + control->objectName());
@@ -325,7 +325,7 @@ class Storm : public Dialogs {
   }
 
   /// Restores the recording.
-  void Mend() {
+  void Restore() {
     namespace fs = std::filesystem;
     const fs::path folder(folder_), kept = folder / "kept";
     const bool first = !fs::exists(kept);

@@ -17,11 +17,11 @@ std::vector<FileRow> NumberedRows(int count) {
 
 std::string BytesOf(const std::vector<FileRow>& rows) {
   std::string bytes(rows.size() * kRowBytes, '\0');
-  auto* place = reinterpret_cast<unsigned char*>(bytes.data());
+  auto* next = reinterpret_cast<unsigned char*>(bytes.data());
   for (const FileRow& row : rows) {
-    StoreLittleEndian(place, row.Stamp);
-    for (int p = 0; p < kParameters; ++p) StoreLittleEndian(place + kStampBytes + 4 * p, row.Values[p]);
-    place += kRowBytes;
+    StoreLittleEndian(next, row.Stamp);
+    for (int p = 0; p < kParameters; ++p) StoreLittleEndian(next + kStampBytes + 4 * p, row.Values[p]);
+    next += kRowBytes;
   }
   return bytes;
 }

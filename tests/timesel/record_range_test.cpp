@@ -83,7 +83,7 @@ TEST_F(RecordRange, RecordsHaveTimes) {
   const Session session = Recording({100, 1'700'000'000'123'456, 300});
   EXPECT_EQ(TimeOfRecord(session, 1), 1'700'000'000'123'456.0);
   EXPECT_EQ(TimeOfRecord(session, 2), 300);
-  EXPECT_EQ(TimeOfRecord(session, -0.0009), 100) << "the place is rounded to a byte, that of record 0";
+  EXPECT_EQ(TimeOfRecord(session, -0.0009), 100) << "the offset is rounded to a byte, that of record 0";
   for (const double record : {-0.001, -0.4, -1.0, 3.0, 1e15, 1e99, -1e99, double{NAN}, double{INFINITY}})
     EXPECT_NE(Refusal([&] { TimeOfRecord(session, record); }), "") << record;
   EXPECT_EQ(Refusal([&] { TimeOfRecord(session, -0.4); }),

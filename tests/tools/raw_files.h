@@ -16,13 +16,13 @@
 namespace pallomir::testing {
 
 template <class T>
-T At(const std::string& bytes, size_t place) {
-  return LoadLittleEndian<T>(reinterpret_cast<const unsigned char*>(bytes.data()) + place);
+T At(const std::string& bytes, size_t offset) {
+  return LoadLittleEndian<T>(reinterpret_cast<const unsigned char*>(bytes.data()) + offset);
 }
 
 template <class T>
-void Set(std::string& bytes, size_t place, T value) {
-  StoreLittleEndian(reinterpret_cast<unsigned char*>(bytes.data()) + place, value);
+void Set(std::string& bytes, size_t offset, T value) {
+  StoreLittleEndian(reinterpret_cast<unsigned char*>(bytes.data()) + offset, value);
 }
 
 /// A spike record; sample s of channel c is height * (c + 1) at s = 8, -height / 2 at s = 20, otherwise 0.

@@ -65,7 +65,7 @@ TEST_F(SpikesOnViewTest, MissingWaveformsAreCountedEachTime) {
   DrawAll();
   EXPECT_EQ(spikes.Stored(), 4U);
   EXPECT_EQ(CodeAt(spikes, 30), ColourCode(1));
-  EXPECT_EQ(CodeAt(spikes, 10), 0) << "of the file that stood there before";
+  EXPECT_EQ(CodeAt(spikes, 10), 0) << "of the previous file";
 }
 
 }  // namespace

@@ -165,7 +165,7 @@ TEST(WaveformPicture, OverlaysClearsAndInverts) {
   picture.Pixels().Paint(palette, pixels.data(), stride);
   EXPECT_EQ(pixels[(200 + 200 * 8) * stride + 25], 0xABCDEFU);
   EXPECT_EQ(pixels[(200 + 200 * 8) * stride + 80], 0U);
-  EXPECT_EQ(pixels[(200 + 200 * 8) * stride + 81], 7U) << "behind the line";
+  EXPECT_EQ(pixels[(200 + 200 * 8) * stride + 81], 7U) << "beyond the end of the row";
 }
 
 TEST(WaveformPicture, ZoomsToARectangleThatIsNotTooSmall) {

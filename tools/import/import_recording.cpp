@@ -32,11 +32,11 @@ void CopyFile(const std::filesystem::path& source, OutputFile& to, ProgressBar& 
   FileReader from(source);
   std::vector<unsigned char> block(kCopySize);
   progress.Begin("bytes copied", from.Length());
-  for (uint64_t place = 0; place < from.Length(); place += block.size()) {
-    const size_t count = static_cast<size_t>(std::min<uint64_t>(block.size(), from.Length() - place));
-    from.Read(place, block.data(), count);
+  for (uint64_t offset = 0; offset < from.Length(); offset += block.size()) {
+    const size_t count = static_cast<size_t>(std::min<uint64_t>(block.size(), from.Length() - offset));
+    from.Read(offset, block.data(), count);
     to.Write(block.data(), count);
-    progress.Reached(place + count);
+    progress.Reached(offset + count);
   }
 }
 

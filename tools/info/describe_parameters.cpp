@@ -25,11 +25,11 @@ uint64_t ForEachRecord(FileReader& file, uint64_t header, size_t size, ProgressB
   std::vector<unsigned char> block(kBlockBytes / size * size);
   const uint64_t end = file.Length() - (file.Length() - header) % size;
   progress.Begin("bytes", end);
-  for (uint64_t place = header; place < end; place += block.size()) {
-    const size_t bytes = static_cast<size_t>(std::min<uint64_t>(block.size(), end - place));
-    file.Read(place, block.data(), bytes);
+  for (uint64_t offset = header; offset < end; offset += block.size()) {
+    const size_t bytes = static_cast<size_t>(std::min<uint64_t>(block.size(), end - offset));
+    file.Read(offset, block.data(), bytes);
     for (size_t at = 0; at < bytes; at += size) use(block.data() + at);
-    progress.Reached(place + bytes);
+    progress.Reached(offset + bytes);
   }
   return file.Length() - end;
 }

@@ -48,11 +48,11 @@ void StoreSpike(uint64_t stamp, uint32_t cell, const TetrodeSamples& samples, un
   StoreLittleEndian(record + kSpikeCell, cell);
   const auto features = RawFeatures(samples);
   for (int f = 0; f < 8; ++f) StoreLittleEndian(record + kSpikeFeatures + 4 * f, features[f]);
-  unsigned char* place = record + kSpikeSamples;
+  unsigned char* next = record + kSpikeSamples;
   for (const auto& sample : samples)
     for (const int16_t value : sample) {
-      StoreLittleEndian(place, value);
-      place += 2;
+      StoreLittleEndian(next, value);
+      next += 2;
     }
 }
 

@@ -17,10 +17,10 @@ constexpr double kNoiseRenewal = 0.866;  // sqrt(1 - kNoiseMemory^2)
 /// The height of a spike, with a peak of 1, `t` samples after the peak: a peak with flanks of `Rise` and `Fall`
 /// samples, then a valley.
 struct Outline {
-  double Rise, Fall, ValleyPlace, ValleyReach, ValleyDepth;
+  double Rise, Fall, ValleyTime, ValleyReach, ValleyDepth;
 
   double At(double t) const {
-    return Hill(t / (t < 0 ? Rise : Fall)) - ValleyDepth * Hill((t - ValleyPlace) / ValleyReach);
+    return Hill(t / (t < 0 ? Rise : Fall)) - ValleyDepth * Hill((t - ValleyTime) / ValleyReach);
   }
 };
 

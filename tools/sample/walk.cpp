@@ -27,11 +27,11 @@ struct Stray {
 };
 
 /// Moves one coordinate; returns true if it stops at a wall.
-bool Move(double& place, double distance) {
-  place += distance;
-  const double inside = std::clamp(place, kWall, kBoxSize - kWall);
-  const bool hit = inside != place;
-  place = inside;
+bool Move(double& coordinate, double distance) {
+  coordinate += distance;
+  const double inside = std::clamp(coordinate, kWall, kBoxSize - kWall);
+  const bool hit = inside != coordinate;
+  coordinate = inside;
   return hit;
 }
 

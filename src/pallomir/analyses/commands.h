@@ -33,7 +33,7 @@ void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string
 /// For the whole time range; needs no current cluster.
 void ShowOccupancyMap(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
-/// Computes the rate map anew.
+/// Computes the rate map again.
 void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std::string& positionName,
                          const std::string& colours);
 

@@ -10,20 +10,20 @@
 
 namespace pallomir {
 
-/// What a caller can do something about.
+/// What went wrong, for callers that can do something about it.
 enum class ErrorKind {
   Missing,     ///< a file that the command needs does not exist
-  Unreadable,  ///< a file or folder cannot be read: it is no plain file, or the system refuses
+  Unreadable,  ///< a file or folder cannot be read: it is not a regular file, or the system refuses
   Broken,      ///< a file's content is damaged, or ends early
-  Foreign,     ///< a file is of another kind than the one wanted, or has taken its place
-  NotWritten,  ///< a file or folder cannot be made, written or renamed; nothing was lost
+  Foreign,     ///< a file is of the wrong kind, or has replaced the one that was opened
+  NotWritten,  ///< a file or folder cannot be created, written or renamed; nothing was lost
   Refused,     ///< a name, number or text cannot be used
   OutOfRange,  ///< records, times or epochs that the recording, or the table of epochs, does not hold
   NotReady,    ///< there is nothing to work on yet: no points are loaded, no cluster is chosen
   NoMemory,
 };
 
-/// A place in a file: its header, or a line (from 1), record (from 0) or byte (from 0).
+/// A location in a file: its header, or a line (from 1), record (from 0) or byte (from 0).
 struct FilePlace {
   enum class Unit { Nowhere, Header, Line, Record, Byte };
   Unit In = Unit::Nowhere;

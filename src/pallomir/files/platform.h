@@ -40,7 +40,7 @@ std::filesystem::path PathIn(const std::filesystem::path& folder, std::string_vi
 /// look as they did in the text that a path was made from.
 std::string PathText(const std::filesystem::path& path);
 
-/// The name of a file without its folder, likewise.
+/// The same for the name of a file without its folder.
 std::string NameText(const std::filesystem::path& path);
 
 /// A message or path as shown to the user: a "\" within a name looks like one.

@@ -46,8 +46,8 @@ std::string EventsListing(const std::filesystem::path& path, bool filter, const 
   unsigned char first = 0;
   file.ReadUpTo(0, &first, 1);
   const int64_t start = first == '#' ? kHeaderLength : 0;
-  const double records = static_cast<double>(static_cast<int64_t>(file.Length()) - kHeaderLength) / kRecord;
-  const auto last = static_cast<int64_t>(std::nearbyint(records));
+  const double count = static_cast<double>(static_cast<int64_t>(file.Length()) - kHeaderLength) / kRecord;
+  const auto last = static_cast<int64_t>(std::nearbyint(count));
   constexpr int64_t kBlock = 4096;
   std::vector<unsigned char> bytes(static_cast<size_t>(std::clamp<int64_t>(last + 1, 0, kBlock) * kRecord));
   std::string listing;

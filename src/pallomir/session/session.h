@@ -50,7 +50,7 @@ struct Session {
   /// The loaded rows: none before the first load, then one for each record of the range. Loops over points use
   /// Points.Rows(), which follows the range.
   PointTable Points;
-  /// The loaded range, inclusive. 0 and 0 if nothing is loaded; after a range was given up one row remains.
+  /// The loaded range, inclusive. 0 and 0 if nothing is loaded; after a range was unloaded one row remains.
   int32_t LoadStartRecord = 0;
   int32_t LoadEndRecord = 0;
   /// True from start-up until the first load has ended.

@@ -34,10 +34,10 @@ void ScanStamps(FileReader& file, const Session& session, World& world, const Re
     const size_t got = file.ReadUpTo(geometry.HeaderLength + first * geometry.RecordBytes, bytes.data(),
                                      records * geometry.RecordBytes);
     for (size_t r = 0; r < records; ++r) {
-      const size_t place = r * geometry.RecordBytes;
-      if (place + kStampBytes > got)
+      const size_t offset = r * geometry.RecordBytes;
+      if (offset + kStampBytes > got)
         throw EndedEarly(file.Path(), FilePlace::AtRecord(first + static_cast<int64_t>(r)));
-      stamps[r] = TimestampFromBytes(bytes.data() + place);
+      stamps[r] = TimestampFromBytes(bytes.data() + offset);
     }
     if (visit(first, {stamps.data(), records})) return;
     pace.Reached(static_cast<double>(first) / static_cast<double>(count));

@@ -16,8 +16,8 @@ constexpr size_t kWord = sizeof(uint64_t);
 void FollowSegment(int32_t column, int32_t row, double slope, int32_t from, int32_t to, int32_t* centres) {
   constexpr double one = 0x1p32;
   const auto step = static_cast<int64_t>(slope * one);
-  int64_t place = (int64_t{row} << 32) + (int64_t{1} << 31) + step * (from - column);
-  for (int32_t c = from; c < to; ++c, place += step) centres[c] = static_cast<int32_t>(place >> 32);
+  int64_t position = (int64_t{row} << 32) + (int64_t{1} << 31) + step * (from - column);
+  for (int32_t c = from; c < to; ++c, position += step) centres[c] = static_cast<int32_t>(position >> 32);
 }
 
 /// The rows that the trace fills in each column: half-way to the rows of the neighbouring columns. Of the rows between
