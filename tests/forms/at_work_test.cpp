@@ -55,7 +55,7 @@ class AtWorkTest : public QObject {
           0, [&] { QTest::keyClick(fromProjection ? program.Surface() : program.Get("txtLower"), Qt::Key_Escape); });
       program.Click("cmdLoadPoints");
       QVERIFY(!PointsLoaded(program.Shared));
-      QCOMPARE(Status(program), "Stopped; everything is as it was before.");
+      QCOMPARE(Status(program), "Stopped; nothing was changed.");
     }
   }
 
@@ -77,8 +77,8 @@ class AtWorkTest : public QObject {
       QCOMPARE(PointsLoaded(program.Shared), !again);
       QCOMPARE(program.Shared.Points.Rows(), size_t(again ? 0 : 300000));
       QCOMPARE(PointsInCluster(program.Shared, 1), again ? 0 : members);
-      QCOMPARE(Status(program), again ? "Stopped; no points are loaded now, and the boundaries are as they were."
-                                      : "Stopped; everything is as it was before.");
+      QCOMPARE(Status(program), again ? "Stopped; no points are loaded now. The boundaries are unchanged."
+                                      : "Stopped; nothing was changed.");
       if (again) QVERIFY(program.Messages().contains("could not be read again (this was stopped as well)"));
       program.Click("cmdLoadPoints");
       QCOMPARE(PointsInCluster(program.Shared, 1), members);
@@ -180,7 +180,7 @@ class AtWorkTest : public QObject {
     QVERIFY(!Status(program).contains("span"));
     program.Type("txtEndTime", "1500000");
     program.Click("cmdLoadPoints");
-    QVERIFY(Status(program).contains("do not span"));
+    QVERIFY(Status(program).contains("do not cover"));
     // An epoch with records that an earlier search found for other times.
     auto* epochs = program.Get<QComboBox>("cboEpochs");
     epochs->addItem("run: 1600000 1700000");
@@ -203,11 +203,11 @@ class AtWorkTest : public QObject {
     QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
     program.Click("cmdAutoCorr");
     QVERIFY(program.Shared.TemporaryMode);
-    QVERIFY(Status(program).startsWith("Stopped; cl-tmp and ttmp may be new."));
+    QVERIFY(Status(program).startsWith("Stopped; cl-tmp and ttmp may have been replaced."));
     // A command that was stopped later leaves no more than this.
     QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
     program.Click("cmdLoadPoints");
-    QCOMPARE(Status(program), "Stopped; everything is as it was before.");
+    QCOMPARE(Status(program), "Stopped; nothing was changed.");
   }
 
   void ACopySaysWhatItDid() {
@@ -226,7 +226,7 @@ class AtWorkTest : public QObject {
     for (const char* text : {"", "0", "31", "abc"}) {
       program.Type("txtCopyCluster", text);
       program.Click("cmdCopyCluster");
-      QVERIFY(Status(program).startsWith("Nothing was done"));
+      QVERIFY(Status(program).startsWith("Nothing was copied"));
     }
     QTest::mousePress(program.Surface(), Qt::LeftButton, {}, program.At(600, 50));
     QCOMPARE(program.Shared.Clusters[7].Boundaries[0].VertexCount, 2);
@@ -241,7 +241,8 @@ class AtWorkTest : public QObject {
     };
     QCOMPARE(copy(7, "0.6"), "Cluster 7 was copied to cluster 1.");
     QCOMPARE(copy(20, "21"), "Cluster 20 has no boundary to copy.");
-    QCOMPARE(copy(20, "4"), "Cluster 4 was deleted: cluster 20 is empty. Undo brings it back, Redraw shows it gone.");
+    QCOMPARE(copy(20, "4"),
+             "Cluster 4 was deleted: cluster 20 is empty. Undo restores it; Redraw removes it from the picture.");
     QVERIFY(program.Shared.Clusters[4].BoundaryCount == 0 && program.Pixels(yellow) == drawn);
     QVERIFY(copy(7, "7").startsWith("Cluster 7 was deleted: it was copied onto itself."));
     QCOMPARE(program.Shared.Clusters[7].BoundaryCount, int16_t{0});

@@ -182,7 +182,7 @@ class EpochFormsTest : public QObject {
     QVERIFY(written.open(QIODevice::ReadOnly));
     const QByteArray lines = written.readAll();
     QVERIFY(lines.contains("\r\n9999999\r\n100,100,0,") && lines.count("\r\n100,") == 1 && !lines.contains("\r\n101,"));
-    QVERIFY(Status(program).contains("one spike was written"));
+    QVERIFY(Status(program).contains("only its first spike was written"));
     // All commands that look at points are refused.
     program.Click("cmdShowWaveforms");
     Box<QPushButton>(program.Get("Waveforms"), "cmdForward")->click();

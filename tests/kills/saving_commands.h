@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ struct SavingCommand {
   std::function<void(const std::string& folder, int version)> Run;
   /// Files of an earlier version exist when it is run; otherwise the folder is new.
   bool OverEarlier = true;
+
+  /// Keeps test lists readable.
+  friend void PrintTo(const SavingCommand& command, std::ostream* out) { *out << command.Name; }
 };
 
 std::vector<SavingCommand> SavingCommands();

@@ -138,8 +138,9 @@ TEST_F(SecondImport, NeverWritesOverALinkAFolderOrASource) {
   }
   EXPECT_EQ(ReadText(outside), "not ours");
   first.Spikes = folder / "out/TT1/TT1.Ntt";
-  EXPECT_EQ(Failure(first), first.Spikes + " is " + first.Spikes + " itself, which would be overwritten;" + nothing +
-                                " Name another folder.");
+  const std::string spikes = first.Spikes.string();
+  EXPECT_EQ(Failure(first),
+            spikes + " is " + spikes + " itself, which would be overwritten;" + nothing + " Name another folder.");
   EXPECT_EQ(ReadText(first.Spikes), ReadText(tetrode1));
 }
 

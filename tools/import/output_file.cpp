@@ -97,7 +97,8 @@ void RefuseOddTarget(const std::filesystem::path& path, std::span<const std::fil
   if (!std::filesystem::is_regular_file(status)) refuse("is not a regular file; nothing was written");
   for (const std::filesystem::path& source : sources)
     if (std::filesystem::equivalent(path, source, error) && !error)
-      refuse("is " + PathText(source) + " itself, which would be overwritten; nothing was written. Name another folder");
+      refuse("is " + PathText(source) +
+             " itself, which would be overwritten; nothing was written. Name another folder");
 }
 
 OutputFile::OutputFile(std::filesystem::path path, std::string header)

@@ -13,8 +13,9 @@ namespace {
 
 constexpr const char* kColour = "Color";
 constexpr const char* kAnalysisStopped =
-    "Stopped; cl-tmp and ttmp may be new. Let an analysis run to its end, or Write ClustFile writes only these.";
-constexpr const char* kTimesMissing = "Enter in both record boxes fills in their times.";
+    "Stopped; cl-tmp and ttmp may have been replaced. Until an analysis runs to its end, Write ClustFile writes only "
+    "these.";
+constexpr const char* kTimesMissing = "Press Enter in both record boxes to fill in their times.";
 
 std::string TagOf(const QWidget* button) {
   return button->property("Tag").toString().toStdString();
@@ -140,9 +141,9 @@ QString AnalysesPanel::MissingFileAdvice() const {
   if (!bench_.NextStep().isEmpty()) return {};
   if (!bench_.TimesTyped()) return kTimesMissing;
   if (!FileUtility::FileExists(PathIn(session_.DataDirectory, "..\\" + PositionName())))
-    return "\"Position file\" names a file of the folder above the data; pallomir-cli import makes it.";
+    return "\"Position file\" names a file in the folder above the data; pallomir-cli import creates it.";
   if (!FileUtility::FileExists(SpikeFilePath(session_.File.Path)))
-    return "The report needs the raw spike file beside the parameter file.";
+    return "The report needs the raw spike file in the folder of the parameter file.";
   return {};
 }
 

@@ -30,10 +30,11 @@ void AxesPanel::MakeControls() {
   lstX_Axis = MakeList("lstX_Axis", "X axis",
                        "Horizontal axis. A choice here takes effect with the next click or key in the Y list.");
   lstY_Axis = MakeList("lstY_Axis", "Y axis", "Vertical axis. A click or key here shows the two chosen parameters.");
-  cmdScaleUp = MakeButton("cmdScaleUp", "Scale &Up", "Zoom in: both axes shrink to three fifths about their centres.");
+  cmdScaleUp = MakeButton("cmdScaleUp", "Scale &Up", "Zoom in: narrow both axes to three fifths about their centres.");
   cmdScaleDown =
-      MakeButton("cmdScaleDown", "Scale &Down", "Zoom out: both axes grow to seven fifths about their centres.");
-  cmdScaleDefaults = MakeButton("cmdScaleDefaults", "Defaul&ts", "Both axes to the range of the first loaded data.");
+      MakeButton("cmdScaleDown", "Scale &Down", "Zoom out: widen both axes to seven fifths about their centres.");
+  cmdScaleDefaults =
+      MakeButton("cmdScaleDefaults", "Defaul&ts", "Set both axes to the range of the data loaded first.");
   cmdRestoreAxes = MakeButton("cmdRestoreAxes", "Axis Scale",
                               "Restores axis scales for ALL parameters from File.  Right click to save Current Axes.");
   txtLower = MakeTextBox("txtLower", "Lower end of an axis", "Lower end for Set X and Set Y.", 5);
@@ -42,10 +43,10 @@ void AxesPanel::MakeControls() {
   txtUpper->setPlaceholderText("upper");
   cmdscaleXaxis =
       MakeButton("cmdscaleXaxis", "Set X",
-                 "Give the X axis these two ends, from the next redraw on. Right click for all parameters.");
+                 "Set the X axis to these two ends, from the next redraw on. Right click for all parameters.");
   cmdscaleYaxis =
       MakeButton("cmdscaleYaxis", "Set Y",
-                 "Give the Y axis these two ends, from the next redraw on. Right click for all parameters.");
+                 "Set the Y axis to these two ends, from the next redraw on. Right click for all parameters.");
 }
 
 void AxesPanel::MakeMenus() {
@@ -154,7 +155,7 @@ void AxesPanel::ShowPendingAxis() {
   const auto* chosen = lstX_Axis->currentItem();
   bench_.Say(!chosen || lstX_Axis->currentRow() == session_.XParameter
                  ? QString()
-                 : QString("%1 comes on view with the next click or key in the Y list.").arg(chosen->text()));
+                 : QString("%1 will be shown with the next click or key in the Y list.").arg(chosen->text()));
 }
 
 void AxesPanel::cmdScaleUp_Click() {
@@ -179,7 +180,7 @@ TypedRange AxesPanel::Typed() const {
 void AxesPanel::SetTypedAxis(int parameter) {
   const TypedRange range = Typed();
   SetAxis(session_, parameter, range);
-  bench_.Say(range.Lower || range.Upper ? "The new range shows at the next redraw."
+  bench_.Say(range.Lower || range.Upper ? "The new range takes effect at the next redraw."
                                         : "Type the lower or the upper end first.");
 }
 

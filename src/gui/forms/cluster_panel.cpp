@@ -52,8 +52,8 @@ QFrame* ClusterPanel::MakePage(const QString& name, int firstCluster) {
   grid->setVerticalSpacing(1);
   grid->setRowMinimumHeight(0, fontMetrics().height() + 4);
   grid->addWidget(ColumnHeading("Hide", "Do not draw the cluster"), 0, 1);
-  grid->addWidget(ColumnHeading("As 0", "Draw the cluster as unclustered points are drawn"), 0, 2);
-  grid->addWidget(ColumnHeading("Others", "Draw all other clusters as unclustered points are drawn"), 0, 3);
+  grid->addWidget(ColumnHeading("As 0", "Draw the cluster like unclustered points"), 0, 2);
+  grid->addWidget(ColumnHeading("Others", "Draw all other clusters like unclustered points"), 0, 3);
   for (int line = 1; line <= 15; ++line) {
     MakeRow(grid, line, firstCluster + line - 1);
     grid->setRowMinimumHeight(line, fontMetrics().height());
@@ -73,8 +73,8 @@ void ClusterPanel::MakeRow(QGridLayout* grid, int line, int c) {
     return Named(new QCheckBox, Indexed(name, c), cluster + ": " + what, cluster + ": " + what);
   };
   chkDisableClusterDisplay[c] = box("chkDisableClusterDisplay", "do not draw it");
-  chkDisplayClusterAsZero[c] = box("chkDisplayClusterAsZero", "draw it as unclustered points");
-  chkDisplayOtherClustersAsZero[c] = box("chkDisplayOtherClustersAsZero", "draw all others as unclustered points");
+  chkDisplayClusterAsZero[c] = box("chkDisplayClusterAsZero", "draw it like unclustered points");
+  chkDisplayOtherClustersAsZero[c] = box("chkDisplayOtherClustersAsZero", "draw all others like unclustered points");
   grid->addWidget(lblNewCluster[c], line, 0);
   grid->addWidget(lblChooseCluster[c], line, 0);
   grid->addWidget(chkDisableClusterDisplay[c], line, 1, Qt::AlignCenter);

@@ -32,12 +32,13 @@ bool CutKeeper::EnterFolder() {
   folder_ = FolderLock(session_.DataDirectory);
   if (folder_.Taken()) {
     const std::string holder = "Another program is at work in this folder: " + folder_.Holder() + ".";
-    if (!bench_.Agrees(FromText(holder + "\n\nOpen " + PathText(session_.DataDirectory) +
-                                " all the same? Nothing would be saved there of its own accord then, neither "
-                                "when you leave nor in between; what you write yourself would be.")))
+    if (!bench_.Agrees(FromText(
+            holder + "\n\nOpen " + PathText(session_.DataDirectory) +
+            " anyway? Nothing would then be saved there automatically, neither on exit nor in between; files that "
+            "you write yourself would be.")))
       return false;
     bench_.AppendMessage(holder +
-                         " No autosave, exit copy or axis scales are written here; what you write yourself is.");
+                         " No autosave, exit copy or axis scales are written here; files that you write yourself are.");
   }
   RemoveLeftovers(session_.DataDirectory);
   RemoveLeftovers(session_.DataDirectory / "..");
@@ -57,8 +58,9 @@ void CutKeeper::Start() {
 
 void CutKeeper::TellNewestCut() {
   if (const std::vector<std::string> kept = KeptCuts(session_); !kept.empty())
-    bench_.AppendMessage("Exit copies and autosaves that were never read are kept here: " +
-                         std::to_string(kept.size()) + ", the last as " + kept.back() + "; delete what is not needed");
+    bench_.AppendMessage(
+        "Exit copies and autosaves that were never read are kept here: " + std::to_string(kept.size()) +
+        ", the last as " + kept.back() + "; delete those you no longer need");
   const std::string& named = bench_.Names.CBFileRead;
   const auto newest = NewerCutThan(session_, named);
   if (!newest) return;

@@ -36,8 +36,7 @@ void DisplayPanel::MakeControls() {
   cmdRandomY->setAccessibleName("Spread points along Y");
   cmdRandomX->setCheckable(true);
   cmdRandomY->setCheckable(true);
-  cmdRedraw =
-      MakeButton("cmdRedraw", "&Redraw", "Draw the points afresh. Right click to watch them appear one at a time.");
+  cmdRedraw = MakeButton("cmdRedraw", "&Redraw", "Redraw the points. Right click to watch them appear one at a time.");
   cmdClear = MakeButton("cmdClear", "&Clear", "Clear the picture");
   chkDownsample = MakeCheckBox("chkDownsample", "Downsa&mple", "Draw only a random part of the points");
   txtDownsampleFraction = MakeTextBox("txtDownsampleFraction", "Part of the points to draw",
@@ -45,10 +44,10 @@ void DisplayPanel::MakeControls() {
   txtDelay = MakeTextBox("txtDelay", "Draw Speed",
                          "Change the rate at which the display is drawn.  A higher number indicates a faster speed.", 6,
                          "250000");
-  chkWhiteBackground = MakeCheckBox("chkWhiteBackground", "&White", "White background, for print");
+  chkWhiteBackground = MakeCheckBox("chkWhiteBackground", "&White", "White background, for printing");
   chkAxesOff = MakeCheckBox("chkAxesOff", "Axes off", "Draw no axes");
   chkDrawClustBounds =
-      MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries that were made in this projection");
+      MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries made in this projection");
   chkDrawClustBounds->setChecked(true);
 }
 
@@ -100,7 +99,7 @@ void DisplayPanel::SetOptions() {
   options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
   if (chkDownsample->isChecked()) {
     options.DownsampleFraction = SingleIn(txtDownsampleFraction);
-    if (!options.DownsampleFraction) options.CountNote = ": the part to downsample to is not a number";
+    if (!options.DownsampleFraction) options.CountNote = ": the part of the points to draw is not a number";
   }
   projections_.SetOptions(options);
 }

@@ -15,7 +15,9 @@ QString CopySentence(int source, const CopyOutcome& outcome) {
   if (!outcome.Deleted) return QString("Cluster %1 has no boundary to copy.").arg(source);
   const QString why =
       source == outcome.Target ? "it was copied onto itself" : QString("cluster %1 is empty").arg(source);
-  return QString("Cluster %1 was deleted: %2. Undo brings it back, Redraw shows it gone.").arg(outcome.Target).arg(why);
+  return QString("Cluster %1 was deleted: %2. Undo restores it; Redraw removes it from the picture.")
+      .arg(outcome.Target)
+      .arg(why);
 }
 
 }  // namespace
@@ -80,7 +82,7 @@ void EditPanel::Connect() {
 void EditPanel::TakeBackPolygon() {
   bench_.ChangeCut([this](const Progress& progress) { projections_.TakeBackPolygon(progress); });
   ShowCut();
-  bench_.Say("The open polygon was taken back.");
+  bench_.Say("The open polygon was cancelled.");
 }
 
 void EditPanel::ShowCut() {
@@ -93,7 +95,7 @@ void EditPanel::cmdUndo_Click() {
   const bool change = session_.Undo.Clusters != session_.Clusters;
   bench_.ChangeCut([this](const Progress& progress) { UndoLastChange(session_, progress); });
   ShowCut();
-  bench_.Say(change ? "Undone; Undo again leads back." : "There was nothing to undo.");
+  bench_.Say(change ? "Undone; press Undo again to redo." : "There was nothing to undo.");
 }
 
 void EditPanel::cmdCopyCluster_Click() {
@@ -103,7 +105,7 @@ void EditPanel::cmdCopyCluster_Click() {
   bench_.ChangeCut(
       [&](const Progress& progress) { outcome = CopyCluster(session_, NumberIn(txtCopyCluster), progress); });
   if (outcome.Target == 0) {
-    bench_.Say("Nothing was done: type the number of a cluster, 1 to 30, beside the button.");
+    bench_.Say("Nothing was copied: type the number of a cluster, 1 to 30, beside the button.");
     return;
   }
   projections_.GiveUpPolygon();
@@ -121,14 +123,14 @@ void EditPanel::cmdDeleteCluster_Click() {
   const bool empty = session_.Clusters[c].BoundaryCount == 0;
   bench_.ChangeCut([this](const Progress& progress) { DeleteCurrentCluster(session_, progress); });
   ShowCut();
-  bench_.Say(QString(empty ? "Cluster %1 had no boundary." : "Cluster %1 was deleted. Undo brings it back.").arg(c));
+  bench_.Say(QString(empty ? "Cluster %1 had no boundary." : "Cluster %1 was deleted. Undo restores it.").arg(c));
 }
 
 void EditPanel::cmdDeleteAllClusters_Click() {
   const bool any = std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) > 0;
   DeleteEveryCluster(session_);
   // Say so even if nothing is loaded and the image cannot be redrawn.
-  const QString told = any ? "All clusters were deleted. Undo brings them back." : "There was no cluster to delete.";
+  const QString told = any ? "All clusters were deleted. Undo restores them." : "There was no cluster to delete.";
   bench_.AdviseOnFailure(told);
   ShowCut();
   bench_.Say(told);
@@ -140,7 +142,7 @@ void EditPanel::cmdDeleteClusterBounds_Click() {
   bench_.ChangeCut([this](const Progress& progress) { DeleteClusterBounds(session_, progress); });
   ShowCut();
   bench_.Say(session_.Clusters[c].BoundaryCount < before
-                 ? "The boundary was deleted. Undo brings it back."
+                 ? "The boundary was deleted. Undo restores it."
                  : QString("Cluster %1 has no boundary on this projection.").arg(c));
 }
 

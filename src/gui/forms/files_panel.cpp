@@ -57,7 +57,7 @@ void FilesPanel::MakeControls() {
       MakeTextBox("txtClustFile", "Cluster files to write",
                   "Name of the cluster files; each one's number is added. Enter writes them.", 9, "cl-maze1");
   cmdSaveDefaults = MakeButton("cmdSaveDefaults", "Save Defaults", "Keep the file names and epochs for the next start");
-  cmdExit = MakeButton("cmdExit", "Exit", "Leave Pallomir");
+  cmdExit = MakeButton("cmdExit", "Exit", "Exit Pallomir");
 }
 
 void FilesPanel::LayOut() {
@@ -108,7 +108,7 @@ void FilesPanel::cmdWriteCBFile_Click() {
   AskBeforeWriting({path}, txtCBFileWrite);
   keeper_.Write(path);
   if (std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0)
-    bench_.Say("No cluster has a boundary, and none was written. The earlier file stands beside it as .bak.");
+    bench_.Say("No cluster has a boundary, so none was written. The earlier file is kept as .bak.");
 }
 
 void FilesPanel::AskBeforeWriting(const std::vector<std::filesystem::path>& paths, const QLineEdit* box) {
@@ -116,7 +116,7 @@ void FilesPanel::AskBeforeWriting(const std::vector<std::filesystem::path>& path
   for (const std::filesystem::path& path : paths) {
     const QString outside = FromText(PathText(PlaceOutside(session_.DataDirectory, path)));
     if (brought == fromDefaults_.end() || brought->second != box->text() || outside.isEmpty()) continue;
-    bench_.Ask("The file Defaults names a place outside of the data folder:\n\n" + outside + "\n\nWrite there?");
+    bench_.Ask("The file Defaults names a file outside the data folder:\n\n" + outside + "\n\nWrite there?");
     fromDefaults_.erase(brought);
     break;
   }
@@ -166,7 +166,7 @@ void FilesPanel::ShowRead(const std::function<bool(const Progress&)>& read) {
     emit bench_.CutChanged();
   });
   bench_.AdviseOnFailure(
-      "Clusters with a boundary from that file are not applied to the points yet. Undo brings the earlier cut back.");
+      "The boundaries from that file are not applied to the points yet. Undo restores the earlier cut.");
   bool understood = false;
   try {
     UnderErrorTitle([&] { bench_.ChangeCut([&](const Progress& progress) { understood = read(progress); }); });
@@ -180,19 +180,18 @@ void FilesPanel::ShowRead(const std::function<bool(const Progress&)>& read) {
     bench_.Say(QString("Read; clusters with boundaries now: %1.").arg(clusters));
     return;
   }
-  bench_.Say("There is no boundaries file of that name to read; the clusters were deleted. Undo brings them back.");
+  bench_.Say("There is no boundaries file of that name to read; the clusters were deleted. Undo restores them.");
 }
 
 void FilesPanel::cmdWriteClustFile_Click() {
-  if (!bench_.TimesTyped()) bench_.AdviseOnFailure("Enter in both record boxes fills in their times.");
+  if (!bench_.TimesTyped()) bench_.AdviseOnFailure("Press Enter in both record boxes to fill in their times.");
   if (!session_.TemporaryMode)
     AskBeforeWriting(ClusterFilePaths(session_, bench_.ClusterTexts().ClustFile), txtClustFile);
   bench_.Work([&] { WriteClusterFiles(session_, bench_, bench_.ClusterTexts()); });
   if (!PointsLoaded(session_))
-    bench_.Say(QString(session_.Points.Rows() == 0
-                           ? "No points are loaded, and no spikes were written."
-                           : "The range was given up: one spike was written, the first one of it.") +
-               " Earlier files of clusters are kept as OLD; that of the unclassified spikes was replaced.");
+    bench_.Say(QString(session_.Points.Rows() == 0 ? "No points are loaded, and no spikes were written."
+                                                   : "The range was unloaded: only its first spike was written.") +
+               " Earlier cluster files are kept as OLD; the file of unclassified spikes was replaced.");
   if (session_.TemporaryMode)
     bench_.Say("Only the files of the analyses were written: one ended early. Let one run to its end first.");
 }
@@ -217,7 +216,7 @@ void FilesPanel::cmdSaveDefaults_Click() {
   if (path.isEmpty()) return;
   const std::filesystem::path native = PathOf(path);
   if (FileUtility::FileExists(native) && !IsDefaultsFile(native))
-    bench_.Ask(FromText(PathText(native)) + " is not a Defaults file.\n\nReplace it all the same?");
+    bench_.Ask(FromText(PathText(native)) + " is not a Defaults file.\n\nReplace it anyway?");
   bench_.AskBeforeReplacing({native});
   UnderErrorTitle([&] { WriteDefaults(session_, bench_.Names, native); }, ErrorKind::Refused);
 }

@@ -127,15 +127,15 @@ bool Main_Form::SaveOnExit() {
     return std::count(session_.ClusterDefined.begin(), session_.ClusterDefined.end(), true) == 0 ||
            bench_.Agrees(FromText("The folder belongs to another program (" + keeper_.FolderHolder() +
                                   "), so no exit copy of your cut is written. Write CBFile saves it under a "
-                                  "name of its own.\n\nLeave now?"));
+                                  "name of its own.\n\nExit now?"));
   try {
     files_->WriteExitCopy();
     axes_->mnuWriteAxesScaleFile_Click();
   } catch (const Interrupted&) {
-    return bench_.Agrees("Not everything was saved.\n\nLeave all the same?");
+    return bench_.Agrees("Not everything was saved.\n\nExit anyway?");
   } catch (const std::exception& error) {
     // Do not lose anything without the user's consent.
-    return bench_.Agrees(QString::fromStdString(SentenceOf(error)) + "\n\nLeave all the same?");
+    return bench_.Agrees(QString::fromStdString(SentenceOf(error)) + "\n\nExit anyway?");
   }
   return true;
 }

@@ -37,7 +37,7 @@ void Main_Form::LayOut() {
   tabs->addTab(files_, "&Files");
   tabs->addTab(analyses_, "&Analyse");
   tabs->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
-  txtMessages_ = Named(new QPlainTextEdit, "txtMessages", "Messages", "What was done, newest last");
+  txtMessages_ = Named(new QPlainTextEdit, "txtMessages", "Messages", "Messages, newest last");
   txtMessages_->setReadOnly(true);
   txtMessages_->setTabChangesFocus(true);
   txtMessages_->setPlaceholderText("Messages");

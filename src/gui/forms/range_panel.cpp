@@ -12,7 +12,7 @@ namespace pallomir {
 namespace {
 
 constexpr const char* kDataDirectory =
-    "The folder of the parameter file. All files of the run lie here or one folder up.";
+    "The folder of the parameter file. All files of the session are here or one folder up.";
 constexpr const char* kLookUpRecord = "Double-click, or press Enter, to look up the time of this record.";
 constexpr const char* kSnapTime = "Double-click, or press Enter, to move to the nearest spike inside the range.";
 
@@ -72,8 +72,7 @@ void RangePanel::MakeLoading() {
   cmdLoadPoints =
       MakeButton("cmdLoadPoints", "&Load Points", "Load the spikes from the start record to the end record.");
   cmdLoadPoints->setProperty("primary", true);
-  ProgressBar1 =
-      Named(new QProgressBar, "ProgressBar1", "Loading progress", "How far the loading has come. Esc stops it.");
+  ProgressBar1 = Named(new QProgressBar, "ProgressBar1", "Loading progress", "Progress of loading. Esc stops it.");
   ProgressBar1->setRange(0, 32767);
   ProgressBar1->setTextVisible(false);
   auto keepPlace = ProgressBar1->sizePolicy();
@@ -167,7 +166,8 @@ void RangePanel::ShowWholeRecording() {
 
 void RangePanel::cmdLoadPoints_Click() {
   if (txtStartEvent->text().isEmpty() && txtEndEvent->text().isEmpty())
-    bench_.AdviseOnFailure("Type Start and End into the record boxes, Enter after each: that is the whole recording.");
+    bench_.AdviseOnFailure(
+        "For the whole recording, type Start and End into the record boxes, pressing Enter after each.");
   const int32_t start = RecordIn(txtStartEvent, session_.LoadStartRecord);
   const int32_t end = RecordIn(txtEndEvent, session_.LoadEndRecord);
   session_.MultipleEpochs = false;
@@ -193,14 +193,14 @@ void RangePanel::LoadRange(int32_t start, int32_t end) {
                            .arg(FromText(Grouped(static_cast<int64_t>(session_.Points.Rows()))))
                            .arg(static_cast<double>(clock.elapsed()) / 1000, 0, 'f', 2);
   bench_.Say(bench_.TimesSpanLoaded() ? told
-                                      : told + " The times beside do not span them: Enter in both record boxes.");
+                                      : told + " The times do not cover them: press Enter in both record boxes.");
 }
 
 void RangePanel::ShowNoPoints() {
   projections_.Clear();
   projections_.ShowHint();
   emit bench_.CutChanged();
-  bench_.SayIfStopped("Stopped; no points are loaded now, and the boundaries are as they were.");
+  bench_.SayIfStopped("Stopped; no points are loaded now. The boundaries are unchanged.");
 }
 
 void RangePanel::txtStartTime_DblClick() {

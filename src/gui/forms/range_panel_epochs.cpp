@@ -35,7 +35,7 @@ void RangePanel::cboEpochs_Click() {
   const std::string text = cboEpochs->currentText().toStdString();
   if (item < 0 || text.size() < kShortestItem) return;
   if (item >= static_cast<int>(kEpochs)) {
-    bench_.Say(QString("Epoch %1 has no records: there is room for 30.").arg(item));
+    bench_.Say(QString("Epoch %1 has no records: there is only room for 30.").arg(item));
     return;
   }
   const Epoch epoch = EpochOfItem(text);
@@ -48,11 +48,11 @@ void RangePanel::cboEpochs_Click() {
 
 QString RangePanel::AboutRecords(int32_t first, int32_t last) const {
   if (first == 0 && last == 0)
-    return "The records of this epoch are not known yet: Define Epochs, Get Event IDs finds them.";
+    return "The records of this epoch are not known yet: use Define Epochs, Get Event IDs to find them.";
   try {
     const auto start = TimeOfRecord(session_, first), end = TimeOfRecord(session_, last);
     if (start < NumberIn(txtStartTime) || end > NumberIn(txtEndTime))
-      return "These records are those of an earlier search: Define Epochs, Get Event IDs finds the epoch's own.";
+      return "These records are from an earlier search: use Define Epochs, Get Event IDs to find this epoch's own.";
   } catch (const CommandError& error) {
     // Choosing an epoch does not load it yet, so show no message box.
     return FromText(error.what());
@@ -86,7 +86,7 @@ void RangePanel::mnuLoadMultipleEpochs_Click() {
     bench_.On(multipleEpochs_.data(), &LoadMultipleEpochsForm::Load, [this] { cmdLoad_Click(); });
     connect(multipleEpochs_, &LoadMultipleEpochsForm::SelectionChanged, this, [this] {
       SetRecordRanges();
-      if (session_.MultipleEpochs) bench_.Say("The choice of epochs shows at the next redraw.");
+      if (session_.MultipleEpochs) bench_.Say("The choice of epochs takes effect at the next redraw.");
     });
     connect(multipleEpochs_, &QDialog::finished, this, &RangePanel::frmLoadMultipleEpochs_Unload);
     connect(new QShortcut(Qt::Key_Escape, multipleEpochs_), &QShortcut::activated, multipleEpochs_, &QWidget::close);
@@ -113,7 +113,7 @@ void RangePanel::cmdLoad_Click() {
   }
   if (session_.Points.Column(kRecordSlot)[0] != static_cast<float>(session_.LoadStartRecord))
     bench_.AppendMessage(
-        "This parameter file does not carry the spikes' record numbers: tick \"Display Points in between "
+        "This parameter file does not contain the spikes' record numbers: tick \"Display Points in between "
         "epochs\" and redraw to see points.");
 }
 
@@ -125,7 +125,7 @@ void RangePanel::frmLoadMultipleEpochs_Unload() {
   SetRecordRanges();
   cmdLoadPoints->setEnabled(true);
   projections_.ShowHint();
-  bench_.Say("Type Start and End into the record boxes, Enter after each: that is the whole recording again.");
+  bench_.Say("To load the whole recording again, type Start and End into the record boxes, pressing Enter after each.");
 }
 
 void RangePanel::SetRecordRanges() {

@@ -42,7 +42,7 @@ void Workbench::Run(const std::function<void()>& handler) {
   }
   Say({});
   advice_.clear();
-  stopped_ = "Stopped; everything is as it was before.";
+  stopped_ = "Stopped; nothing was changed.";
   try {
     if (!RunCommand(*this, handler)) Say(advice_.isEmpty() ? NextStep() : advice_);
   } catch (const ProgramEnd& end) {
@@ -76,7 +76,7 @@ void Workbench::ChangeCut(const std::function<void(const Progress&)>& change) {
 }
 
 QString Workbench::NextStep() const {
-  if (!PointsLoaded(session_)) return "Load Points loads the range above; then a cluster is chosen by its number.";
+  if (!PointsLoaded(session_)) return "Press Load Points to load the range above, then choose a cluster by its number.";
   if (session_.CurrentCluster == 0) return "Choose a cluster: click its number, or type it.";
   return {};
 }
@@ -95,7 +95,7 @@ void Workbench::AskBeforeReplacing(const std::vector<std::filesystem::path>& pat
   QStringList shut;
   for (const std::filesystem::path& path : paths)
     if (IsWriteProtected(path)) shut << FromText(PathText(path));
-  if (!shut.isEmpty()) Ask("Write-protected:\n\n" + shut.join('\n') + "\n\nReplace all the same?");
+  if (!shut.isEmpty()) Ask("Write-protected:\n\n" + shut.join('\n') + "\n\nReplace anyway?");
 }
 
 void Workbench::NameTetrode(QWidget* window) const {

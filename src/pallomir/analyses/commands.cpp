@@ -48,16 +48,23 @@ void PlotTrain(Session& session, const AnalysisTools& tools, PlotOperation plot,
   End(session, tools, done);
 }
 
+/// Computes the rate map of the current cluster into the file `map`; returns what shows it.
+std::unique_ptr<MapEngine> MakeRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
+                                       const std::filesystem::path& map) {
+  const std::filesystem::path positions = PositionFile(session, positionName);
+  auto engine = tools.Parts.MakeMapEngine();
+  engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
+  return engine;
+}
+
 }  // namespace
 
 void ShowRateMap(Session& session, const AnalysisTools& tools, const std::string& positionName,
                  const std::string& colours) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::filesystem::path positions = PositionFile(session, positionName);
   const std::filesystem::path map = PathIn(session.DataDirectory, "tmp.rmap");
-  const auto engine = tools.Parts.MakeMapEngine();
-  engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
+  const auto engine = MakeRateMap(session, tools, positionName, map);
   engine->ShowMap(map, "Single", colours, Title(session));
   End(session, tools, "Done Rate Map");
 }
@@ -76,10 +83,8 @@ void ShowSpatialAutoCorr(Session& session, const AnalysisTools& tools, const std
                          const std::string& colours) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
-  const std::filesystem::path positions = PositionFile(session, positionName);
   const std::filesystem::path map = PathIn(session.DataDirectory, "tmp.rmap");
-  const auto engine = tools.Parts.MakeMapEngine();
-  engine->ComputeRateMap(TemporaryClusterFilePath(session), TemporaryTimeFilePath(session), positions, map);
+  const auto engine = MakeRateMap(session, tools, positionName, map);
   engine->ComputeSpatialAutoCorr(map);
   engine->ShowMap(FileUtility::RemoveExtension(map) += ".2DAcorr", "2DCorr", colours, Title(session));
   End(session, tools, "Done 2DAutoCorr");

@@ -118,7 +118,7 @@ Position MiddleOfTrackedArea(std::span<const double> x, std::span<const double> 
 }
 
 PositionSeries PositionsOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const Position& centre) {
+                                 const Position& centre) {
   PositionSeries series;
   for (const int64_t sample : samples) {
     series.X.push_back(sample < 0 ? kNotKnown : x[sample]);

@@ -46,6 +46,6 @@ struct PositionSeries {
 
 /// `samples` has the sample index of each spike, or -1; (x, y) are the positions of the samples.
 PositionSeries PositionsOfSpikes(std::span<const int64_t> samples, std::span<const double> x, std::span<const double> y,
-                           const Position& centre);
+                                 const Position& centre);
 
 }  // namespace pallomir
