@@ -34,7 +34,7 @@ fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
 }  // namespace
 
 fs::path PathOf(const QString& chosen) {
-  const fs::path named(chosen.toStdU16String());
+  fs::path named(chosen.toStdU16String());
   if (!chosen.contains(QChar::ReplacementCharacter)) return named;
   fs::path path;
   for (const fs::path& part : named) path = Exists(path / part) ? path / part : EntryCalled(path, part);

@@ -50,15 +50,13 @@ class Workbench : public QObject, public World {
   void Run(const std::function<void()>& handler);
 
   /// Runs `handler` as a command whenever `sender` emits `signal`; it may take the signal's values.
-  template <class Sender, class Signal, class Handler>
-  void On(const Sender* sender, Signal signal, Handler handler) {
-    connect(sender, signal, this, [this, handler](auto... values) -> void {
-      Run([&] {
-        if constexpr (std::is_invocable_v<Handler, decltype(values)...>)
-          handler(values...);
-        else
-          handler();
-      });
+  template <class Sender, class... Values, class Handler>
+  void On(const QObject* sender, void (Sender::*signal)(Values...), Handler handler) {
+    connect(static_cast<const Sender*>(sender), signal, this, [this, handler](Values... values) {
+      if constexpr (std::is_invocable_v<const Handler&, Values...>)
+        Run([&] { handler(values...); });
+      else
+        Run([&] { handler(); });
     });
   }
   template <class Panel>
