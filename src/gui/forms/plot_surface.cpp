@@ -38,8 +38,8 @@ void PlotSurface::SetNotice(const QString& heading, const QStringList& lines) {
   update();
 }
 
-void PlotSurface::SetPolygon(std::optional<ShownPolygon> polygon) {
-  polygon_ = std::move(polygon);
+void PlotSurface::SetPolygon(const std::optional<ShownPolygon>& polygon) {
+  polygon_ = polygon;
   composed_.reset();
   update();
 }

@@ -43,7 +43,7 @@ class PlotSurface : public QWidget {
 
   /// The polygon over the image, if any: an open one with a line from its last vertex to the pointer, one with faults
   /// with the part that counts shaded and the faulty corners marked.
-  void SetPolygon(std::optional<ShownPolygon> polygon);
+  void SetPolygon(const std::optional<ShownPolygon>& polygon);
 
   /// The image that blinks over the surface, in device pixels; null for none.
   void SetBlink(QImage image);

@@ -15,7 +15,7 @@ constexpr double kPercentile = 0.99;
 /// Ticks of a scale whose last colour includes higher values: the last label says so.
 class OpenEnded : public QCPAxisTicker {
  public:
-  OpenEnded(double end, const QString& text) : end_(end), text_(text) {}
+  OpenEnded(double end, QString text) : end_(end), text_(std::move(text)) {}
 
  protected:
   QVector<double> createTickVector(double step, const QCPRange& range) override {

@@ -26,7 +26,7 @@ class ReportForm : public QMainWindow {
 
  private:
   void LayOut();
-  QCustomPlot* AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row, int column);
+  static QCustomPlot* AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row, int column);
   void MakeMenu();
   void Timer1_Timer();
   void mnuFilePrint_Click();

@@ -34,7 +34,7 @@ std::optional<std::string> HeaderValue(std::string_view header, std::string_view
 long TextHeaderLength(std::string_view beginning);
 
 /// The largest offset that a text header may extend to.
-inline constexpr size_t kTextHeaderLimit = 64 * 1024;
+inline constexpr size_t kTextHeaderLimit = size_t{64} * 1024;
 
 /// What follows the text header of a text, given its beginning (as for TextHeaderLength); empty if it has no header.
 std::optional<TextBody> BodyBehindHeader(std::string_view beginning);
