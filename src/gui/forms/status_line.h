@@ -5,22 +5,18 @@
 
 namespace pallomir {
 
-/// A sentence below a form: wraps to a second line if necessary and never widens the form.
+/// A sentence below a form. It has room for two lines at all times, so that no control moves when it comes or goes.
 class StatusLine : public QLabel {
  public:
   StatusLine() {
     setTextFormat(Qt::PlainText);
     setWordWrap(true);
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   }
-  QSize sizeHint() const override { return {0, heightForWidth(width())}; }
+  // Layouts ask for the height at widths that the label never has, where the text would take many lines.
+  int heightForWidth(int) const override { return 2 * fontMetrics().lineSpacing(); }
+  QSize sizeHint() const override { return {0, heightForWidth(0)}; }
   QSize minimumSizeHint() const override { return sizeHint(); }
-
- protected:
-  void resizeEvent(QResizeEvent* event) override {
-    QLabel::resizeEvent(event);
-    updateGeometry();
-  }
 };
 
 /// A sentence on one line, elided if it does not fit.
