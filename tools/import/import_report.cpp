@@ -47,7 +47,7 @@ std::vector<std::string> ImportReport::Lines() const {
                     " spikes lie within tracked time.");
     lines.push_back("Head angles: " + AnglesSentence(Angles) + ".");
   } else {
-    lines.push_back("Without a video file, PosX and PosY are 0; no Pos.p was created or changed.");
+    lines.emplace_back("Without a video file, PosX and PosY are 0; no Pos.p was created or changed.");
   }
   if (HasEvents) lines.push_back(RecordsLine("Events", "events", Events, EventsTrailing, false));
   if (!Left.empty()) lines.push_back(LeftLine(Left));

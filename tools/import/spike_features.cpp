@@ -11,7 +11,7 @@ namespace pallomir {
 
 ChannelFeatures MeasureChannel(const Waveform& samples) {
   int64_t squares = 0;
-  for (const int16_t sample : samples) squares += int32_t{sample} * sample;
+  for (const int64_t sample : samples) squares += sample * sample;
 
   const auto peak = std::max_element(samples.begin(), samples.end());
   const auto valley = std::min_element(peak, samples.end());

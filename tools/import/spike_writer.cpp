@@ -18,13 +18,13 @@ std::array<Waveform, 4> WaveformsOf(const unsigned char* record, int channels) {
   std::array<Waveform, 4> waveforms;
   const unsigned char* samples = record + kSpikeSamples;
   for (int s = 0; s < kWaveformSamples; ++s)
-    for (int c = 0; c < channels; ++c) waveforms[c][s] = LoadLittleEndian<int16_t>(samples + 2 * (s * channels + c));
+    for (int c = 0; c < channels; ++c, samples += 2) waveforms[c][s] = LoadLittleEndian<int16_t>(samples);
   return waveforms;
 }
 
 void StoreWaveforms(std::span<const Waveform> channels, unsigned char* record) {
   for (const Waveform& waveform : channels) {
-    for (int s = 0; s < kWaveformSamples; ++s) StoreLittleEndian(record + 2 * s, waveform[s]);
+    for (size_t s = 0; s < waveform.size(); ++s) StoreLittleEndian(record + 2 * s, waveform[s]);
     record += kWaveformBlockBytes;
   }
 }

@@ -47,7 +47,7 @@ void StoreSpike(uint64_t stamp, uint32_t cell, const TetrodeSamples& samples, un
   StoreLittleEndian<uint32_t>(record + kSpikeGroup, 0);
   StoreLittleEndian(record + kSpikeCell, cell);
   const auto features = RawFeatures(samples);
-  for (int f = 0; f < 8; ++f) StoreLittleEndian(record + kSpikeFeatures + 4 * f, features[f]);
+  for (size_t f = 0; f < features.size(); ++f) StoreLittleEndian(record + kSpikeFeatures + 4 * f, features[f]);
   unsigned char* next = record + kSpikeSamples;
   for (const auto& sample : samples)
     for (const int16_t value : sample) {

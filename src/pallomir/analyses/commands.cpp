@@ -127,7 +127,7 @@ void ShowAvgWaveforms(Session& session, const AnalysisTools& tools) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
   if (!FileUtility::FileExists(
-          PlatformPath("C:\\Silicon probe waveform testing\\waveform_files\\allRawWaveforms_A.waveforms")))
+          PlatformPath(R"(C:\Silicon probe waveform testing\waveform_files\allRawWaveforms_A.waveforms)")))
     throw CommandError(ErrorKind::Missing, "Error.  The .Ntt Neuralynx spike file is not present");
 }
 

@@ -27,7 +27,7 @@ void ForEachLine(FileReader& file, const TextBody& body, Use use) {
   while (const size_t got = file.ReadUpTo(place, block.data(), block.size())) {
     place += got;
     std::string_view rest(block.data(), got);
-    for (size_t length; (length = rest.find('\n')) != std::string_view::npos; rest.remove_prefix(length + 1)) {
+    for (size_t length = 0; (length = rest.find('\n')) != std::string_view::npos; rest.remove_prefix(length + 1)) {
       const std::string_view piece = rest.substr(0, length);
       end = place - rest.size() + length + 1;
       if (begun.empty() && length <= kLongestLine) {

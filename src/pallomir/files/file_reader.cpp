@@ -1,6 +1,7 @@
 #include "pallomir/files/file_reader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "pallomir/files/file_calls.h"
 #include "pallomir/files/file_fault.h"
@@ -8,7 +9,7 @@
 
 namespace pallomir {
 
-FileReader::FileReader(const std::filesystem::path& path) : path_(path), name_(NameText(path_)) {
+FileReader::FileReader(std::filesystem::path path) : path_(std::move(path)), name_(NameText(path_)) {
   namespace fs = std::filesystem;
   const auto refuse = [this](ErrorKind kind, const char* why) { throw FaultOfPath(kind, path_, why); };
   std::error_code error;

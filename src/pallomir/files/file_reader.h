@@ -12,7 +12,7 @@ namespace pallomir {
 class FileReader {
  public:
   /// Throws CommandError if `path` is missing, a folder or not readable.
-  explicit FileReader(const std::filesystem::path& path);
+  explicit FileReader(std::filesystem::path path);
 
   uint64_t Length() const { return length_; }
   const std::filesystem::path& Path() const { return path_; }

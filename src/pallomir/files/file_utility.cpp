@@ -25,7 +25,7 @@ std::string GetExtension(const std::filesystem::path& path) {
 std::filesystem::path RemoveExtension(const std::filesystem::path& path) {
   const auto& native = path.native();
   const auto dot = native.rfind('.');
-  const bool inName = dot != native.npos && dot >= native.size() - path.filename().native().size();
+  const bool inName = dot != std::string::npos && dot >= native.size() - path.filename().native().size();
   return inName ? std::filesystem::path(native.substr(0, dot)) : path;
 }
 

@@ -15,10 +15,7 @@ namespace {
 constexpr size_t kLongestHolder = 200;
 
 std::string ThisHolder() {
-  const std::time_t now = std::time(nullptr);
-  char since[32];
-  std::strftime(since, sizeof since, "%Y-%m-%d %H:%M", std::localtime(&now));
-  return ThisProgram() + " since " + since;
+  return ThisProgram() + " since " + LocalTime(std::time(nullptr), "%Y-%m-%d %H:%M");
 }
 
 /// The content of the lock file, which may be any text.

@@ -120,7 +120,8 @@ char* PutSingle(char* to, float value) {
   char digits[16] = {};
   const int count = PutSevenDigits(digits, number);
   if (places > 6) {
-    std::memcpy(to, "0.000", 5);
+    constexpr std::array<char, 5> kStart = {'0', '.', '0', '0', '0'};
+    std::memcpy(to, kStart.data(), kStart.size());
     std::memcpy(to + places - 5, digits, 8);
     return to + places - 5 + count;
   }

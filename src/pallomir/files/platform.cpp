@@ -1,6 +1,7 @@
 #include "pallomir/files/platform.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <fstream>
@@ -97,6 +98,17 @@ std::string ReadablePath(std::string_view text) {
     readable.replace(at, kBackslash.size(), 1, '\\');
 #endif
   return readable;
+}
+
+std::string LocalTime(std::time_t time, const char* format) {
+  std::tm parts = {};
+#ifdef _WIN32
+  localtime_s(&parts, &time);
+#else
+  localtime_r(&time, &parts);
+#endif
+  std::array<char, 64> text = {};
+  return {text.data(), std::strftime(text.data(), text.size(), format, &parts)};
 }
 
 bool FlushToDisk(std::FILE* file) {

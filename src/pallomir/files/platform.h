@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -45,6 +46,9 @@ std::string NameText(const std::filesystem::path& path);
 
 /// A message or path as shown to the user: a "\" within a name looks like one.
 std::string ReadablePath(std::string_view text);
+
+/// A time on the user's clock, in the format of strftime().
+std::string LocalTime(std::time_t time, const char* format);
 
 /// Flushes `file` to the disk, not only to the operating system. Returns false on failure.
 bool FlushToDisk(std::FILE* file);

@@ -1,8 +1,8 @@
 #include "pallomir/files/save_file.h"
 
 #include <cerrno>
-#include <cstring>
 #include <random>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -37,7 +37,7 @@ fs::path NameBeside(const fs::path& path) {
 
 }  // namespace
 
-SaveFile::SaveFile(const std::filesystem::path& path) : target_(path) {
+SaveFile::SaveFile(std::filesystem::path path) : target_(std::move(path)) {
   std::error_code error;
   const auto kind = fs::symlink_status(target_, error).type();
   if (kind == fs::file_type::directory)
@@ -95,7 +95,7 @@ void SaveFile::Commit() {
 }
 
 void SaveFile::Fail(std::string_view what) {
-  const std::string reason = errno ? std::string(" (") + std::strerror(errno) + ")" : std::string();
+  const std::string reason = errno ? " (" + std::generic_category().message(errno) + ")" : std::string();
   Discard();
   throw FaultOfPath(ErrorKind::NotWritten, target_,
                     std::string(what) + reason + "; the earlier file, if any, is unchanged");

@@ -14,7 +14,7 @@ class SaveFile {
  public:
   /// Throws CommandError if no file can be created beside `path`, or if `path` exists and is
   /// neither a regular file nor a link.
-  explicit SaveFile(const std::filesystem::path& path);
+  explicit SaveFile(std::filesystem::path path);
   ~SaveFile();
   SaveFile(const SaveFile&) = delete;
   SaveFile& operator=(const SaveFile&) = delete;

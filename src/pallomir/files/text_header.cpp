@@ -3,18 +3,13 @@
 #include <algorithm>
 #include <ctime>
 
+#include "pallomir/files/platform.h"
+
 namespace pallomir {
 
 namespace {
 
 constexpr std::string_view kLastLine = "# End of header";
-
-std::string Now() {
-  const std::time_t now = std::time(nullptr);
-  char text[32];
-  std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", std::localtime(&now));
-  return text;
-}
 
 std::string OnOneLine(std::string text) {
   std::replace_if(
@@ -27,7 +22,7 @@ std::string OnOneLine(std::string text) {
 std::string TextHeader(std::string_view kind, std::string_view date, const std::vector<HeaderEntry>& more) {
   std::string header = "# Pallomir " PALLOMIR_VERSION "\r\n# Kind: ";
   header.append(kind).append("\r\n# Version: 1\r\n# Date: ");
-  header.append(date.empty() ? Now() : std::string(date)).append("\r\n");
+  header.append(date.empty() ? LocalTime(std::time(nullptr), "%Y-%m-%d %H:%M:%S") : std::string(date)).append("\r\n");
   for (const auto& [key, value] : more)
     header.append("# ").append(OnOneLine(key)).append(": ").append(OnOneLine(value)).append("\r\n");
   return header.append(kLastLine).append("\r\n");

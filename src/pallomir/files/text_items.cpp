@@ -20,7 +20,7 @@ std::string TextItems::Text() {
   line_ = nextLine_;
   if (offset_ >= text_.size()) throw EndedEarly(file_, Place());
   std::string_view item;
-  size_t end;
+  size_t end = 0;
   if (text_[offset_] == '"') {
     // An item never spans lines, even in quotes.
     const size_t close = std::min(text_.find_first_of("\"\r\n", offset_ + 1), text_.size());

@@ -96,7 +96,8 @@ NotesText NotesFrom(std::string_view text, const std::filesystem::path& file) {
 /// True if the notes of a file can be read and at least one cluster has a grade or remarks.
 bool HoldNotes(std::string_view text) {
   try {
-    return NotesFrom(text, {}).Notes != ByCluster<ClusterNote>();
+    const ByCluster<ClusterNote> none;
+    return NotesFrom(text, {}).Notes != none;
   } catch (const CommandError&) {
     return false;
   }

@@ -129,11 +129,9 @@ void ShadeCountedPart(const Canvas& canvas, const View& view, const Boundary& bo
     uint32_t* pixels = canvas.Pixels + row * canvas.Stride;
     for (const Span& span : spans) {
       const auto [low, high] = std::minmax({view.PixelX(span.Low), view.PixelX(span.High)});
-      const double last = std::min(std::floor(high), canvas.Width - 1.0);
-      for (double k = std::max(std::ceil(low), 0.0); k <= last; ++k) {
-        uint32_t& pixel = pixels[static_cast<int>(k)];
-        pixel = Mixed(pixel, kShade, kShadeShare);
-      }
+      const int begin = static_cast<int>(std::ceil(std::min<double>(std::max<double>(0, low), canvas.Width)));
+      const int end = static_cast<int>(std::floor(std::min<double>(std::max<double>(-1, high), canvas.Width - 1))) + 1;
+      for (int k = begin; k < end; ++k) pixels[k] = Mixed(pixels[k], kShade, kShadeShare);
     }
   }
 }

@@ -27,7 +27,7 @@ bool FramesMakeSense(std::string_view beginning) {
   bool allZero = true;
   for (size_t f = 0; f < kFramesLookedAt && (f + 1) * kFrameBytes <= beginning.size(); ++f) {
     const auto* record = reinterpret_cast<const unsigned char*>(beginning.data()) + f * kFrameBytes;
-    const uint64_t stamp = LoadLittleEndian<uint64_t>(record + kVideoLayout.StampOffset);
+    const auto stamp = LoadLittleEndian<uint64_t>(record + kVideoLayout.StampOffset);
     const PositionSample frame = FrameAt(record);
     if (stamp >= kStampLimit || std::abs(frame.X) > kPixelLimit || std::abs(frame.Y) > kPixelLimit) return false;
     allZero = allZero && stamp == 0;

@@ -42,7 +42,7 @@ DirectionResult ComputeDirection(World& world, const std::filesystem::path& time
                                  const std::filesystem::path& positionFile, const std::filesystem::path& clusterFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
-  const DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
+  DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
   std::filesystem::path output = timeFile;
   WriteDirectionFile(result, output += ".dir");
   return result;

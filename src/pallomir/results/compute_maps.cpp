@@ -39,7 +39,7 @@ MapResult ComputeRateMap(World& world, const std::filesystem::path& clusterFile,
                          const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) {
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
-  const MapResult result = RateMapOf(positions, TrackWithin(positions, spikes.Range), spikes);
+  MapResult result = RateMapOf(positions, TrackWithin(positions, spikes.Range), spikes);
   WriteMapFile(result, outputFile);
   return result;
 }
@@ -48,7 +48,7 @@ MapResult ComputeOccupancyMap(World& world, const std::filesystem::path& cluster
                               const std::filesystem::path& positionFile, const std::filesystem::path& outputFile) {
   const TimeRange range = ReadTimeRange(clusterFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
-  const MapResult result = OccupancyMapOf(positions, TrackWithin(positions, range), range);
+  MapResult result = OccupancyMapOf(positions, TrackWithin(positions, range), range);
   WriteMapFile(result, outputFile);
   return result;
 }

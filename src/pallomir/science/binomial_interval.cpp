@@ -29,12 +29,16 @@ double BetaFraction(double x, double a, double b) {
   return fraction;
 }
 
+/// For positive x only, where the sign that lgamma leaves in a global is not needed.
+double LogGamma(double x) {
+  return std::lgamma(x);  // NOLINT(concurrency-mt-unsafe)
+}
+
 /// The cumulative distribution function of Beta(a, b) at x.
 double BetaProbability(double x, double a, double b) {
   if (x <= 0) return 0;
   if (x >= 1) return 1;
-  const double front =
-      std::exp(std::lgamma(a + b) - std::lgamma(a) - std::lgamma(b) + a * std::log(x) + b * std::log1p(-x));
+  const double front = std::exp(LogGamma(a + b) - LogGamma(a) - LogGamma(b) + a * std::log(x) + b * std::log1p(-x));
   if (x < (a + 1) / (a + b + 2)) return front * BetaFraction(x, a, b) / a;
   return 1 - front * BetaFraction(1 - x, b, a) / b;
 }

@@ -86,7 +86,7 @@ SpikeMap CountSpikes(const Track& track, std::span<const int64_t> samples, const
 }
 
 std::vector<double> GaussianWeights(double sigma) {
-  const int radius = static_cast<int>(4 * sigma + 0.5);
+  const int radius = static_cast<int>(std::lround(4 * sigma));
   std::vector<double> weights;
   double sum = 0;
   for (int k = -radius; k <= radius; ++k) {

@@ -47,7 +47,7 @@ struct LagSums {
 
 /// Adds row `row` against row `other`: bin c against bin c + lag, for all lags within the row.
 void AddRows(const Factors& factors, int row, int other, LagSums& sums) {
-  const size_t columns = static_cast<size_t>(factors.Columns);
+  const auto columns = static_cast<size_t>(factors.Columns);
   const double* one = &factors.One[columns * other];
   const double* value = &factors.Value[columns * other];
   const double* square = &factors.Square[columns * other];
@@ -93,7 +93,7 @@ double CarefulCorrelation(const Factors& factors, int rowLag, int columnLag) {
 }
 
 double Correlation(const Factors& factors, const LagSums& sums, int rowLag, int columnLag) {
-  const size_t k = static_cast<size_t>(columnLag + factors.Columns - 1);
+  const auto k = static_cast<size_t>(columnLag + factors.Columns - 1);
   const double n = sums.N[k];
   if (n < kFewestOverlapping) return kNotKnown;
   const double varianceA = n * sums.AA[k] - sums.A[k] * sums.A[k];

@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cmath>
 #include <new>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -89,7 +90,7 @@ void ReadBlock(FileReader& file, long header, int64_t row, size_t count, bool la
   if (got < wanted && (!last || wanted - got >= kRowBytes))
     throw EndedEarly(file.Path(), FilePlace::AtRecord(row + static_cast<int64_t>(got / kRowBytes)));
   findings.MissingBytes = wanted - got;
-  std::fill(buffer.begin() + got, buffer.end(), 0);
+  std::ranges::fill(std::span(buffer).subspan(got), 0);
 }
 
 /// Transposes the buffer's rows into the columns from record k. Uses whole tiles: the columns have padding for them,
@@ -119,10 +120,11 @@ RowFindings ReadRows(FileReader& file, long header, int64_t first, PointTable& p
   std::vector<unsigned char> buffer(kBlockRows * kRowBytes);
   for (size_t k = 0; k < rows; k += kBlockRows) {
     const size_t count = std::min(kBlockRows, rows - k);
-    ReadBlock(file, header, first + k, count, k + count == rows, buffer, findings);
+    const int64_t row = first + static_cast<int64_t>(k);
+    ReadBlock(file, header, row, count, k + count == rows, buffer, findings);
     if (k % (kMemoryBlocks * kBlockRows) == 0) CheckMemory(buffer, rows - k);
     SpreadBlock(buffer, count, k, points, findings);
-    pacer.Reached(first + k + count);
+    pacer.Reached(row + static_cast<int64_t>(count));
   }
   return findings;
 }

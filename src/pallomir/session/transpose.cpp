@@ -19,16 +19,26 @@ float ColumnRanges::Maximum(int parameter) const {
   return *std::max_element(High[parameter].begin(), High[parameter].end());
 }
 
-PALLOMIR_HOT_LOOP
-bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, ColumnRanges& ranges) {
-  constexpr size_t kLanes = ColumnRanges::kLanes;
-  constexpr float kLargest = std::numeric_limits<float>::max();
-  // In most recordings most channels were not recorded: their columns are already zero and are not touched.
+namespace {
+
+/// The bits that occur in each column of a tile: 0 in a column of zeros.
+PALLOMIR_HOT_PART std::array<uint32_t, kParameters> BitsInColumns(const unsigned char* rows) {
   std::array<uint32_t, kParameters> bits{};
   for (size_t r = 0; r < kTileRows; ++r) {
     const unsigned char* values = rows + r * kRowBytes + kStampBytes;
     for (int p = 0; p < kParameters; ++p) bits[p] |= LoadLittleEndian<uint32_t>(values + p * sizeof(float));
   }
+  return bits;
+}
+
+}  // namespace
+
+PALLOMIR_HOT_LOOP
+bool TransposeTile(const unsigned char* rows, const ColumnPointers& columns, ColumnRanges& ranges) {
+  constexpr size_t kLanes = ColumnRanges::kLanes;
+  constexpr float kLargest = std::numeric_limits<float>::max();
+  // In most recordings most channels were not recorded: their columns are already zero and are not touched.
+  const std::array<uint32_t, kParameters> bits = BitsInColumns(rows);
   std::array<int, kLanes> odd{};
   for (int p = 0; p < kParameters; ++p) {
     if (bits[p] == 0) continue;

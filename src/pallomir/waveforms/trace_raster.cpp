@@ -41,7 +41,7 @@ inline void FillRun(uint8_t* to, uint64_t codes, size_t length) {
   if (length <= kWord) {
     const auto rest = static_cast<int>(8 * (kWord - length));
     const uint64_t mask = std::endian::native == std::endian::big ? ~uint64_t{0} << rest : ~uint64_t{0} >> rest;
-    uint64_t word;
+    uint64_t word = 0;
     std::memcpy(&word, to, kWord);
     word = (word & ~mask) | (codes & mask);
     std::memcpy(to, &word, kWord);
@@ -109,7 +109,7 @@ void TraceRaster::DrawRising(std::span<const int32_t> columns, std::span<const i
   const uint64_t codes = Repeated(code);
   uint8_t* column = bytes_.data() + Index(begin, 0);
   for (size_t c = 0; c < count; ++c, column += stride_)
-    FillRun(column + tops_[c], codes, static_cast<size_t>(bottoms_[c] - tops_[c] + 1));
+    FillRun(column + tops_[c], codes, 1 + static_cast<size_t>(bottoms_[c] - tops_[c]));
 }
 
 void TraceRaster::FillColumn(int32_t column, int32_t top, int32_t bottom, uint8_t code) {

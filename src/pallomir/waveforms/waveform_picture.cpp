@@ -55,7 +55,7 @@ void WaveformPicture::Draw(const WaveformRecord& record, int cluster, double uni
 }
 
 void WaveformPicture::DrawBlock(const WaveformRecord& record, int block, uint8_t code, double unitsACount) {
-  const int16_t* samples = record.data() + block * kBlockSamples;
+  const int16_t* samples = record.data() + ptrdiff_t{block} * kBlockSamples;
   const double scale = view_.PixelY(1) - view_.PixelY(0);
   Coordinates rows;
   RowsOf(samples, view_.PixelY(-kBlockShift * block), unitsACount * scale, rows.data());
