@@ -179,7 +179,7 @@ class KeptFilesTest : public QObject {
     QVERIFY(program.Answers.Messages.takeLast().startsWith("ERROR|A Defaults file cannot hold a double quote: a\"b."));
   }
 
-  void WhatIsWrongInTheDefaultsHasTheTitleThatBelongsToIt() {
+  void FaultsInDefaultsHaveTheirTitles() {
     const std::pair<const char*, const char*> faults[] = {
         {"\"EpochEventIDs\",\"a,9\"\r\n", "ERROR|Defaults, line 6: \"a\" is not a record number."},
         {"\"EpochEventIDs\",\"1e99,9\"\r\n", "|Defaults, line 6: record 1E+99 is too large."},
