@@ -7,7 +7,7 @@
 #include "pallomir/results/compute_direction.h"
 #include "pallomir/results/compute_maps.h"
 #include "pallomir/results/compute_trains.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 #include "support.h"
 #include "walk.h"
 

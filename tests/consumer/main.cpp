@@ -1,6 +1,6 @@
 // A rate map from arrays.
 
-#include <pallomir/science/grid_map.h>
+#include <pallomir/science/behaviour/grid_map.h>
 #include <cstdio>
 
 int main() {

@@ -6,7 +6,7 @@
 #include "pallomir/results/direction_file.h"
 #include "pallomir/results/map_file.h"
 #include "pallomir/results/train_file.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/temporary_folder.h"

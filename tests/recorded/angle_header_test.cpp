@@ -6,7 +6,7 @@
 #include <numbers>
 
 #include "pallomir/recorded/position_file.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 #include "support/analysis_files.h"
 #include "support/recording_world.h"
 

@@ -5,7 +5,7 @@
 #include <random>
 
 #include "pallomir/results/cluster_measures.h"
-#include "pallomir/science/stamp_matcher.h"
+#include "pallomir/science/trains/stamp_matcher.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
 #include "support/spike_files.h"

@@ -7,9 +7,9 @@
 #include <numbers>
 #include <random>
 
-#include "pallomir/science/grid_map.h"
-#include "pallomir/science/head_direction.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/grid_map.h"
+#include "pallomir/science/behaviour/head_direction.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 #include "support/recording_world.h"
 #include "support/tracks.h"
 

@@ -1,12 +1,12 @@
-#include "pallomir/science/cluster_quality.h"
+#include "pallomir/science/waveforms/cluster_quality.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
-#include "pallomir/science/chi_square.h"
-#include "pallomir/science/refractory.h"
+#include "pallomir/science/statistics/chi_square.h"
+#include "pallomir/science/trains/refractory.h"
 
 namespace pallomir {
 namespace {

@@ -1,4 +1,4 @@
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <random>
 
 #include "pallomir/files/error.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 #include "support/refusal.h"
 #include "support/tracks.h"
 

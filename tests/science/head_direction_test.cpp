@@ -1,4 +1,4 @@
-#include "pallomir/science/head_direction.h"
+#include "pallomir/science/behaviour/head_direction.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 
 #include <gtest/gtest.h>
 

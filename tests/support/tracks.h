@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 
 namespace pallomir {
 

@@ -6,7 +6,7 @@
 #include <numbers>
 
 #include "pallomir/recorded/angle_header.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 #include "tools/figures.h"
 
 namespace pallomir {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pallomir/files/raw_file.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 #include "tools/import/output_file.h"
 #include "tools/progress_bar.h"
 #include "tools/raw/record_order.h"

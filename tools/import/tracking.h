@@ -3,7 +3,7 @@
 #include <cstdint>
 
 #include "pallomir/files/raw_file.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 #include "tools/progress_bar.h"
 #include "tools/raw/stamp_series.h"
 

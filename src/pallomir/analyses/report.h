@@ -7,9 +7,9 @@
 #include "pallomir/results/cluster_measures.h"
 #include "pallomir/results/map_file.h"
 #include "pallomir/results/report_series.h"
-#include "pallomir/science/head_direction.h"
-#include "pallomir/science/refractory.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/head_direction.h"
+#include "pallomir/science/behaviour/tracking.h"
+#include "pallomir/science/trains/refractory.h"
 #include "pallomir/session/session.h"
 #include "pallomir/session/world.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "pallomir/files/text_header.h"
-#include "pallomir/science/angle_convention.h"
+#include "pallomir/science/behaviour/angle_convention.h"
 
 // How the headers of position files, and the user's input, name an angle convention.
 

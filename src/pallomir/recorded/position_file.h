@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "pallomir/files/progress.h"
-#include "pallomir/science/positions.h"
+#include "pallomir/science/behaviour/positions.h"
 
 namespace pallomir {
 

@@ -10,7 +10,7 @@
 
 #include "pallomir/files/raw_file.h"
 #include "pallomir/science/times.h"
-#include "pallomir/science/wire_samples.h"
+#include "pallomir/science/waveforms/wire_samples.h"
 
 namespace pallomir {
 

@@ -1,8 +1,8 @@
 #include "pallomir/results/cluster_measures.h"
 
 #include "pallomir/recorded/spike_file.h"
-#include "pallomir/science/isolation_features.h"
-#include "pallomir/science/stamp_matcher.h"
+#include "pallomir/science/trains/stamp_matcher.h"
+#include "pallomir/science/waveforms/isolation_features.h"
 #include "pallomir/session/work_pace.h"
 
 namespace pallomir {

@@ -6,8 +6,8 @@
 #include <string_view>
 
 #include "pallomir/results/spike_times.h"
-#include "pallomir/science/average_waveform.h"
-#include "pallomir/science/cluster_quality.h"
+#include "pallomir/science/waveforms/average_waveform.h"
+#include "pallomir/science/waveforms/cluster_quality.h"
 #include "pallomir/session/world.h"
 
 namespace pallomir {

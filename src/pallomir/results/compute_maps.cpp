@@ -4,7 +4,7 @@
 #include "pallomir/files/file_utility.h"
 #include "pallomir/recorded/position_file.h"
 #include "pallomir/results/explanations.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 
 namespace pallomir {
 

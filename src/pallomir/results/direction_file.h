@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "pallomir/results/usage.h"
-#include "pallomir/science/head_direction.h"
+#include "pallomir/science/behaviour/head_direction.h"
 
 namespace pallomir {
 

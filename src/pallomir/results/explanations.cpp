@@ -5,7 +5,7 @@
 #include <numeric>
 
 #include "pallomir/files/number_text.h"
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 
 namespace pallomir {
 

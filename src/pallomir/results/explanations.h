@@ -3,7 +3,7 @@
 #include <string>
 
 #include "pallomir/results/usage.h"
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 namespace pallomir {
 

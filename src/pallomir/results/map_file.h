@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "pallomir/results/usage.h"
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 namespace pallomir {
 

@@ -11,7 +11,7 @@
 #include "pallomir/files/text_lines.h"
 #include "pallomir/recorded/position_file.h"
 #include "pallomir/results/spike_times.h"
-#include "pallomir/science/angles.h"
+#include "pallomir/science/behaviour/angles.h"
 
 namespace pallomir {
 

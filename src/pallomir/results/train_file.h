@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "pallomir/results/usage.h"
-#include "pallomir/science/train.h"
+#include "pallomir/science/trains/train.h"
 
 namespace pallomir {
 

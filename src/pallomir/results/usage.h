@@ -8,7 +8,7 @@
 
 #include "pallomir/files/text_header.h"
 #include "pallomir/results/spike_times.h"
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 
 namespace pallomir {
 

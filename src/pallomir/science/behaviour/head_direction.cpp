@@ -1,11 +1,11 @@
-#include "pallomir/science/head_direction.h"
+#include "pallomir/science/behaviour/head_direction.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "pallomir/science/angles.h"
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/angles.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 namespace pallomir {
 

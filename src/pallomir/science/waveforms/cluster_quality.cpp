@@ -1,4 +1,4 @@
-#include "pallomir/science/cluster_quality.h"
+#include "pallomir/science/waveforms/cluster_quality.h"
 
 #include <Eigen/Cholesky>
 #include <Eigen/Eigenvalues>
@@ -6,7 +6,7 @@
 #include <array>
 
 #include "pallomir/files/platform.h"
-#include "pallomir/science/chi_square.h"
+#include "pallomir/science/statistics/chi_square.h"
 
 namespace pallomir {
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/isolation_features.h"
+#include "pallomir/science/waveforms/isolation_features.h"
 
 #include <Eigen/Eigenvalues>
 #include <cmath>

@@ -4,8 +4,8 @@
 #include <optional>
 #include <span>
 
-#include "pallomir/science/binomial_interval.h"
-#include "pallomir/science/train.h"
+#include "pallomir/science/statistics/binomial_interval.h"
+#include "pallomir/science/trains/train.h"
 
 namespace pallomir {
 

@@ -1,9 +1,9 @@
-#include "pallomir/science/spatial_autocorrelation.h"
+#include "pallomir/science/behaviour/spatial_autocorrelation.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "pallomir/science/add_scaled.h"
+#include "pallomir/science/statistics/add_scaled.h"
 
 namespace pallomir {
 

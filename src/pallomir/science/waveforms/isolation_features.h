@@ -3,8 +3,8 @@
 #include <array>
 #include <memory>
 
-#include "pallomir/science/cluster_quality.h"
-#include "pallomir/science/wire_samples.h"
+#include "pallomir/science/waveforms/cluster_quality.h"
+#include "pallomir/science/waveforms/wire_samples.h"
 
 namespace pallomir {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "pallomir/files/progress.h"
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 namespace pallomir {
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/binomial_interval.h"
+#include "pallomir/science/statistics/binomial_interval.h"
 
 #include <cmath>
 

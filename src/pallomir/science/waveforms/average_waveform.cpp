@@ -1,4 +1,4 @@
-#include "pallomir/science/average_waveform.h"
+#include "pallomir/science/waveforms/average_waveform.h"
 
 #include <cmath>
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "pallomir/science/angle_convention.h"
+#include "pallomir/science/behaviour/angle_convention.h"
 #include "pallomir/science/times.h"
 
 namespace pallomir {

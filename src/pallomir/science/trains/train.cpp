@@ -1,4 +1,4 @@
-#include "pallomir/science/train.h"
+#include "pallomir/science/trains/train.h"
 
 #include <algorithm>
 #include <bit>

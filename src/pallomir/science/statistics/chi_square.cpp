@@ -1,4 +1,4 @@
-#include "pallomir/science/chi_square.h"
+#include "pallomir/science/statistics/chi_square.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,4 +1,4 @@
-#include "pallomir/science/angle_convention.h"
+#include "pallomir/science/behaviour/angle_convention.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/positions.h"
+#include "pallomir/science/behaviour/positions.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 
 namespace pallomir {
 

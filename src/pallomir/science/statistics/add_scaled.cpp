@@ -1,4 +1,4 @@
-#include "pallomir/science/add_scaled.h"
+#include "pallomir/science/statistics/add_scaled.h"
 
 #include "pallomir/files/platform.h"
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "pallomir/science/wire_samples.h"
+#include "pallomir/science/waveforms/wire_samples.h"
 
 namespace pallomir {
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/stamp_matcher.h"
+#include "pallomir/science/trains/stamp_matcher.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "pallomir/science/refractory.h"
+#include "pallomir/science/trains/refractory.h"
 
 #include <cmath>
 

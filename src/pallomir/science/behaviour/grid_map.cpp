@@ -1,4 +1,4 @@
-#include "pallomir/science/grid_map.h"
+#include "pallomir/science/behaviour/grid_map.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,7 +6,7 @@
 
 #include "pallomir/files/error.h"
 #include "pallomir/files/number_text.h"
-#include "pallomir/science/add_scaled.h"
+#include "pallomir/science/statistics/add_scaled.h"
 
 namespace pallomir {
 

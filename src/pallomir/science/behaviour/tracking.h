@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "pallomir/science/positions.h"
+#include "pallomir/science/behaviour/positions.h"
 #include "pallomir/science/xy.h"
 
 namespace pallomir {

@@ -1,9 +1,9 @@
-#include "pallomir/science/tracking.h"
+#include "pallomir/science/behaviour/tracking.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "pallomir/science/angles.h"
+#include "pallomir/science/behaviour/angles.h"
 
 namespace pallomir {
 
