@@ -77,7 +77,8 @@ TEST_F(ReportOfCluster, AnImpossibleEndLeavesRateAndContaminationUnknown) {
   const Report report = Make({0, 18446744073709551615.0}, {1'000, 2'500, 70'000});
   EXPECT_EQ(report.Rate.Used.Spikes, 3);
   EXPECT_TRUE(std::isnan(report.MeanRate));
-  EXPECT_FALSE(report.Refractory.Foreign);
+  EXPECT_FALSE(report.Refractory.ContaminationByOne.Value.Known());
+  EXPECT_FALSE(report.Refractory.ContaminationByMany.Value.Known());
   EXPECT_EQ(report.Remarks, std::string("Used 3 of 3 spikes. ") + kNoCentre +
                                 " The time range has an impossible start or end: mean rate and contamination are "
                                 "unknown.");

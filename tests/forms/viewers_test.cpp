@@ -255,8 +255,8 @@ class ViewersTest : public QObject {
   void DirectionsAreCounterClockwise() {
     Desk desk;
     DirectionResult result;
-    result.Tuning.Dwell.fill(2);
-    result.Tuning.Rate.fill(0);
+    result.Tuning.Dwell.assign(60, 2);
+    result.Tuning.Rate.assign(60, 0);
     result.Tuning.Rate[15] = 10;  // 90 to 96 degrees
     result.Tuning.Spikes[15] = 20;
     result.Tuning.Rate[40] = kNotKnown;

@@ -34,7 +34,7 @@ void RequireTime(const Track& track) {
     if (!std::isnan(track.X[i])) held += track.Hold[i] / 1e6;
   }
   Map occupancy;
-  if (!Refusal([&] { occupancy = OccupancyMap(track, kBinPixels); }).empty()) return;
+  if (!Refusal([&] { occupancy = OccupancyMap(track, BinSize(0)); }).empty()) return;
   for (const double seconds : occupancy.Values) mapped += seconds;
   REQUIRE(std::abs(mapped - held) <= 1e-9 * held);
   const auto samples = SamplesOfSpikes(track, track.Time);

@@ -1,6 +1,7 @@
 #include <string_view>
 
 #include "fuzz/fuzz_target.h"
+#include "pallomir/results/measure_settings_file.h"
 #include "pallomir/session/axis_scale_file.h"
 #include "pallomir/session/defaults_file.h"
 #include "support/refusal.h"
@@ -8,7 +9,7 @@
 
 namespace pallomir {
 
-/// The bytes as a Defaults file and as an axis-scale file: what is read can be written and read back.
+/// The bytes as a Defaults file, an axis-scale file and measure settings: what is read can be written and read back.
 FUZZ_TARGET(FuzzSettings) {
   static const TemporaryFolder folder;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
@@ -25,6 +26,14 @@ FUZZ_TARGET(FuzzSettings) {
   const auto before = session.AxisMaximum;
   const bool restored = Refusal([&] { ReadAxesScaleFile(session); }).empty();
   REQUIRE(restored || session.AxisMaximum == before);
+  folder.Put("MeasureSettings", bytes);
+  MeasureSettings settings;
+  if (Refusal([&] { settings = ReadMeasureSettings(folder / "."); }).empty()) {
+    std::string lines;
+    for (const HeaderEntry& entry : SettingEntries(settings)) lines += entry.Key + " " + entry.Value + "\n";
+    folder.Put("MeasureSettings", lines);
+    REQUIRE(ReadMeasureSettings(folder / ".") == settings);
+  }
   return 0;
 }
 

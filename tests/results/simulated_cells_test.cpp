@@ -47,7 +47,7 @@ class Recording {
     const Map occupancy = OccupancyMap(track_, BinSize(4));
     return RateMap(CountSpikes(track_, samples_, occupancy).Counts, occupancy);
   }
-  DirectionTuning Tuning() const { return TuningOf(track_.Direction, track_.Hold, samples_); }
+  DirectionTuning Tuning() const { return DirectedSamples(track_.Direction, track_.Hold).TuningOf(samples_); }
 
  private:
   double Uniform() { return static_cast<double>(random_() >> 11) * 0x1p-53; }
@@ -68,7 +68,7 @@ TEST(SimulatedCells, AGaussianFieldIsFound) {
   const auto middle = [&](int bin) { return (bin + 0.5) * rate.Bin; };
   EXPECT_NEAR(rate.Left + middle(peak.Column), 120 + 4 * 37, rate.Bin);
   EXPECT_NEAR(rate.Top + middle(peak.Row), 40 + 4 * 61, rate.Bin);
-  const double smoothing = kSmoothingBins * kBinCm;
+  const double smoothing = MapSettings().SmoothingBins * MapSettings().BinCm;
   const double expected = peakRate * width * width / (width * width + smoothing * smoothing);
   EXPECT_NEAR(peak.Value, expected, 0.1 * expected);
 }
@@ -101,7 +101,7 @@ TEST(SimulatedCells, AGridsSpacingIsFound) {
                       (x * std::cos(angle * kDegree) + y * std::sin(angle * kDegree)));
     return 15 * std::pow(sum / 4.5, 2);
   });
-  EXPECT_NEAR(SpacingIn(SpatialAutocorrelation(recording.Rates())) * kBinCm, spacing, 0.05 * spacing);
+  EXPECT_NEAR(SpacingIn(SpatialAutocorrelation(recording.Rates())) * MapSettings().BinCm, spacing, 0.05 * spacing);
 }
 
 TEST(SimulatedCells, AVonMisesTuningIsFound) {

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 
+#include "pallomir/science/statistics/binomial_interval.h"
 #include "pallomir/science/statistics/chi_square.h"
 #include "pallomir/science/trains/refractory.h"
 
@@ -14,7 +15,7 @@ namespace {
 using Rows = std::vector<std::vector<float>>;
 
 /// Members first, then others, as columns; every feature multiplied by its factor.
-Isolation Measured(const Rows& members, const Rows& others, const std::vector<float>& factors = {1, 1, 1}) {
+Isolation IsolationFor(const Rows& members, const Rows& others, const std::vector<float>& factors = {1, 1, 1}) {
   FeatureColumns columns(members.front().size());
   std::vector<uint8_t> member;
   // Interleaved, so that the order does not matter.
@@ -47,7 +48,7 @@ TEST(ClusterQuality, EqualsSmallCasesComputedByHand) {
                              175165.0 / 2646,
                              0.16668100540391964}}) {
     for (const std::vector<float>& units : {std::vector<float>{1, 1, 1}, {1024, 1.0F / 4096, 0.5F}}) {
-      const Isolation measured = Measured(c.Members, c.Others, units);
+      const Isolation measured = IsolationFor(c.Members, c.Others, units);
       ASSERT_TRUE(measured.IsolationDistance && measured.LRatio);
       EXPECT_NEAR(*measured.IsolationDistance, c.Distance, 1e-9);
       EXPECT_NEAR(*measured.LRatio, c.LRatio, 1e-9);
@@ -59,16 +60,18 @@ TEST(ClusterQuality, EqualsSmallCasesComputedByHand) {
 
 TEST(ClusterQuality, IsNotAvailableWhereItIsMeaningless) {
   const Rows four{{1, 1}, {1, -1}, {-1, 1}, {-1, -1}}, far{{9, 9}, {8, 7}, {5, 9}, {9, 5}};
-  EXPECT_TRUE(Measured(four, far).IsolationDistance) << "as many others as spikes are enough";
+  EXPECT_TRUE(IsolationFor(four, far).IsolationDistance) << "as many others as spikes are enough";
   struct Case {
     const char* Why;
     Rows Members, Others;
   };
-  for (const Case& c : {Case{"fewer others than spikes", four, {{9, 9}, {8, 7}, {5, 9}}}, Case{"no others", four, {}},
-                        Case{"no more spikes than features", {{1, 1}, {2, 3}}, far},
+  const Isolation few = IsolationFor(four, {{9, 9}, {8, 7}, {5, 9}});
+  EXPECT_FALSE(few.IsolationDistance) << "fewer others than spikes";
+  EXPECT_TRUE(few.LRatio);
+  for (const Case& c : {Case{"no more spikes than features", {{1, 1}, {2, 3}}, far},
                         Case{"features that depend on each other", {{1, 3}, {2, 6}, {4, 12}, {5, 15}}, far},
                         Case{"a feature that is always the same", {{1, 3}, {2, 3}, {4, 3}, {5, 3}}, far}}) {
-    const Isolation measured = Measured(c.Members, c.Others);
+    const Isolation measured = IsolationFor(c.Members, c.Others);
     EXPECT_FALSE(measured.IsolationDistance || measured.LRatio) << c.Why;
   }
   EXPECT_FALSE(IsolationOf({}, {}).LRatio);
@@ -105,42 +108,52 @@ std::vector<int64_t> Train(int spikes, int pairs) {
   return times;
 }
 
+RefractoryMeasures MeasuresOf(std::span<const int64_t> times, int64_t duration, double censored = 0) {
+  return RefractoryMeasuresOf(times, LoadedTime({{0, duration}}), {.Censored = censored});
+}
+
 TEST(Refractory, ContaminationReproducesTheShortIntervals) {
   struct Case {
     int Spikes, Pairs;
-    double Censored, Duration;
+    double Censored;
+    int64_t Duration;
   };
-  for (const Case& c : {Case{9999, 1, 0, 1e9}, Case{5000, 40, 750, 1e8}, Case{100, 10, 0, 1e6}}) {
+  for (const Case& c :
+       {Case{9999, 1, 0, 1'000'000'000}, Case{5000, 10, 750, 500'000'000}, Case{500, 1, 0, 50'000'000}}) {
     const auto times = Train(c.Spikes, c.Pairs);
-    const RefractoryFigures figures = RefractoryFiguresOf(times, c.Duration, {.Censored = c.Censored});
-    EXPECT_EQ(figures.Short, c.Pairs);
-    EXPECT_DOUBLE_EQ(*figures.Share, static_cast<double>(c.Pairs) / static_cast<double>(times.size() - 1));
-    ASSERT_TRUE(figures.Foreign && !figures.Foreign->TooMany);
-    const double f = figures.Foreign->Share, n = static_cast<double>(times.size());
-    EXPECT_LT(f, 0.5);
-    EXPECT_NEAR(2 * (2000 - c.Censored) * n * n * (1 - f) * f / c.Duration, c.Pairs, 1e-9 * c.Pairs);
-    EXPECT_TRUE(figures.Least.Share < f && f < figures.Most.Share);
+    const RefractoryMeasures measures = MeasuresOf(times, c.Duration, c.Censored);
+    EXPECT_EQ(measures.Short, c.Pairs);
+    EXPECT_EQ(measures.ShortPairs, c.Pairs);
+    EXPECT_DOUBLE_EQ(measures.Share.Value.Value, static_cast<double>(c.Pairs) / static_cast<double>(times.size() - 1));
+    const auto n = static_cast<double>(times.size()), T = static_cast<double>(c.Duration);
+    const double one = measures.ContaminationByOne.Value.Value, many = measures.ContaminationByMany.Value.Value;
+    EXPECT_STREQ(measures.ContaminationByOne.Value.Why, "");
+    EXPECT_NEAR(2 * (2000 - c.Censored) * n * n * (1 - one) * one / T, c.Pairs, 1e-9 * c.Pairs);
+    EXPECT_NEAR((1 - (1 - many) * (1 - many)) * n * n * (2000 - c.Censored) / (T - 2 * n * c.Censored), c.Pairs,
+                1e-9 * c.Pairs);
+    for (const Estimate& estimate : {measures.Share, measures.ContaminationByOne, measures.ContaminationByMany})
+      EXPECT_TRUE(estimate.Low.Value < estimate.Value.Value && estimate.Value.Value < estimate.High.Value);
   }
 }
 
 TEST(Refractory, SaysWhatCannotBeComputed) {
-  EXPECT_FALSE(RefractoryFiguresOf({}, 1e9, {}).Share);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(1, 0), 1e9, {}).Foreign);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 0, {}).Foreign);
-  EXPECT_FALSE(RefractoryFiguresOf(Train(50, 1), 1e9, {.Censored = 2000}).Foreign);
-  const RefractoryFigures many = RefractoryFiguresOf(Train(900, 100), 1e9, {});
-  EXPECT_TRUE(many.Share && many.Foreign->TooMany && many.Most.TooMany);
-  EXPECT_EQ(many.Foreign->Share, 0.5);
+  EXPECT_FALSE(MeasuresOf({}, 1'000'000'000).Share.Value.Known());
+  EXPECT_FALSE(MeasuresOf(Train(1, 0), 1'000'000'000).ContaminationByOne.Value.Known());
+  EXPECT_FALSE(MeasuresOf(Train(50, 1), 1'000'000'000, 2000).ContaminationByMany.Value.Known());
+  const RefractoryMeasures many = MeasuresOf(Train(900, 100), 1'000'000'000);
+  EXPECT_EQ(many.ContaminationByOne.Value.Value, 0.5);
+  EXPECT_STRNE(many.ContaminationByOne.Value.Why, "");
+  EXPECT_STRNE(many.ContaminationByOne.High.Why, "");
   const std::vector<int64_t> edge{0, 2000, 3999};
-  EXPECT_EQ(RefractoryFiguresOf(edge, 1e9, {}).Short, 1) << "2 ms are not below 2 ms";
+  EXPECT_EQ(MeasuresOf(edge, 1'000'000'000).Short, 1) << "2 ms are not below 2 ms";
 }
 
 TEST(Refractory, NoViolationDoesNotProveACleanCluster) {
-  const RefractoryFigures clean = RefractoryFiguresOf(Train(2000, 0), 1e9, {});
-  EXPECT_EQ(clean.Foreign->Share, 0);
-  EXPECT_EQ(clean.Least.Share, 0);
+  const RefractoryMeasures clean = MeasuresOf(Train(2000, 0), 1'000'000'000);
+  EXPECT_EQ(clean.ContaminationByOne.Value.Value, 0);
+  EXPECT_EQ(clean.ContaminationByOne.Low.Value, 0);
   // With 3.69 expected violations, none is seen with a probability of 2.5 %: (1 - f) f = 3.69 T / (2 * 2 ms * 2000^2).
-  const double f = clean.Most.Share;
+  const double f = clean.ContaminationByOne.High.Value;
   EXPECT_NEAR((1 - f) * f, -std::log(0.025) * 1e9 / (2 * 2000 * 4e6), 5e-4);
 }
 

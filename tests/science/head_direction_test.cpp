@@ -11,7 +11,7 @@ namespace {
 TEST(HeadDirection, SmoothsRoundTheCircle) {
   // Dwell time in bins 59, 0 and 1 only, all spikes in bin 0.
   const std::vector<double> direction = {359.9, 0, 5.99, 6, kNotKnown}, hold = {1e6, 5e5, 5e5, 2e6, 9e6};
-  const DirectionTuning tuning = TuningOf(direction, hold, std::vector<int64_t>{1, 2, 2, 4, -1});
+  const DirectionTuning tuning = DirectedSamples(direction, hold).TuningOf(std::vector<int64_t>{1, 2, 2, 4, -1});
   EXPECT_EQ(tuning.SpikesUsed, 3);
   EXPECT_EQ(tuning.Spikes[0], 3);
   EXPECT_EQ(tuning.Dwell[59], 1);
@@ -34,10 +34,11 @@ TEST(HeadDirection, SmoothsRoundTheCircle) {
 
 TEST(HeadDirection, WithoutSpikesOrDirectionsHasNoVector) {
   const std::vector<double> hold = {1e6, 1e6};
-  const DirectionTuning silent = TuningOf(std::vector<double>{10, 200}, hold, {});
+  const DirectionTuning silent = DirectedSamples(std::vector<double>{10, 200}, hold).TuningOf({});
   EXPECT_TRUE(std::isnan(silent.VectorLength) && std::isnan(silent.VectorDirection));
   EXPECT_EQ(silent.PeakRate, 0);
-  const DirectionTuning blind = TuningOf(std::vector<double>{kNotKnown, kNotKnown}, hold, std::vector<int64_t>{0, 1});
+  const DirectionTuning blind =
+      DirectedSamples(std::vector<double>{kNotKnown, kNotKnown}, hold).TuningOf(std::vector<int64_t>{0, 1});
   EXPECT_TRUE(std::isnan(blind.VectorLength) && std::isnan(blind.PeakRate));
   EXPECT_EQ(blind.SpikesUsed, 0);
   EXPECT_EQ(blind.Coverage, 0);

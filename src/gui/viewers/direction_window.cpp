@@ -19,10 +19,6 @@ QPointF OnCircle(double degrees, double radius) {
   return {radius * std::cos(angle), radius * std::sin(angle)};
 }
 
-double MiddleOf(int bin) {
-  return (bin + 0.5) * kDirectionBin;
-}
-
 /// The next number among 1, 1.2, 1.6, 2, 2.4, 3, 4, 5, 6, 8 times a power of ten, whose halves are round too.
 double RoundAbove(double value) {
   if (!(value > 1e-300)) return 1;
@@ -101,9 +97,10 @@ void DirectionWindow::DrawGrid() {
 QCPCurve* DirectionWindow::DrawCurve(const DirectionTuning::Bins& values, double outermost) {
   auto* curve = new QCPCurve(rect_->axis(QCPAxis::atBottom), rect_->axis(QCPAxis::atLeft));
   QVector<double> x, y;
-  for (int k = 0; k <= kDirectionBins; ++k) {
-    const int bin = k % kDirectionBins;
-    const QPointF at = OnCircle(MiddleOf(bin), outermost > 0 ? values[bin] / outermost : 0);
+  const int bins = result_.Tuning.Count();
+  for (int k = 0; k <= bins; ++k) {
+    const int bin = k % bins;
+    const QPointF at = OnCircle((bin + 0.5) * result_.Tuning.Width(), outermost > 0 ? values[bin] / outermost : 0);
     x << at.x();
     y << at.y();
   }
@@ -142,9 +139,9 @@ QString DirectionWindow::ReadOut(QPointF at) const {
   const double y = rect_->axis(QCPAxis::atLeft)->pixelToCoord(at.y());
   if (!rect_->rect().contains(at.toPoint()) || std::hypot(x, y) > 1) return {};
   const double degrees = std::fmod(std::atan2(y, x) * 180 / std::numbers::pi + 360, 360);
-  const int bin = std::min(static_cast<int>(degrees / kDirectionBin), kDirectionBins - 1);
   const DirectionTuning& tuning = result_.Tuning;
-  const QString where = QString("%1\u00b0 to %2\u00b0: ").arg(bin * kDirectionBin).arg((bin + 1) * kDirectionBin);
+  const int bin = std::min(static_cast<int>(degrees / tuning.Width()), tuning.Count() - 1);
+  const QString where = QString("%1\u00b0 to %2\u00b0: ").arg(bin * tuning.Width()).arg((bin + 1) * tuning.Width());
   if (std::isnan(tuning.Rate[bin])) return where + "no dwell time";
   return where + QString("%1 spikes/s, %2 spikes in %3 s")
                      .arg(Figure(tuning.Rate[bin]), Whole(tuning.Spikes[bin]), Figure(tuning.Dwell[bin]));

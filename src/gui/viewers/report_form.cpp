@@ -33,10 +33,6 @@ QWidget#sheet QLabel { color: #1b2230; }
 QWidget#sheet QLabel[quiet="true"] { color: #5b6678; }
 )";
 
-QString Percent(double share) {
-  return QString("%1 %").arg(100 * share, 0, 'f', share < 0.1 ? 2 : 1);
-}
-
 QString OrNone(double value, const QString& unit = {}) {
   return std::isfinite(value) ? Figure(value) + unit : QString("n/a");
 }
@@ -45,36 +41,44 @@ QString OrNone(const std::optional<double>& value) {
   return OrNone(value.value_or(kNotKnown));
 }
 
-QString Percent(const Contamination& contamination) {
-  return contamination.TooMany ? QString("> 50 %") : Percent(contamination.Share);
+/// Per cent, with the limits of estimates that have no solution.
+QString PerCent(const Measured& share) {
+  if (*share.Why != '\0') return share.Value < 1 ? "> 50" : "100";
+  return QString::number(100 * share.Value, 'f', share.Value < 0.1 ? 2 : 1);
 }
 
-QString ContaminationText(const RefractoryFigures& figures) {
-  if (!figures.Foreign) return "n/a";
-  return QString("%1 (95 %: %2 to %3)").arg(Percent(*figures.Foreign), Percent(figures.Least), Percent(figures.Most));
+/// "1.20 % (95 %: 0.41 to 3.12 %)".
+QString EstimateText(const Estimate& estimate) {
+  if (!estimate.Value.Known()) return "n/a";
+  return QString("%1 % (95 %: %2 to %3 %)").arg(PerCent(estimate.Value), PerCent(estimate.Low), PerCent(estimate.High));
 }
 
-QString ViolationsText(const RefractoryFigures& figures) {
-  if (!figures.Share) return "n/a";
+QString ViolationsText(const RefractoryMeasures& refractory) {
+  if (!refractory.Share.Value.Known()) return "n/a";
   return QString("%1 of %2, %3")
-      .arg(Whole(static_cast<double>(figures.Short)), Whole(static_cast<double>(figures.Intervals)),
-           Percent(*figures.Share));
+      .arg(Whole(static_cast<double>(refractory.Short)), Whole(static_cast<double>(refractory.Intervals)),
+           EstimateText(refractory.Share));
 }
 
 QString FiguresOf(const Report& report) {
   const Isolation& apart = report.Measures.Apart;
-  const QStringList first = {"Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
+  const QStringList train = {"Spikes " + Whole(static_cast<double>(report.Spikes.Time.size())),
                              "Mean rate " + OrNone(report.MeanRate, " spikes/s"),
-                             "Intervals below 2 ms " + ViolationsText(report.Refractory),
-                             "Contamination " + ContaminationText(report.Refractory)};
-  const QStringList second = {"Isolation distance " + OrNone(apart.IsolationDistance),
-                              "L-ratio " + OrNone(apart.LRatio),
-                              "Spatial information " + OrNone(report.Rate.Information, " bits/spike"),
-                              "Mean vector length " + OrNone(report.Direction.VectorLength) +
-                                  (std::isfinite(report.Direction.VectorDirection)
-                                       ? QString(" at %1°").arg(report.Direction.VectorDirection, 0, 'f', 0)
-                                       : QString())};
-  return first.join("   ·   ") + "\n" + second.join("   ·   ");
+                             "Intervals below 2 ms " + ViolationsText(report.Refractory)};
+  const QStringList quality = {"Contamination by one cell " + EstimateText(report.Refractory.ContaminationByOne),
+                               "by many " + EstimateText(report.Refractory.ContaminationByMany),
+                               "Isolation distance " + OrNone(apart.IsolationDistance),
+                               "L-ratio " + OrNone(apart.LRatio)};
+  const QStringList behaviour = {"Spatial information " + OrNone(report.Rate.Information, " bits/spike"),
+                                 "Fields " + Whole(static_cast<double>(report.Behaviour.Place.Fields.size())),
+                                 "Grid score " + OrNone(report.Behaviour.Grid.Score.Value),
+                                 "Mean vector length " + OrNone(report.Direction.VectorLength) +
+                                     (std::isfinite(report.Direction.VectorDirection)
+                                          ? QString(" at %1°").arg(report.Direction.VectorDirection, 0, 'f', 0)
+                                          : QString())};
+  QStringList lines;
+  for (const QStringList& figures : {train, quality, behaviour}) lines << figures.join("  ·  ");
+  return lines.join('\n');
 }
 
 QString NoteText(const ClusterNote& note) {
@@ -123,6 +127,8 @@ void ReportForm::LayOut() {
   lblClNote_ = MakeText("lblClNote", 10, true);
   lblRemarks_ = MakeText("lblRemarks", 8);
   for (QLabel* label : {lblFigures_, lblClNote_, lblRemarks_}) label->setWordWrap(true);
+  lblFigures_->setToolTip(
+      "Contamination: the share of spikes that are other cells', if they come from one other cell or from many");
   for (QLabel* label : {lblTime_, lblRemarks_}) label->setProperty("quiet", true);
   auto* maps = MakeText("lblMaps", 9, true);
   maps->setText("- MAPS -");

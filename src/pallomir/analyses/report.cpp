@@ -9,6 +9,7 @@
 #include "pallomir/recorded/position_file.h"
 #include "pallomir/results/compute_direction.h"
 #include "pallomir/results/compute_maps.h"
+#include "pallomir/results/measure_settings_file.h"
 
 namespace pallomir {
 
@@ -45,6 +46,19 @@ std::string Counted(int64_t count, const char* one, const char* many) {
   return std::to_string(count) + (count == 1 ? one : many);
 }
 
+/// Of a time range without a length that makes sense only the intervals are known.
+void AddTrain(Report& report, const SpikeTimes& spikes) {
+  const bool timed = spikes.Range.MakesSense();
+  const LoadedTime time({timed ? spikes.Range : TimeRange{-kFarthestStamp, kFarthestStamp}});
+  report.Refractory = RefractoryMeasuresOf(spikes.Times, time, {.Censored = report.Measures.DeadTime});
+  if (!timed) {
+    const Measured none = Measured::None("the time range makes no sense");
+    report.Refractory.ContaminationByOne = report.Refractory.ContaminationByMany = {none, none, none};
+  } else if (time.Length() > 0) {
+    report.MeanRate = static_cast<double>(spikes.Times.size()) / static_cast<double>(time.Length()) * kMicroseconds;
+  }
+}
+
 void AddRemarks(Report& report, const std::string& whyNoDirection) {
   AddRemark(report, UsageText(report.Rate.Used));
   if (!report.CentreGiven)
@@ -77,22 +91,21 @@ Report MakeReport(World& world, const ReportFiles& files, int c) {
   const SpikeTimes spikes = ReadSpikeTimes(world, files.ClusterFile, files.TimeFile);
   report.Spikes = ReadClusterLines(world, files.ClusterFile);
   const Positions positions = ReadPositions(files.PositionFile, WorkPace(world));
-  report.Path = TrackWithin(positions, spikes.Range);
+  const MeasureSettings settings = ReadMeasureSettings(files.ClusterFile.parent_path());
+  report.Path = TrackOver(positions, LoadedTime({spikes.Range}), settings.Map);
   report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
-  report.Rate = RateMapOf(positions, report.Path, spikes);
-  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range);
-  const DirectionResult direction = DirectionOf(positions, report.Path, spikes);
+  report.Rate = RateMapOf(positions, report.Path, spikes, settings);
+  report.Occupancy = OccupancyMapOf(positions, report.Path, spikes.Range, settings);
+  const DirectionResult direction = DirectionOf(positions, report.Path, spikes, settings);
   report.Direction = direction.Tuning;
   report.DirectionOfTravel = direction.OfTravel;
   AddPositions(report, files.CenterFile);
   report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
-  const bool timed = spikes.Range.MakesSense();
-  const auto duration = timed ? static_cast<double>(spikes.Range.Last - spikes.Range.First) : 0.0;
-  report.Refractory = RefractoryFiguresOf(spikes.Times, duration, {.Censored = report.Measures.DeadTime});
-  if (duration > 0) report.MeanRate = static_cast<double>(spikes.Times.size()) / duration * kMicroseconds;
+  report.Behaviour = Arena(positions, LoadedTime({spikes.Range}), settings).MeasuresOf(spikes.Times);
+  AddTrain(report, spikes);
   WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
   AddRemarks(report, direction.Explanation);
-  if (!timed)
+  if (!spikes.Range.MakesSense())
     AddRemark(report, "The time range has an impossible start or end: mean rate and contamination are unknown.");
   return report;
 }

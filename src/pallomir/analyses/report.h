@@ -7,6 +7,7 @@
 #include "pallomir/results/cluster_measures.h"
 #include "pallomir/results/map_file.h"
 #include "pallomir/results/report_series.h"
+#include "pallomir/science/behaviour/arena.h"
 #include "pallomir/science/behaviour/head_direction.h"
 #include "pallomir/science/behaviour/tracking.h"
 #include "pallomir/science/trains/refractory.h"
@@ -26,7 +27,8 @@ struct Report {
   Position Centre;
   bool CentreGiven = false;  ///< from the center file; otherwise the centre of the tracked area
   ClusterMeasures Measures;
-  RefractoryFigures Refractory;
+  RefractoryMeasures Refractory;
+  BehaviourMeasures Behaviour;
   double MeanRate = kNotKnown;  ///< spikes per second over the time range
   DirectionTuning Direction;
   bool DirectionOfTravel = false;

@@ -30,6 +30,22 @@
 
 namespace pallomir {
 
+// Four numbers that such a loop adds and multiplies at once. They are loaded with memcpy() and never passed by value.
+#if defined(__GNUC__)
+using FourDoubles = double __attribute__((vector_size(32)));
+#else
+struct FourDoubles {
+  double Values[4];
+  double operator[](size_t k) const { return Values[k]; }
+  friend FourDoubles operator*(const FourDoubles& a, const FourDoubles& b) {
+    return {a[0] * b[0], a[1] * b[1], a[2] * b[2], a[3] * b[3]};
+  }
+  void operator+=(const FourDoubles& b) {
+    for (size_t k = 0; k < 4; ++k) Values[k] += b[k];
+  }
+};
+#endif
+
 /// The path that a text means, as users type it and files hold it: UTF-8 with "\" or "/" as separator.
 std::filesystem::path PlatformPath(std::string_view text);
 

@@ -32,6 +32,8 @@ SpikeFile::SpikeFile(const std::filesystem::path& path) : file_(path, kTetrodeLa
   }
   const std::vector<double> retrigger = HeaderNumbers(file_.Header(), "SpikeRetriggerTime");
   if (!retrigger.empty() && retrigger[0] > 0 && retrigger[0] < 1e6) deadTime_ = retrigger[0];
+  const std::vector<double> rate = HeaderNumbers(file_.Header(), "SamplingFrequency");
+  if (!rate.empty() && rate[0] > 0 && std::isfinite(rate[0])) samplingRate_ = rate[0];
 }
 
 void SpikeFile::RefuseForeign() const {

@@ -43,6 +43,9 @@ class SpikeFile {
   /// if not stated.
   double DeadTime() const { return deadTime_; }
 
+  /// Samples a second on each wire: the header's "-SamplingFrequency"; 0 if not stated.
+  double SamplingRate() const { return samplingRate_; }
+
   /// Calls use(record) for every record in file order, reads in blocks and calls reached(share) after each. Records
   /// with an implausible stamp are skipped and counted. Throws CommandError if these are the majority or the file
   /// cannot be read.
@@ -60,6 +63,7 @@ class SpikeFile {
   std::array<double, kWires> scale_{1, 1, 1, 1};
   bool scaleKnown_ = false;
   double deadTime_ = 0;
+  double samplingRate_ = 0;
   uint64_t unreadable_ = 0;
 };
 

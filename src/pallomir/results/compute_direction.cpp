@@ -7,6 +7,7 @@
 
 #include "pallomir/files/number_text.h"
 #include "pallomir/results/explanations.h"
+#include "pallomir/results/measure_settings_file.h"
 
 namespace pallomir {
 
@@ -22,15 +23,15 @@ std::string WhyNoDirection(const Positions& positions, const DirectionTuning& tu
 
 }  // namespace
 
-DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes) {
-  const double slowest = positions.PixelsPerCm > 0 ? kSlowestTravelCm * positions.PixelsPerCm : kSlowestTravelPixels;
-
+DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes,
+                            const MeasureSettings& settings) {
   DirectionResult result;
   result.OfTravel = !positions.HasDirection;
-  const auto direction = result.OfTravel ? DirectionsOfTravel(track, slowest) : track.Direction;
-  result.Tuning = TuningOf(direction, track.Hold, SamplesOfSpikes(track, spikes.Times));
+  result.Tuning =
+      DirectedSamples(track.Direction, track.Hold, settings.Direction).TuningOf(SamplesOfSpikes(track, spikes.Times));
   SetSpikes(result.Used, spikes);
   SetSamples(result.Used, positions, track);
+  result.Used.Settings = UnusualEntries(settings);
   result.Used.SpikesUsed = result.Tuning.SpikesUsed;
   result.Explanation = WhyNoTrack(positions, track, spikes.Range);
   if (result.Explanation.empty()) result.Explanation = WhyNoDirection(positions, result.Tuning);
@@ -40,9 +41,11 @@ DirectionResult DirectionOf(const Positions& positions, const Track& track, cons
 
 DirectionResult ComputeDirection(World& world, const std::filesystem::path& timeFile,
                                  const std::filesystem::path& positionFile, const std::filesystem::path& clusterFile) {
+  const MeasureSettings settings = ReadMeasureSettings(clusterFile.parent_path());
   const SpikeTimes spikes = ReadSpikeTimes(world, clusterFile, timeFile);
   const Positions positions = ReadPositions(positionFile, WorkPace(world));
-  DirectionResult result = DirectionOf(positions, TrackWithin(positions, spikes.Range), spikes);
+  DirectionResult result =
+      DirectionOf(positions, TrackOver(positions, LoadedTime({spikes.Range}), settings.Map), spikes, settings);
   std::filesystem::path output = timeFile;
   WriteDirectionFile(result, output += ".dir");
   return result;

@@ -9,9 +9,10 @@
 namespace pallomir {
 
 /// The spikes' tuning to head direction or, if the positions have no directions, to the direction of travel above 5
-/// cm/s (20 pixels/s if the scale is unknown). `track` is that of `positions` within the time range of the spikes. If
-/// the result is empty, its explanation says why.
-DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes);
+/// cm/s (20 pixels/s if the scale is unknown). `track` is TrackOver() of `positions` within the time range of the
+/// spikes, by the same settings. If the result is empty, its explanation says why.
+DirectionResult DirectionOf(const Positions& positions, const Track& track, const SpikeTimes& spikes,
+                            const MeasureSettings& settings = {});
 
 /// The same for the spikes of `timeFile` within the time range of `clusterFile`. Writes the result to the file
 /// `timeFile` + ".dir", all or nothing, and returns it. Throws CommandError if a file cannot be read or written,

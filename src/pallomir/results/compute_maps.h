@@ -8,16 +8,20 @@
 
 namespace pallomir {
 
-// `track` is that of `positions` within the range. If a result is empty, its explanation says why.
+// `track` is TrackOver() of `positions` within the range, by the same settings. If a result is empty, its explanation
+// says why.
 
 /// The rate map of the spikes over the positions.
-MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeTimes& spikes);
+MapResult RateMapOf(const Positions& positions, const Track& track, const SpikeTimes& spikes,
+                    const MeasureSettings& settings = {});
 
 /// The seconds spent in every bin.
-MapResult OccupancyMapOf(const Positions& positions, const Track& track, const TimeRange& range);
+MapResult OccupancyMapOf(const Positions& positions, const Track& track, const TimeRange& range,
+                         const MeasureSettings& settings = {});
 
-// The same from files. Each writes its result to a file, all or nothing, and returns it. They throw CommandError if a
-// file cannot be read or written, Interrupted when the user stops them.
+// The same from files, by the settings beside them (measure_settings_file.h). Each writes its result to a file, all or
+// nothing, and returns it. They throw CommandError if a file cannot be read or written, Interrupted when the user stops
+// them.
 
 /// The rate map of the spikes of `timeFile`, within the time range of `clusterFile`, over the positions.
 MapResult ComputeRateMap(World& world, const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile,

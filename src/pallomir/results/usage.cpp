@@ -1,6 +1,7 @@
 #include "pallomir/results/usage.h"
 
 #include "pallomir/files/number_text.h"
+#include "pallomir/results/measure_settings_file.h"
 #include "pallomir/results/result_text.h"
 
 namespace pallomir {
@@ -63,18 +64,26 @@ std::string UsageText(const Usage& usage) {
   say(usage.SamplesInterpolated, Subject(usage.SamplesInterpolated, "lost position sample") + " interpolated.");
   say(usage.SamplesDisordered, Subject(usage.SamplesDisordered, "position sample") + " out of time order and sorted.");
   say(usage.SamplesUnreadable, Subject(usage.SamplesUnreadable, "unreadable line") + " left out of the position file.");
+  if (usage.Settings.empty()) return text;
+  text.append(text.empty() ? "Settings:" : " Settings:");
+  for (const HeaderEntry& entry : usage.Settings)
+    text.append(" ").append(entry.Key).append(" ").append(entry.Value).append(",");
+  text.back() = '.';
   return text;
 }
 
 std::vector<HeaderEntry> HeaderEntries(const Usage& usage) {
   std::vector<HeaderEntry> lines;
   for (const auto& [key, member] : kCounts) lines.push_back({key, std::to_string(usage.*member)});
+  lines.insert(lines.end(), usage.Settings.begin(), usage.Settings.end());
   return lines;
 }
 
 Usage UsageFrom(std::string_view header, const std::filesystem::path& file) {
   Usage usage;
   for (const auto& [key, member] : kCounts) usage.*member = HeaderCount(header, key, file);
+  for (const HeaderEntry& known : SettingEntries({}))
+    if (const auto value = HeaderValue(header, known.Key)) usage.Settings.push_back({known.Key, *value});
   return usage;
 }
 

@@ -24,6 +24,8 @@ struct Usage {
   int64_t SamplesInterpolated = 0;  ///< of these, with an interpolated position
   int64_t SamplesDisordered = 0;    ///< earlier than the previous one; sorted
   int64_t SamplesUnreadable = 0;    ///< lines of the position file that are not samples
+  /// Settings that differ from their defaults, as header lines; a result file keeps them.
+  std::vector<HeaderEntry> Settings;
 };
 
 /// Until an analysis sets SpikesUsed, all spikes count as used.

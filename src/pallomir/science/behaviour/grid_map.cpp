@@ -62,8 +62,8 @@ void SmoothRow(const double* row, int columns, const std::vector<double>& weight
 
 }  // namespace
 
-double BinSize(double pixelsPerCm) {
-  return pixelsPerCm == 0 ? kBinPixels : std::max(std::round(kBinCm * pixelsPerCm), 1.0);
+double BinSize(double pixelsPerCm, const MapSettings& settings) {
+  return std::max(std::round(settings.BinCm * ScaleOf(pixelsPerCm)), 1.0);
 }
 
 Map OccupancyMap(const Track& track, double bin) {
@@ -85,7 +85,15 @@ SpikeMap CountSpikes(const Track& track, std::span<const int64_t> samples, const
   return spikes;
 }
 
+std::vector<int32_t> BinsOfSamples(const Track& track, const Map& frame) {
+  std::vector<int32_t> bins(track.Time.size(), -1);
+  for (size_t i = 0; i < bins.size(); ++i)
+    if (!std::isnan(track.X[i])) bins[i] = static_cast<int32_t>(BinAt(frame, track.X[i], track.Y[i]));
+  return bins;
+}
+
 std::vector<double> GaussianWeights(double sigma) {
+  if (sigma <= 0) return {1};
   const int radius = static_cast<int>(std::lround(4 * sigma));
   std::vector<double> weights;
   double sum = 0;
@@ -97,8 +105,9 @@ std::vector<double> GaussianWeights(double sigma) {
   return weights;
 }
 
-Map Smoothed(const Map& map) {
-  const std::vector<double> weights = GaussianWeights(kSmoothingBins);
+Map Smoothed(const Map& map, const MapSettings& settings) {
+  if (settings.SmoothingBins <= 0) return map;
+  const std::vector<double> weights = GaussianWeights(settings.SmoothingBins);
   const int radius = static_cast<int>(weights.size() / 2);
   std::vector<double> across(map.Values.size(), 0);
   for (int row = 0; row < map.Rows; ++row)
@@ -112,11 +121,14 @@ Map Smoothed(const Map& map) {
   return smooth;
 }
 
-Map RateMap(const Map& counts, const Map& occupancy) {
-  Map rate = Smoothed(counts);
-  const Map seconds = Smoothed(occupancy);
+Map RateMap(const Map& counts, const Map& occupancy, const MapSettings& settings) {
+  return RateMap(counts, occupancy, Smoothed(occupancy, settings), settings);
+}
+
+Map RateMap(const Map& counts, const Map& occupancy, const Map& smoothOccupancy, const MapSettings& settings) {
+  Map rate = Smoothed(counts, settings);
   for (size_t i = 0; i < rate.Values.size(); ++i)
-    rate.Values[i] = occupancy.Values[i] > 0 ? rate.Values[i] / seconds.Values[i] : kNotKnown;
+    rate.Values[i] = IsVisited(occupancy.Values[i], settings) ? rate.Values[i] / smoothOccupancy.Values[i] : kNotKnown;
   return rate;
 }
 
@@ -132,7 +144,7 @@ MapPeak PeakOf(const Map& map) {
 double MeanRate(const Map& rate, const Map& occupancy) {
   double seconds = 0, spikes = 0;
   for (size_t i = 0; i < rate.Values.size(); ++i) {
-    if (!(occupancy.Values[i] > 0)) continue;
+    if (std::isnan(rate.Values[i])) continue;
     seconds += occupancy.Values[i];
     spikes += occupancy.Values[i] * rate.Values[i];
   }
@@ -144,7 +156,7 @@ double SpatialInformation(const Map& rate, const Map& occupancy) {
   if (!(mean > 0)) return kNotKnown;
   double seconds = 0, bits = 0;
   for (size_t i = 0; i < rate.Values.size(); ++i) {
-    if (!(occupancy.Values[i] > 0)) continue;
+    if (std::isnan(rate.Values[i])) continue;
     seconds += occupancy.Values[i];
     const double ratio = rate.Values[i] / mean;
     if (ratio > 0) bits += occupancy.Values[i] * ratio * std::log2(ratio);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "pallomir/science/behaviour/tracking.h"
+#include "pallomir/science/measure_settings.h"
 
 namespace pallomir {
 
@@ -23,15 +24,11 @@ struct Map {
   double At(int row, int column) const { return Values[Index(row, column)]; }
 };
 
-inline constexpr double kBinPixels = 10;
-inline constexpr double kBinCm = 2.5;
-inline constexpr double kSmoothingBins = 2;  ///< sigma, in bins
 /// More bins than any arena needs: a larger map is caused by an outlying position, not by a larger arena.
 inline constexpr double kMostBins = 250'000;
 
-/// The side of a bin in pixels: kBinPixels, or, if the scale is known (not 0), kBinCm rounded to whole pixels, at least
-/// 1.
-double BinSize(double pixelsPerCm);
+/// The side of a bin in pixels: settings.BinCm rounded to whole pixels, at least 1. `pixelsPerCm` is 0 if unknown.
+double BinSize(double pixelsPerCm, const MapSettings& settings = {});
 
 /// Seconds spent in each bin: the sum of the holds of its samples. The map covers the extent of the samples that have a
 /// position; without any it has no bins. Throws CommandError if there would be more than kMostBins.
@@ -45,15 +42,26 @@ struct SpikeMap {
 };
 SpikeMap CountSpikes(const Track& track, std::span<const int64_t> samples, const Map& occupancy);
 
-/// The weights -r..r of a Gaussian with a sigma of `sigma` bins, r = int(4 sigma + 0.5); they add up to 1.
+/// The bin of each sample as an index into the values of `frame`, a map of the same track; -1 without a position.
+std::vector<int32_t> BinsOfSamples(const Track& track, const Map& frame);
+
+/// The weights -r..r of a Gaussian with a sigma of `sigma` bins, r = int(4 sigma + 0.5); they add up to 1. A sigma of 0
+/// has the single weight 1.
 std::vector<double> GaussianWeights(double sigma);
 
-/// The map smoothed with a Gaussian of sigma kSmoothingBins, with zeros beyond its edges.
-Map Smoothed(const Map& map);
+/// The map smoothed with a Gaussian of sigma settings.SmoothingBins, with zeros beyond its edges.
+Map Smoothed(const Map& map, const MapSettings& settings = {});
 
-/// Spikes per second: smoothed counts over smoothed occupancy, NaN in unvisited bins (Leutgeb et al. 2005, Science
-/// 309:619; the smoothed histogram recommended by Grieves 2023, PLoS Computational Biology).
-Map RateMap(const Map& counts, const Map& occupancy);
+/// Whether a bin with so many seconds has a rate.
+inline bool IsVisited(double seconds, const MapSettings& settings) {
+  return seconds > 0 && seconds >= settings.MinimumOccupancy;
+}
+
+/// Spikes per second: smoothed counts over smoothed occupancy, NaN in bins that were not visited (Leutgeb et al. 2005,
+/// Science 309:619; the smoothed histogram recommended by Grieves 2023, PLoS Computational Biology).
+Map RateMap(const Map& counts, const Map& occupancy, const MapSettings& settings = {});
+/// The same from occupancy that is smoothed already.
+Map RateMap(const Map& counts, const Map& occupancy, const Map& smoothOccupancy, const MapSettings& settings);
 
 /// The highest value of a map and its bin; NaN if no bin has a value.
 struct MapPeak {
@@ -63,12 +71,12 @@ struct MapPeak {
 };
 MapPeak PeakOf(const Map& map);
 
-/// The mean rate over visited bins, m = sum p r, where p is the bin's share of the occupancy; NaN if no bin was
-/// visited.
+/// The mean rate over the bins with a rate, m = sum p r, where p is the bin's share of their occupancy; NaN without
+/// any.
 double MeanRate(const Map& rate, const Map& occupancy);
 
-/// Bits per spike, sum p (r / m) log2(r / m) over visited bins; NaN if the cell never fired (Skaggs et al. 1993,
-/// Advances in Neural Information Processing Systems 5).
+/// Bits per spike, sum p (r / m) log2(r / m) over the bins with a rate; NaN if the cell never fired (Skaggs et al.
+/// 1993, Advances in Neural Information Processing Systems 5).
 double SpatialInformation(const Map& rate, const Map& occupancy);
 
 }  // namespace pallomir

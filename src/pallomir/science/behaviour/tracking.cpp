@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "pallomir/science/behaviour/angles.h"
 
@@ -32,6 +33,57 @@ void LayOnLine(Track& track, size_t before, size_t after) {
     track.X[i] = position.X;
     track.Y[i] = position.Y;
   }
+}
+
+/// Calls use(i, seconds, dx, dy) for each seen sample with the movement from the first to the last seen sample within
+/// kTravelReach, if these differ in time.
+template <class Use>
+void ForEachTravel(const Track& track, Use use) {
+  // Only the samples with a position that was seen, so that both ends of each window advance as pointers.
+  std::vector<size_t> seen;
+  for (size_t i = 0; i < track.Time.size(); ++i)
+    if (track.Seen[i]) seen.push_back(i);
+  size_t first = 0, last = 0;
+  for (const size_t i : seen) {
+    while (track.Time[i] - track.Time[seen[first]] > kTravelReach) ++first;
+    while (last + 1 < seen.size() && track.Time[seen[last + 1]] - track.Time[i] <= kTravelReach) ++last;
+    const size_t from = seen[first], to = seen[last];
+    const double seconds = static_cast<double>(track.Time[to] - track.Time[from]) / 1e6;
+    if (seconds > 0) use(i, seconds, track.X[to] - track.X[from], track.Y[to] - track.Y[from]);
+  }
+}
+
+/// Takes positions as lost that the animal could only have reached faster than settings.JumpCm from the last good one.
+void LoseJumps(Positions& positions, const MapSettings& settings) {
+  const double farthest = settings.JumpCm * ScaleOf(positions.PixelsPerCm);
+  if (farthest == std::numeric_limits<double>::infinity()) return;
+  size_t good = positions.Time.size();  // index of the last good sample; none yet
+  for (size_t i = 0; i < positions.Time.size(); ++i) {
+    if (std::isnan(positions.X[i])) continue;
+    if (good < i) {
+      const double seconds = static_cast<double>(positions.Time[i] - positions.Time[good]) / 1e6;
+      const double moved = std::hypot(positions.X[i] - positions.X[good], positions.Y[i] - positions.Y[good]);
+      if (moved > farthest * seconds) {
+        positions.X[i] = positions.Y[i] = positions.Direction[i] = kNotKnown;
+        continue;
+      }
+    }
+    good = i;
+  }
+}
+
+void DropOtherSpeeds(Track& track, const MapSettings& settings) {
+  if (settings.EverySpeed()) return;
+  for (size_t i = 0; i < track.Speed.size(); ++i) {
+    if (track.Speed[i] >= settings.SlowestCm && track.Speed[i] <= settings.FastestCm) continue;
+    track.X[i] = track.Y[i] = track.Direction[i] = kNotKnown;
+    track.Seen[i] = false;
+  }
+}
+
+template <class Value>
+void AppendTo(std::vector<Value>& column, const std::vector<Value>& more) {
+  column.insert(column.end(), more.begin(), more.end());
 }
 
 void BridgeLostRuns(Track& track) {
@@ -68,6 +120,28 @@ Track TrackWithin(const Positions& positions, const TimeRange& range) {
   return track;
 }
 
+Track TrackOver(const Positions& positions, const LoadedTime& time, const MapSettings& settings) {
+  Positions good = positions;
+  LoseJumps(good, settings);
+  Track all;
+  for (const TimeRange& part : time.Parts()) {
+    Track track = TrackWithin(good, part);
+    track.Speed = SpeedsOf(track, positions.PixelsPerCm);
+    if (!positions.HasDirection) track.Direction = DirectionsOfTravel(track, SlowestTravel(positions.PixelsPerCm));
+    DropOtherSpeeds(track, settings);
+    AppendTo(all.Time, track.Time);
+    AppendTo(all.Hold, track.Hold);
+    AppendTo(all.X, track.X);
+    AppendTo(all.Y, track.Y);
+    AppendTo(all.Direction, track.Direction);
+    AppendTo(all.Speed, track.Speed);
+    AppendTo(all.Seen, track.Seen);
+    all.Lost += track.Lost;
+    all.Interpolated += track.Interpolated;
+  }
+  return all;
+}
+
 SeenPositions::SeenPositions(const Positions& positions) {
   for (size_t i = 0; i < positions.Time.size(); ++i)
     if (!std::isnan(positions.X[i])) seen_.push_back({positions.Time[i], {positions.X[i], positions.Y[i]}});
@@ -96,21 +170,19 @@ double MedianInterval(const std::vector<int64_t>& time) {
 }
 
 std::vector<double> DirectionsOfTravel(const Track& track, double slowest) {
-  // Only the samples with a position that was seen, so that both ends of each window advance as pointers.
-  std::vector<size_t> seen;
-  for (size_t i = 0; i < track.Time.size(); ++i)
-    if (track.Seen[i]) seen.push_back(i);
   std::vector<double> direction(track.Time.size(), kNotKnown);
-  size_t first = 0, last = 0;
-  for (const size_t i : seen) {
-    while (track.Time[i] - track.Time[seen[first]] > kTravelReach) ++first;
-    while (last + 1 < seen.size() && track.Time[seen[last + 1]] - track.Time[i] <= kTravelReach) ++last;
-    const size_t from = seen[first], to = seen[last];
-    const double seconds = static_cast<double>(track.Time[to] - track.Time[from]) / 1e6;
-    const double dx = track.X[to] - track.X[from], dy = track.Y[to] - track.Y[from];
-    if (seconds > 0 && std::hypot(dx, dy) > slowest * seconds) direction[i] = DegreesOf(dx, -dy);
-  }
+  ForEachTravel(track, [&](size_t i, double seconds, double dx, double dy) {
+    if (std::hypot(dx, dy) > slowest * seconds) direction[i] = DegreesOf(dx, -dy);
+  });
   return direction;
+}
+
+std::vector<double> SpeedsOf(const Track& track, double pixelsPerCm) {
+  std::vector<double> speed(track.Time.size(), kNotKnown);
+  ForEachTravel(track, [&](size_t i, double seconds, double dx, double dy) {
+    speed[i] = std::hypot(dx, dy) / seconds / ScaleOf(pixelsPerCm);
+  });
+  return speed;
 }
 
 std::vector<int64_t> SamplesOfSpikes(const Track& track, std::span<const int64_t> spikes) {

@@ -6,6 +6,8 @@
 #include <vector>
 
 #include "pallomir/science/behaviour/positions.h"
+#include "pallomir/science/loaded_time.h"
+#include "pallomir/science/measure_settings.h"
 #include "pallomir/science/xy.h"
 
 namespace pallomir {
@@ -16,6 +18,11 @@ inline constexpr int64_t kTravelReach = 100'000;    ///< microseconds around eac
 inline constexpr double kSlowestTravelCm = 5;       ///< cm per second; slower movement has no direction
 inline constexpr double kSlowestTravelPixels = 20;  ///< pixels per second, if pixels per cm are unknown
 
+/// In pixels per second.
+inline double SlowestTravel(double pixelsPerCm) {
+  return pixelsPerCm > 0 ? kSlowestTravelCm * pixelsPerCm : kSlowestTravelPixels;
+}
+
 /// The tracking samples within a time range, as columns in time order, with the time for which each counts.
 struct Track {
   std::vector<int64_t> Time;  ///< microseconds
@@ -25,6 +32,7 @@ struct Track {
   std::vector<double> X;  ///< pixels; NaN where the position is unknown
   std::vector<double> Y;
   std::vector<double> Direction;  ///< degrees, 0 up to 360; NaN where unknown
+  std::vector<double> Speed;      ///< cm per second, as SpeedsOf() returns it; only TrackOver() sets it
   std::vector<bool> Seen;         ///< the tracker saw the animal: the position is not interpolated
   int64_t Lost = 0;               ///< samples without a position
   int64_t Interpolated = 0;       ///< lost samples with an interpolated position
@@ -33,6 +41,15 @@ struct Track {
 /// The samples of `positions` within `range`. Lost samples are interpolated linearly in time between the good samples
 /// around them if these are at most kLongestBridge apart; their directions stay unknown.
 Track TrackWithin(const Positions& positions, const TimeRange& range);
+
+/// The samples in all parts of the loaded time, one part after another, by the settings: positions that the animal
+/// could not have reached are lost, and samples at other speeds than wanted lose position and direction. Directions are
+/// those of travel if the positions have none.
+Track TrackOver(const Positions& positions, const LoadedTime& time, const MapSettings& settings = {});
+
+/// cm per second at each sample: from the first to the last seen sample within kTravelReach; NaN where the animal was
+/// not seen, or only once. `pixelsPerCm` is 0 if unknown.
+std::vector<double> SpeedsOf(const Track& track, double pixelsPerCm);
 
 /// The animal's position at any time: interpolated linearly in time between the seen samples before and after, if these
 /// are at most kLongestBridge apart.

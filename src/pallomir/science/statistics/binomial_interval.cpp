@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "pallomir/science/statistics/log_gamma.h"
+
 namespace pallomir {
 
 namespace {
@@ -27,11 +29,6 @@ double BetaFraction(double x, double a, double b) {
     if (std::abs(d * c - 1) < 1e-15) break;
   }
   return fraction;
-}
-
-/// For positive x only, where the sign that lgamma leaves in a global is not needed.
-double LogGamma(double x) {
-  return std::lgamma(x);  // NOLINT(concurrency-mt-unsafe)
 }
 
 /// The cumulative distribution function of Beta(a, b) at x.

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <span>
 
-#include "pallomir/science/statistics/binomial_interval.h"
+#include "pallomir/science/loaded_time.h"
+#include "pallomir/science/measured.h"
 #include "pallomir/science/trains/train.h"
 
 namespace pallomir {
@@ -15,27 +15,29 @@ struct Refractory {
   double Censored = 0;
 };
 
-/// The share of spikes that come from other cells, 0 to 0.5. If there are more short intervals than any share explains,
-/// TooMany is true: the cluster is not one cell, and Share is 0.5.
-struct Contamination {
-  double Share = 0;
-  bool TooMany = false;
+/// An estimate with the ends of its 95 % interval.
+struct Estimate {
+  Measured Value;
+  Measured Low, High;
 };
 
-/// What the intervals shorter than the refractory period tell about a cluster.
-struct RefractoryFigures {
+/// What the spikes closer than the refractory period tell about a cluster of N spikes in loaded time T. Contamination
+/// is the share of spikes that come from other cells.
+struct RefractoryMeasures {
   int64_t Intervals = 0;
-  int64_t Short = 0;            ///< intervals shorter than the refractory period (violations)
-  std::optional<double> Share;  ///< Short / Intervals; empty without intervals
-  /// Empty if it cannot be computed.
-  std::optional<Contamination> Foreign;
-  /// The same for the violations at the two ends of the 95 % confidence interval of Share (BinomialInterval).
-  Contamination Least, Most;
+  int64_t Short = 0;       ///< intervals shorter than the refractory period (violations)
+  int64_t ShortPairs = 0;  ///< pairs of spikes closer than that, neighbours or not
+  Estimate Share;          ///< Short / Intervals (Clopper and Pearson 1934, Biometrika 26:404)
+  /// If all come from one other cell (Hill et al. 2011, J Neurosci 31:8699): the smaller solution of
+  /// Short = 2 (Period - Censored) N^2 (1 - f) f / T, or 0.5 if there is none.
+  Estimate ContaminationByOne;
+  /// If they come from many other cells (Llobet et al. 2022, bioRxiv 2022.02.08.479192):
+  /// 1 - sqrt(1 - ShortPairs (T - 2 N Censored) / (N^2 (Period - Censored))), or 1 if there is no such root.
+  Estimate ContaminationByMany;
 };
 
-/// Solves Short = 2 (Period - Censored) N^2 (1 - f) f / T for the smaller f (Hill et al. 2011), for N spikes at `times`
-/// (microseconds, in order) recorded in `duration` microseconds T. It assumes that all foreign spikes come from one
-/// other cell, with the same refractory period; spikes of several cells would cause more violations.
-RefractoryFigures RefractoryFiguresOf(std::span<const int64_t> times, double duration, const Refractory& refractory);
+/// `spikes` in microseconds, in time order, all within `time`.
+RefractoryMeasures RefractoryMeasuresOf(std::span<const int64_t> spikes, const LoadedTime& time,
+                                        const Refractory& refractory);
 
 }  // namespace pallomir

@@ -1,12 +1,12 @@
 #include "pallomir/science/waveforms/cluster_quality.h"
 
-#include <Eigen/Cholesky>
-#include <Eigen/Eigenvalues>
+#include <Eigen/Core>
 #include <algorithm>
 #include <array>
 
 #include "pallomir/files/platform.h"
 #include "pallomir/science/statistics/chi_square.h"
+#include "pallomir/science/waveforms/detail/whitening.h"
 
 namespace pallomir {
 
@@ -26,25 +26,8 @@ Eigen::MatrixXd MembersOf(const FeatureColumns& columns, std::span<const uint8_t
   return members;
 }
 
-/// The matrix W for which the squares of W (x - mean) add up to D2: the inverse of the covariance's Cholesky factor.
-/// Empty if the covariance is singular, which is judged on the correlation matrix, so that the features' units don't
-/// matter.
-Eigen::MatrixXd WhiteningOf(const Eigen::MatrixXd& centred) {
-  constexpr double smallest = 1e-10;  // rounding leaves some 1e-14 where features depend on each other
-  const Eigen::MatrixXd covariance = centred.transpose() * centred / static_cast<double>(centred.rows() - 1);
-  const Eigen::VectorXd scale = covariance.diagonal().cwiseSqrt();
-  if (!(scale.minCoeff() > 0) || !covariance.allFinite()) return {};
-  const Eigen::VectorXd unscale = scale.cwiseInverse();
-  const Eigen::MatrixXd correlation = unscale.asDiagonal() * covariance * unscale.asDiagonal();
-  const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(correlation, Eigen::EigenvaluesOnly);
-  if (eigen.info() != Eigen::Success || !(eigen.eigenvalues().minCoeff() > smallest)) return {};
-  const Eigen::LLT<Eigen::MatrixXd> factor(correlation);
-  const Eigen::MatrixXd identity = Eigen::MatrixXd::Identity(correlation.rows(), correlation.cols());
-  return factor.matrixL().solve(identity) * unscale.asDiagonal();
-}
-
 PALLOMIR_HOT_LOOP
-void AddDistances(const float* values, double mean, double factor, size_t count, double* sums) {
+void AddDistances(const double* values, double mean, double factor, size_t count, double* sums) {
   for (size_t i = 0; i < count; ++i) sums[i] += factor * (values[i] - mean);
 }
 
@@ -73,12 +56,13 @@ Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> me
   result.Features = static_cast<int>(columns.size());
   result.Spikes = std::count_if(member.begin(), member.end(), [](uint8_t is) { return is != 0; });
   result.Others = static_cast<int64_t>(member.size()) - result.Spikes;
-  if (result.Spikes > result.Others || result.Spikes <= result.Features || columns.empty()) return result;
+  if (result.Spikes <= result.Features || columns.empty()) return result;
 
   Eigen::MatrixXd members = MembersOf(columns, member, result.Spikes);
   const Eigen::VectorXd mean = members.colwise().mean();
   members.rowwise() -= mean.transpose();
-  const Eigen::MatrixXd whitening = WhiteningOf(members);
+  const Eigen::MatrixXd whitening =
+      WhiteningOf(members.transpose() * members / static_cast<double>(members.rows() - 1));
   if (whitening.size() == 0) return result;
 
   std::vector<double> others;
@@ -95,10 +79,11 @@ Isolation IsolationOf(const FeatureColumns& columns, std::span<const uint8_t> me
       exceeding += ChiSquareSurvival(squared[i], result.Features);
     }
   }
+  result.LRatio = exceeding / static_cast<double>(result.Spikes);
+  if (result.Spikes > result.Others) return result;
   const auto nth = others.begin() + (result.Spikes - 1);
   std::nth_element(others.begin(), nth, others.end());
   result.IsolationDistance = *nth;
-  result.LRatio = exceeding / static_cast<double>(result.Spikes);
   return result;
 }
 

@@ -10,7 +10,7 @@
 namespace pallomir {
 
 /// Features as columns, each with one value per spike.
-using FeatureColumns = std::vector<std::vector<float>>;
+using FeatureColumns = std::vector<std::vector<double>>;
 
 /// How well a cluster is isolated from the other spikes (Schmitzer-Torbert et al. 2005). With D2 the squared
 /// Mahalanobis distance from the cluster's mean under the covariance of its spikes (denominator n - 1):
@@ -19,8 +19,8 @@ using FeatureColumns = std::vector<std::vector<float>>;
 /// - LRatio: the sum over all other spikes of the probability that a chi-square variable with as many degrees of
 ///   freedom as there are features exceeds D2, divided by n.
 ///
-/// Both are empty ("n/a") if the cluster has more spikes than there are others, no more spikes than features, or
-/// linearly dependent features (singular covariance).
+/// Both are empty ("n/a") if the cluster has no more spikes than features or linearly dependent features (singular
+/// covariance); the distance also if the cluster has more spikes than there are others.
 struct Isolation {
   std::optional<double> IsolationDistance;
   std::optional<double> LRatio;

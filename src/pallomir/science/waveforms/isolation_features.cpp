@@ -10,21 +10,21 @@ namespace pallomir {
 namespace {
 
 constexpr int kBatch = 256;
-using Shape = Eigen::Matrix<float, kWaveformSamples, 1>;
+using Shape = Eigen::Matrix<double, kWaveformSamples, 1>;
 
 struct Sums {
-  float Squares;
-  float Product;  ///< with a component
+  double Squares;
+  double Product;  ///< with a component
 };
 
 /// Sums over a waveform, in lanes so that the compiler can vectorise the loop.
 PALLOMIR_HOT_LOOP
-Sums SumsOf(const int16_t* samples, const float* component) {
+Sums SumsOf(const int16_t* samples, const double* component) {
   constexpr int lanes = 8;
-  float squares[lanes] = {}, products[lanes] = {};
+  double squares[lanes] = {}, products[lanes] = {};
   for (int s = 0; s < kWaveformSamples; s += lanes)
     for (int k = 0; k < lanes; ++k) {
-      const float sample = samples[s + k];
+      const double sample = samples[s + k];
       squares[k] += sample * sample;
       products[k] += sample * component[s + k];
     }
@@ -38,14 +38,14 @@ Sums SumsOf(const int16_t* samples, const float* component) {
 
 /// A waveform divided by the square root of its sum of squares.
 Shape Normalised(const std::array<int16_t, kWaveformSamples>& samples) {
-  const Shape shape = Eigen::Map<const Eigen::Matrix<int16_t, kWaveformSamples, 1>>(samples.data()).cast<float>();
-  const float norm = shape.norm();
+  const Shape shape = Eigen::Map<const Eigen::Matrix<int16_t, kWaveformSamples, 1>>(samples.data()).cast<double>();
+  const double norm = shape.norm();
   return norm > 0 ? Shape(shape / norm) : shape;
 }
 
-/// Sums for a covariance. Each batch is summed in single precision, the batches in double precision.
+/// Sums for a covariance, in batches.
 struct Moments {
-  Eigen::MatrixXf Batch = Eigen::MatrixXf(kWaveformSamples, kBatch);
+  Eigen::MatrixXd Batch = Eigen::MatrixXd(kWaveformSamples, kBatch);
   int Filled = 0;
   double Count = 0;
   Eigen::VectorXd Sum = Eigen::VectorXd::Zero(kWaveformSamples);
@@ -57,8 +57,8 @@ struct Moments {
   }
   void Finish() {
     const auto batch = Batch.leftCols(Filled);
-    Sum += batch.rowwise().sum().cast<double>();
-    Squares += (batch * batch.transpose()).cast<double>();
+    Sum += batch.rowwise().sum();
+    Squares += batch * batch.transpose();
     Count += Filled;
     Filled = 0;
   }
@@ -68,7 +68,7 @@ struct Moments {
     if (Count == 0) return Shape::Zero();
     const Eigen::VectorXd mean = Sum / Count;
     const Eigen::SelfAdjointEigenSolver<Eigen::MatrixXd> eigen(Squares / Count - mean * mean.transpose());
-    return eigen.eigenvectors().col(kWaveformSamples - 1).cast<float>();
+    return eigen.eigenvectors().col(kWaveformSamples - 1);
   }
 };
 

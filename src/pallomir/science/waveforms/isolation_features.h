@@ -32,7 +32,7 @@ class IsolationFeatures {
  private:
   struct Components;
   std::unique_ptr<Components> components_;
-  std::array<std::array<std::vector<float>, 2>, kWires> columns_;
+  std::array<std::array<std::vector<double>, 2>, kWires> columns_;
   std::array<bool, kWires> recorded_{};
 };
 
