@@ -6,6 +6,7 @@
 #include "pallomir/files/error.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/recorded/angle_header.h"
+#include "tools/cut/measure_recording.h"
 #include "tools/figures.h"
 #include "tools/import/import_recording.h"
 #include "tools/info/describe_file.h"
@@ -26,8 +27,8 @@ CLI::Option* AddPath(CLI::App& command, const std::string& name, std::filesystem
       name, [&path](const std::string& text) { path = text; }, what);
 }
 
-void Print(const pallomir::ImportReport& report) {
-  for (const std::string& line : report.Lines()) std::cout << pallomir::Escaped(line) << "\n";
+void Print(const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) std::cout << pallomir::Escaped(line) << "\n";
 }
 
 /// How the video file measures angles, and whether they are meaningful.
@@ -68,6 +69,17 @@ void AddImport(CLI::App& app, pallomir::ImportRequest& import) {
   command->add_flag("--replace", import.Replace, "Replace existing files with other contents");
 }
 
+void AddMeasure(CLI::App& app, pallomir::MeasureRequest& measure) {
+  CLI::App* command = app.add_subcommand("measure", "Measure the clusters of a cut, into a table");
+  AddPath(*command, "recording", measure.Recording, "Parameter file: .Ntt.parms")->required();
+  AddPath(*command, "--boundaries", measure.Boundaries, "Boundaries file")->required();
+  AddPath(*command, "--positions", measure.Positions, "Position file; default Pos.p, one folder above");
+  AddPath(*command, "--out", measure.Out, "Name of the table, without extension; default measures, beside it");
+  command->add_option("--from", measure.From, "First record; default 0");
+  command->add_option("--to", measure.To, "Last record; default the last one");
+  command->add_flag("!--no-chance", measure.Chance, "Do not compare with chance, which takes seconds per cluster");
+}
+
 int Run(int argc, char** argv) {
   CLI::App app("Imports recordings for Pallomir.", "pallomir-cli");
   app.set_version_flag("--version", "pallomir-cli " PALLOMIR_VERSION, "Print the version");
@@ -76,7 +88,7 @@ int Run(int argc, char** argv) {
 
   pallomir::ImportRequest import;
   AddImport(app, import);
-  app.get_subcommand("import")->callback([&] { Print(ImportRecording(import, progress)); });
+  app.get_subcommand("import")->callback([&] { Print(ImportRecording(import, progress).Lines()); });
 
   pallomir::SampleRequest sample;
   CLI::App* sampleCommand = app.add_subcommand("sample", "Simulate a recording and import it");
@@ -90,7 +102,11 @@ int Run(int argc, char** argv) {
       ->capture_default_str()
       ->check(CLI::Range(uint64_t{1}, kMostSampleMinutes));
   sampleCommand->add_flag("--replace", sample.Replace, "Continue even if the folder is not empty");
-  sampleCommand->callback([&] { Print(MakeSample(sample, progress)); });
+  sampleCommand->callback([&] { Print(MakeSample(sample, progress).Lines()); });
+
+  pallomir::MeasureRequest measure;
+  AddMeasure(app, measure);
+  app.get_subcommand("measure")->callback([&] { Print(MeasureRecording(measure, progress)); });
 
   std::filesystem::path file;
   CLI::App* infoCommand = app.add_subcommand("info", "Describe a file and what is odd about it");
