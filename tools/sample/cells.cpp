@@ -43,6 +43,10 @@ double RateAt(const Cell& cell, const WalkStep& step, double theta) {
       return cell.PeakRate;
     case CellKind::Interneuron:
       return cell.PeakRate * modulation;
+    case CellKind::Border:
+      return kBackgroundRate + cell.PeakRate * modulation * Hill(step.X / cell.FieldSize);
+    case CellKind::Speed:
+      return cell.PeakRate * modulation * step.Speed / kTopSpeed;
   }
   return 0;
 }

@@ -17,7 +17,7 @@ struct SampleRequest {
 };
 
 /// Simulates a recording of one tetrode in a box of 1 m, writes it as the acquisition system would (raw/TT1.Ntt,
-/// raw/VT1.Nvt and raw/Events.Nev in `Folder`) and imports it into `Folder`. Six cells fire, the rest is multi-unit
+/// raw/VT1.Nvt and raw/Events.Nev in `Folder`) and imports it into `Folder`. Eight cells fire, the rest is multi-unit
 /// noise. The same seed gives the same bytes on every platform. Throws CommandError if the folder is not empty and
 /// Replace is false, or if a file cannot be written, and Interrupted when the user stops it.
 ImportReport MakeSample(const SampleRequest& request, ProgressBar& progress);

@@ -47,7 +47,7 @@ std::vector<WalkStep> WalkInBox(uint64_t microseconds, Draws draws) {
   double direction = 0.125;
   for (WalkStep& step : steps) {
     speed.Step(draws);
-    speed.Value = std::clamp(speed.Value, 5.0, 30.0);
+    speed.Value = std::clamp(speed.Value, 5.0, kTopSpeed);
     turning.Step(draws);
     look.Step(draws);
     direction += turning.Value * kStepSeconds;
@@ -55,7 +55,8 @@ std::vector<WalkStep> WalkInBox(uint64_t microseconds, Draws draws) {
     if (Move(x, distance * CosTurns(direction))) direction = 0.5 - direction;
     if (Move(y, distance * SinTurns(direction))) direction = -direction;
     const double heading = direction + look.Value;
-    step = {static_cast<float>(x), static_cast<float>(y), static_cast<float>(heading - std::floor(heading))};
+    step = {static_cast<float>(x), static_cast<float>(y), static_cast<float>(heading - std::floor(heading)),
+            static_cast<float>(speed.Value)};
   }
   return steps;
 }

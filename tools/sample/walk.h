@@ -8,13 +8,15 @@
 namespace pallomir {
 
 inline constexpr double kBoxSize = 100;            ///< cm
+inline constexpr double kTopSpeed = 30;            ///< cm/s
 inline constexpr uint64_t kWalkInterval = 10'000;  ///< microseconds between the steps of a walk
 
-/// The animal's position, in cm from the box's corner, and heading, in turns from +x towards +y.
+/// The animal's position, in cm from the box's corner, heading, in turns from +x towards +y, and speed, in cm/s.
 struct WalkStep {
   float X;
   float Y;
   float Heading;
+  float Speed;
 };
 
 /// A rat's walk in a box of 1 m: its speed, between 5 and 30 cm/s, and its turning drift slowly; walls turn it round.
