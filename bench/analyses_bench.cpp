@@ -175,7 +175,8 @@ BENCHMARK(IntervalsNaive)->Name("100 000 spikes: log intervals/naive")->Unit(ben
 void DirectionOurs(benchmark::State& state) {
   const Recorded& r = Given();
   for (auto _ : state)
-    benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, SamplesOfSpikes(r.Tracked, r.Spikes)));
+    benchmark::DoNotOptimize(
+        DirectedSamples(r.Tracked.Direction, r.Tracked.Hold).TuningOf(SamplesOfSpikes(r.Tracked, r.Spikes)));
 }
 BENCHMARK(DirectionOurs)->Name("100 000 spikes: direction tuning/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
@@ -188,7 +189,7 @@ void DirectionNaive(benchmark::State& state) {
       const auto after = std::upper_bound(r.Tracked.Time.begin(), r.Tracked.Time.end(), spike);
       samples.push_back(after - r.Tracked.Time.begin() - 1);
     }
-    benchmark::DoNotOptimize(TuningOf(r.Tracked.Direction, r.Tracked.Hold, samples));
+    benchmark::DoNotOptimize(DirectedSamples(r.Tracked.Direction, r.Tracked.Hold).TuningOf(samples));
   }
 }
 BENCHMARK(DirectionNaive)->Name("100 000 spikes: direction tuning/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);

@@ -1,46 +1,20 @@
 // Isolation of a cluster with one in fifty of a file's spikes.
 
-#include <cmath>
 #include <random>
 
-#include "pallomir/files/bytes.h"
-#include "pallomir/files/save_file.h"
+#include "by_numpy.h"
 #include "pallomir/recorded/spike_file.h"
 #include "pallomir/results/cluster_measures.h"
+#include "pallomir/science/waveforms/cluster_separation.h"
 #include "support.h"
 
 namespace pallomir::bench {
 
 namespace {
 
-constexpr int kOneIn = 50;
-
-std::string SpikeFilePath() {
-  static const std::string path = [] {
-    const std::string name = RecordingFolder() + "/bench.Ntt";
-    SaveFile file(name);
-    std::mt19937 generator(1);
-    std::array<unsigned char, kTetrodeLayout.RecordBytes> record{};
-    for (int64_t r = 0; r < Spikes(); ++r) {
-      StoreLittleEndian(record.data(), static_cast<uint64_t>(1000 * r));
-      const int height = r % kOneIn == 0 ? 6000 : 1500 + static_cast<int>(generator() % 1500);
-      for (int i = 0; i < kWaveformSamples * kWires; ++i) {
-        const int t = i / kWires - 8;
-        const auto shape = static_cast<int>(height * std::exp(-t * t / 12.0) / (1 + i % kWires));
-        StoreLittleEndian(record.data() + kSpikeSamples + 2 * i,
-                          static_cast<int16_t>(shape + static_cast<int>(generator() % 600) - 300));
-      }
-      file.Write(record.data(), record.size());
-    }
-    file.Commit();
-    return name;
-  }();
-  return path;
-}
-
 std::vector<int64_t> Stamps() {
   std::vector<int64_t> stamps;
-  for (int64_t r = 0; r < Spikes(); r += kOneIn) stamps.push_back(1000 * r);
+  for (int64_t r = 0; r < Spikes(); r += kOneIn) stamps.push_back(kFirstStamp + 1000 * r);
   return stamps;
 }
 
@@ -81,6 +55,35 @@ void IsolationOurs(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(IsolationOf(features.Columns, features.Member));
 }
 BENCHMARK(IsolationOurs)->Name("isolation distance and L-ratio of 8 features/ours")->Unit(benchmark::kMillisecond);
+
+void PutFeatures() {
+  const Features& features = BenchFeatures();
+  std::vector<double> values;
+  for (const auto& column : features.Columns) values.insert(values.end(), column.begin(), column.end());
+  PutArray("features", values);
+  PutArray("member", features.Member);
+}
+
+void IsolationNumpy(benchmark::State& state) {
+  PutFeatures();
+  ByNumpy(state, "isolation");
+}
+BENCHMARK(IsolationNumpy)->Name("isolation distance and L-ratio of 8 features/naive")->Apply(Once);
+
+void SeparationOurs(benchmark::State& state) {
+  const Features& features = BenchFeatures();
+  for (auto _ : state) {
+    const FeatureMoments all = MomentsOf(features.Columns), own = MomentsOf(features.Columns, features.Member);
+    benchmark::DoNotOptimize(SeparationOf(features.Columns, features.Member, all, own));
+  }
+}
+BENCHMARK(SeparationOurs)->Name("d' and neighbours in 8 features/ours")->Unit(benchmark::kMillisecond);
+
+void SeparationNumpy(benchmark::State& state) {
+  PutFeatures();
+  ByNumpy(state, "separation");
+}
+BENCHMARK(SeparationNumpy)->Name("d' and neighbours in 8 features/naive")->Apply(Once);
 
 }  // namespace
 

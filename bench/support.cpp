@@ -12,6 +12,7 @@
 #include "pallomir/files/platform.h"
 #include "pallomir/files/save_file.h"
 #include "pallomir/projection/colours.h"
+#include "pallomir/recorded/spike_file.h"
 #include "pallomir/session/point_reader.h"
 #include "pallomir/session/start_up.h"
 
@@ -31,7 +32,7 @@ void WriteRows(const std::string& path, Channels channels) {
     for (int p = 0; p < kParameters; ++p) set(p, static_cast<float>(p + 1));
   for (int64_t r = 0; r < Spikes(); ++r) {
     const auto& centre = kCentres[generator() % 4];
-    StoreLittleEndian<uint64_t>(row.data(), 1'000'000'000U + 1000U * static_cast<uint64_t>(r));
+    StoreLittleEndian(row.data(), static_cast<uint64_t>(kFirstStamp + 1000 * r));
     for (int c = 0; c < 4; ++c) {
       const float peak = centre[c] * (1 + 0.1F * normal(generator)) + 8 * normal(generator);
       set(kMPeak + c, peak);
@@ -82,6 +83,29 @@ const std::string& RecordingFolder(Channels channels) {
 
 std::string ParameterFilePath(Channels channels) {
   return RecordingFolder(channels) + "/TT1.Ntt.parms";
+}
+
+const std::string& SpikeFilePath() {
+  static const std::string path = [] {
+    const std::string name = RecordingFolder() + "/bench.Ntt";
+    SaveFile file(name);
+    std::mt19937 generator(1);
+    std::array<unsigned char, kTetrodeLayout.RecordBytes> record{};
+    for (int64_t r = 0; r < Spikes(); ++r) {
+      StoreLittleEndian(record.data(), static_cast<uint64_t>(kFirstStamp + 1000 * r));
+      const int height = r % kOneIn == 0 ? 6000 : 1500 + static_cast<int>(generator() % 1500);
+      for (int i = 0; i < kWaveformSamples * kWires; ++i) {
+        const int t = i / kWires - 8;
+        const auto shape = static_cast<int>(height * std::exp(-t * t / 12.0) / (1 + i % kWires));
+        StoreLittleEndian(record.data() + kSpikeSamples + 2 * i,
+                          static_cast<int16_t>(shape + static_cast<int>(generator() % 600) - 300));
+      }
+      file.Write(record.data(), record.size());
+    }
+    file.Commit();
+    return name;
+  }();
+  return path;
 }
 
 Session OpenSession(Channels channels) {

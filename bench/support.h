@@ -24,6 +24,13 @@ const std::string& RecordingFolder(Channels channels = Channels::Tetrode);
 /// The parameter file in it.
 std::string ParameterFilePath(Channels channels = Channels::Tetrode);
 
+/// A spike file for it; the spikes of one record in kOneIn are higher than all others.
+const std::string& SpikeFilePath();
+inline constexpr int kOneIn = 50;
+
+/// The stamp of the first record; each next one is 1 ms later.
+inline constexpr int64_t kFirstStamp = 1'000'000'000;
+
 /// A session with the whole recording loaded, shared by the benchmarks.
 Session& LoadedSession();
 
