@@ -125,26 +125,47 @@ void CellNumpy(benchmark::State& state) {
 }
 BENCHMARK(CellNumpy)->Name("10 000 spikes: place, grid, direction, speed/naive")->Apply(Once);
 
-void ChanceOf(benchmark::State& state, size_t step, int shifts) {
+/// Every second sample of the walk.
+Positions HalfOf(const Positions& samples) {
+  Positions half = samples;
+  for (auto* column : {&half.X, &half.Y, &half.Direction}) column->clear();
+  half.Time = OneIn(samples.Time, 2);
+  for (size_t i = 0; i < samples.Time.size(); i += 2) {
+    half.X.push_back(samples.X[i]);
+    half.Y.push_back(samples.Y[i]);
+    half.Direction.push_back(samples.Direction[i]);
+  }
+  return half;
+}
+
+void ChanceOf(benchmark::State& state, const Positions& samples, size_t step, int shifts) {
   MeasureSettings settings;
   settings.Chance.Shifts = shifts;
-  const Arena arena(WalkInBox().Samples, WholeWalk(), settings);
+  const Arena arena(samples, WholeWalk(), settings);
   const std::vector<int64_t> spikes = OneIn(WalkInBox().Spikes, step);
   const BehaviourMeasures measures = arena.MeasuresOf(spikes);
   for (auto _ : state) benchmark::DoNotOptimize(arena.ChanceOf(spikes, measures));
 }
-BENCHMARK_CAPTURE(ChanceOf, usual, 10, 1000)
-    ->Name("10 000 spikes: 1 000 shifts/ours")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(ChanceOf, longer, 10, 2000)
-    ->Name("10 000 spikes: 2 000 shifts/ours")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
-BENCHMARK_CAPTURE(ChanceOf, more, 5, 1000)
-    ->Name("20 000 spikes: 1 000 shifts/ours")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+void ChanceOurs(benchmark::State& state) {
+  ChanceOf(state, WalkInBox().Samples, 10, 1000);
+}
+void ChanceTwiceTheShifts(benchmark::State& state) {
+  ChanceOf(state, WalkInBox().Samples, 10, 2000);
+}
+void ChanceTwiceTheSpikes(benchmark::State& state) {
+  ChanceOf(state, WalkInBox().Samples, 5, 1000);
+}
+void ChanceHalfTheSamples(benchmark::State& state) {
+  ChanceOf(state, HalfOf(WalkInBox().Samples), 10, 1000);
+}
+
+void InRealTime(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Unit(benchmark::kMillisecond)->UseRealTime();
+}
+BENCHMARK(ChanceOurs)->Name("10 000 spikes: 1 000 shifts/ours")->Apply(InRealTime);
+BENCHMARK(ChanceTwiceTheShifts)->Name("10 000 spikes: 2 000 shifts/ours")->Apply(InRealTime);
+BENCHMARK(ChanceTwiceTheSpikes)->Name("20 000 spikes: 1 000 shifts/ours")->Apply(InRealTime);
+BENCHMARK(ChanceHalfTheSamples)->Name("10 000 spikes, half the samples: 1 000 shifts/ours")->Apply(InRealTime);
 
 void ChanceNumpy(benchmark::State& state) {
   PutWalk();
@@ -180,10 +201,7 @@ void MeasureCut(benchmark::State& state) {
                                .Settings = {}};
   for (auto _ : state) benchmark::DoNotOptimize(MeasureClusters(session, sources));
 }
-BENCHMARK(MeasureCut)
-    ->Name("measures of 30 clusters, files included/ours")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+BENCHMARK(MeasureCut)->Name("measures of 30 clusters, files included/ours")->Apply(InRealTime);
 
 }  // namespace
 
