@@ -1,6 +1,7 @@
 #pragma once
 
-#include <span>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "pallomir/results/measure_clusters.h"
@@ -9,10 +10,10 @@ namespace pallomir {
 
 /// A measure of a cluster, as tables, files and windows show it.
 struct MeasureColumn {
-  const char* Name;     ///< "isolation_distance"
-  const char* Unit;     ///< "Hz"; empty for a plain number
-  const char* Meaning;  ///< a sentence for the user
-  Measured (*Of)(const MeasuredCluster& cluster);
+  std::string Name;     ///< "isolation_distance"
+  std::string Unit;     ///< "Hz"; empty for a plain number
+  std::string Meaning;  ///< a sentence for the user
+  std::function<Measured(const MeasuredCluster& cluster)> Of;
 };
 
 /// All measures that are single numbers, in the order in which they are shown; those against chance come last.

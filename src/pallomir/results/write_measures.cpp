@@ -99,7 +99,7 @@ std::string MeasuresCsv(const MeasuredCut& cut) {
   AddComment(text, TestsNote(cut));
   text += "# Units:";
   for (const MeasureColumn& column : MeasureColumns())
-    if (*column.Unit != '\0') text.append(" ").append(column.Name).append(" ").append(UnitOf(column, cut)).append(";");
+    if (!column.Unit.empty()) text.append(" ").append(column.Name).append(" ").append(UnitOf(column, cut)).append(";");
   text += "\r\ncluster";
   for (const MeasureColumn& column : MeasureColumns()) text.append(",").append(column.Name);
   text += "\r\n";
