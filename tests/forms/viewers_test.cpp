@@ -248,7 +248,9 @@ class ViewersTest : public QObject {
     plot->PlotLogISI(desk.Folder / "cl", desk.Folder / "t", desk.Folder / "tmp.isi", "Single", "Cluster 7");
     QWidget* isi = desk.Opened();
     QCOMPARE(Figures(isi),
-             "3 intervals    33.3 % (1) below 2 ms; Outside the axis: 0 below 0.1 ms, 0 of 100 s and more");
+             "3 intervals    33.3 % (1) below 2 ms; What share of foreign spikes this means depends on the rate: see "
+             "Analysis "
+             "Report; Outside the axis: 0 below 0.1 ms, 0 of 100 s and more");
     QCOMPARE(Hover(isi, At(isi, 11, 0.5)), "10 to 12.6 ms: 1 interval");
   }
 

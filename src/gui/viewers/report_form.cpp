@@ -127,8 +127,8 @@ void ReportForm::LayOut() {
   lblClNote_ = MakeText("lblClNote", 10, true);
   lblRemarks_ = MakeText("lblRemarks", 8);
   for (QLabel* label : {lblFigures_, lblClNote_, lblRemarks_}) label->setWordWrap(true);
-  lblFigures_->setToolTip(
-      "Contamination: the share of spikes that are other cells', if they come from one other cell or from many");
+  lblFigures_->setToolTip(PlainToolTip(
+      "Contamination: the share of spikes that are other cells', if they come from one other cell or from many"));
   for (QLabel* label : {lblTime_, lblRemarks_}) label->setProperty("quiet", true);
   auto* maps = MakeText("lblMaps", 9, true);
   maps->setText("- MAPS -");

@@ -50,12 +50,10 @@ IntervalWindow::IntervalWindow(QWidget* parent, Dialogs& dialogs, const ResultTi
   SetWords({InLine({Whole(double(intervals.Intervals)) + " intervals",
                     QString("%1 (%2) below 2 ms")
                         .arg(Percent(intervals.RefractoryShare()), Whole(double(intervals.Refractory)))}),
+            "What share of foreign spikes this means depends on the rate: see Analysis Report",
             QString("Outside the axis: %1 below 0.1 ms, %2 of 100 s and more")
                 .arg(Whole(double(intervals.Below)), Whole(double(intervals.Above)))},
            QString::fromStdString(UsageText(result.Used)), QString::fromStdString(result.Explanation));
-  setToolTip(
-      "The share below 2 ms alone does not say how many spikes are other cells': at 12 spikes/s, 1 % means about 30 %. "
-      "The report estimates it.");
   if (IsEmpty()) return;
 
   Histogram histogram;
