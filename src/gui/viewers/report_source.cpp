@@ -11,7 +11,7 @@ void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool
   const Report report = MakeReport(world_, files, cluster_);
   auto form = std::make_unique<ReportForm>(world_, dialogs_, parent_, TetrodeOf(session_), cluster_);
   form->Show(report, QString("Cluster %1 - %2").arg(cluster_).arg(QString::fromStdString(NameText(files.SpikeFile))));
-  form.release();  // the form owns itself: it is destroyed when closed, or with its parent
+  static_cast<void>(form.release());  // the form owns itself: it is destroyed when closed, or with its parent
 }
 
 }  // namespace pallomir

@@ -118,7 +118,7 @@ void ResultWindow::Bound(QCPAxis* axis, QCPRange whole, bool standing) {
   bounds_.push_back({axis, whole, standing});
   const BoundAxis bound = bounds_.back();
   connect(axis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
-          [this, bound](const QCPRange& range) { KeepWithin(bound, range); });
+          [bound](const QCPRange& range) { KeepWithin(bound, range); });
   axis->setRange(whole);
 }
 

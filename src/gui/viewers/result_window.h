@@ -67,7 +67,7 @@ class ResultWindow : public QWidget {
 
   void MakeButtons();
   void Dress(const PlotStyle& style);
-  void KeepWithin(const BoundAxis& bound, const QCPRange& range);
+  static void KeepWithin(const BoundAxis& bound, const QCPRange& range);
   void ShowReadOut(QPointF at);
 
   void ShowAll();
