@@ -69,6 +69,29 @@ class ProjectionsTest : public QObject {
     QVERIFY(std::abs(program.Shared.AxisMaximum[0] - 1998) < 5);
   }
 
+  void TheWheelZoomsTheMiddleButtonMovesAndBackspaceStepsBack() {
+    Program program;
+    program.Load();
+    const Session& session = program.Shared;
+    const float left = session.AxisMinimum[0], right = session.AxisMaximum[0];
+    const QPoint at = program.At(300, 40);
+    QWheelEvent wheel(at, program.Surface()->mapToGlobal(at), {}, {0, 240}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(program.Surface(), &wheel);
+    QVERIFY(std::abs(session.AxisMaximum[0] - session.AxisMinimum[0] - 0.64F * (right - left)) < 1);
+    QVERIFY(std::abs(QPoint(program.At(300, 40) - at).manhattanLength()) <= 2);
+
+    QTest::mousePress(program.Surface(), Qt::MiddleButton, {}, at);
+    const QPoint there = at + QPoint(60, -20);
+    QTest::mouseMove(program.Surface(), there);
+    QTest::mouseRelease(program.Surface(), Qt::MiddleButton, {}, there);
+    QVERIFY(QPoint(program.At(300, 40) - there).manhattanLength() <= 2);
+    QTest::keyClick(program.View(), Qt::Key_Backspace);
+    QVERIFY(QPoint(program.At(300, 40) - at).manhattanLength() <= 2);
+    QTest::keyClick(program.View(), Qt::Key_Backspace);
+    QCOMPARE(session.AxisMinimum[0], left);
+    QCOMPARE(session.AxisMaximum[0], right);
+  }
+
   void EveryPressIsACornerButTheSecondOfADoubleClick() {
     Program program;
     program.Load();

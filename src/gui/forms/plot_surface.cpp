@@ -171,6 +171,11 @@ void PlotSurface::mouseReleaseEvent(QMouseEvent* event) {
   emit Released(event->button(), ValueAt(pointer_));
 }
 
+void PlotSurface::wheelEvent(QWheelEvent* event) {
+  constexpr double kNotch = 120;  // of QWheelEvent::angleDelta()
+  emit Wheeled(event->angleDelta().y() / kNotch, ValueAt(event->position()));
+}
+
 void PlotSurface::leaveEvent(QEvent*) {
   emit Left();
 }

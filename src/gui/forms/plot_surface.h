@@ -56,6 +56,8 @@ class PlotSurface : public QWidget {
   void Pressed(Qt::MouseButton button, Vertex at);
   void Moved(Vertex at);
   void Released(Qt::MouseButton button, Vertex at);
+  /// Notches of the wheel away from the user.
+  void Wheeled(double notches, Vertex at);
   void Left();
   void Resized();
 
@@ -65,6 +67,7 @@ class PlotSurface : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 

@@ -67,9 +67,11 @@ Projections::Projections(Workbench& bench)
 
   connect(surface_, &PlotSurface::Pressed, this,
           [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseDown(button, at); }); });
-  connect(surface_, &PlotSurface::Moved, this, &Projections::Form_MouseMove);
+  connect(surface_, &PlotSurface::Moved, this, [this](Vertex at) { RunCommand(bench_, [&] { Form_MouseMove(at); }); });
   connect(surface_, &PlotSurface::Released, this,
           [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseUp(button, at); }); });
+  connect(surface_, &PlotSurface::Wheeled, this,
+          [this](double notches, Vertex at) { RunCommand(bench_, [&] { Form_MouseWheel(notches, at); }); });
   connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });
   connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
   resized_.setSingleShot(true);

@@ -11,6 +11,7 @@
 #include "pallomir/projection/draw_points.h"
 #include "pallomir/projection/polygon.h"
 #include "pallomir/projection/uniform_numbers.h"
+#include "pallomir/projection/zoom_steps.h"
 #include "pallomir/session/session.h"
 
 class QLabel;
@@ -104,6 +105,10 @@ class Projections : public QWidget {
   void Form_MouseDown(Qt::MouseButton button, Vertex at);
   void Form_MouseMove(Vertex at);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
+  /// A wheel over the surface zooms about the pointer.
+  void Form_MouseWheel(double notches, Vertex at);
+  /// Steps back to the ranges before the last zoom or move of this projection.
+  void ZoomBack();
   /// Closes the open polygon; false, with everything restored, if the user stopped it.
   bool Close(Vertex at, ClickOutcome& outcome);
   /// A click that begins, extends or closes a polygon.
@@ -144,6 +149,9 @@ class Projections : public QWidget {
   UniformNumbers random_;
   std::optional<OpenPolygon> open_;
   std::optional<Vertex> zoomAnchor_;
+  /// The value that the middle button holds under the pointer.
+  std::optional<Vertex> held_;
+  ZoomSteps zoomSteps_;
   View view_;
   QImage ground_;
   Raster raster_;

@@ -1,4 +1,5 @@
 #include <QtWidgets>
+#include <cmath>
 
 #include "gui/controls/controls.h"
 #include "gui/controls/run_command.h"
@@ -98,6 +99,11 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
     ShowHint();
     return;
   }
+  if (button == Qt::MiddleButton) {
+    zoomSteps_.Keep(session_);
+    held_ = at;
+    return;
+  }
   if (!options_.Zoom) {
     if (centreArmed_ && button == Qt::LeftButton)
       emit CenterChosen(at);
@@ -142,9 +148,27 @@ void Projections::Form_MouseMove(Vertex at) {
                                  QString::fromStdString(session_.ParameterNames[session_.YParameter]),
                                  QString::fromStdString(SingleText(at.Y)));
   pointer_->setText(where);
+  if (!held_ || bench_.Working()) return;
+  if (MoveView(session_, {held_->X - at.X, held_->Y - at.Y})) Redraw();
+}
+
+void Projections::Form_MouseWheel(double notches, Vertex at) {
+  constexpr double kFactor = 0.8;
+  if (bench_.Working() || !PointsLoaded(session_) || !surface_->Scale().Drawable()) return;
+  zoomSteps_.Keep(session_);
+  if (ZoomAbout(session_, at, std::pow(kFactor, notches))) Redraw();
+}
+
+void Projections::ZoomBack() {
+  if (bench_.Working() || !PointsLoaded(session_)) return;
+  if (zoomSteps_.Back(session_))
+    Redraw();
+  else
+    Say("There is no earlier zoom of this projection.");
 }
 
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
+  if (button == Qt::MiddleButton) held_.reset();
   if (!zoomAnchor_ || button != Qt::LeftButton) return;
   const Vertex anchor = *zoomAnchor_;
   const View scale = surface_->Scale();
@@ -153,6 +177,7 @@ void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   if (bench_.Working()) return;
   const bool dragged = std::abs(scale.PixelX(at.X) - scale.PixelX(anchor.X)) >= 1 &&
                        std::abs(scale.PixelY(at.Y) - scale.PixelY(anchor.Y)) >= 1;
+  if (dragged) zoomSteps_.Keep(session_);
   if (!dragged || !ZoomTo(session_, anchor, at)) {
     ShowHint();
     return;
@@ -177,6 +202,9 @@ void Projections::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (slow_.isActive()) RunCommand(bench_, [this] { Redraw(); });
+      break;
+    case Qt::Key_Backspace:
+      if (!open_) RunCommand(bench_, [this] { ZoomBack(); });
       break;
     default:
       QWidget::keyPressEvent(event);
