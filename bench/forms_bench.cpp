@@ -19,6 +19,8 @@ class ChoosingDialogs : public Dialogs {
   QString SaveFile(QWidget*, const FileDialogOptions&) override { return {}; }
   int Print(QWidget*, QPrinter&) override { return 0; }
   bool Confirm(QWidget*, const QString&) override { return true; }
+  bool StartProgram(const QString&) override { return false; }
+  bool ShowDocument(const QString&) override { return false; }
 };
 
 /// The program on the benchmark recording.

@@ -83,6 +83,8 @@ class Driver : public Dialogs {
     return 1;
   }
   bool Confirm(QWidget*, const QString&) override { return true; }
+  bool StartProgram(const QString&) override { return false; }
+  bool ShowDocument(const QString&) override { return false; }
 
  private:
   struct Line {

@@ -44,7 +44,7 @@ int main(int argumentCount, char** arguments) {
   // A parameter file on the command line, as a file manager passes it, replaces the answer to the file dialog.
   const QString file = line.positionalArguments().value(0);
   pallomir::DesktopDialogs dialogs(file.isEmpty() ? file : QFileInfo(file).absoluteFilePath());
-  pallomir::Main_Form form(session, dialogs);
+  pallomir::Main_Form form(session, dialogs, pallomir::Preferences(pallomir::Preferences::UsualFile()));
   if (!form.Form_Load()) return 0;
   form.show();
   return QApplication::exec();

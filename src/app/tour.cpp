@@ -35,6 +35,8 @@ class TourDialogs : public Dialogs {
   QString SaveFile(QWidget*, const FileDialogOptions& options) override { return folder_ + "/" + options.FileName; }
   int Print(QWidget*, QPrinter&) override { return 0; }
   bool Confirm(QWidget*, const QString&) override { return true; }
+  bool StartProgram(const QString&) override { return false; }
+  bool ShowDocument(const QString&) override { return false; }
 
  private:
   QString folder_;

@@ -34,6 +34,14 @@ class ScriptedDialogs : public Dialogs {
     Questions << question;
     return Agree;
   }
+  bool StartProgram(const QString& parameterFile) override {
+    Started << parameterFile;
+    return DesktopServes;
+  }
+  bool ShowDocument(const QString& file) override {
+    Shown << file;
+    return DesktopServes;
+  }
 
   QStringList Messages;
   QStringList Questions;
@@ -42,6 +50,9 @@ class ScriptedDialogs : public Dialogs {
   int Copies = 0;
   QStringList FilesToOpen;
   FileDialogOptions Asked;
+  /// Parameter files that the program was started with, and documents shown.
+  QStringList Started, Shown;
+  bool DesktopServes = true;
 };
 
 /// A control of a form, by name.

@@ -32,6 +32,24 @@ TEST(OpenParameterFile, LeavesTheSessionUnchangedIfItDoesNotRecogniseTheFile) {
   EXPECT_EQ(session.File.RecordCount, 7);
 }
 
+TEST(RecordingAt, IsTheParameterFileOrTheOnlyOneInAFolder) {
+  const TemporaryFolder folder;
+  const std::filesystem::path file = folder.Put("TT1/TT1.Ntt.parms", "");
+  folder.Put("TT1/TT1.Ntt", "");
+  folder.Put("TT1/old.Ntt.parms.bak", "");
+  std::filesystem::create_directories(folder / "TT1/TT9.Ntt.parms");  // a folder of that name
+  EXPECT_EQ(RecordingAt(file), file);
+  EXPECT_EQ(RecordingAt(folder / "TT1"), file);
+  EXPECT_EQ(Refusal([&] { RecordingAt(folder / "TT1/TT1.Ntt"); }),
+            "TT1.Ntt is not a recording: the name of a parameter file ends in .Ntt.parms.");
+  EXPECT_EQ(Refusal([&] { RecordingAt(folder / "TT2.Ntt.parms"); }), folder / "TT2.Ntt.parms" + " is not present");
+  EXPECT_EQ(Refusal([&] { RecordingAt(folder / ""); }),
+            folder / "" + " holds no recording (a parameter file, .Ntt.parms).");
+  folder.Put("TT1/TT2.Ntt.parms", "");
+  EXPECT_EQ(Refusal([&] { RecordingAt(folder / "TT1"); }),
+            folder / "TT1" + " holds 2 recordings: choose one of its .Ntt.parms files.");
+}
+
 TEST(ParameterCatalogue, NamesAreAtTheirColumns) {
   const std::pair<int, const char*> names[] = {
       {0, "MPeak-1"},   {31, "MPeak-32"},   {32, "PreVal-1"},  {63, "PreVal-32"},  {64, "SpikeID"},

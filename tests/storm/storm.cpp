@@ -109,6 +109,8 @@ class Storm : public Dialogs {
     return Below(3);
   }
   bool Confirm(QWidget*, const QString&) override { return Chance(0.7); }
+  bool StartProgram(const QString&) override { return Chance(0.9); }
+  bool ShowDocument(const QString&) override { return Chance(0.9); }
 
   /// The time of the last action or message, read by the watchdog.
   std::atomic<std::chrono::steady_clock::rep> LastBeat{0};

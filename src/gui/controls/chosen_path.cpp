@@ -13,18 +13,13 @@ bool Exists(const fs::path& path) {
   return fs::exists(path, error);
 }
 
-QString TextOf(const fs::path& name) {
-  const std::u8string bytes = name.u8string();
-  return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
-}
-
 /// The entry of `folder` that Qt shows as `name`, or `name` itself unless there is exactly one such entry.
 fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
-  const QString called = TextOf(name);
+  const QString called = ShownPath(name);
   fs::path found;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    if (TextOf(entry->path().filename()) != called) continue;
+    if (ShownPath(entry->path().filename()) != called) continue;
     if (!found.empty()) return folder / name;
     found = entry->path();
   }
@@ -32,6 +27,11 @@ fs::path EntryCalled(const fs::path& folder, const fs::path& name) {
 }
 
 }  // namespace
+
+QString ShownPath(const fs::path& path) {
+  const std::u8string bytes = path.u8string();
+  return QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size()));
+}
 
 fs::path PathOf(const QString& chosen) {
   fs::path named(chosen.toStdU16String());

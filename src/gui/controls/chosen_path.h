@@ -9,4 +9,7 @@ namespace pallomir {
 /// the file that Qt shows under such a name is looked up in its folder.
 std::filesystem::path PathOf(const QString& chosen);
 
+/// How Qt shows a path; PathOf() finds it again.
+QString ShownPath(const std::filesystem::path& path);
+
 }  // namespace pallomir

@@ -84,4 +84,12 @@ bool DesktopDialogs::Confirm(QWidget* parent, const QString& question) {
   return box.exec() == QMessageBox::Yes;
 }
 
+bool DesktopDialogs::StartProgram(const QString& parameterFile) {
+  return QProcess::startDetached(QCoreApplication::applicationFilePath(), {parameterFile});
+}
+
+bool DesktopDialogs::ShowDocument(const QString& file) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+}
+
 }  // namespace pallomir

@@ -18,7 +18,8 @@ struct FileDialogOptions {
   bool ConfirmReplacing = true;
 };
 
-/// Modal dialogs. Tests provide their own answers.
+/// What the program asks of the desktop: modal dialogs, another start of itself, a viewer of documents. Tests provide
+/// their own answers.
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
@@ -30,9 +31,13 @@ class Dialogs {
   virtual int Print(QWidget* parent, QPrinter& printer) = 0;
   /// True if the user agrees.
   virtual bool Confirm(QWidget* parent, const QString& question) = 0;
+  /// Starts the program once more, with a parameter file. False if it could not be started.
+  virtual bool StartProgram(const QString& parameterFile) = 0;
+  /// Opens a document in the program that the desktop has for it. False if it has none.
+  virtual bool ShowDocument(const QString& file) = 0;
 };
 
-/// The desktop's own dialogs.
+/// The desktop itself.
 class DesktopDialogs : public Dialogs {
  public:
   /// `firstFile`, if not empty, answers the first request for a file to open.
@@ -42,6 +47,8 @@ class DesktopDialogs : public Dialogs {
   QString SaveFile(QWidget* parent, const FileDialogOptions& options) override;
   int Print(QWidget* parent, QPrinter& printer) override;
   bool Confirm(QWidget* parent, const QString& question) override;
+  bool StartProgram(const QString& parameterFile) override;
+  bool ShowDocument(const QString& file) override;
 
  private:
   QString firstFile_;

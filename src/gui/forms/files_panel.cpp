@@ -96,6 +96,12 @@ void FilesPanel::Connect() {
   bench_.KeepText(txtClustFile, bench_.Names.ClustFile);
 }
 
+void FilesPanel::AddTo(QMenu* menu) {
+  bench_.AddEntry(
+      menu, "mnuWriteBoundaries", "&Write boundaries", "Write the boundaries of all clusters, as Write CBFile does",
+      [this] { cmdWriteCBFile_Click(); }, Qt::CTRL | Qt::Key_S);
+}
+
 void FilesPanel::WriteExitCopy() {
   txtCBFileWrite->setText("cbfile.exit");
   cmdWriteCBFile_Click();

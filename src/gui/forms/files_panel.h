@@ -20,6 +20,9 @@ class FilesPanel : public QWidget {
   /// Takes names and epochs from the Defaults files of the data directory and the folder above it.
   void ReadDefaultsFiles();
 
+  /// Adds the panel's commands to a menu.
+  void AddTo(QMenu* menu);
+
   /// Writes the boundaries under the name of the exit copy.
   void WriteExitCopy();
 

@@ -8,6 +8,7 @@
 #include "gui/forms/analyses_panel.h"
 #include "gui/forms/axes_panel.h"
 #include "gui/forms/edit_panel.h"
+#include "gui/forms/file_menu.h"
 #include "gui/forms/files_panel.h"
 #include "gui/forms/range_panel.h"
 #include "pallomir/files/error.h"
@@ -18,8 +19,8 @@
 
 namespace pallomir {
 
-Main_Form::Main_Form(Session& session, Dialogs& dialogs)
-    : session_(session), bench_(session, dialogs, this), keeper_(bench_), projections_(bench_) {
+Main_Form::Main_Form(Session& session, Dialogs& dialogs, Preferences preferences)
+    : session_(session), bench_(session, dialogs, std::move(preferences), this), keeper_(bench_), projections_(bench_) {
   bench_.AddWindow(&projections_);
   LayOut();
   MakeMenus();
@@ -43,7 +44,6 @@ void Main_Form::Connect() {
   connect(&projections_, &Projections::Hidden, this, [this] { bench_.Say("Redraw shows the projection again."); });
   connect(axes_, &AxesPanel::ProjectionChosen, edit_, &EditPanel::RestartOverlap);
   connect(files_, &FilesPanel::Exit, this, &Main_Form::cmdExit_Click);
-  bench_.OnKey(QKeySequence::Quit, [this] { cmdExit_Click(); });
   for (QWidget* window : std::initializer_list<QWidget*>{this, &projections_})
     connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, &Main_Form::Escape);
 }
@@ -73,11 +73,8 @@ bool Main_Form::Form_Load() {
 
 bool Main_Form::ChooseParameterFile() {
   for (;;) {
-    const QString chosen =
-        bench_.TheDialogs().OpenFile(this, {"Select Tobrescan Output File",
-                                            "Tobrescan Output (*.Ntt.parms)|*.Ntt.parms|All files (*.*)|*.*",
-                                            {},
-                                            "Ntt.parms"});
+    const QString chosen = FileMenu::AskForRecording(bench_.TheDialogs(), this);
+    const QString whole = QFileInfo(chosen).absoluteFilePath();
     // The run's files are in the folder of the chosen file.
     const std::filesystem::path path = PathOf(chosen);
     std::error_code error;
@@ -86,7 +83,10 @@ bool Main_Form::ChooseParameterFile() {
     range_->ShowFolder();
     try {
       UnderErrorTitle([&] { OpenParameterFile(session_, path); }, ErrorKind::Foreign);
-      if (keeper_.EnterFolder()) return true;
+      if (keeper_.EnterFolder()) {
+        fileMenu_->NoteOpened(whole);
+        return true;
+      }
     } catch (const ProgramEnd& end) {
       bench_.ShowMessage(end.what(), "ERROR");
       return false;

@@ -16,6 +16,7 @@ namespace pallomir {
 class AnalysesPanel;
 class AxesPanel;
 class EditPanel;
+class FileMenu;
 class FilesPanel;
 class RangePanel;
 
@@ -25,7 +26,8 @@ class Main_Form : public QMainWindow {
   Q_OBJECT
 
  public:
-  Main_Form(Session& session, Dialogs& dialogs);
+  /// Without a file of its own, `preferences` are forgotten when the program ends.
+  Main_Form(Session& session, Dialogs& dialogs, Preferences preferences = {});
   ~Main_Form() override;
 
   /// The load event: lets the user choose the parameter file and initialises the run. Returns false if the program is
@@ -61,6 +63,7 @@ class Main_Form : public QMainWindow {
   EditPanel* edit_;
   FilesPanel* files_;
   AnalysesPanel* analyses_;
+  FileMenu* fileMenu_;
   /// All but the menus and the status line.
   QWidget* controls_;
   QPlainTextEdit* txtMessages_;

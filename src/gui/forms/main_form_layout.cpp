@@ -4,7 +4,9 @@
 #include "gui/forms/cluster_panel.h"
 #include "gui/forms/display_panel.h"
 #include "gui/forms/edit_panel.h"
+#include "gui/forms/file_menu.h"
 #include "gui/forms/files_panel.h"
+#include "gui/forms/help_menu.h"
 #include "gui/forms/main_form.h"
 #include "gui/forms/range_panel.h"
 #include "gui/forms/status_line.h"
@@ -91,10 +93,20 @@ void Main_Form::PlaceWindows() {
 }
 
 void Main_Form::MakeMenus() {
+  fileMenu_ = new FileMenu(bench_, this);
+  files_->AddTo(fileMenu_);
+  fileMenu_->addSeparator();
+  bench_.AddEntry(
+      fileMenu_, "mnuExit", "E&xit", "Exit Pallomir", [this] { cmdExit_Click(); }, Qt::CTRL | Qt::Key_Q);
+  menuBar()->addMenu(fileMenu_);
+
   range_->AddTo(menuBar()->addMenu("Ran&ge"));
+
   QMenu* view = menuBar()->addMenu("&View");
   axes_->AddTo(view);
   analyses_->AddTo(view);
+
+  menuBar()->addMenu(new HelpMenu(bench_, this));
 }
 
 }  // namespace pallomir

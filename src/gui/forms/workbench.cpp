@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 
+#include "gui/controls/controls.h"
 #include "gui/controls/run_command.h"
 #include "gui/controls/titles.h"
 #include "gui/controls/toolkit_values.h"
@@ -14,8 +15,8 @@
 
 namespace pallomir {
 
-Workbench::Workbench(Session& session, Dialogs& dialogs, QWidget* window)
-    : session_(session), dialogs_(dialogs), window_(window), windows_{window} {}
+Workbench::Workbench(Session& session, Dialogs& dialogs, Preferences preferences, QWidget* window)
+    : session_(session), dialogs_(dialogs), preferences_(std::move(preferences)), window_(window), windows_{window} {}
 
 void Workbench::KeepText(QLineEdit* box, std::string& text) {
   text = box->text().toStdString();
@@ -55,6 +56,18 @@ void Workbench::Run(const std::function<void()>& handler) {
 
 void Workbench::OnKey(const QKeySequence& key, const std::function<void()>& handler) {
   for (QWidget* window : windows_) On(new QShortcut(key, window), &QShortcut::activated, handler);
+}
+
+QAction* Workbench::AddEntry(QMenu* menu, const QString& name, const QString& caption, const QString& toolTip,
+                             const std::function<void()>& handler, const QKeySequence& key) {
+  QAction* entry = MakeEntry(menu, name, caption);
+  entry->setToolTip(toolTip);
+  menu->setToolTipsVisible(true);
+  On(entry, &QAction::triggered, handler);
+  entry->setShortcut(key);
+  if (!key.isEmpty())
+    for (QWidget* window : windows_) window->addAction(entry);
+  return entry;
 }
 
 void Workbench::Work(const std::function<void()>& work) {

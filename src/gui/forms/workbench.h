@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "gui/controls/dialogs.h"
+#include "gui/controls/preferences.h"
 #include "gui/forms/input_held_back.h"
 #include "pallomir/files/progress.h"
 #include "pallomir/output/cluster_files.h"
@@ -17,7 +18,9 @@
 #include "pallomir/session/session.h"
 #include "pallomir/session/world.h"
 
+class QAction;
 class QLineEdit;
+class QMenu;
 
 namespace pallomir {
 
@@ -28,10 +31,11 @@ class Workbench : public QObject, public World {
 
  public:
   /// `window` is the main window, the parent of message boxes.
-  Workbench(Session& session, Dialogs& dialogs, QWidget* window);
+  Workbench(Session& session, Dialogs& dialogs, Preferences preferences, QWidget* window);
 
   Session& TheSession() { return session_; }
   Dialogs& TheDialogs() { return dialogs_; }
+  Preferences& ThePreferences() { return preferences_; }
 
   // Texts of the panels' boxes that other panels use; KeepText() and the panel that has the box keep them up to date.
   Defaults Names;
@@ -66,7 +70,10 @@ class Workbench : public QObject, public World {
 
   /// Runs `handler` as a command by a key in either window.
   void OnKey(const QKeySequence& key, const std::function<void()>& handler);
-  /// Adds a window in which the keys work; before the first OnKey().
+  /// Adds an entry to a menu, which runs `handler` as a command; its key works in either window.
+  QAction* AddEntry(QMenu* menu, const QString& name, const QString& caption, const QString& toolTip,
+                    const std::function<void()>& handler, const QKeySequence& key = {});
+  /// Adds a window in which the keys work; before the first OnKey() or AddEntry().
   void AddWindow(QWidget* window) { windows_.push_back(window); }
 
   /// Runs a long operation: other input is held back meanwhile; Esc and closing the program stop it.
@@ -131,6 +138,7 @@ class Workbench : public QObject, public World {
 
   Session& session_;
   Dialogs& dialogs_;
+  Preferences preferences_;
   QWidget* window_;
   std::vector<QWidget*> windows_;
   QString advice_;

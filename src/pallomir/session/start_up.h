@@ -11,6 +11,10 @@ namespace pallomir {
 /// ProgramEnd if the name is refused, CommandError if the file cannot be read or is not a parameter file.
 void OpenParameterFile(Session& session, const std::filesystem::path& path);
 
+/// The parameter file that the user means by `path`: the file itself, or the only one in a folder. Throws CommandError
+/// if it is neither.
+std::filesystem::path RecordingAt(const std::filesystem::path& path);
+
 /// Sets the initial state of a run: every cluster displayed, every axis maximum 100, MPeak-1 against MPeak-2.
 void InitialiseSession(Session& session);
 

@@ -1,0 +1,51 @@
+#include "gui/forms/key_table.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr KeyRow kRows[] = {
+    {"controls and projection", "1 to 30", "choose a cluster; two digits typed within 0.8 s are one number"},
+    {"", "+ and −", "Scale Up, Scale Down"},
+    {"", "Ctrl+Z", "Undo"},
+    {"", "Ctrl+O", "open another recording"},
+    {"", "Ctrl+S", "write the boundaries, as **Write CBFile** does"},
+    {"", "Ctrl+Q", "Exit"},
+    {"", "Esc",
+     "stops a load, an analysis, a change of the cut, or the drawing of one point at a time; cancels the choice of the "
+     "maze centre; cancels an open polygon"},
+    {"projection", "left click", "the next corner; with **Write CenterFile** pressed, the centre of the maze"},
+    {"", "right click", "the last corner"},
+    {"", "drag, with **Zoom** chosen", "zoom into the rectangle"},
+    {"", "arrow keys", "up and down step Y, left and right step X"},
+    {"axis lists", "arrow keys, a letter", "step through the parameters; in the Y list they show at once"},
+    {"range boxes", "double-click, Enter", "look up the time of a record, or the record of a time"},
+    {"file-name boxes", "Enter", "read or write that file"},
+    {"**Load Points**, **Read CBFile**, **Set X**, **Set Y**, **Axis Scale**, **Rate Map**, **2D Spatial AutoCorr**, "
+     "**Avg Waveforms**",
+     "right click, or the menu key", "more choices"},
+    {"**Redraw**", "right click",
+     "draws one point at a time, **Draw Speed** of them a second; again, or Esc, stops it; Enter or a left click shows "
+     "all at once"},
+    {"events file", "double-click, Enter", "selects the time of the event"},
+    {"start and end boxes of epochs", "click, F2", "takes the selected time"},
+    {"waveforms", "left and right arrow", "one spike back, forward"},
+    {"", "S", "save the picture"},
+    {"", "drag", "zoom in"},
+    {"result windows", "wheel, + and −; drag, arrow keys", "zoom; move"},
+    {"", "double-click, 0", "show everything"},
+    {"", "Ctrl+C, Ctrl+S", "copy the picture, save it"},
+    {"", "Ctrl+T", "lay all results out side by side"},
+    {"", "Esc, Ctrl+W; Ctrl+Shift+W", "close; close all results"},
+    {"everywhere", "F1", "all keys and gestures on one sheet"},
+    {"", "Tab, Alt with an underlined letter", "reach every control"},
+    {"", "a parameter file or its folder, dropped on a window", "opens that recording too"},
+};
+
+}  // namespace
+
+std::span<const KeyRow> KeyTable() {
+  return kRows;
+}
+
+}  // namespace pallomir
