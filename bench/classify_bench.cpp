@@ -5,6 +5,7 @@
 #include "pallomir/clusters/boundaries_file.h"
 #include "pallomir/clusters/classify.h"
 #include "pallomir/clusters/keep_inside.h"
+#include "pallomir/clusters/live_count.h"
 #include "pallomir/session/point_reader.h"
 #include "support.h"
 
@@ -104,6 +105,76 @@ BENCHMARK(ReadFullFile)
     ->Name("read a full boundaries file and classify/ours")
     ->Unit(benchmark::kMillisecond)
     ->MinTime(0.3);
+
+/// Cluster 1 has a boundary on MPeak-1 and MPeak-2, which is dragged, and one of 5 corners on other parameters.
+void SetDraggedBoundary(Session& session, const Boundary& boundary) {
+  SetOnlyBoundary(session, boundary);
+  session.Clusters[1].BoundaryCount = 2;
+  session.Clusters[1].Boundaries[1] = Polygon(5);
+  session.Clusters[1].Boundaries[1].YParameter = 2;
+}
+
+/// One frame of dragging a corner: the number of points that the cluster would hold.
+void DragOurs(benchmark::State& state, int boundaries, int corners, bool star) {
+  Session& session = LoadedSession();
+  SetDraggedBoundary(session, Polygon(corners, star));
+  session.Clusters[1].BoundaryCount = static_cast<int16_t>(boundaries);
+  const LiveCount live(session, 1, 0);
+  Boundary boundary = session.Clusters[1].Boundaries[0];
+  for (auto _ : state) {
+    boundary.Vertices[0].X += 0.01F;
+    benchmark::DoNotOptimize(live.Count(boundary));
+  }
+}
+
+void DragOnlyBoundary(benchmark::State& state) {
+  DragOurs(state, 1, 5, false);
+}
+BENCHMARK(DragOnlyBoundary)->Name("count while dragging, 5 corners/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void DragStar(benchmark::State& state) {
+  DragOurs(state, 1, 51, true);
+}
+BENCHMARK(DragStar)->Name("count while dragging, star of 51/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void DragSecondBoundary(benchmark::State& state) {
+  DragOurs(state, 2, 5, false);
+}
+BENCHMARK(DragSecondBoundary)
+    ->Name("count while dragging, one of two/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->MinTime(0.3);
+
+/// Every boundary for every point, one point at a time.
+void DragNaive(benchmark::State& state, int boundaries) {
+  Session& session = LoadedSession();
+  SetDraggedBoundary(session, Polygon(5));
+  for (auto _ : state) {
+    Cluster& cluster = session.Clusters[1];
+    cluster.Boundaries[0].Vertices[0].X += 0.01F;
+    int64_t held = 0;
+    for (size_t i = 0; i < session.Points.Rows(); ++i) {
+      bool inside = true;
+      for (int b = 0; b < boundaries && inside; ++b) {
+        const Boundary& boundary = cluster.Boundaries[b];
+        inside = PointInBoundary(session.Points.Column(boundary.XParameter)[i],
+                                 session.Points.Column(boundary.YParameter)[i], boundary) == 1;
+      }
+      held += inside;
+    }
+    benchmark::DoNotOptimize(held);
+  }
+}
+
+void DragNaiveOnly(benchmark::State& state) {
+  DragNaive(state, 1);
+}
+BENCHMARK(DragNaiveOnly)->Name("count while dragging, 5 corners/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+void DragNaiveSecond(benchmark::State& state) {
+  DragNaive(state, 2);
+}
+BENCHMARK(DragNaiveSecond)->Name("count while dragging, one of two/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 }  // namespace
 

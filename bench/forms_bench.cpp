@@ -44,9 +44,9 @@ struct Program {
     Form.findChild<QPushButton*>("cmdLoadPoints")->click();
     QApplication::processEvents();
   }
-  void Mouse(QEvent::Type type, Qt::MouseButton button, QPointF at) {
+  void Mouse(QEvent::Type type, Qt::MouseButton button, QPointF at, Qt::KeyboardModifiers keys = {}) {
     QWidget* surface = Surface();
-    QMouseEvent event(type, at, surface->mapToGlobal(at), button, button, Qt::NoModifier);
+    QMouseEvent event(type, at, surface->mapToGlobal(at), button, button, keys);
     QApplication::sendEvent(surface, &event);
   }
 };
@@ -98,6 +98,32 @@ BENCHMARK(CloseStar)
     ->UseRealTime()
     ->Iterations(1)
     ->Repetitions(5);
+
+/// A move of the mouse while a corner of a hexagon is dragged, until the picture and the number of points are new.
+void DragCornerOnForm(benchmark::State& state) {
+  Program program;
+  program.Load();
+  program.Form.findChild<QAbstractButton*>("lblNewCluster(1)")->click();
+  const auto corner = [](int k) {
+    return QPointF(450, 450) + 250 * QPointF(std::cos(k * M_PI / 3), std::sin(k * M_PI / 3));
+  };
+  for (int k = 0; k < 6; ++k)
+    program.Mouse(QEvent::MouseButtonPress, k == 5 ? Qt::RightButton : Qt::LeftButton, corner(k).toPoint());
+  QApplication::processEvents();
+  program.Mouse(QEvent::MouseButtonPress, Qt::LeftButton, corner(0).toPoint(), Qt::ControlModifier);
+  int moved = 0;
+  for (auto _ : state) {
+    program.Mouse(QEvent::MouseMove, Qt::LeftButton, corner(0).toPoint() + QPoint(++moved % 100, 0),
+                  Qt::ControlModifier);
+    QApplication::processEvents();
+  }
+  program.Mouse(QEvent::MouseButtonRelease, Qt::LeftButton, corner(0).toPoint());
+}
+BENCHMARK(DragCornerOnForm)
+    ->Name("a frame of dragging a corner/ours")
+    ->Unit(benchmark::kMillisecond)
+    ->UseRealTime()
+    ->MinTime(0.3);
 
 /// `clusters` clusters of one boundary, then Undo twice.
 void UndoOnForm(benchmark::State& state, int clusters) {

@@ -101,7 +101,7 @@ void Main_Form::Escape() {
     bench_.Stop();
   else if (projections_.SlowRedrawRunning())
     projections_.StopSlowRedraw();
-  else if (!analyses_->DisarmCentre() && projections_.PolygonOpen())
+  else if (!projections_.TakeBackDrag() && !analyses_->DisarmCentre() && projections_.PolygonOpen())
     bench_.Run([this] { edit_->TakeBackPolygon(); });
 }
 

@@ -38,8 +38,8 @@ void PlotSurface::SetNotice(const QString& heading, const QStringList& lines) {
   update();
 }
 
-void PlotSurface::SetPolygon(const std::optional<ShownPolygon>& polygon) {
-  polygon_ = polygon;
+void PlotSurface::SetPolygons(std::vector<ShownPolygon> polygons) {
+  polygons_ = std::move(polygons);
   composed_.reset();
   update();
 }
@@ -103,40 +103,60 @@ void PlotSurface::PaintNotice(QPainter& painter) const {
 void PlotSurface::Compose(const View& scale) {
   composed_ = scale;
   shown_ = picture_;
-  if (!polygon_ || !scale.Drawable()) return;
-  const Boundary& shape = polygon_->Shape;
+  if (!scale.Drawable()) return;
+  for (const ShownPolygon& polygon : polygons_) ComposePolygon(polygon, scale);
+}
+
+void PlotSurface::ComposePolygon(const ShownPolygon& polygon, const View& scale) {
+  using Looks = ShownPolygon::Looks;
+  const Boundary& shape = polygon.Shape;
   const std::span corners(shape.Vertices.data(), static_cast<size_t>(shape.VertexCount));
   const PolygonFaults faults = FaultsOf(shape);
-  const double ratio = devicePixelRatioF();
   const Canvas canvas = CanvasOf(shown_);
   if (faults.Any()) ShadeCountedPart(canvas, scale, shape);
-  if (polygon_->Open) StrokePolygon(canvas, scale, corners, false, 1.5 * ratio, polygon_->Colour.rgb());
+  if (polygon.As != Looks::Faults)
+    StrokePolygon(canvas, scale, corners, polygon.As == Looks::Handles, 1.5 * devicePixelRatioF(),
+                  polygon.Colour.rgb());
   QPainter painter(&shown_);
   painter.setRenderHint(QPainter::Antialiasing);
   const QRectF near = QRectF(rect()).adjusted(-10, -10, 10, 10);
-  const auto ring = [&](int corner, double radius) {
+  const auto mark = [&](int corner, double radius, bool square = false) {
     const QPointF at = PositionOf(shape.Vertices[corner]);
-    if (near.contains(at)) painter.drawEllipse(at, radius, radius);
+    if (!near.contains(at)) return;
+    if (square)
+      painter.drawRect(QRectF(at - QPointF(radius, radius), QSizeF(2 * radius, 2 * radius)));
+    else
+      painter.drawEllipse(at, radius, radius);
   };
-  if (polygon_->Open) {
-    painter.setPen(polygon_->Colour);
-    painter.setBrush(polygon_->Colour);
-    for (int k = 0; k < shape.VertexCount; ++k) ring(k, 2);
+  if (polygon.As == Looks::Open) {
+    painter.setPen(polygon.Colour);
+    painter.setBrush(polygon.Colour);
+    for (int k = 0; k < shape.VertexCount; ++k) mark(k, 2);
+  }
+  if (polygon.As == Looks::Handles) {
+    painter.setPen(QPen(Qt::black, 1));
+    painter.setBrush(Qt::white);
+    for (int k = 0; k < shape.VertexCount; ++k) mark(k, 3.5, true);
   }
   painter.setBrush(Qt::NoBrush);
   for (const QPen& pen : {QPen(QColor(60, 40, 0), 4), QPen(QColor(255, 176, 32), 2)}) {
     painter.setPen(pen);
-    for (const int corner : faults.Inward) ring(corner, 7);
-    for (const int corner : faults.Repeated) ring(corner, 7);
+    for (const int corner : faults.Inward) mark(corner, 7);
+    for (const int corner : faults.Repeated) mark(corner, 7);
   }
 }
 
+const ShownPolygon* PlotSurface::OpenPolygon() const {
+  return polygons_.size() == 1 && polygons_[0].As == ShownPolygon::Looks::Open ? polygons_.data() : nullptr;
+}
+
 void PlotSurface::PaintRubberBand(QPainter& painter) const {
-  if (!polygon_ || !polygon_->Open || !Scale().Drawable()) return;
-  const QPointF last = PositionOf(polygon_->Shape.Vertices[polygon_->Shape.VertexCount - 1]);
+  const ShownPolygon* open = OpenPolygon();
+  if (!open || !Scale().Drawable()) return;
+  const QPointF last = PositionOf(open->Shape.Vertices[open->Shape.VertexCount - 1]);
   const auto seen = Clipped({last.x(), last.y(), pointer_.x(), pointer_.y()}, width(), height(), 2);
   if (!seen) return;
-  painter.setPen(QPen(polygon_->Colour, 1, Qt::DashLine));
+  painter.setPen(QPen(open->Colour, 1, Qt::DashLine));
   painter.drawLine(QPointF(seen->X0, seen->Y0), QPointF(seen->X1, seen->Y1));
 }
 
@@ -150,7 +170,7 @@ void PlotSurface::PaintZoomRectangle(QPainter& painter) const {
 
 void PlotSurface::mousePressEvent(QMouseEvent* event) {
   pointer_ = pressed_ = event->position();
-  emit Pressed(event->button(), ValueAt(pointer_));
+  emit Pressed(event->button(), ValueAt(pointer_), event->modifiers());
 }
 
 void PlotSurface::mouseDoubleClickEvent(QMouseEvent* event) {
@@ -162,8 +182,8 @@ void PlotSurface::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void PlotSurface::mouseMoveEvent(QMouseEvent* event) {
   pointer_ = event->position();
-  if ((polygon_ && polygon_->Open) || zoomAnchor_) update();
-  emit Moved(ValueAt(pointer_));
+  if (OpenPolygon() || zoomAnchor_) update();
+  emit Moved(ValueAt(pointer_), event->modifiers());
 }
 
 void PlotSurface::mouseReleaseEvent(QMouseEvent* event) {

@@ -4,18 +4,27 @@
 #include <QWidget>
 #include <functional>
 #include <optional>
+#include <vector>
 
 #include "pallomir/projection/view.h"
 #include "pallomir/session/session.h"
 
 namespace pallomir {
 
-/// A polygon shown over the image: while it is drawn, and afterwards if the inside test accepts an area other than the
-/// polygon's.
+/// A polygon shown over the image: while it is drawn or mended, and afterwards if the inside test accepts an area other
+/// than the polygon's.
 struct ShownPolygon {
+  enum class Looks {
+    /// Being drawn: its corners, and a line from the last one to the pointer.
+    Open,
+    /// Its outline, with a handle at each corner.
+    Handles,
+    /// Only what is wrong with it.
+    Faults
+  };
   Boundary Shape;
   QColor Colour;
-  bool Open = false;
+  Looks As = Looks::Faults;
 };
 
 /// The plot area, which spans both axes completely. It keeps the finished image and paints moving items over it (the
@@ -41,9 +50,8 @@ class PlotSurface : public QWidget {
   /// The text shown without an image: a heading and lines below it.
   void SetNotice(const QString& heading, const QStringList& lines);
 
-  /// The polygon over the image, if any: an open one with a line from its last vertex to the pointer, one with faults
-  /// with the part that counts shaded and the faulty corners marked.
-  void SetPolygon(const std::optional<ShownPolygon>& polygon);
+  /// The polygons over the image; of one with faults, the part that counts is shaded and the faulty corners are marked.
+  void SetPolygons(std::vector<ShownPolygon> polygons);
 
   /// The image that blinks over the surface, in device pixels; null for none.
   void SetBlink(QImage image);
@@ -53,8 +61,8 @@ class PlotSurface : public QWidget {
 
  signals:
   /// The position is in parameter units.
-  void Pressed(Qt::MouseButton button, Vertex at);
-  void Moved(Vertex at);
+  void Pressed(Qt::MouseButton button, Vertex at, Qt::KeyboardModifiers keys);
+  void Moved(Vertex at, Qt::KeyboardModifiers keys);
   void Released(Qt::MouseButton button, Vertex at);
   /// Notches of the wheel away from the user.
   void Wheeled(double notches, Vertex at);
@@ -75,20 +83,22 @@ class PlotSurface : public QWidget {
   Vertex ValueAt(QPointF position) const;
   QPointF PositionOf(Vertex vertex) const;
   void PaintNotice(QPainter& painter) const;
-  /// Draws the polygon on the image.
+  /// Draws the polygons on the image.
   void Compose(const View& scale);
+  void ComposePolygon(const ShownPolygon& polygon, const View& scale);
+  const ShownPolygon* OpenPolygon() const;
   void PaintRubberBand(QPainter& painter) const;
   void PaintZoomRectangle(QPainter& painter) const;
 
   std::function<View()> scale_;
   QImage picture_;
-  /// The image with the polygon, and the scale for which it was drawn; empty if it must be drawn again.
+  /// The image with the polygons, and the scale for which it was drawn; empty if it must be drawn again.
   QImage shown_;
   std::optional<View> composed_;
   QString noticeHeading_;
   QStringList noticeLines_;
   QImage blink_;
-  std::optional<ShownPolygon> polygon_;
+  std::vector<ShownPolygon> polygons_;
   std::optional<Vertex> zoomAnchor_;
   QPointF pointer_;
   QPointF pressed_;

@@ -9,6 +9,7 @@
 #include "gui/controls/save_image.h"
 #include "gui/controls/toolkit_values.h"
 #include "gui/forms/axis_ruler.h"
+#include "gui/forms/boundary_mender.h"
 #include "gui/forms/picture.h"
 #include "gui/forms/status_line.h"
 #include "pallomir/files/error.h"
@@ -65,13 +66,9 @@ Projections::Projections(Workbench& bench)
   grid->addLayout(status, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
 
-  connect(surface_, &PlotSurface::Pressed, this,
-          [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseDown(button, at); }); });
-  connect(surface_, &PlotSurface::Moved, this, [this](Vertex at) { RunCommand(bench_, [&] { Form_MouseMove(at); }); });
-  connect(surface_, &PlotSurface::Released, this,
-          [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseUp(button, at); }); });
-  connect(surface_, &PlotSurface::Wheeled, this,
-          [this](double notches, Vertex at) { RunCommand(bench_, [&] { Form_MouseWheel(notches, at); }); });
+  mender_ = new BoundaryMender(bench_, *surface_, this);
+  ConnectSurface();
+  ConnectMender();
   connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });
   connect(surface_, &PlotSurface::Resized, this, [this] { resized_.start(); });
   resized_.setSingleShot(true);
@@ -97,6 +94,7 @@ void Projections::Redraw() {
   StopSlowRedraw();
   const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
+  mender_->CancelIfElsewhere();
   const bool givenUp = open && !open_;
   if (!isVisible()) show();
   BeginPicture();
@@ -193,11 +191,13 @@ const Boundary* Projections::FaultyBoundary() const {
 void Projections::ShowPolygon() {
   const QColor colour = ScreenColour(session_.Colours[session_.CurrentCluster]);
   if (open_)
-    surface_->SetPolygon(ShownPolygon{BoundaryOf(session_, *open_), colour, true});
+    surface_->SetPolygons({{BoundaryOf(session_, *open_), colour, ShownPolygon::Looks::Open}});
+  else if (auto mended = mender_->Shown(); !mended.empty())
+    surface_->SetPolygons(std::move(mended));
   else if (const Boundary* faulty = FaultyBoundary())
-    surface_->SetPolygon(ShownPolygon{*faulty, colour, false});
+    surface_->SetPolygons({{*faulty, colour, ShownPolygon::Looks::Faults}});
   else
-    surface_->SetPolygon({});
+    surface_->SetPolygons({});
 }
 
 void Projections::ShowCount() {
@@ -325,6 +325,8 @@ void Projections::closeEvent(QCloseEvent* event) {
 void Projections::changeEvent(QEvent* event) {
   // Moved to a screen with another pixel density.
   if (event->type() == QEvent::ActivationChange && raster_.Width() != surface_->DeviceSize().width()) resized_.start();
+  // Ctrl may be released in another window.
+  if (event->type() == QEvent::ActivationChange && !isActiveWindow()) mender_->Hold(false);
   QWidget::changeEvent(event);
 }
 

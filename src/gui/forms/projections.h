@@ -19,6 +19,7 @@ class QLabel;
 namespace pallomir {
 
 class AxisRuler;
+class BoundaryMender;
 
 /// How the projection is drawn and what the mouse does in it; the display panel sets it.
 struct ProjectionOptions {
@@ -85,10 +86,13 @@ class Projections : public QWidget {
   /// Another cluster was chosen: stops drawing an open polygon of the previous one.
   void ShowCluster();
 
+  /// Takes back the drag of a boundary that is being mended; false if there is none.
+  bool TakeBackDrag();
+
  signals:
   /// The user closed the window.
   void Hidden();
-  /// A click began, extended or closed a polygon: the boundary table changed.
+  /// A click began, extended or closed a polygon, or a boundary was mended: the boundary table changed.
   void BoundariesChanged();
   void OverlapEnded();
   /// A left click chose the centre of the maze.
@@ -100,15 +104,20 @@ class Projections : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
 
  private:
-  void Form_MouseDown(Qt::MouseButton button, Vertex at);
-  void Form_MouseMove(Vertex at);
+  void ConnectSurface();
+  void ConnectMender();
+  void Form_MouseDown(Qt::MouseButton button, Vertex at, Qt::KeyboardModifiers keys);
+  void Form_MouseMove(Vertex at, Qt::KeyboardModifiers keys);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
   /// A wheel over the surface zooms about the pointer.
   void Form_MouseWheel(double notches, Vertex at);
   /// Steps back to the ranges before the last zoom or move of this projection.
   void ZoomBack();
+  /// Whether Ctrl mends boundaries now.
+  bool CanMend() const;
   /// Closes the open polygon; false, with everything restored, if the user stopped it.
   bool Close(Vertex at, ClickOutcome& outcome);
   /// A click that begins, extends or closes a polygon.
@@ -140,6 +149,7 @@ class Projections : public QWidget {
   PlotSurface* surface_;
   AxisRuler* xRuler_;
   AxisRuler* yRuler_;
+  BoundaryMender* mender_;
   QLabel* message_;
   QLabel* pointer_;
   QLabel* count_;

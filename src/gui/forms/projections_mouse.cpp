@@ -4,6 +4,7 @@
 #include "gui/controls/controls.h"
 #include "gui/controls/run_command.h"
 #include "gui/controls/toolkit_values.h"
+#include "gui/forms/boundary_mender.h"
 #include "gui/forms/projections.h"
 #include "pallomir/clusters/classify.h"
 #include "pallomir/files/error.h"
@@ -24,6 +25,32 @@ QString PointsHeld(const Session& session, int c) {
 }
 
 }  // namespace
+
+void Projections::ConnectSurface() {
+  connect(surface_, &PlotSurface::Pressed, this, [this](Qt::MouseButton button, Vertex at, Qt::KeyboardModifiers keys) {
+    RunCommand(bench_, [&] { Form_MouseDown(button, at, keys); });
+  });
+  connect(surface_, &PlotSurface::Moved, this,
+          [this](Vertex at, Qt::KeyboardModifiers keys) { RunCommand(bench_, [&] { Form_MouseMove(at, keys); }); });
+  connect(surface_, &PlotSurface::Released, this,
+          [this](Qt::MouseButton button, Vertex at) { RunCommand(bench_, [&] { Form_MouseUp(button, at); }); });
+  connect(surface_, &PlotSurface::Wheeled, this,
+          [this](double notches, Vertex at) { RunCommand(bench_, [&] { Form_MouseWheel(notches, at); }); });
+}
+
+void Projections::ConnectMender() {
+  connect(mender_, &BoundaryMender::LooksChanged, this, [this] {
+    ShowPolygon();
+    if (!mender_->Dragging()) ShowHint();
+  });
+  connect(mender_, &BoundaryMender::Said, this, &Projections::Say);
+  connect(mender_, &BoundaryMender::Mended, this, [this] {
+    emit BoundariesChanged();
+    Redraw();
+    const int c = session_.CurrentCluster;
+    Say(QString("Cluster %1 holds %2. Undo takes the change back.").arg(c).arg(PointsHeld(session_, c)));
+  });
+}
 
 void Projections::Say(const QString& text) {
   message_->setText(text);
@@ -53,6 +80,7 @@ QString Projections::Hint() const {
   if (open_)
     return QString("Cluster %1: left click for the next corner, right click for the last one. Esc cancels the polygon.")
         .arg(c);
+  if (mender_->Holding()) return mender_->Hint();
   if (c == 0) return "Choose a cluster on the left, then click the corners of a polygon here.";
   if (cluster.BoundaryCount == 0)
     return QString("Cluster %1: click the corners of a polygon here, the last one with the right button.").arg(c);
@@ -63,7 +91,7 @@ QString Projections::Hint() const {
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
   return QString(here ? "Cluster %1 holds %2. A polygon drawn here replaces its boundary; in another projection "
-                        "it narrows the cluster."
+                        "it narrows the cluster. Hold Ctrl to mend the boundary."
                       : "Cluster %1 holds %2. A polygon drawn here narrows it.")
       .arg(c)
       .arg(points);
@@ -88,13 +116,25 @@ void Projections::ArmCentre(bool armed) {
 void Projections::ShowCluster() {
   const bool open = open_.has_value();
   AbandonIfElsewhere(session_, open_);
+  mender_->CancelIfElsewhere();
   ShowPolygon();
   ShowHint();
   if (open && !open_) Say("The open polygon was abandoned as drawn so far. Undo reverts it.");
 }
 
-void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
-  if (bench_.Working()) return;
+bool Projections::CanMend() const {
+  return PointsLoaded(session_) && surface_->Scale().Drawable() && !options_.Zoom && !centreArmed_ && !open_ &&
+         session_.CurrentCluster != 0;
+}
+
+bool Projections::TakeBackDrag() {
+  const bool dragging = mender_->Dragging();
+  mender_->Cancel();
+  return dragging;
+}
+
+void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at, Qt::KeyboardModifiers keys) {
+  if (bench_.Working() || mender_->Dragging()) return;
   if (!PointsLoaded(session_) || !surface_->Scale().Drawable()) {
     ShowHint();
     return;
@@ -104,6 +144,7 @@ void Projections::Form_MouseDown(Qt::MouseButton button, Vertex at) {
     held_ = at;
     return;
   }
+  if (keys.testFlag(Qt::ControlModifier) && CanMend() && mender_->Press(button, at, keys)) return;
   if (!options_.Zoom) {
     if (centreArmed_ && button == Qt::LeftButton)
       emit CenterChosen(at);
@@ -141,14 +182,17 @@ bool Projections::Close(Vertex at, ClickOutcome& outcome) {
   }
 }
 
-void Projections::Form_MouseMove(Vertex at) {
+void Projections::Form_MouseMove(Vertex at, Qt::KeyboardModifiers keys) {
   const QString where = QString("%1 = %2    %3 = %4")
                             .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
                                  QString::fromStdString(SingleText(at.X)),
                                  QString::fromStdString(session_.ParameterNames[session_.YParameter]),
                                  QString::fromStdString(SingleText(at.Y)));
   pointer_->setText(where);
-  if (!held_ || bench_.Working()) return;
+  if (bench_.Working()) return;
+  mender_->Hold(keys.testFlag(Qt::ControlModifier) && CanMend());
+  mender_->Move(at);
+  if (!held_) return;
   if (MoveView(session_, {held_->X - at.X, held_->Y - at.Y})) Redraw();
 }
 
@@ -169,6 +213,7 @@ void Projections::ZoomBack() {
 
 void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
   if (button == Qt::MiddleButton) held_.reset();
+  if (button == Qt::LeftButton && mender_->Dragging() && !bench_.Working()) mender_->Release(at);
   if (!zoomAnchor_ || button != Qt::LeftButton) return;
   const Vertex anchor = *zoomAnchor_;
   const View scale = surface_->Scale();
@@ -203,12 +248,20 @@ void Projections::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       if (slow_.isActive()) RunCommand(bench_, [this] { Redraw(); });
       break;
+    case Qt::Key_Control:
+      mender_->Hold(CanMend());
+      break;
     case Qt::Key_Backspace:
       if (!open_) RunCommand(bench_, [this] { ZoomBack(); });
       break;
     default:
       QWidget::keyPressEvent(event);
   }
+}
+
+void Projections::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Control) mender_->Hold(false);
+  QWidget::keyReleaseEvent(event);
 }
 
 }  // namespace pallomir
