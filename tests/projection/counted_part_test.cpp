@@ -41,8 +41,11 @@ TEST(CountedPart, NamesTheCornersAtFault) {
 
 TEST(CountedPart, IsWhatTheInsideTestAccepts) {
   const View view{0, 99, 99, 0, 100, 100};
+  std::vector<Vertex> repeated(kVerticesPerBoundary, {20.3F, 20.6F});
+  repeated[10] = {80.2F, 19.6F};
+  repeated[20] = {79.4F, 80.1F};
   for (const Boundary& boundary :
-       {PolygonOf({{10.3F, 9.7F}, {89.6F, 10.4F}, {30.7F, 31.1F}, {9.2F, 90.3F}}),
+       {PolygonOf(repeated), PolygonOf({{10.3F, 9.7F}, {89.6F, 10.4F}, {30.7F, 31.1F}, {9.2F, 90.3F}}),
         PolygonOf({{20.3F, 20.6F}, {80.2F, 19.6F}, {80.2F, 19.6F}, {79.4F, 80.1F}}),
         PolygonOf({{50.3F, 90.1F}, {80.7F, 5.2F}, {5.4F, 60.3F}, {90.2F, 59.6F}, {20.1F, 4.7F}})}) {
     std::vector<uint32_t> pixels(10000, 0xFF000000);

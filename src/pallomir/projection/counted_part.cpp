@@ -57,8 +57,10 @@ using Spans = std::vector<Span>;
 /// other.
 struct Sides {
   Span One, Other;
+  bool AnyCut = false;
 
   void Cut(double at, bool rising) {
+    AnyCut = true;
     Span &after = rising ? One : Other, &before = rising ? Other : One;
     after.Low = std::max(after.Low, at);
     before.High = std::min(before.High, at);
@@ -66,6 +68,8 @@ struct Sides {
 };
 
 void KeepWithin(const Sides& sides, Spans& spans) {
+  // Between two corners in the same place there is no edge to cut the row; both sides are the whole of it.
+  if (!sides.AnyCut) return;
   Spans kept;
   for (const Span& span : spans)
     for (const Span& side : {sides.One, sides.Other}) {
