@@ -76,6 +76,7 @@ void EditPanel::Connect() {
   bench_.OnClick(cmdClusterInfo, this, &EditPanel::cmdClusterInfo_Click);
   bench_.OnClick(cmdShowOverlap, this, &EditPanel::cmdShowOverlap_Click);
   connect(tmrDelayTimer_, &QTimer::timeout, this, [this] { RunCommand(bench_, [this] { projections_.Blink(); }); });
+  bench_.On(&projections_, &Projections::PolygonCancelled, [this] { TakeBackPolygon(); });
   connect(&projections_, &Projections::OverlapEnded, this, &EditPanel::ShowOverlapEnded);
 }
 

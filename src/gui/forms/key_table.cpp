@@ -13,9 +13,18 @@ constexpr KeyRow kRows[] = {
     {"", "Ctrl+Q", "Exit"},
     {"", "Esc",
      "stops a load, an analysis, a change of the cut, or the drawing of one point at a time; cancels the choice of the "
-     "maze centre; cancels an open polygon"},
+     "maze centre; takes back the drag of a boundary; cancels an open polygon; hides the cross"},
     {"projection", "left click", "the next corner; with **Write CenterFile** pressed, the centre of the maze"},
-    {"", "right click", "the last corner"},
+    {"", "right click, Enter", "the last corner"},
+    {"", "Backspace", "takes back the last corner of the open polygon; with none open, the last zoom or move"},
+    {"", "C",
+     "shows or hides a cross: the arrow keys move it (Shift: a little, Ctrl: far), Space sets a corner, Enter the last "
+     "one"},
+    {"", "Ctrl held",
+     "shows handles on the chosen cluster's boundaries: drag a corner to move it, or an edge to make a new corner in "
+     "it; right-click a corner to delete it"},
+    {"", "Ctrl+Shift+drag", "moves the whole boundary"},
+    {"", "wheel; drag with the middle button", "zoom about the pointer; move"},
     {"", "drag, with **Zoom** chosen", "zoom into the rectangle"},
     {"", "arrow keys", "up and down step Y, left and right step X"},
     {"axis lists", "arrow keys, a letter", "step through the parameters; in the Y list they show at once"},

@@ -101,8 +101,12 @@ void Main_Form::Escape() {
     bench_.Stop();
   else if (projections_.SlowRedrawRunning())
     projections_.StopSlowRedraw();
-  else if (!projections_.TakeBackDrag() && !analyses_->DisarmCentre() && projections_.PolygonOpen())
+  else if (projections_.TakeBackDrag() || analyses_->DisarmCentre())
+    return;
+  else if (projections_.PolygonOpen())
     bench_.Run([this] { edit_->TakeBackPolygon(); });
+  else
+    projections_.HideCross();
 }
 
 void Main_Form::cmdExit_Click() {

@@ -46,7 +46,7 @@ class Main_Form : public QMainWindow {
   void Connect();
   bool ChooseParameterFile();
   /// Stops an operation or the slow redraw, takes back the drag of a boundary, cancels choosing the centre of the maze,
-  /// or removes an open polygon.
+  /// removes an open polygon, or hides the cross that keys move.
   void Escape();
   void cmdExit_Click();
   /// Closes the forms with something to save or to ask before the program ends. False if one stays open.

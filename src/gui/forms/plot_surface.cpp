@@ -49,6 +49,11 @@ void PlotSurface::SetZoomAnchor(std::optional<Vertex> anchor) {
   update();
 }
 
+void PlotSurface::SetCross(std::optional<QPointF> at) {
+  cross_ = at;
+  update();
+}
+
 void PlotSurface::SetBlink(QImage image) {
   blink_ = std::move(image);
   update();
@@ -81,6 +86,7 @@ void PlotSurface::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   PaintRubberBand(painter);
   PaintZoomRectangle(painter);
+  PaintCross(painter);
 }
 
 void PlotSurface::PaintNotice(QPainter& painter) const {
@@ -154,7 +160,8 @@ void PlotSurface::PaintRubberBand(QPainter& painter) const {
   const ShownPolygon* open = OpenPolygon();
   if (!open || !Scale().Drawable()) return;
   const QPointF last = PositionOf(open->Shape.Vertices[open->Shape.VertexCount - 1]);
-  const auto seen = Clipped({last.x(), last.y(), pointer_.x(), pointer_.y()}, width(), height(), 2);
+  const QPointF next = cross_.value_or(pointer_);
+  const auto seen = Clipped({last.x(), last.y(), next.x(), next.y()}, width(), height(), 2);
   if (!seen) return;
   painter.setPen(QPen(open->Colour, 1, Qt::DashLine));
   painter.drawLine(QPointF(seen->X0, seen->Y0), QPointF(seen->X1, seen->Y1));
@@ -166,6 +173,18 @@ void PlotSurface::PaintZoomRectangle(QPainter& painter) const {
   painter.setPen(QPen(QColor(130, 170, 255), 1));
   painter.setBrush(QColor(130, 170, 255, 40));
   painter.drawRect(rectangle & QRectF(rect()).adjusted(-2, -2, 2, 2));
+}
+
+void PlotSurface::PaintCross(QPainter& painter) const {
+  if (!cross_) return;
+  constexpr double kArm = 14, kGap = 3;
+  const QPointF centre = *cross_ + QPointF(0.5, 0.5);
+  // Light on dark is seen on both backgrounds.
+  for (const QPen& pen : {QPen(Qt::black, 4), QPen(Qt::white, 1.5)}) {
+    painter.setPen(pen);
+    for (const QPointF& arm : {QPointF(1, 0), QPointF(-1, 0), QPointF(0, 1), QPointF(0, -1)})
+      painter.drawLine(centre + kGap * arm, centre + kArm * arm);
+  }
 }
 
 void PlotSurface::mousePressEvent(QMouseEvent* event) {

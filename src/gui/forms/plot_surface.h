@@ -56,6 +56,14 @@ class PlotSurface : public QWidget {
   /// The image that blinks over the surface, in device pixels; null for none.
   void SetBlink(QImage image);
 
+  /// The value at a position in logical pixels, and at the pointer.
+  Vertex ValueAt(QPointF position) const;
+  Vertex Pointer() const { return ValueAt(pointer_); }
+
+  /// Shows a cross at this position, in logical pixels, to which the open polygon's line runs instead of to the
+  /// pointer; empty hides it.
+  void SetCross(std::optional<QPointF> at);
+
   /// Shows the zoom rectangle from this anchor; empty hides it.
   void SetZoomAnchor(std::optional<Vertex> anchor);
 
@@ -80,7 +88,6 @@ class PlotSurface : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  Vertex ValueAt(QPointF position) const;
   QPointF PositionOf(Vertex vertex) const;
   void PaintNotice(QPainter& painter) const;
   /// Draws the polygons on the image.
@@ -89,6 +96,7 @@ class PlotSurface : public QWidget {
   const ShownPolygon* OpenPolygon() const;
   void PaintRubberBand(QPainter& painter) const;
   void PaintZoomRectangle(QPainter& painter) const;
+  void PaintCross(QPainter& painter) const;
 
   std::function<View()> scale_;
   QImage picture_;
@@ -100,6 +108,7 @@ class PlotSurface : public QWidget {
   QImage blink_;
   std::vector<ShownPolygon> polygons_;
   std::optional<Vertex> zoomAnchor_;
+  std::optional<QPointF> cross_;
   QPointF pointer_;
   QPointF pressed_;
 };

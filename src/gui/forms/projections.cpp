@@ -10,6 +10,7 @@
 #include "gui/controls/toolkit_values.h"
 #include "gui/forms/axis_ruler.h"
 #include "gui/forms/boundary_mender.h"
+#include "gui/forms/key_cross.h"
 #include "gui/forms/picture.h"
 #include "gui/forms/status_line.h"
 #include "pallomir/files/error.h"
@@ -67,6 +68,7 @@ Projections::Projections(Workbench& bench)
   grid->setRowStretch(0, 1);
 
   mender_ = new BoundaryMender(bench_, *surface_, this);
+  cross_ = new KeyCross(*surface_, this);
   ConnectSurface();
   ConnectMender();
   connect(surface_, &PlotSurface::Left, this, [this] { pointer_->clear(); });

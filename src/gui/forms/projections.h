@@ -20,6 +20,7 @@ namespace pallomir {
 
 class AxisRuler;
 class BoundaryMender;
+class KeyCross;
 
 /// How the projection is drawn and what the mouse does in it; the display panel sets it.
 struct ProjectionOptions {
@@ -88,12 +89,16 @@ class Projections : public QWidget {
 
   /// Takes back the drag of a boundary that is being mended; false if there is none.
   bool TakeBackDrag();
+  /// Hides the cross that keys move.
+  void HideCross();
 
  signals:
   /// The user closed the window.
   void Hidden();
   /// A click began, extended or closed a polygon, or a boundary was mended: the boundary table changed.
   void BoundariesChanged();
+  /// A key took back the first corner of the open polygon, which is to be cancelled.
+  void PolygonCancelled();
   void OverlapEnded();
   /// A left click chose the centre of the maze.
   void CenterChosen(Vertex at);
@@ -112,6 +117,13 @@ class Projections : public QWidget {
   void Form_MouseDown(Qt::MouseButton button, Vertex at, Qt::KeyboardModifiers keys);
   void Form_MouseMove(Vertex at, Qt::KeyboardModifiers keys);
   void Form_MouseUp(Qt::MouseButton button, Vertex at);
+  // What a key does: false if nothing.
+  bool CrossKey(const QKeyEvent& key);
+  bool PolygonKey(const QKeyEvent& key);
+  bool ViewKey(const QKeyEvent& key);
+  /// Sets a corner at the cross.
+  void ClickCross();
+  void TakeBackCorner();
   /// A wheel over the surface zooms about the pointer.
   void Form_MouseWheel(double notches, Vertex at);
   /// Steps back to the ranges before the last zoom or move of this projection.
@@ -137,6 +149,8 @@ class Projections : public QWidget {
   void ShowOverlap();
   QString Hint() const;
   DrawSettings Drawing() const { return {options_.DownsampleFraction, recordRanges_}; }
+  QString PolygonHint() const;
+  void ShowPosition(Vertex at);
   void Say(const QString& text);
   void ShowCount();
   void SlowTick();
@@ -150,6 +164,7 @@ class Projections : public QWidget {
   AxisRuler* xRuler_;
   AxisRuler* yRuler_;
   BoundaryMender* mender_;
+  KeyCross* cross_;
   QLabel* message_;
   QLabel* pointer_;
   QLabel* count_;

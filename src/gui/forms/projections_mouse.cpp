@@ -5,6 +5,7 @@
 #include "gui/controls/run_command.h"
 #include "gui/controls/toolkit_values.h"
 #include "gui/forms/boundary_mender.h"
+#include "gui/forms/key_cross.h"
 #include "gui/forms/projections.h"
 #include "pallomir/clusters/classify.h"
 #include "pallomir/files/error.h"
@@ -73,13 +74,13 @@ QString Projections::Hint() const {
     return options_.Zoom ? "Choose Draw bounds to click the centre of the maze; Esc cancels."
                          : "Click the centre of the maze to write the center file; Esc cancels.";
   if (options_.Zoom) return "Drag a rectangle to zoom into it. Scale Down or Defaults zooms out again.";
-  if (open_ && FaultsOf(BoundaryOf(session_, *open_)).Any())
-    return QString("Cluster %1: %2 Esc cancels the polygon.")
-        .arg(c)
-        .arg(FromText(FaultsOf(BoundaryOf(session_, *open_)).Sentence()));
-  if (open_)
-    return QString("Cluster %1: left click for the next corner, right click for the last one. Esc cancels the polygon.")
-        .arg(c);
+  if (open_) return PolygonHint();
+  if (cross_->Shown())
+    return c == 0 ? "Choose a cluster, then set the corners of a polygon with the cross. Esc hides it."
+                  : QString(
+                        "Cluster %1: the arrow keys move the cross (with Shift a little, with Ctrl far), Space sets "
+                        "a corner. Esc hides it.")
+                        .arg(c);
   if (mender_->Holding()) return mender_->Hint();
   if (c == 0) return "Choose a cluster on the left, then click the corners of a polygon here.";
   if (cluster.BoundaryCount == 0)
@@ -95,6 +96,17 @@ QString Projections::Hint() const {
                       : "Cluster %1 holds %2. A polygon drawn here narrows it.")
       .arg(c)
       .arg(points);
+}
+
+QString Projections::PolygonHint() const {
+  const int c = session_.CurrentCluster;
+  if (const PolygonFaults faults = FaultsOf(BoundaryOf(session_, *open_)); faults.Any())
+    return QString("Cluster %1: %2 Esc cancels the polygon.").arg(c).arg(FromText(faults.Sentence()));
+  return QString(cross_->Shown() ? "Cluster %1: Space for the next corner, Enter for the last one. Esc cancels the "
+                                   "polygon, Backspace takes back a corner."
+                                 : "Cluster %1: left click for the next corner, right click for the last one. Esc "
+                                   "cancels the polygon, Backspace takes back a corner.")
+      .arg(c);
 }
 
 void Projections::ShowHint() {
@@ -182,13 +194,17 @@ bool Projections::Close(Vertex at, ClickOutcome& outcome) {
   }
 }
 
-void Projections::Form_MouseMove(Vertex at, Qt::KeyboardModifiers keys) {
+void Projections::ShowPosition(Vertex at) {
   const QString where = QString("%1 = %2    %3 = %4")
                             .arg(QString::fromStdString(session_.ParameterNames[session_.XParameter]),
                                  QString::fromStdString(SingleText(at.X)),
                                  QString::fromStdString(session_.ParameterNames[session_.YParameter]),
                                  QString::fromStdString(SingleText(at.Y)));
   pointer_->setText(where);
+}
+
+void Projections::Form_MouseMove(Vertex at, Qt::KeyboardModifiers keys) {
+  ShowPosition(at);
   if (bench_.Working()) return;
   mender_->Hold(keys.testFlag(Qt::ControlModifier) && CanMend());
   mender_->Move(at);
@@ -228,40 +244,6 @@ void Projections::Form_MouseUp(Qt::MouseButton button, Vertex at) {
     return;
   }
   Redraw();
-}
-
-void Projections::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Left:
-      emit StepAxes(-1, 0);
-      break;
-    case Qt::Key_Right:
-      emit StepAxes(1, 0);
-      break;
-    case Qt::Key_Up:
-      emit StepAxes(0, -1);
-      break;
-    case Qt::Key_Down:
-      emit StepAxes(0, 1);
-      break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      if (slow_.isActive()) RunCommand(bench_, [this] { Redraw(); });
-      break;
-    case Qt::Key_Control:
-      mender_->Hold(CanMend());
-      break;
-    case Qt::Key_Backspace:
-      if (!open_) RunCommand(bench_, [this] { ZoomBack(); });
-      break;
-    default:
-      QWidget::keyPressEvent(event);
-  }
-}
-
-void Projections::keyReleaseEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Control) mender_->Hold(false);
-  QWidget::keyReleaseEvent(event);
 }
 
 }  // namespace pallomir

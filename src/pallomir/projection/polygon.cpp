@@ -63,6 +63,14 @@ ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Ve
   return outcome;
 }
 
+bool TakeBackVertex(Session& session, const std::optional<OpenPolygon>& open) {
+  if (!open) return false;
+  Boundary& boundary = session.Clusters[open->Cluster].Boundaries[open->Boundary];
+  if (boundary.VertexCount < 2) return false;
+  boundary.Vertices[--boundary.VertexCount] = {};
+  return true;
+}
+
 void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open, const Progress& progress) {
   if (!open) return;
   const int c = open->Cluster;

@@ -39,6 +39,9 @@ ClickOutcome AddVertex(Session& session, std::optional<OpenPolygon>& open, Verte
 ClickOutcome ClosePolygon(Session& session, std::optional<OpenPolygon>& open, Vertex click,
                           const Progress& progress = {});
 
+/// Takes back the last corner of an open polygon. Returns false, without a change, if it is the only one.
+bool TakeBackVertex(Session& session, const std::optional<OpenPolygon>& open);
+
 /// Removes an open polygon and restores its cluster. Undo then restores what it would have before the polygon or, if
 /// another command took a snapshot meanwhile, that snapshot without the polygon.
 void TakeBackPolygon(Session& session, std::optional<OpenPolygon>& open, const Progress& progress = {});
