@@ -247,6 +247,32 @@ class EpochFormsTest : public QObject {
     }
   }
 
+  void EpochsAreFilledFromTheListedEvents() {
+    Program program;
+    program.Start();
+    const QWidget* form = Epochs(program);
+    auto* fill = Box<QPushButton>(form, "cmdFillFromEvents");
+    fill->click();
+    QCOMPARE(program.Answers.Messages.takeLast(), QString("|Load an events file first."));
+    const std::string events = AcquisitionHeader() + EventRecord(1'000'000, "Starting Recording") +
+                               EventRecord(1'100'000, "maze1 start") + EventRecord(1'200'000, "maze1 end") +
+                               EventRecord(1'900'000, "Stopping Recording");
+    program.Write("Events.Nev", QByteArray::fromStdString(events));
+    program.Answers.FilesToOpen = {program.Path("Events.Nev")};
+    Box<QPushButton>(form, "cmdLoadEventsFile")->click();
+    Box(form, "txtEpochLabel(0)")->setText("mine");
+    fill->click();
+    QCOMPARE(Box<QLabel>(form, "hint")->text(), QString("2 epochs were filled in."));
+    Box(form, "txtStart(1)")->undo();  // every box can take it back
+    QCOMPARE(Box(form, "txtStart(1)")->text(), QString());
+    Box(form, "txtStart(1)")->redo();
+    Box<QPushButton>(form, "cmdSave")->click();
+    QCOMPARE(program.Get<QComboBox>("cboEpochs")->count(), 3);
+    QCOMPARE(program.Get<QComboBox>("cboEpochs")->itemText(0), QString("mine:  "));
+    QCOMPARE(program.Get<QComboBox>("cboEpochs")->itemText(1), QString("Recording: 1000000 1900000"));
+    QCOMPARE(program.Get<QComboBox>("cboEpochs")->itemText(2), QString("maze1: 1100000 1200000"));
+  }
+
   void ALongListingShowsProgressAndCanBeStopped() {
     Program program;
     program.Start();

@@ -2,12 +2,10 @@
 
 #include <QtWidgets>
 
-#include "gui/controls/chosen_path.h"
 #include "gui/controls/controls.h"
 #include "gui/controls/run_command.h"
 #include "gui/controls/toolkit_values.h"
 #include "pallomir/files/error.h"
-#include "pallomir/recorded/events_file.h"
 #include "pallomir/session/work_pace.h"
 
 namespace pallomir {
@@ -78,6 +76,8 @@ void TimeEpochs::LayOut() {
   lblEventsFile_->setObjectName("lblEventsFile");
   chkFilter_ = MakeCheckBox("chkFilter", "Do not display TTL and AD Errors", "Takes effect when a file is loaded");
   auto* load = MakeButton("cmdLoadEventsFile", "&Load Events File", "List the events of the recording");
+  auto* fill = MakeButton("cmdFillFromEvents", "&Fill From Events",
+                          "Fill the empty rows with the parts that the events name: \"maze1 start\" and \"maze1 end\"");
   auto* find = MakeButton("cmdFindEventNumbers", "&Get Event IDs",
                           "Find the closest event numbers that are associated with the epoch timestamps listed here");
   auto* clear = MakeButton("cmdClear", "Clear Epochs", "Clear all boxes of the table");
@@ -91,7 +91,7 @@ void TimeEpochs::LayOut() {
   auto* right = new QVBoxLayout;
   right->addLayout(Row({lblEventsFile_, nullptr, load}));
   right->addWidget(txtEventsFile_, 1);
-  right->addWidget(chkFilter_);
+  right->addLayout(Row({chkFilter_, nullptr, fill}));
   auto* top = new QHBoxLayout;
   top->setContentsMargins(0, 0, 0, 0);
   top->setSpacing(16);
@@ -117,6 +117,7 @@ void TimeEpochs::LayOut() {
   hint_ = MakeLabel({});
   hint_->setObjectName("hint");
   hint_->setProperty("quiet", true);
+  hint_->setWordWrap(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(14, 12, 14, 12);
   column->setSpacing(10);
@@ -135,6 +136,7 @@ void TimeEpochs::Connect() {
     });
   };
   onClick("cmdLoadEventsFile", &TimeEpochs::cmdLoadEventsFile_Click);
+  onClick("cmdFillFromEvents", &TimeEpochs::cmdFillFromEvents_Click);
   onClick("cmdFindEventNumbers", &TimeEpochs::cmdFindEventNumbers_Click);
   onClick("cmdSave", &TimeEpochs::cmdSave_Click);
   onClick("cmdClear", &TimeEpochs::cmdClear_Click);
@@ -166,43 +168,6 @@ bool TimeEpochs::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
-void TimeEpochs::cmdLoadEventsFile_Click() {
-  const QString path = dialogs_.OpenFile(
-      this, {"Select Events File", "Neuralynx Events File (*.Nev)|*.Nev|All files (*.*)|*.*", "Events.Nev", {}});
-  if (path.isEmpty()) return;
-  Work(txtEventsFile_, [&] {
-    QString outcome = "%1 lines from %2. Double-click an event to select its time.";
-    try {
-      const std::string listing = EventsListing(PathOf(path), chkFilter_->isChecked(), WorkPace(*this));
-      txtEventsFile_->clear();
-      ShowListing(listing);
-    } catch (const Interrupted&) {
-      outcome = "Stopped; %1 lines are listed.";
-    }
-    outcome = outcome.arg(txtEventsFile_->blockCount() - 1);
-    hint_->setText(outcome.contains("%2") ? outcome.arg(QFileInfo(path).fileName()) : outcome);
-  });
-}
-
-void TimeEpochs::ShowListing(std::string_view listing) {
-  // Inserting a million lines into the text box takes seconds.
-  constexpr size_t kPiece = 65536;
-  WorkPace pace(*this);
-  for (size_t at = 0; at < listing.size();) {
-    const size_t end = std::min(listing.find('\n', at + kPiece), listing.size() - 1) + 1;
-    const QString piece = FromText(listing.substr(at, end - at));
-    if (at == 0) {
-      txtEventsFile_->setPlainText(piece);  // leaves the cursor at the beginning
-    } else {
-      QTextCursor cursor(txtEventsFile_->document());
-      cursor.movePosition(QTextCursor::End);
-      cursor.insertText(piece);
-    }
-    at = end;
-    pace.Reached(static_cast<double>(at) / static_cast<double>(listing.size()));
-  }
-}
-
 void TimeEpochs::Work(QWidget* next, const std::function<void()>& work) {
   const QScopeGuard done = qScopeGuard([this, next] {
     busy_ = stop_ = false;
@@ -213,20 +178,6 @@ void TimeEpochs::Work(QWidget* next, const std::function<void()>& work) {
   busy_ = true;
   commands_->setEnabled(false);
   work();
-}
-
-void TimeEpochs::SelectStamp(QTextCursor cursor) {
-  const QString line = cursor.block().text();
-  const auto digits = std::find_if_not(line.begin(), line.end(), [](QChar c) { return c.isDigit(); }) - line.begin();
-  cursor.setPosition(cursor.block().position());
-  cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor, static_cast<int>(digits));
-  txtEventsFile_->setTextCursor(cursor);
-}
-
-void TimeEpochs::TakeSelection(QLineEdit* box) {
-  // Inserted rather than set, so that the box can undo it.
-  box->selectAll();
-  box->insert(txtEventsFile_->textCursor().selectedText());
 }
 
 void TimeEpochs::cmdFindEventNumbers_Click() {

@@ -54,18 +54,24 @@ class TimeEpochs : public QDialog, public World {
  private:
   void LayOut();
   void Connect();
-  /// Runs a long operation with all controls but Stop and Esc disabled; `next` gets the focus afterwards.
-  void Work(QWidget* next, const std::function<void()>& work);
+
+  // The events file (time_epochs_form_events.cpp)
   void cmdLoadEventsFile_Click();
   void ShowListing(std::string_view listing);
+  void cmdFillFromEvents_Click();
   void TakeSelection(QLineEdit* box);
+  /// Selects the stamp in the line of the cursor.
+  void SelectStamp(QTextCursor cursor);
+
+  /// Runs a long operation with all controls but Stop and Esc disabled; `next` gets the focus afterwards.
+  void Work(QWidget* next, const std::function<void()>& work);
   void cmdFindEventNumbers_Click();
   void cmdSave_Click();
   void cmdClear_Click();
   void cmdCancel_Click();
-  /// Selects the stamp in the line of the cursor.
-  void SelectStamp(QTextCursor cursor);
   EpochTable Typed() const;
+  /// Puts into the boxes what differs from it.
+  void Show(const EpochTable& table);
   void ShowRecords();
   void ShowHint();
   void ShowReport(bool shown);
@@ -73,6 +79,8 @@ class TimeEpochs : public QDialog, public World {
   Session& session_;
   Dialogs& dialogs_;
   const std::vector<std::string> before_;
+  /// The events that the text box lists.
+  std::string listed_;
   EpochControls<QLineEdit> txtEpochLabel_, txtStart_, txtEnd_;
   EpochControls<QLabel> lblRecords_;
   EpochRows* rows_;
