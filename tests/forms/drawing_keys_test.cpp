@@ -97,6 +97,27 @@ class DrawingKeysTest : public QObject {
     QCOMPARE(program.Shared.XParameter, x + 1);
   }
 
+  void ParametersThatAreAllZeroAreDimmedAndSteppedOver() {
+    Drawing program;
+    const auto* list = program.Get<QListWidget>("lstY_Axis");
+    const auto dim = [&](int p) { return list->item(p)->foreground().style() != Qt::NoBrush; };
+    QVERIFY(!dim(0) && !dim(1) && dim(2) && !dim(kRecordSlot) && dim(kValley) && !dim(kPosX));
+    const Session& session = program.Shared;
+    program.Key(Qt::Key_Down);
+    QCOMPARE(session.YParameter, int16_t{kRecordSlot});
+    program.Key(Qt::Key_U);
+    QCOMPARE(std::pair(session.XParameter, session.YParameter), std::pair(int16_t{1}, int16_t{kRecordSlot}));
+    program.Key(Qt::Key_U, Qt::ShiftModifier);
+    program.Key(Qt::Key_U, Qt::ShiftModifier);
+    QCOMPARE(std::pair(session.XParameter, session.YParameter), std::pair(int16_t{0}, int16_t{1}));
+    // In the lists themselves they can be chosen.
+    auto* chosen = program.Get<QListWidget>("lstY_Axis");
+    chosen->setFocus();
+    QTest::keyClick(chosen, Qt::Key_Down);
+    QTRY_COMPARE(session.YParameter, int16_t{2});
+    QVERIFY(program.hint->text().contains("is 0 for every spike"));
+  }
+
   void TheCrossStaysOnTheSurface() {
     Drawing program;
     program.Key(Qt::Key_C);

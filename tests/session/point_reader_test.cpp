@@ -103,6 +103,27 @@ TEST_F(PointReader, FirstLoadSetsRangesThatIncludeZeroAndLaterLoadsKeepThem) {
   }
 }
 
+TEST_F(PointReader, EveryLoadTellsWhichParametersAreAllZero) {
+  std::vector<FileRow> rows(20);
+  for (FileRow& row : rows) row.Stamp = 1'000'000;
+  rows[2].Values[3] = -1;
+  rows[15].Values[133] = 1;
+  rows[4].Values[7] = NAN;
+  Session session = SessionOn(folder, kHeader + BytesOf(rows));
+  const auto used = [&] {
+    std::vector<int> parameters;
+    for (int p = 0; p < kParameters; ++p)
+      if (!session.AllZero[p]) parameters.push_back(p);
+    return parameters;
+  };
+  ReadPoints(session, world, 0, 9);
+  EXPECT_EQ(used(), std::vector{3});
+  ReadPoints(session, world, 10, 19);
+  EXPECT_EQ(used(), std::vector{133});
+  EXPECT_NE(Refusal([&] { ReadPoints(session, world, 10, 20); }), "");
+  EXPECT_EQ(used(), std::vector{133});
+}
+
 TEST_F(PointReader, LoadsAnIncompleteLastRow) {
   const std::string rows = BytesOf(NumberedRows(8));
   Session session = SessionOn(folder, kHeader + rows.substr(0, 7 * 544 + 300));

@@ -1,6 +1,7 @@
 #include "gui/forms/axes_panel.h"
 
 #include "gui/controls/event_hook.h"
+#include "pallomir/projection/useful_parameters.h"
 #include "pallomir/session/axis_scale_file.h"
 
 namespace pallomir {
@@ -103,7 +104,9 @@ void AxesPanel::LayOut() {
 void AxesPanel::Connect() {
   HookYList();
   connect(lstX_Axis, &QListWidget::currentRowChanged, this, &AxesPanel::ShowPendingAxis);
+  connect(&bench_, &Workbench::CutChanged, this, &AxesPanel::DimZeros);
   bench_.On(&projections_, &Projections::StepAxes, [this](int x, int y) { StepAxes(x, y); });
+  bench_.On(&projections_, &Projections::StepPairs, [this](int direction) { StepPairs(direction); });
   bench_.OnClick(cmdScaleUp, this, &AxesPanel::cmdScaleUp_Click);
   bench_.OnClick(cmdScaleDown, this, &AxesPanel::cmdScaleDown_Click);
   bench_.OnKey(Qt::Key_Plus, [this] { cmdScaleUp_Click(); });
@@ -146,9 +149,33 @@ void AxesPanel::lstY_Axis_Up() {
 }
 
 void AxesPanel::StepAxes(int x, int y) {
-  lstX_Axis->setCurrentRow(std::clamp(session_.XParameter + x, 0, kParameters - 1));
-  lstY_Axis->setCurrentRow(std::clamp(session_.YParameter + y, 0, kParameters - 1));
+  const auto stepped = [this](int p, int direction) { return direction == 0 ? p : NextUseful(session_, p, direction); };
+  Show({stepped(session_.XParameter, x), stepped(session_.YParameter, y)});
+}
+
+void AxesPanel::StepPairs(int direction) {
+  if (const auto pair = NextPair(session_, direction))
+    Show(*pair);
+  else
+    bench_.Say("No two wires are in use.");
+}
+
+void AxesPanel::Show(ParameterPair pair) {
+  lstX_Axis->setCurrentRow(pair.X);
+  lstY_Axis->setCurrentRow(pair.Y);
   lstY_Axis_Up();
+}
+
+void AxesPanel::DimZeros() {
+  if (dimmed_ == session_.AllZero) return;
+  dimmed_ = session_.AllZero;
+  const QBrush quiet = palette().brush(QPalette::Disabled, QPalette::Text);
+  for (const QListWidget* list : {lstX_Axis, lstY_Axis})
+    for (int p = 0; p < list->count(); ++p) {
+      QListWidgetItem* item = list->item(p);
+      item->setData(Qt::ForegroundRole, dimmed_[p] ? QVariant(quiet) : QVariant());
+      item->setToolTip(dimmed_[p] ? "0 in all loaded spikes" : QString());
+    }
 }
 
 void AxesPanel::ShowPendingAxis() {

@@ -6,6 +6,7 @@
 #include "gui/forms/projections.h"
 #include "gui/forms/workbench.h"
 #include "pallomir/clusters/axis_scaling.h"
+#include "pallomir/projection/view.h"
 
 namespace pallomir {
 
@@ -45,8 +46,12 @@ class AxesPanel : public QWidget {
   /// Runs lstY_Axis_Up() for a click or key in the Y list, after the list itself has handled it.
   void HookYList();
   void ShowPendingAxis();
-  /// Moves both axes on by so many parameters.
+  /// Steps an axis to the next parameter that is not 0 in all spikes; x and y are -1, 0 or 1.
   void StepAxes(int x, int y);
+  void StepPairs(int direction);
+  void Show(ParameterPair pair);
+  /// Dims the parameters that are 0 in all loaded spikes.
+  void DimZeros();
   TypedRange Typed() const;
   void SetTypedAxis(int parameter);
 
@@ -54,6 +59,7 @@ class AxesPanel : public QWidget {
   Session& session_;
   Projections& projections_;
   bool listKeyDown_ = false;
+  ByParameter<bool> dimmed_{};
   QListWidget* lstX_Axis;
   QListWidget* lstY_Axis;
   QPushButton* cmdScaleUp;

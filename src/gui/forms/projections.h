@@ -104,6 +104,8 @@ class Projections : public QWidget {
   void CenterChosen(Vertex at);
   /// A key steps to a neighbouring parameter of an axis.
   void StepAxes(int x, int y);
+  /// A key steps to the next useful pair of parameters, or back.
+  void StepPairs(int direction);
 
  protected:
   void closeEvent(QCloseEvent* event) override;

@@ -66,7 +66,7 @@ QString Projections::Hint() const {
   if (slow_.isActive())
     return "Drawing points one at a time, Draw Speed of them per second. Redraw or Enter shows all; Esc stops.";
   for (const int p : {session_.XParameter, session_.YParameter})
-    if (session_.DataMinimum[p] == 0 && session_.DataMaximum[p] == 0)
+    if (session_.AllZero[p])
       return FromText(session_.ParameterNames[p] + " is 0 for every spike: choose another parameter.");
   if (centreArmed_ && (session_.XParameter != kPosX || session_.YParameter != kPosY))
     return "Show PosX against PosY first, then click the centre of the maze; Esc cancels.";

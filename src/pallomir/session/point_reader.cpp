@@ -52,6 +52,11 @@ void TakeRanges(Session& session, const RowFindings& findings) {
   }
 }
 
+void TakeZeros(Session& session, const RowFindings& findings) {
+  for (int p = 0; p < kParameters; ++p)
+    session.AllZero[p] = findings.Ranges.Minimum(p) == 0 && findings.Ranges.Maximum(p) == 0;
+}
+
 void Report(World& world, const RowFindings& findings, int32_t first, int32_t last) {
   if (findings.OddRows > 0)
     world.AppendMessage(
@@ -143,6 +148,7 @@ void Load(Session& session, World& world, FileReader& file, int32_t first, int32
     session.LoadStartRecord = first;
     session.LoadEndRecord = last;
     if (session.FirstLoad) TakeRanges(session, findings);
+    TakeZeros(session, findings);
     Report(world, findings, first, last);
   } catch (const std::bad_alloc&) {
     const std::string lost = former.PutBack(session, world, file);

@@ -57,6 +57,9 @@ struct Session {
   bool FirstLoad = true;
 
   ByParameter<std::string> ParameterNames = ParameterCatalogue();
+  /// Parameters that are 0, or not finite, in all loaded spikes.
+  ByParameter<bool> AllZero{};
+  /// Of the first load.
   ByParameter<float> DataMinimum{};
   ByParameter<float> DataMaximum{};
   ByParameter<float> AxisMinimum{};
