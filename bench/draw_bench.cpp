@@ -2,7 +2,9 @@
 
 #include <QImage>
 #include <QPainter>
+#include <array>
 #include <cmath>
+#include <map>
 #include <vector>
 
 #include "gui/controls/toolkit_values.h"
@@ -59,6 +61,45 @@ void DrawSpread(benchmark::State& state) {
   DrawOurs(state, session, 0.5F);
 }
 BENCHMARK(DrawSpread)->Name("draw pixels, spread in X and Y/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// Counting the points of each pixel, and painting the image.
+void DrawDensityOurs(benchmark::State& state) {
+  const Session& session = CutSession();
+  const View view = ViewOf(session, kSide, kSide);
+  UniformNumbers random(1);
+  std::array<uint32_t, 256> palette{};
+  palette.fill(0xFFFFFFFF);
+  std::vector<uint32_t> pixels(size_t{kSide} * kSide);
+  for (auto _ : state) {
+    DensityRaster raster(kSide, kSide, 1, ColourCode(0));
+    DrawDensity(session, {}, view, {}, 0, session.Points.Rows(), random, raster);
+    raster.Paint({pixels.data(), kSide, kSide, kSide}, palette, 0xFF000000);
+  }
+  benchmark::DoNotOptimize(pixels.data());
+}
+BENCHMARK(DrawDensityOurs)->Name("draw density/ours")->Unit(benchmark::kMillisecond)->MinTime(0.3);
+
+/// A map from pixel to the number of points of each cluster on it.
+void DrawDensityNaive(benchmark::State& state) {
+  const Session& session = CutSession();
+  const View view = ViewOf(session, kSide, kSide);
+  const auto x = session.Points.Column(0), y = session.Points.Column(1);
+  const auto cluster = session.Points.Slot(0);
+  QImage image(kSide, kSide, QImage::Format_RGB32);
+  for (auto _ : state) {
+    std::map<std::pair<int, int>, std::map<int, int>> counts;
+    for (size_t i = 0; i < session.Points.Rows(); ++i)
+      ++counts[{static_cast<int>(std::lround(view.PixelX(x[i]))), static_cast<int>(std::lround(view.PixelY(y[i])))}]
+              [cluster[i]];
+    image.fill(Qt::black);
+    for (const auto& [at, clusters] : counts)
+      for (const auto& [c, count] : clusters)
+        if (image.rect().contains(at.first, at.second))
+          image.setPixelColor(at.first, at.second,
+                              ScreenColour(session.Colours[c]).darker(static_cast<int>(300 / (1 + std::log(count)))));
+  }
+}
+BENCHMARK(DrawDensityNaive)->Name("draw density/naive")->Unit(benchmark::kMillisecond)->MinTime(0.3);
 
 void DrawDiscs(benchmark::State& state) {
   DrawOurs(state, CutSession(), 3);

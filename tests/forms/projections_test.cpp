@@ -156,6 +156,35 @@ class ProjectionsTest : public QObject {
     QCOMPARE(program.Pixels(ring), 0);
   }
 
+  void DensityAndSafeColoursAreShownAndTakenBack() {
+    Program program;
+    program.Load();
+    program.Click("lblNewCluster(1)");
+    program.DrawPolygon({{100, 20}, {300, 20}, {200, 80}});
+    program.Click("chkDrawClustBounds");
+    auto* const label = program.Get("lblChooseCluster(1)");
+    const QColor red(255, 0, 0), orange(0xE6, 0x9F, 0);
+    const int points = program.Pixels(red);
+    QVERIFY(points > 20);
+    const auto safe = program.Form.findChild<QAction*>("mnuSafeColours");
+    safe->trigger();
+    QCOMPARE(program.Pixels(orange), points);
+    const QImage inSafe = label->grab().toImage();
+    safe->trigger();
+    QCOMPARE(program.Pixels(red), points);
+    QVERIFY(label->grab().toImage() != inSafe);
+    // On an axis this long several points share a pixel, and only the fullest pixels are white.
+    const QString count = program.View()->findChild<QLabel*>("count")->text();
+    QTest::keyClick(program.View(), Qt::Key_D);
+    QVERIFY(program.Form.findChild<QAction*>("mnuDensity")->isChecked());
+    QCOMPARE(program.View()->findChild<QLabel*>("count")->text(), count);
+    program.Shared.AxisMaximum[0] = 200000;
+    program.Click("cmdRedraw");
+    const int full = program.Pixels(Qt::white);
+    QTest::keyClick(program.View(), Qt::Key_D);
+    QVERIFY(program.Pixels(Qt::white) > full);
+  }
+
   void PointsOneAtATimeFollowDrawSpeedAndCanBeFinishedAtOnce() {
     Program program;
     program.Load();

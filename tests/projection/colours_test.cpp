@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <set>
 #include <vector>
 
@@ -29,6 +31,57 @@ TEST(Colours, ClustersShownAsZeroFollowTheBackground) {
     EXPECT_EQ(session.ReferenceColours[0], 0xFFFFFF);
     EXPECT_EQ(session.ReferenceColours[4], 0x00FFFF);
   }
+}
+
+using Triple = std::array<double, 3>;
+using Matrix = std::array<Triple, 3>;
+
+Triple Times(const Matrix& matrix, const Triple& of) {
+  Triple product{};
+  for (int row = 0; row < 3; ++row)
+    for (int k = 0; k < 3; ++k) product[row] += matrix[row][k] * of[k];
+  return product;
+}
+
+/// CIE L*a*b* of a colour after a change of its linear red, green and blue.
+Triple LabOf(Colour colour, const Matrix& seen) {
+  constexpr Matrix kXyz = {{{0.4124564 / 0.95047, 0.3575761 / 0.95047, 0.1804375 / 0.95047},
+                            {0.2126729, 0.7151522, 0.0721750},
+                            {0.0193339 / 1.08883, 0.1191920 / 1.08883, 0.9503041 / 1.08883}}};
+  Triple linear;
+  for (int k = 0; k < 3; ++k) {
+    const double level = static_cast<double>(colour >> 8 * k & 0xFF) / 255;
+    linear[k] = level <= 0.04045 ? level / 12.92 : std::pow((level + 0.055) / 1.055, 2.4);
+  }
+  linear = Times(seen, linear);
+  for (double& level : linear) level = std::clamp(level, 0.0, 1.0);
+  Triple f = Times(kXyz, linear);
+  for (double& value : f) value = value > 0.008856 ? std::cbrt(value) : 7.787 * value + 16.0 / 116;
+  return {116 * f[1] - 16, 500 * (f[0] - f[1]), 200 * (f[1] - f[2])};
+}
+
+/// The smallest distance between two colours, as seen by the eyes of `seen`.
+double SmallestDistance(const Session& session, const Matrix& seen) {
+  double smallest = 1e9;
+  for (int a = 1; a <= kClusters; ++a)
+    for (int b = 0; b < a; ++b) {
+      const Triple one = LabOf(session.ReferenceColours[a], seen), other = LabOf(session.ReferenceColours[b], seen);
+      smallest = std::min(smallest, std::hypot(one[0] - other[0], one[1] - other[1], one[2] - other[2]));
+    }
+  return smallest;
+}
+
+TEST(Colours, SafeOnesDifferForAllEyes) {
+  // Machado, Oliveira and Fernandes 2009, full severity.
+  const Matrix eyes[] = {
+      {{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}},
+      {{{0.152286, 1.052583, -0.204868}, {0.114503, 0.786281, 0.099216}, {-0.003882, -0.048116, 1.051998}}},
+      {{{0.367322, 0.860646, -0.227968}, {0.280085, 0.672501, 0.047413}, {-0.011820, 0.042940, 0.968881}}}};
+  Session session = SessionWith({});
+  EXPECT_LT(SmallestDistance(session, eyes[1]), 3) << "the usual colours";
+  session.SafeColours = true;
+  BuildColourTable(session);
+  for (const Matrix& seen : eyes) EXPECT_GT(SmallestDistance(session, seen), 13);
 }
 
 TEST(Colours, SwitchesDecideWhatIsShownInWhateverOrder) {

@@ -119,6 +119,10 @@ void AnalysesPanel::Connect() {
   bench_.OnClick(cmdWriteCenterFile, this, &AnalysesPanel::cmdWriteCenterFile_Click);
   bench_.On(&projections_, &Projections::CenterChosen, [this](Vertex at) { Projections_CenterChosen(at); });
   bench_.KeepText(txtPosFile, bench_.Names.PosFile);
+  connect(&bench_, &Workbench::ColoursChanged, this, [this] {
+    if (waveforms_) waveforms_->ShowColours();
+    if (clNote_) clNote_->ShowColours();
+  });
   connect(&bench_, &Workbench::ClusterChanged, this, [this] {
     if (clNote_) clNote_->ShowCurrentCluster();
   });

@@ -35,8 +35,7 @@ ClNoteForm::ClNoteForm(Session& session, World& world, Dialogs& dialogs, QWidget
     : QDialog(parent), session_(session), world_(world), dialogs_(dialogs) {
   setAttribute(Qt::WA_DeleteOnClose);
   LayOut();
-  for (int c = 1; c <= kClusters; ++c)
-    lblChooseCl_[c]->SetColours(ScreenColour(kUnchosenBack), ScreenColour(session_.ReferenceColours[c]));
+  ShowColours();
   ShowPage(true);
   ShowCurrentCluster();
 }
@@ -147,6 +146,13 @@ void ClNoteForm::Form_Load() {
   }
 }
 
+void ClNoteForm::ShowColours() {
+  for (int c = 1; c <= kClusters; ++c) {
+    const QColor colour = ScreenColour(session_.ReferenceColours[c]), dark = ScreenColour(kUnchosenBack);
+    lblChooseCl_[c]->SetColours(c == selected_ ? colour : dark, c == selected_ ? Qt::black : colour);
+  }
+}
+
 void ClNoteForm::ShowCurrentCluster() {
   for (int c = 1; c <= kClusters; ++c) {
     const bool current = c == session_.CurrentCluster;
@@ -156,11 +162,8 @@ void ClNoteForm::ShowCurrentCluster() {
 }
 
 void ClNoteForm::lblChooseCl_Click(int c) {
-  if (selected_ != 0)
-    lblChooseCl_[selected_]->SetColours(ScreenColour(kUnchosenBack),
-                                        ScreenColour(session_.ReferenceColours[selected_]));
   selected_ = c;
-  lblChooseCl_[c]->SetColours(ScreenColour(session_.ReferenceColours[c]), Qt::black);
+  ShowColours();
   ShowRemarks();
 }
 

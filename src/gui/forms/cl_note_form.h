@@ -30,6 +30,9 @@ class ClNoteForm : public QDialog {
   /// Highlights the current cluster of the controls.
   void ShowCurrentCluster();
 
+  /// Paints the labels in the clusters' colours, the selected one inverted.
+  void ShowColours();
+
  signals:
   /// The form was unloaded: the next time it is shown it reads the file again, if there is one.
   void Unloaded();

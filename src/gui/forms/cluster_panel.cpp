@@ -123,6 +123,7 @@ void ClusterPanel::Connect() {
   }
   for (int digit = 0; digit <= 9; ++digit) bench_.OnKey(Qt::Key_0 + digit, [this, digit] { TypeDigit(digit); });
   connect(&bench_, &Workbench::CutChanged, this, &ClusterPanel::Refresh);
+  connect(&bench_, &Workbench::ColoursChanged, this, &ClusterPanel::Paint);
 }
 
 void ClusterPanel::lblChooseCluster_Click(int c) {

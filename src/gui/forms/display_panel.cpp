@@ -49,6 +49,21 @@ void DisplayPanel::MakeControls() {
   chkDrawClustBounds =
       MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries made in this projection");
   chkDrawClustBounds->setChecked(true);
+  const auto entry = [this](const QString& name, const QString& caption, const QString& toolTip) {
+    auto* made = new QAction(caption, this);
+    made->setObjectName(name);
+    made->setToolTip(toolTip);
+    made->setCheckable(true);
+    return made;
+  };
+  mnuDensity = entry("mnuDensity", "Density", "Shade points by how many lie on a pixel (D in the projection)");
+  mnuSafeColours = entry("mnuSafeColours", "Colours safe for colour-blind eyes",
+                         "Give the clusters colours that differ without red or green receptors too");
+}
+
+void DisplayPanel::AddTo(QMenu* view) {
+  view->setToolTipsVisible(true);
+  view->addActions({mnuDensity, mnuSafeColours});
 }
 
 void DisplayPanel::LayOut() {
@@ -85,6 +100,9 @@ void DisplayPanel::Connect() {
   bench_.OnClick(cmdRedraw, this, &DisplayPanel::cmdRedraw_Click);
   OnRightPress(cmdRedraw, [this] { bench_.Run([this] { cmdRedraw_MouseDown(); }); });
   bench_.OnClick(cmdClear, this, &DisplayPanel::cmdClear_Click);
+  bench_.On(mnuDensity, &QAction::triggered, [this] { mnuDensity_Click(); });
+  bench_.On(mnuSafeColours, &QAction::triggered, [this] { mnuSafeColours_Click(); });
+  connect(&projections_, &Projections::DensityAsked, mnuDensity, &QAction::trigger);
   bench_.OnClick(chkWhiteBackground, this, &DisplayPanel::chkWhiteBackground_Click);
   for (const QCheckBox* box : {chkAxesOff, chkDrawClustBounds, chkDownsample})
     bench_.OnClick(box, this, &DisplayPanel::chkOption_Click);
@@ -95,6 +113,7 @@ void DisplayPanel::SetOptions() {
   options.Zoom = optZoom->isChecked();
   options.DrawBoundaries = chkDrawClustBounds->isChecked();
   options.AxesOff = chkAxesOff->isChecked();
+  options.Density = mnuDensity->isChecked();
   const double batch = std::nearbyint(NumberIn(txtDelay).value_or(kUsualBatch));
   options.Batch = static_cast<size_t>(std::clamp(batch, 1.0, 1e15));
   if (chkDownsample->isChecked()) {
@@ -134,6 +153,18 @@ void DisplayPanel::cmdRedraw_MouseDown() {
 void DisplayPanel::chkWhiteBackground_Click() {
   session_.WhiteBackground = chkWhiteBackground->isChecked();
   BuildColourTable(session_);
+  projections_.RedrawIfLoaded();
+}
+
+void DisplayPanel::mnuDensity_Click() {
+  SetOptions();
+  projections_.RedrawIfLoaded();
+}
+
+void DisplayPanel::mnuSafeColours_Click() {
+  session_.SafeColours = mnuSafeColours->isChecked();
+  BuildColourTable(session_);
+  emit bench_.ColoursChanged();
   projections_.RedrawIfLoaded();
 }
 

@@ -13,6 +13,9 @@ class DisplayPanel : public QWidget {
  public:
   DisplayPanel(Workbench& bench, Projections& projections, QWidget* parent);
 
+  /// Adds the panel's entries to a menu.
+  void AddTo(QMenu* view);
+
  private:
   void MakeControls();
   void LayOut();
@@ -25,6 +28,8 @@ class DisplayPanel : public QWidget {
   void cmdRedraw_MouseDown();
   void cmdClear_Click() { projections_.Clear(); }
   void chkWhiteBackground_Click();
+  void mnuDensity_Click();
+  void mnuSafeColours_Click();
   /// For chkAxesOff, chkDrawClustBounds and chkDownsample.
   void chkOption_Click() { projections_.RedrawIfLoaded(); }
   /// Gives the settings to the projection.
@@ -47,6 +52,8 @@ class DisplayPanel : public QWidget {
   QCheckBox* chkWhiteBackground;
   QCheckBox* chkAxesOff;
   QCheckBox* chkDrawClustBounds;
+  QAction* mnuDensity;
+  QAction* mnuSafeColours;
 };
 
 }  // namespace pallomir

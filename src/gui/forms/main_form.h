@@ -15,6 +15,7 @@ namespace pallomir {
 
 class AnalysesPanel;
 class AxesPanel;
+class DisplayPanel;
 class EditPanel;
 class FileMenu;
 class FilesPanel;
@@ -61,6 +62,7 @@ class Main_Form : public QMainWindow {
   Projections projections_;
   RangePanel* range_;
   AxesPanel* axes_;
+  DisplayPanel* display_;
   EditPanel* edit_;
   FilesPanel* files_;
   AnalysesPanel* analyses_;

@@ -30,7 +30,7 @@ void Main_Form::LayOut() {
   range_ = new RangePanel(bench_, projections_, this);
   axes_ = new AxesPanel(bench_, projections_, this);
   auto* clusters = new ClusterPanel(bench_, projections_, this);
-  auto* display = new DisplayPanel(bench_, projections_, this);
+  display_ = new DisplayPanel(bench_, projections_, this);
   edit_ = new EditPanel(bench_, projections_, this);
   files_ = new FilesPanel(bench_, projections_, keeper_, this);
   analyses_ = new AnalysesPanel(bench_, projections_, this);
@@ -57,7 +57,7 @@ void Main_Form::LayOut() {
   column->addWidget(range_);
   column->addLayout(middle);
   column->addWidget(Line());
-  column->addWidget(display);
+  column->addWidget(display_);
   column->addWidget(tabs);
   column->addWidget(txtMessages_, 1);
   controls_ = new QWidget;
@@ -103,6 +103,7 @@ void Main_Form::MakeMenus() {
   range_->AddTo(menuBar()->addMenu("Ran&ge"));
 
   QMenu* view = menuBar()->addMenu("&View");
+  display_->AddTo(view);
   axes_->AddTo(view);
   analyses_->AddTo(view);
 

@@ -74,9 +74,20 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, c
   return ground;
 }
 
-QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session) {
+static std::array<QRgb, 256> PaletteOf(const Session& session) {
   std::array<QRgb, 256> palette{};
   for (int c = 0; c < kClusterSlots; ++c) palette[ColourCode(c)] = ScreenColour(session.Colours[c]).rgb();
+  return palette;
+}
+
+QImage WithDensity(const QImage& ground, const DensityRaster& density, const Session& session) {
+  QImage picture = ground;
+  density.Paint(CanvasOf(picture), PaletteOf(session), session.WhiteBackground ? 0xFFFFFFFF : 0xFF000000);
+  return picture;
+}
+
+QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session) {
+  const std::array<QRgb, 256> palette = PaletteOf(session);
   QImage picture = MakeImage(ground.size(), ground.format());
   picture.setDevicePixelRatio(ground.devicePixelRatio());
   for (int y = 0; y < raster.Height(); ++y) {

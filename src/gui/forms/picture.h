@@ -3,6 +3,7 @@
 #include <QImage>
 #include <span>
 
+#include "pallomir/projection/density.h"
 #include "pallomir/projection/raster.h"
 #include "pallomir/projection/stroke.h"
 #include "pallomir/projection/view.h"
@@ -27,6 +28,9 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, c
 
 /// The ground with the raster's points over it, in the session's colours.
 QImage WithPoints(const QImage& ground, const Raster& raster, const Session& session);
+
+/// The ground with the points' density over it, in the session's colours.
+QImage WithDensity(const QImage& ground, const DensityRaster& density, const Session& session);
 
 /// The raster's points in one colour, transparent elsewhere.
 QImage PointsAlone(const Raster& raster, QColor colour);

@@ -126,7 +126,7 @@ bool Projections::DrawAllPoints() {
   size_t nextLook = batch;
   for (size_t begin = 0; begin < session_.Points.Rows();) {
     const size_t end = begin + std::min({kTogether, nextLook - begin, session_.Points.Rows() - begin});
-    shown_ += DrawPoints(session_, view_, settings, begin, end, random_, raster_);
+    shown_ += points_.Draw(session_, view_, settings, begin, end, random_);
     begin = end;
     if (begin == session_.Points.Rows()) break;
     // Large discs are slow: process events even within a batch.
@@ -155,7 +155,8 @@ void Projections::BeginPicture() {
   const double ratio = surface_->devicePixelRatioF();
   view_ = ViewOf(session_, size.width(), size.height());
   ground_ = MakeGround(session_, view_, ratio, {!options_.AxesOff, options_.DrawBoundaries});
-  raster_ = Raster(size.width(), size.height(), PointRadius(session_.PointSize, size.width()), DevicePixel());
+  points_ = PointLayer(size, session_.PointSize, DevicePixel(),
+                       options_.Density ? PointLayer::Looks::Density : PointLayer::Looks::Points);
   drawn_ = true;
   shown_ = 0;
   ShowRulers();
@@ -176,7 +177,7 @@ void Projections::ShowRulers() {
 }
 
 void Projections::ShowPicture() {
-  surface_->SetPicture(WithPoints(ground_, raster_, session_), view_);
+  surface_->SetPicture(points_.Over(ground_, session_), view_);
   ShowPolygon();
   ShowOverlap();
 }
@@ -238,7 +239,7 @@ void Projections::SlowTick() {
   const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options_.Batch) + slowRest_;
   const size_t count = std::min(static_cast<size_t>(std::min(due, 1e15)), kMost);
   slowRest_ = due - std::floor(due);
-  shown_ += DrawPoints(session_, view_, Drawing(), slowPoint_, slowPoint_ + count, random_, raster_);
+  shown_ += points_.Draw(session_, view_, Drawing(), slowPoint_, slowPoint_ + count, random_);
   slowPoint_ += count;
   if (count == 0) return;
   ShowPicture();
@@ -326,7 +327,7 @@ void Projections::closeEvent(QCloseEvent* event) {
 
 void Projections::changeEvent(QEvent* event) {
   // Moved to a screen with another pixel density.
-  if (event->type() == QEvent::ActivationChange && raster_.Width() != surface_->DeviceSize().width()) resized_.start();
+  if (event->type() == QEvent::ActivationChange && points_.Width() != surface_->DeviceSize().width()) resized_.start();
   // Ctrl may be released in another window.
   if (event->type() == QEvent::ActivationChange && !isActiveWindow()) mender_->Hold(false);
   QWidget::changeEvent(event);

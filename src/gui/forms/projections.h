@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "gui/forms/plot_surface.h"
+#include "gui/forms/point_layer.h"
 #include "gui/forms/workbench.h"
 #include "pallomir/clusters/overlap.h"
 #include "pallomir/projection/draw_points.h"
@@ -27,6 +28,8 @@ struct ProjectionOptions {
   bool Zoom = false;
   bool DrawBoundaries = true;
   bool AxesOff = false;
+  /// Points by their density instead of one colour a pixel.
+  bool Density = false;
   /// Number of points between two processings of events, at least 1.
   size_t Batch = 1;
   /// The part of the points to draw; empty for all.
@@ -106,6 +109,8 @@ class Projections : public QWidget {
   void StepAxes(int x, int y);
   /// A key steps to the next useful pair of parameters, or back.
   void StepPairs(int direction);
+  /// A key asks for the density instead of the points, or back.
+  void DensityAsked();
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -181,7 +186,7 @@ class Projections : public QWidget {
   ZoomSteps zoomSteps_;
   View view_;
   QImage ground_;
-  Raster raster_;
+  PointLayer points_;
   /// The overlap display.
   struct Overlap {
     OverlapPoints Points;

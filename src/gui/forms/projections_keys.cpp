@@ -96,6 +96,9 @@ bool Projections::ViewKey(const QKeyEvent& key) {
     case Qt::Key_U:
       emit StepPairs(key.modifiers().testFlag(Qt::ShiftModifier) ? -1 : 1);
       return true;
+    case Qt::Key_D:
+      emit DensityAsked();
+      return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
       if (slow_.isActive()) Redraw();

@@ -216,6 +216,11 @@ void Waveforms::DrawAgain(const View& area) {
   ShowPicture();
 }
 
+void Waveforms::ShowColours() {
+  PaintTicks();
+  if (sinceShown_.isValid()) ShowPicture();
+}
+
 void Waveforms::ShowPicture() {
   sinceShown_.start();
   surface_->SetPicture(ImageOf(onView_.Picture().Pixels(), Palette(session_)), onView_.Picture().Area());

@@ -28,6 +28,9 @@ class Waveforms : public QDialog {
  public:
   Waveforms(const Session& session, World& world, Dialogs& dialogs, QWidget* parent);
 
+  /// The clusters have other colours.
+  void ShowColours();
+
  protected:
   /// Esc stops a running drawing; otherwise it closes the window.
   void keyPressEvent(QKeyEvent* event) override;
@@ -35,6 +38,7 @@ class Waveforms : public QDialog {
  private:
   void LayOut();
   QWidget* MakeTicks();
+  void PaintTicks();
   void ConnectKeys();
   void OnClick(QPushButton* button, void (Waveforms::*handler)());
 

@@ -88,19 +88,23 @@ QWidget* Waveforms::MakeTicks() {
     const QString name = QString("Cluster %1").arg(c);
     chkCluster_[c] = MakeCheckBox(Indexed("chkCluster", c), name,
                                   c == 0 ? QString("Show spikes in no cluster") : "Show spikes of " + name.toLower());
-    if (c > 0 && c <= kClusters) {
-      QPixmap colour(10, 10);
-      colour.fill(ScreenColour(session_.ReferenceColours[c]));
-      chkCluster_[c]->setIcon(colour);
-    }
     list->addWidget(chkCluster_[c]);
   }
+  PaintTicks();
   auto* scroll = new QScrollArea;
   scroll->setWidget(ticks);
   scroll->setWidgetResizable(true);
   scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   scroll->setMinimumWidth(ticks->sizeHint().width() + scroll->verticalScrollBar()->sizeHint().width() + 4);
   return scroll;
+}
+
+void Waveforms::PaintTicks() {
+  for (int c = 1; c <= kClusters; ++c) {
+    QPixmap colour(10, 10);
+    colour.fill(ScreenColour(session_.ReferenceColours[c]));
+    chkCluster_[c]->setIcon(colour);
+  }
 }
 
 void Waveforms::ConnectKeys() {

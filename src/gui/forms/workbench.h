@@ -126,6 +126,8 @@ class Workbench : public QObject, public World {
   void CutChanged();
   /// Another cluster was chosen.
   void ClusterChanged();
+  /// The clusters have other colours.
+  void ColoursChanged();
   /// A Defaults file was read into Names: the boxes take their texts from there.
   void NamesRead();
   /// A command failed in a way that the program cannot continue after.

@@ -61,18 +61,14 @@ const float* Spread(const float* values, bool spread, UniformNumbers& random, si
   return into.data();
 }
 
-}  // namespace
-
-double PointRadius(float pointSize, int width) {
-  return pointSize < 1 ? 0 : static_cast<double>(width) * pointSize / 1000;
-}
-
-size_t DrawPoints(const Session& session, const View& view, const DrawSettings& settings, size_t begin, size_t end,
-                  UniformNumbers& random, Raster& raster) {
+/// Draws the points on a raster of either kind.
+template <class AnyRaster>
+size_t DrawOn(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings, size_t begin,
+              size_t end, UniformNumbers& random, AnyRaster& raster) {
   const PointTable& points = session.Points;
   const ByCluster<uint8_t> display = DisplayCodes(session);
-  const float* x = points.Column(session.XParameter).data();
-  const float* y = points.Column(session.YParameter).data();
+  const float* x = points.Column(pair.X).data();
+  const float* y = points.Column(pair.Y).data();
   const float* records = points.Column(kRecordSlot).data();
   end = std::min(end, points.Rows());
   Codes codes;
@@ -87,6 +83,27 @@ size_t DrawPoints(const Session& session, const View& view, const DrawSettings& 
                          Spread(y + begin, session.RandomY, random, count, spreadY), codes.data(), count);
   }
   return drawn;
+}
+
+}  // namespace
+
+double PointRadius(float pointSize, int width) {
+  return pointSize < 1 ? 0 : static_cast<double>(width) * pointSize / 1000;
+}
+
+size_t DrawPoints(const Session& session, const View& view, const DrawSettings& settings, size_t begin, size_t end,
+                  UniformNumbers& random, Raster& raster) {
+  return DrawOn(session, {session.XParameter, session.YParameter}, view, settings, begin, end, random, raster);
+}
+
+size_t DrawPoints(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings,
+                  size_t begin, size_t end, UniformNumbers& random, Raster& raster) {
+  return DrawOn(session, pair, view, settings, begin, end, random, raster);
+}
+
+size_t DrawDensity(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings,
+                   size_t begin, size_t end, UniformNumbers& random, DensityRaster& raster) {
+  return DrawOn(session, pair, view, settings, begin, end, random, raster);
 }
 
 }  // namespace pallomir

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "pallomir/projection/density.h"
 #include "pallomir/projection/raster.h"
 #include "pallomir/projection/uniform_numbers.h"
 #include "pallomir/session/session.h"
@@ -31,5 +32,13 @@ double PointRadius(float pointSize, int width);
 /// random if it is in several. Returns the number of points on the surface. 1.5 ns per point (pixels, one cluster).
 size_t DrawPoints(const Session& session, const View& view, const DrawSettings& settings, size_t begin, size_t end,
                   UniformNumbers& random, Raster& raster);
+
+/// The same for any two parameters and their view.
+size_t DrawPoints(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings,
+                  size_t begin, size_t end, UniformNumbers& random, Raster& raster);
+
+/// Counts the same choice of points into a density raster, whose loose code is ColourCode(0).
+size_t DrawDensity(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings,
+                   size_t begin, size_t end, UniformNumbers& random, DensityRaster& raster);
 
 }  // namespace pallomir

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "pallomir/files/platform.h"
+#include "pallomir/projection/map_block.h"
 
 namespace pallomir {
 
@@ -13,33 +13,6 @@ namespace {
 
 constexpr size_t kBlock = 1024;
 constexpr double kLargestRadius = 500;
-
-/// Maps the points of a block to an index into the padded bytes, or to `Nowhere`.
-struct Mapping {
-  float Left, Top, ScaleX, ScaleY;
-  float LimitX, LimitY;  ///< upper limit, in padded pixels, of positions on the raster
-  float Margin;
-  int32_t Stride, Nowhere;
-};
-
-/// Rounds positions to the nearest pixel centre. The tests also reject NaN. Returns the number of points on the raster.
-PALLOMIR_HOT_LOOP
-int32_t MapBlock(const Mapping& mapping, const float* x, const float* y, const uint8_t* codes, size_t count,
-                 int32_t* offsets) {
-  const Mapping m = mapping;
-  int32_t placed = 0;
-  for (size_t i = 0; i < count; ++i) {
-    const float px = (x[i] - m.Left) * m.ScaleX + m.Margin;
-    const float py = (y[i] - m.Top) * m.ScaleY + m.Margin;
-    const bool on = (px >= 0) & (px < m.LimitX) & (py >= 0) & (py < m.LimitY) & (codes[i] != 0);
-    const float column = on ? px : 0;
-    const float row = on ? py : 0;
-    const int32_t offset = static_cast<int32_t>(row) * m.Stride + static_cast<int32_t>(column);
-    offsets[i] = on ? offset : m.Nowhere;
-    placed += static_cast<int32_t>(on);
-  }
-  return placed;
-}
 
 /// Writes `length` equal bytes; short runs as two stores that may overlap, without a call.
 inline void FillRun(uint8_t* to, uint32_t code, uint32_t length) {
@@ -93,8 +66,8 @@ void Raster::MakeShape(double radius, int pixel) {
 
 size_t Raster::Draw(const View& view, const float* x, const float* y, const uint8_t* codes, size_t count) {
   if (!view.Drawable()) return 0;
-  // Indices count from the outermost centre whose shape still reaches the surface.
-  Mapping m;
+  // Offsets count from the outermost centre whose shape still reaches the surface, and round to pixel centres.
+  PointMapping m;
   m.Left = static_cast<float>(view.Left);
   m.Top = static_cast<float>(view.Top);
   m.ScaleX = static_cast<float>((width_ - 1) / (view.Right - view.Left));

@@ -17,7 +17,11 @@ bool View::Drawable() const {
 }
 
 View ViewOf(const Session& session, int width, int height) {
-  const int x = session.XParameter, y = session.YParameter;
+  return ViewOf(session, {session.XParameter, session.YParameter}, width, height);
+}
+
+View ViewOf(const Session& session, ParameterPair pair, int width, int height) {
+  const auto [x, y] = pair;
   View view{
       session.AxisMinimum[x], session.AxisMaximum[x], session.AxisMaximum[y], session.AxisMinimum[y], width, height};
   if (y == kPosY) std::swap(view.Top, view.Bottom);

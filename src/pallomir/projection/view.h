@@ -39,6 +39,8 @@ struct ParameterPair {
 
 /// The session's current projection. PosY on the vertical axis grows downward, as video coordinates do.
 View ViewOf(const Session& session, int width, int height);
+/// The same for any two parameters.
+View ViewOf(const Session& session, ParameterPair pair, int width, int height);
 
 /// Round values for the ticks of an axis from `from` to `to` (in either order), about `count` of them, and their
 /// labels.

@@ -98,6 +98,8 @@ struct Session {
   bool RandomX = false;
   bool RandomY = false;
   bool WhiteBackground = false;
+  /// Whether the clusters have colours that colour-blind users can tell apart.
+  bool SafeColours = false;
 
   ByCluster<ClusterNote> Notes{};
   /// The text of the notes file as last read or written; empty if neither has happened.
