@@ -63,9 +63,7 @@ class AnalysesFormsTest : public QObject {
     WriteWalk(program);
     program.Click("cmdReport");
     QCOMPARE(program.Answers.Messages.takeLast(), "|Error.  Neuralynx .Ntt spike file is not present.");
-    std::string spikes = SpikeFileHeader();
-    for (int n = 0; n < 1000; ++n) spikes += SpikeBytes(1'000'000U + 1000U * static_cast<unsigned>(n), n % 7 + 1);
-    program.Write("TT1/TT1.Ntt", QByteArray::fromStdString(spikes));
+    WriteSpikes(program);
     program.Click("cmdReport");
     QVERIFY2(program.Answers.Messages.isEmpty(), qPrintable(program.Answers.Messages.join("; ")));
     QWidget* sheet = nullptr;
@@ -98,7 +96,64 @@ class AnalysesFormsTest : public QObject {
     QCOMPARE(program.Answers.Messages, QStringList{"|You've reached errorhandler"});
   }
 
+  void AllReportsAreOneDocumentWithBookmarks() {
+    Program program;
+    const auto report = [&](const QStringList& to = {}) {
+      program.Answers.FilesToOpen = to;
+      program.Get<QAction>("mnuAllReports")->trigger();
+      return program.Answers.Messages.isEmpty() ? QString() : program.Answers.Messages.takeLast();
+    };
+    program.Start();
+    QCOMPARE(report(), QString("|Need to Load Points first"));
+    program.Click("cmdLoadPoints");
+    QCOMPARE(report(), QString("|No cluster has a boundary yet: there is nothing to report."));
+    program.Click("lblNewCluster(3)");
+    program.DrawPolygon({{50, 5}, {950, 5}, {950, 95}, {50, 95}});
+    program.Click("lblNewCluster(5)");
+    program.DrawPolygon({{0, 0}, {40, 0}, {40, 99}, {0, 99}});
+    WriteWalk(program);
+    QCOMPARE(report(), QString("|Error.  Neuralynx .Ntt spike file is not present."));
+    WriteSpikes(program);
+    QCOMPARE(report({""}), QString());
+    QCOMPARE(program.Answers.Asked.FileName, QString("TT1 reports.pdf"));
+    const QStringList before = QDir(program.Path("TT1")).entryList(QDir::Files | QDir::Hidden);
+    const QString file = program.Path("all.pdf");
+    QCOMPARE(report({file}), QString());
+    QCOMPARE(QDir(program.Path("TT1")).entryList(QDir::Files | QDir::Hidden), before);
+    QVERIFY(!program.Shared.TemporaryMode);
+    QCOMPARE(program.Shared.CurrentCluster, 5);
+
+    // As another program reads it.
+    const auto qpdf = [](const QStringList& arguments) {
+      QProcess process;
+      process.start("qpdf", arguments);
+      return process.waitForFinished() && process.exitCode() == 0 ? process.readAllStandardOutput() : QByteArray();
+    };
+    QVERIFY2(qpdf({"--check", file}).contains("No syntax or stream encoding errors"), "is qpdf installed?");
+    QCOMPARE(qpdf({"--show-npages", file}).trimmed(), QByteArray("2"));
+    const QByteArray json = qpdf({"--json=2", "--json-key=outlines", file});
+    const QJsonArray outline = QJsonDocument::fromJson(json).object().value("outlines").toArray();
+    QCOMPARE(outline.size(), 2);
+    for (int i = 0; i < 2; ++i) {
+      QCOMPARE(outline[i].toObject().value("title").toString(), i == 0 ? "Cluster 3" : "Cluster 5");
+      QCOMPARE(outline[i].toObject().value("destpageposfrom1").toInt(), i + 1);
+    }
+
+    // Stopped, the earlier document stays.
+    QVERIFY(QFile(file).resize(7));
+    QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
+    QCOMPARE(report({file}), QString());
+    QCOMPARE(QFileInfo(file).size(), 7);
+    QCOMPARE(program.Form.statusBar()->findChild<QLabel*>()->text(), QString("Stopped; nothing was changed."));
+  }
+
  private:
+  static void WriteSpikes(const Program& program) {
+    std::string spikes = SpikeFileHeader();
+    for (int n = 0; n < 1000; ++n) spikes += SpikeBytes(1'000'000U + 1000U * static_cast<unsigned>(n), n % 7 + 1);
+    program.Write("TT1/TT1.Ntt", QByteArray::fromStdString(spikes));
+  }
+
   /// Cluster 3 takes most of the points.
   static void CutAll(Program& program) {
     program.Load();

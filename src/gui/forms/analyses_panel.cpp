@@ -1,6 +1,7 @@
 #include "gui/forms/analyses_panel.h"
 
 #include "gui/controls/event_hook.h"
+#include "gui/forms/all_reports.h"
 #include "gui/viewers/desktop_components.h"
 #include "gui/viewers/report_source.h"
 #include "pallomir/analyses/center_file.h"
@@ -84,6 +85,14 @@ void AnalysesPanel::MakeMenus() {
 void AnalysesPanel::AddTo(QMenu* view) {
   view->addMenu(mnuRateMap)->setText("Rate map");
   view->addMenu(mnu2DAutoCorr)->setText("Spatial autocorrelation");
+}
+
+void AnalysesPanel::AddReportsTo(QMenu* file) {
+  bench_.AddEntry(file, "mnuAllReports", "Re&ports of all clusters...",
+                  "Write the Analysis Report of every cluster that has a boundary into one PDF document", [this] {
+                    bench_.AdviseOnFailure(MissingFileAdvice());
+                    SaveAllReports(bench_, window());
+                  });
 }
 
 void AnalysesPanel::LayOut() {

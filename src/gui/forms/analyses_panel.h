@@ -26,6 +26,8 @@ class AnalysesPanel : public QWidget {
 
   /// Adds the panel's menus to one of the menu bar.
   void AddTo(QMenu* view);
+  /// Adds the report of all clusters to a menu.
+  void AddReportsTo(QMenu* file);
 
  private:
   void MakeControls();

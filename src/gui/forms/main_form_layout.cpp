@@ -95,6 +95,7 @@ void Main_Form::PlaceWindows() {
 void Main_Form::MakeMenus() {
   fileMenu_ = new FileMenu(bench_, this);
   files_->AddTo(fileMenu_);
+  analyses_->AddReportsTo(fileMenu_);
   fileMenu_->addSeparator();
   bench_.AddEntry(
       fileMenu_, "mnuExit", "E&xit", "Exit Pallomir", [this] { cmdExit_Click(); }, Qt::CTRL | Qt::Key_Q);

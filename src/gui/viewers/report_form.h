@@ -2,16 +2,13 @@
 
 #include <QMainWindow>
 #include <QTimer>
-#include <array>
 
 #include "gui/controls/dialogs.h"
 #include "pallomir/analyses/report.h"
 
-class QCustomPlot;
-class QGridLayout;
-class QLabel;
-
 namespace pallomir {
+
+class ReportSheet;
 
 /// "Analysis Report Sheet": one page about one cluster, for printing or saving.
 class ReportForm : public QMainWindow {
@@ -26,23 +23,14 @@ class ReportForm : public QMainWindow {
 
  private:
   void LayOut();
-  static QCustomPlot* AddPicture(QGridLayout* grid, const QString& name, const QString& caption, int row, int column);
   void MakeMenu();
-  void Timer1_Timer();
   void mnuFilePrint_Click();
   void mnuFileSave_Click();
 
   World& world_;
   Dialogs& dialogs_;
   QString fileName_;
-  QWidget* sheet_;
-  QLabel* lblReportTitle_;
-  QLabel* lblTime_;
-  QLabel* lblFigures_;
-  QLabel* lblClNote_;
-  QLabel* lblRemarks_;
-  QCustomPlot *picOccMap_, *picRateMap_, *picSpikeMap_, *picWaveForm_;
-  QCustomPlot *picMaxHeight_, *picXPos_, *picYPos_, *picAngPos_;
+  ReportSheet* sheet_;
   QTimer Timer1_;
 };
 

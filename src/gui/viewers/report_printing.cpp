@@ -10,6 +10,7 @@
 #include "gui/controls/chosen_path.h"
 #include "gui/controls/save_image.h"
 #include "pallomir/files/error.h"
+#include "pallomir/files/pdf_bookmarks.h"
 
 namespace pallomir {
 
@@ -75,6 +76,10 @@ QImage SheetImage(const QWidget& sheet, int scale) {
   return image;
 }
 
+QPageLayout SavedPage() {
+  return {QPageSize(QPageSize::A4), QPageLayout::Landscape, {8, 8, 8, 8}, QPageLayout::Millimeter};
+}
+
 QByteArray SheetPdf(const QWidget& sheet, const QString& title, const QPageLayout& page, int resolution, int copies) {
   QByteArray bytes;
   QBuffer buffer(&bytes);
@@ -85,6 +90,39 @@ QByteArray SheetPdf(const QWidget& sheet, const QString& title, const QPageLayou
   writer.setTitle(title);
   PaintPages(writer, sheet, copies);
   return bytes;
+}
+
+struct SheetBook::Document {
+  QByteArray Bytes;
+  QBuffer Buffer{&Bytes};
+  QPdfWriter Writer{&Buffer};
+  QCPPainter Painter;
+};
+
+SheetBook::SheetBook(const QString& title) : document_(std::make_unique<Document>()) {
+  document_->Buffer.open(QIODevice::WriteOnly);
+  document_->Writer.setPageLayout(SavedPage());
+  document_->Writer.setResolution(kSavedDotsPerInch);
+  document_->Writer.setTitle(title);
+}
+
+SheetBook::~SheetBook() = default;
+
+void SheetBook::Add(const QWidget& sheet, const QString& bookmark) {
+  auto& [bytes, buffer, writer, painter] = *document_;
+  bookmarks_.push_back(bookmark.toStdString());
+  const int page = static_cast<int>(bookmarks_.size());
+  Require(page == 1 ? painter.begin(&writer) : writer.newPage(), page);
+  painter.save();
+  PaintSheet(painter, sheet, writer.pageLayout().paintRectPixels(writer.resolution()).size());
+  painter.restore();
+}
+
+QByteArray SheetBook::Finish() {
+  Require(document_->Painter.end(), static_cast<int>(bookmarks_.size()));
+  const QByteArray& plain = document_->Bytes;
+  const auto marked = WithBookmarks({plain.constData(), static_cast<size_t>(plain.size())}, bookmarks_);
+  return marked ? QByteArray::fromStdString(*marked) : plain;
 }
 
 void PrintSheet(const QWidget& sheet, const QString& title, QPrinter& printer, int copies) {

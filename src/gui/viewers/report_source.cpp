@@ -2,15 +2,15 @@
 
 #include "gui/controls/titles.h"
 #include "gui/viewers/report_form.h"
+#include "gui/viewers/report_sheet.h"
 #include "pallomir/analyses/report.h"
-#include "pallomir/files/platform.h"
 
 namespace pallomir {
 
 void ReportSource::ShowReport(const ReportFiles& files, const std::string&, bool, double) {
   const Report report = MakeReport(world_, files, cluster_);
   auto form = std::make_unique<ReportForm>(world_, dialogs_, parent_, TetrodeOf(session_), cluster_);
-  form->Show(report, QString("Cluster %1 - %2").arg(cluster_).arg(QString::fromStdString(NameText(files.SpikeFile))));
+  form->Show(report, ReportTitle(cluster_, files.SpikeFile));
   static_cast<void>(form.release());  // the form owns itself: it is destroyed when closed, or with its parent
 }
 

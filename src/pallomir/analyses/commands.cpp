@@ -113,14 +113,19 @@ void ShowDirection(Session& session, const AnalysisTools& tools, const std::stri
 void ShowReport(Session& session, const AnalysisTools& tools, const std::string& positionName) {
   RequireCluster(session);
   WriteTemporaryFiles(session, tools);
+  const ReportFiles files =
+      ReportFilesOf(session, positionName, TemporaryClusterFilePath(session), TemporaryTimeFilePath(session));
+  tools.Parts.MakeSpikeSource()->ShowReport(files, "Display", false, 0);
+  session.TemporaryMode = false;
+}
+
+ReportFiles ReportFilesOf(const Session& session, const std::string& positionName,
+                          const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile) {
   const std::filesystem::path positions = PositionFile(session, positionName);
   const std::filesystem::path spikes = SpikeFilePath(session.File.Path);
   if (!FileUtility::FileExists(spikes) || FileUtility::FileLength(spikes) < 1)
     throw CommandError(ErrorKind::Missing, "Error.  Neuralynx .Ntt spike file is not present.");
-  tools.Parts.MakeSpikeSource()->ShowReport({spikes, TemporaryClusterFilePath(session), TemporaryTimeFilePath(session),
-                                             positions, CenterFilePath(session), NotesFilePath(session)},
-                                            "Display", false, 0);
-  session.TemporaryMode = false;
+  return {spikes, clusterFile, timeFile, positions, CenterFilePath(session), NotesFilePath(session)};
 }
 
 void ShowAvgWaveforms(Session& session, const AnalysisTools& tools) {

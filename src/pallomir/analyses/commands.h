@@ -44,6 +44,10 @@ void ShowDirection(Session& session, const AnalysisTools& tools, const std::stri
 /// Needs the spike file from which the parameter file was made; always looks for "CenterCoords".
 void ShowReport(Session& session, const AnalysisTools& tools, const std::string& positionName);
 
+/// The files for the report of a cluster whose spikes are in these two. Throws CommandError as ShowReport does.
+ReportFiles ReportFilesOf(const Session& session, const std::string& positionName,
+                          const std::filesystem::path& clusterFile, const std::filesystem::path& timeFile);
+
 /// Only performs its checks: it shows no average waveforms.
 void ShowAvgWaveforms(Session& session, const AnalysisTools& tools);
 

@@ -86,12 +86,13 @@ void AddRemarks(Report& report, const std::string& whyNoDirection) {
 
 }  // namespace
 
-Report MakeReport(World& world, const ReportFiles& files, int c) {
+Report MakeReport(World& world, const ReportFiles& files, int c, const std::filesystem::path& settingsFolder) {
   Report report;
   const SpikeTimes spikes = ReadSpikeTimes(world, files.ClusterFile, files.TimeFile);
   report.Spikes = ReadClusterLines(world, files.ClusterFile);
   const Positions positions = ReadPositions(files.PositionFile, WorkPace(world));
-  const MeasureSettings settings = ReadMeasureSettings(files.ClusterFile.parent_path());
+  const MeasureSettings settings =
+      ReadMeasureSettings(settingsFolder.empty() ? files.ClusterFile.parent_path() : settingsFolder);
   report.Path = TrackOver(positions, LoadedTime({spikes.Range}), settings.Map);
   report.SampleOf = SamplesOfSpikes(report.Path, spikes.Times);
   report.Rate = RateMapOf(positions, report.Path, spikes, settings);

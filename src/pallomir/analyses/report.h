@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -36,8 +37,9 @@ struct Report {
   std::string Remarks;  ///< what the reader must know: data that is missing, skipped or out of order
 };
 
-/// Builds the report of cluster `c` from its files. The center and notes files are optional. Throws CommandError if a
-/// file cannot be read, Interrupted when the user stops it.
-Report MakeReport(World& world, const ReportFiles& files, int c);
+/// Builds the report of cluster `c` from its files. The center and notes files are optional. The settings are those of
+/// `settingsFolder`, or else of the folder of the cluster file. Throws CommandError if a file cannot be read,
+/// Interrupted when the user stops it.
+Report MakeReport(World& world, const ReportFiles& files, int c, const std::filesystem::path& settingsFolder = {});
 
 }  // namespace pallomir

@@ -108,15 +108,15 @@ Assignment AssignInTheOpen(const Session& session, World& world) {
   return AssignClusters(session.Points, pace);
 }
 
-void WriteTemporaryFiles(const Session& session, World& world, const std::string& beginning) {
-  const std::vector<uint8_t> cluster = AssignInTheOpen(session, world).Cluster;
-  LineFile spikes(TemporaryClusterFilePath(session), beginning);
-  LineFile times(TemporaryTimeFilePath(session), TextHeader("TFile"));
+void WriteSpikes(const Session& session, World& world, const std::string& beginning,
+                 const std::vector<uint8_t>& assigned, int c, const SpikesOfCluster& files) {
+  LineFile spikes(files.Spikes, beginning);
+  LineFile times(files.Times, TextHeader("TFile"));
   const SpikeLines lines(session.Points);
   {
     WorkPace pace(world);
     ForEveryPoint(session.Points.Rows(), pace, [&](size_t i) {
-      if (cluster[i] != session.CurrentCluster) return;
+      if (assigned[i] != c) return;
       spikes.Added(lines.PutSpike(spikes.Room(), i));
       times.Added(lines.PutStamp(times.Room(), i));
     });
@@ -248,10 +248,16 @@ std::filesystem::path TemporaryTimeFilePath(const Session& session) {
 void WriteClusterFiles(const Session& session, World& world, const ClusterFileTexts& texts) {
   const std::string beginning = BeginningFor(texts);
   if (session.TemporaryMode)
-    WriteTemporaryFiles(session, world, beginning);
+    WriteSpikes(session, world, beginning, AssignInTheOpen(session, world).Cluster, session.CurrentCluster,
+                {TemporaryClusterFilePath(session), TemporaryTimeFilePath(session)});
   else
     WriteAllFiles(session, world, texts, beginning);
   world.AppendMessage("Done Writing CLFiles");
+}
+
+void WriteSpikesOf(const Session& session, World& world, const ClusterFileTexts& texts,
+                   const std::vector<uint8_t>& assigned, int c, const SpikesOfCluster& files) {
+  WriteSpikes(session, world, BeginningFor(texts), assigned, c, files);
 }
 
 }  // namespace pallomir

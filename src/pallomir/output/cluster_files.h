@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -36,5 +37,16 @@ std::vector<std::filesystem::path> ClusterFilePaths(const Session& session, std:
 /// error or the user's stop (Interrupted) changes nothing. Throws CommandError that says which files were written and
 /// which were not; before any of that, if a text is not a number or the name is empty.
 void WriteClusterFiles(const Session& session, World& world, const ClusterFileTexts& texts);
+
+/// The files in which analyses find the spikes of one cluster.
+struct SpikesOfCluster {
+  std::filesystem::path Spikes;  ///< a cluster file
+  std::filesystem::path Times;   ///< the stamps alone
+};
+
+/// Writes these files for cluster c, with the spikes that `assigned` gives it (output/assignment). Throws CommandError
+/// if a time is not a number or a file cannot be written, Interrupted when the user stops it.
+void WriteSpikesOf(const Session& session, World& world, const ClusterFileTexts& texts,
+                   const std::vector<uint8_t>& assigned, int c, const SpikesOfCluster& files);
 
 }  // namespace pallomir
