@@ -3,7 +3,9 @@
 #include <qcustomplot.h>
 
 #include "form_tests.h"
+#include "pallomir/analyses/measure_sources.h"
 #include "pallomir/clusters/classify.h"
+#include "pallomir/results/write_measures.h"
 #include "program.h"
 #include "support/spike_files.h"
 
@@ -145,6 +147,37 @@ class AnalysesFormsTest : public QObject {
     QCOMPARE(report({file}), QString());
     QCOMPARE(QFileInfo(file).size(), 7);
     QCOMPARE(program.Form.statusBar()->findChild<QLabel*>()->text(), QString("Stopped; nothing was changed."));
+  }
+
+  void MeasuresAreExportedByTheExtension() {
+    Program program;
+    CutAll(program);
+    WriteWalk(program);
+    const auto exportTo = [&](const QString& path) {
+      program.Answers.FilesToOpen = {path};
+      program.Get<QAction>("mnuExportMeasures")->trigger();
+      QFile file(path);
+      return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const auto status = [&] { return program.Form.statusBar()->findChild<QLabel*>()->text(); };
+    const QByteArray without = exportTo(program.Path("a.csv"));
+    QCOMPARE(program.Answers.Asked.FileName, QString("TT1 measures.csv"));
+    QVERIFY(status().startsWith("Clusters measured: 1. There is no spike file "));
+    WriteSpikes(program);
+    const QByteArray csv = exportTo(program.Path("a.csv")), json = exportTo(program.Path("b.JSON"));
+    QCOMPARE(status(), QString("Clusters measured: 1."));
+    const MeasureSources sources = SourcesOf(program.Shared, program.Shared.DataDirectory / ".." / "Pos.p", true);
+    const MeasuredCut cut = MeasureClusters(program.Shared, sources);
+    QVERIFY(csv != without);
+    QCOMPARE(csv.toStdString(), MeasuresCsv(cut));
+    QCOMPARE(json.toStdString(), MeasuresJson(cut));
+    QVERIFY(!program.Shared.TemporaryMode);
+    // Stopped, the earlier table stays.
+    program.Write("a.csv", "mine");
+    QTimer::singleShot(0, [&] { QTest::keyClick(program.View(), Qt::Key_Escape); });
+    QCOMPARE(exportTo(program.Path("a.csv")), QByteArray("mine"));
+    QCOMPARE(status(), QString("Stopped; nothing was changed."));
+    QVERIFY(program.Answers.Messages.isEmpty());
   }
 
  private:

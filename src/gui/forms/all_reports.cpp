@@ -15,13 +15,6 @@ namespace pallomir {
 
 namespace {
 
-void RequireReportable(const Session& session, const std::string& positionName) {
-  if (!PointsLoaded(session)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
-  if (DefinedClusters(session).empty())
-    throw CommandError(ErrorKind::NotReady, "No cluster has a boundary yet: there is nothing to report.");
-  static_cast<void>(ReportFilesOf(session, positionName, {}, {}));
-}
-
 QByteArray BookOf(Workbench& bench) {
   const Session& session = bench.TheSession();
   const QTemporaryDir folder;
@@ -44,7 +37,8 @@ QByteArray BookOf(Workbench& bench) {
 
 void SaveAllReports(Workbench& bench, QWidget* parent) {
   const Session& session = bench.TheSession();
-  RequireReportable(session, bench.Names.PosFile);
+  RequireDefinedClusters(session);
+  static_cast<void>(ReportFilesOf(session, bench.Names.PosFile, {}, {}));
   const QString name = FileNameWithTetrode(TetrodeOf(session), {"Reports"});
   const QString path =
       bench.TheDialogs().SaveFile(parent, {"Save Reports", "PDF document (*.pdf)|*.pdf", name + ".pdf", "pdf"});

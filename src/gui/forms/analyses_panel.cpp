@@ -2,6 +2,7 @@
 
 #include "gui/controls/event_hook.h"
 #include "gui/forms/all_reports.h"
+#include "gui/forms/export_measures.h"
 #include "gui/viewers/desktop_components.h"
 #include "gui/viewers/report_source.h"
 #include "pallomir/analyses/center_file.h"
@@ -93,6 +94,9 @@ void AnalysesPanel::AddReportsTo(QMenu* file) {
                     bench_.AdviseOnFailure(MissingFileAdvice());
                     SaveAllReports(bench_, window());
                   });
+  bench_.AddEntry(file, "mnuExportMeasures", "Export &measures...",
+                  "Measure every cluster that has a boundary, and write the table as CSV or JSON",
+                  [this] { ExportMeasures(bench_, window()); });
 }
 
 void AnalysesPanel::LayOut() {

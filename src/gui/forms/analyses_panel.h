@@ -26,7 +26,7 @@ class AnalysesPanel : public QWidget {
 
   /// Adds the panel's menus to one of the menu bar.
   void AddTo(QMenu* view);
-  /// Adds the report of all clusters to a menu.
+  /// Adds what is written about all clusters to a menu.
   void AddReportsTo(QMenu* file);
 
  private:

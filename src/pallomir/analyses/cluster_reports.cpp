@@ -1,6 +1,7 @@
 #include "pallomir/analyses/cluster_reports.h"
 
 #include "pallomir/analyses/commands.h"
+#include "pallomir/files/error.h"
 #include "pallomir/output/assignment.h"
 #include "pallomir/session/part_of_work.h"
 #include "pallomir/session/work_pace.h"
@@ -22,6 +23,12 @@ std::vector<int> DefinedClusters(const Session& session) {
   for (int c = 1; c < kClusterSlots; ++c)
     if (session.ClusterDefined[c]) clusters.push_back(c);
   return clusters;
+}
+
+void RequireDefinedClusters(const Session& session) {
+  if (!PointsLoaded(session)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
+  if (DefinedClusters(session).empty())
+    throw CommandError(ErrorKind::NotReady, "No cluster has a boundary yet: there is nothing to report.");
 }
 
 void MakeReports(const Session& session, World& world, const ClusterFileTexts& texts, const std::string& positionName,

@@ -15,6 +15,9 @@ namespace pallomir {
 /// The clusters that have a boundary, in order.
 std::vector<int> DefinedClusters(const Session& session);
 
+/// Throws CommandError if no points are loaded, or no cluster has a boundary.
+void RequireDefinedClusters(const Session& session);
+
 /// Makes the report of each of these clusters, as ShowReport does for the current one, and passes it to `use` with the
 /// world in which that shows its progress. Every spike is in one cluster throughout: one that lies in several is drawn
 /// once. The clusters' spikes go through two files in `folder`, which the caller removes; temporary mode, "cl-tmp" and

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <memory>
 
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/platform.h"
@@ -122,7 +123,7 @@ std::vector<int64_t> TimesOf(const std::vector<ClusterSpike>& spikes) {
 class Measurer {
  public:
   Measurer(const Session& session, const MeasureSources& sources)
-      : sources_(sources), points_(PointsWithin(session, sources.Time)) {
+      : sources_(sources), points_(PointsWithin(session, sources_.Time)) {
     cut_.Settings = sources.Settings;
     cut_.LoadedSeconds = static_cast<double>(sources.Time.Length()) / 1e6;
     for (int c = 1; c < kClusterSlots; ++c) {
@@ -194,7 +195,15 @@ class Measurer {
     }
   }
 
-  MeasuredCut Take() { return std::move(cut_); }
+  /// Does all of this, once.
+  MeasuredCut Run(const Progress& progress) {
+    const double waveforms = sources_.Chance ? 0.1 : 0.6, behaviour = sources_.Chance ? 0.98 : 0.9;
+    MeasureWaveforms(progress.Part(0, waveforms));
+    MeasureTrains();
+    MeasureBehaviour(progress.Part(waveforms, behaviour));
+    if (sources_.Pairs) MeasurePairs(progress.Part(behaviour, 1));
+    return std::move(cut_);
+  }
 
  private:
   void CountShared() {
@@ -220,7 +229,7 @@ class Measurer {
     return pair;
   }
 
-  const MeasureSources& sources_;
+  const MeasureSources sources_;
   std::vector<Point> points_;
   MeasuredCut cut_;
   /// Points in both of two clusters, by their numbers, the smaller first.
@@ -234,13 +243,13 @@ class Measurer {
 }  // namespace
 
 MeasuredCut MeasureClusters(const Session& session, const MeasureSources& sources, const Progress& progress) {
-  Measurer measurer(session, sources);
-  const double waveforms = sources.Chance ? 0.1 : 0.6, behaviour = sources.Chance ? 0.98 : 0.9;
-  measurer.MeasureWaveforms(progress.Part(0, waveforms));
-  measurer.MeasureTrains();
-  measurer.MeasureBehaviour(progress.Part(waveforms, behaviour));
-  if (sources.Pairs) measurer.MeasurePairs(progress.Part(behaviour, 1));
-  return measurer.Take();
+  return Measurer(session, sources).Run(progress);
+}
+
+std::function<MeasuredCut(const Progress&)> PrepareMeasures(const Session& session, const MeasureSources& sources) {
+  return [measurer = std::make_shared<Measurer>(session, sources)](const Progress& progress) {
+    return measurer->Run(progress);
+  };
 }
 
 }  // namespace pallomir

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -66,5 +67,8 @@ struct MeasureSources {
 /// samples twice more. A file that is missing leaves its measures unknown. Throws CommandError for one that is there
 /// and cannot be used, Interrupted when `progress` asks for it.
 MeasuredCut MeasureClusters(const Session& session, const MeasureSources& sources, const Progress& progress = {});
+
+/// The same as work that has taken from the session what it needs, so that it can run in a thread of its own.
+std::function<MeasuredCut(const Progress&)> PrepareMeasures(const Session& session, const MeasureSources& sources);
 
 }  // namespace pallomir
