@@ -18,8 +18,16 @@ class AxisRuler : public QWidget {
     double Position;
     QString Text;
   };
+  /// The marks of a view's axis, for a surface of `ratio` device pixels per pixel.
+  static std::vector<Mark> MarksOf(Qt::Orientation orientation, const View& view, double ratio);
   void Show(std::vector<Mark> marks, const QString& name);
   void Clear() { Show({}, {}); }
+
+  /// The width of the strip.
+  static constexpr int kThickness = 18;
+  /// Paints a strip of this length with its upper left corner at the origin.
+  static void Paint(QPainter& painter, Qt::Orientation orientation, double length, const std::vector<Mark>& marks,
+                    const QString& name);
 
  protected:
   void paintEvent(QPaintEvent* event) override;

@@ -27,6 +27,7 @@ constexpr KeyRow kRows[] = {
     {"", "wheel; drag with the middle button", "zoom about the pointer; move"},
     {"", "drag, with **Zoom** chosen", "zoom into the rectangle"},
     {"", "D", "shades the points by their density, or shows them one by one again"},
+    {"", "Ctrl+C, Ctrl+Shift+S", "copy the projection as a picture, save it"},
     {"", "arrow keys", "up and down step Y, left and right step X, over parameters that are 0 in all spikes"},
     {"", "U, Shift+U", "the next useful pair of parameters, the one before"},
     {"axis lists", "arrow keys, a letter", "step through the parameters; in the Y list they show at once"},

@@ -8,6 +8,7 @@
 #include "gui/forms/files_panel.h"
 #include "gui/forms/help_menu.h"
 #include "gui/forms/main_form.h"
+#include "gui/forms/picture_commands.h"
 #include "gui/forms/range_panel.h"
 #include "gui/forms/status_line.h"
 
@@ -107,6 +108,7 @@ void Main_Form::MakeMenus() {
   display_->AddTo(view);
   axes_->AddTo(view);
   analyses_->AddTo(view);
+  (new PictureCommands(bench_, projections_, this))->AddTo(view);
 
   menuBar()->addMenu(new HelpMenu(bench_, this));
 }

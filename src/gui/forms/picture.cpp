@@ -23,14 +23,16 @@ int AxisTickCount(double length) {
   return static_cast<int>(length / 90);
 }
 
-namespace {
+QColor GroundColour(const Session& session) {
+  return session.WhiteBackground ? Qt::white : Qt::black;
+}
 
-/// Lines along the left and lower edge, with ticks.
-void DrawAxes(QImage& ground, const View& view, double ratio, QColor ink) {
+QColor InkColour(const Session& session) {
+  return session.WhiteBackground ? QColor(40, 48, 60) : QColor(214, 220, 230);
+}
+
+void DrawAxes(QPainter& painter, const View& view, double ratio) {
   const double width = view.Width / ratio, height = view.Height / ratio;
-  QPainter painter(&ground);
-  painter.scale(ratio, ratio);
-  painter.setPen(QPen(ink, 1));
   painter.drawLine(QPointF(0.5, 0), QPointF(0.5, height));
   painter.drawLine(QPointF(0, height - 0.5), QPointF(width, height - 0.5));
   for (const Tick& tick : AxisTicks(view.Left, view.Right, AxisTickCount(width))) {
@@ -43,8 +45,7 @@ void DrawAxes(QImage& ground, const View& view, double ratio, QColor ink) {
   }
 }
 
-void DrawBoundaries(QImage& ground, const Session& session, const View& view, double ratio) {
-  const Canvas canvas = CanvasOf(ground);
+void ForEachBoundary(const Session& session, const StrokeBoundary& stroke) {
   for (int c = 1; c <= kClusters; ++c) {
     const Colour colour = session.Colours[c];
     if (!session.Display[c] || (session.WhiteBackground && colour == kWhite)) continue;
@@ -54,21 +55,26 @@ void DrawBoundaries(QImage& ground, const Session& session, const View& view, do
       if (!OnView(session, boundary)) continue;
       const std::span corners(boundary.Vertices.data(), static_cast<size_t>(boundary.VertexCount));
       // On white, a dark rim keeps light colours visible.
-      if (session.WhiteBackground) StrokePolygon(canvas, view, corners, true, 2.6 * ratio, kRim);
-      StrokePolygon(canvas, view, corners, true, 1.3 * ratio, ScreenColour(colour).rgb());
+      if (session.WhiteBackground) stroke(corners, 2.6, QColor(kRim));
+      stroke(corners, 1.3, ScreenColour(colour));
     }
   }
 }
 
-}  // namespace
-
 QImage MakeGround(const Session& session, const View& view, double pixelRatio, const GroundOptions& options) {
   QImage ground = MakeImage({view.Width, view.Height}, QImage::Format_RGB32);
-  ground.fill(session.WhiteBackground ? Qt::white : Qt::black);
-  if (view.Drawable()) {
-    const QColor ink = session.WhiteBackground ? QColor(40, 48, 60) : QColor(214, 220, 230);
-    if (options.Axes) DrawAxes(ground, view, pixelRatio, ink);
-    if (options.Boundaries) DrawBoundaries(ground, session, view, pixelRatio);
+  ground.fill(GroundColour(session));
+  if (view.Drawable() && options.Axes) {
+    QPainter painter(&ground);
+    painter.scale(pixelRatio, pixelRatio);
+    painter.setPen(QPen(InkColour(session), 1));
+    DrawAxes(painter, view, pixelRatio);
+  }
+  if (view.Drawable() && options.Boundaries) {
+    const Canvas canvas = CanvasOf(ground);
+    ForEachBoundary(session, [&](std::span<const Vertex> corners, double width, QColor colour) {
+      StrokePolygon(canvas, view, corners, true, width * pixelRatio, colour.rgb());
+    });
   }
   ground.setDevicePixelRatio(pixelRatio);
   return ground;
@@ -82,7 +88,7 @@ static std::array<QRgb, 256> PaletteOf(const Session& session) {
 
 QImage WithDensity(const QImage& ground, const DensityRaster& density, const Session& session) {
   QImage picture = ground;
-  density.Paint(CanvasOf(picture), PaletteOf(session), session.WhiteBackground ? 0xFFFFFFFF : 0xFF000000);
+  density.Paint(CanvasOf(picture), PaletteOf(session), GroundColour(session).rgb());
   return picture;
 }
 

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
+#include <functional>
 #include <span>
+
+class QPainter;
 
 #include "pallomir/projection/density.h"
 #include "pallomir/projection/raster.h"
@@ -17,6 +21,18 @@ Canvas CanvasOf(QImage& image);
 
 /// The approximate number of ticks for an axis of this length in logical pixels.
 int AxisTickCount(double length);
+
+/// The colours behind the points and of the axes.
+QColor GroundColour(const Session& session);
+QColor InkColour(const Session& session);
+
+/// Draws lines along the left and lower edge of a view of `ratio` device pixels per pixel, with ticks.
+void DrawAxes(QPainter& painter, const View& view, double ratio);
+
+/// Calls `stroke` for every line of the boundaries drawn in the session's projection, in the order in which they are
+/// drawn, with its width in pixels.
+using StrokeBoundary = std::function<void(std::span<const Vertex> corners, double width, QColor colour)>;
+void ForEachBoundary(const Session& session, const StrokeBoundary& stroke);
 
 struct GroundOptions {
   bool Axes = true;

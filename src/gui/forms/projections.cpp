@@ -155,8 +155,7 @@ void Projections::BeginPicture() {
   const double ratio = surface_->devicePixelRatioF();
   view_ = ViewOf(session_, size.width(), size.height());
   ground_ = MakeGround(session_, view_, ratio, {!options_.AxesOff, options_.DrawBoundaries});
-  points_ = PointLayer(size, session_.PointSize, DevicePixel(),
-                       options_.Density ? PointLayer::Looks::Density : PointLayer::Looks::Points);
+  points_ = PointLayer(size, session_.PointSize, DevicePixel(), PointLooks());
   drawn_ = true;
   shown_ = 0;
   ShowRulers();
@@ -167,13 +166,9 @@ void Projections::ShowRulers() {
   yRuler_->Clear();
   if (!drawn_ || options_.AxesOff || !view_.Drawable()) return;
   const double ratio = surface_->devicePixelRatioF();
-  std::vector<AxisRuler::Mark> x, y;
-  for (const Tick& tick : AxisTicks(view_.Left, view_.Right, AxisTickCount(view_.Width / ratio)))
-    x.push_back({(view_.PixelX(tick.Value) + 0.5) / ratio, FromText(tick.Text)});
-  for (const Tick& tick : AxisTicks(view_.Bottom, view_.Top, AxisTickCount(view_.Height / ratio)))
-    y.push_back({(view_.PixelY(tick.Value) + 0.5) / ratio, FromText(tick.Text)});
-  xRuler_->Show(std::move(x), FromText(session_.ParameterNames[session_.XParameter]));
-  yRuler_->Show(std::move(y), FromText(session_.ParameterNames[session_.YParameter]));
+  xRuler_->Show(AxisRuler::MarksOf(Qt::Horizontal, view_, ratio),
+                FromText(session_.ParameterNames[session_.XParameter]));
+  yRuler_->Show(AxisRuler::MarksOf(Qt::Vertical, view_, ratio), FromText(session_.ParameterNames[session_.YParameter]));
 }
 
 void Projections::ShowPicture() {
@@ -311,6 +306,19 @@ void Projections::ShowBlank() {
   });
   ShowPolygon();
   ShowRulers();
+}
+
+ProjectionPicture Projections::Picture() {
+  if (!PointsLoaded(session_)) throw CommandError(ErrorKind::NotReady, "Need to Load Points first");
+  PictureOptions options;
+  options.Title = windowTitle();
+  options.Plot = surface_->size();
+  options.PixelScale = 2 * surface_->devicePixelRatioF();
+  options.Ground = {!options_.AxesOff, options_.DrawBoundaries};
+  options.Points = PointLooks();
+  options.Settings = Drawing();
+  options.Font = font();
+  return {session_, std::move(options), random_};
 }
 
 void Projections::Supersede() {

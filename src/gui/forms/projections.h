@@ -7,6 +7,7 @@
 
 #include "gui/forms/plot_surface.h"
 #include "gui/forms/point_layer.h"
+#include "gui/forms/projection_picture.h"
 #include "gui/forms/workbench.h"
 #include "pallomir/clusters/overlap.h"
 #include "pallomir/projection/draw_points.h"
@@ -81,6 +82,9 @@ class Projections : public QWidget {
   /// Removes the image; the data are kept.
   void Clear();
 
+  /// The projection as a redraw would show it, for a document. Throws CommandError if no points are loaded.
+  ProjectionPicture Picture();
+
   /// Ends any running redraw.
   void Supersede();
 
@@ -145,6 +149,9 @@ class Projections : public QWidget {
   bool DrawAllPoints();
   /// Side of the square drawn for a pixel, in device pixels.
   int DevicePixel() const;
+  PointLayer::Looks PointLooks() const {
+    return options_.Density ? PointLayer::Looks::Density : PointLayer::Looks::Points;
+  }
   void BeginPicture();
   void ShowPicture();
   void ShowRulers();

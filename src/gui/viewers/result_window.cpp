@@ -3,6 +3,7 @@
 #include "gui/controls/chosen_path.h"
 #include "gui/controls/controls.h"
 #include "gui/controls/run_command.h"
+#include "gui/controls/save_image.h"
 #include "gui/controls/titles.h"
 #include "gui/viewers/save_picture.h"
 #include "gui/viewers/window_places.h"
@@ -255,16 +256,14 @@ void ResultWindow::Save(const FileDialogOptions& options, Write write) {
 }
 
 void ResultWindow::cmdSavePicture_Click() {
-  Save({"Save picture", "PNG picture (*.png)|*.png|SVG drawing (*.svg)|*.svg|PDF page (*.pdf)|*.pdf",
-        fileName_ + ".png", "png"},
-       [this](const std::filesystem::path& path) {
-         QScopeGuard screen([this] { Dress(ScreenStyle(*this)); });
-         Dress(PrintStyle(*this));
-         SavePicture(*plot_, windowTitle(), path, [&] {
-           Dress(ScreenStyle(*this));
-           screen.dismiss();
-         });
-       });
+  Save({"Save picture", kPictureFilter, fileName_ + ".png", "png"}, [this](const std::filesystem::path& path) {
+    QScopeGuard screen([this] { Dress(ScreenStyle(*this)); });
+    Dress(PrintStyle(*this));
+    SavePicture(*plot_, windowTitle(), path, [&] {
+      Dress(ScreenStyle(*this));
+      screen.dismiss();
+    });
+  });
 }
 
 void ResultWindow::cmdSaveData_Click() {
