@@ -30,7 +30,10 @@ void Projections::keyReleaseEvent(QKeyEvent* event) {
 
 bool Projections::CrossKey(const QKeyEvent& key) {
   if (key.key() == Qt::Key_C && key.modifiers() == Qt::NoModifier) {
-    cross_->Shown() ? cross_->Hide() : cross_->Show();
+    if (cross_->Shown())
+      cross_->Hide();
+    else
+      cross_->Show();
     ShowHint();
     return true;
   }
@@ -57,10 +60,10 @@ void Projections::HideCross() {
 }
 
 bool Projections::PolygonKey(const QKeyEvent& key) {
-  if (!open_ || slow_.isActive()) return false;
+  if (!open_) return false;
   if (key.key() == Qt::Key_Backspace)
     TakeBackCorner();
-  else if (IsEnter(key))
+  else if (IsEnter(key) && !slow_.isActive())
     Form_MouseDown(Qt::RightButton, cross_->Shown() ? cross_->At() : surface_->Pointer(), {});
   else
     return false;

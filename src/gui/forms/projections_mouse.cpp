@@ -91,8 +91,9 @@ QString Projections::Hint() const {
   const auto end = cluster.Boundaries.begin() + cluster.BoundaryCount;
   const bool here = std::any_of(cluster.Boundaries.begin(), end,
                                 [this](const Boundary& boundary) { return OnView(session_, boundary); });
-  return QString(here ? "Cluster %1 holds %2. A polygon drawn here replaces its boundary; in another projection "
-                        "it narrows the cluster. Hold Ctrl to mend the boundary."
+  return QString(here ? "Cluster %1 holds %2. Ctrl mends its boundary. A polygon drawn here replaces its boundary; in "
+                        "another projection "
+                        "it narrows the cluster."
                       : "Cluster %1 holds %2. A polygon drawn here narrows it.")
       .arg(c)
       .arg(points);

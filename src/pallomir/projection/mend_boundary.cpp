@@ -61,7 +61,7 @@ bool Encloses(const Boundary& boundary, Vertex at) {
     const Vertex &from = boundary.Vertices[k], &to = Next(boundary, k);
     if ((from.Y > at.Y) == (to.Y > at.Y)) continue;
     const double slope = (double{to.X} - from.X) / (double{to.Y} - from.Y);
-    within ^= at.X < from.X + slope * (double{at.Y} - from.Y);
+    if (at.X < from.X + slope * (double{at.Y} - from.Y)) within = !within;
   }
   return within;
 }
