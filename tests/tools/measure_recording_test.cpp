@@ -5,49 +5,18 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "pallomir/clusters/boundaries_file.h"
 #include "pallomir/files/file_reader.h"
 #include "pallomir/files/text_lines.h"
-#include "pallomir/session/parameter_catalogue.h"
+#include "sample_with_cut.h"
 #include "support/recording_world.h"
 #include "support/refusal.h"
-#include "support/temporary_folder.h"
-#include "tools/sample/make_sample.h"
 
 namespace pallomir {
 namespace {
 
 using Json = nlohmann::json;
 
-/// A sample recording with a cut of two overlapping clusters, made once.
-struct MeasuredRecording : ::testing::Test {
-  static void SetUpTestSuite() {
-    folder = std::make_unique<TemporaryFolder>();
-    std::ostringstream said;
-    ProgressBar progress(said, false);
-    MakeSample({*folder / "sample", 4000, 1}, progress);
-    Session session;
-    session.DataDirectory = *folder / "sample/TT1";
-    Cut(session, 1, 2000, 9000);
-    Cut(session, 4, 5000, 12'000);
-    RecordingWorld world;
-    WriteCBFile(session, world, BoundariesFilePath(session, "cut"));
-  }
-  static void TearDownTestSuite() { folder.reset(); }
-
-  static void Cut(Session& session, int c, float low, float high) {
-    session.ClusterDefined[c] = true;
-    session.Clusters[c].BoundaryCount = 1;
-    Boundary& boundary = session.Clusters[c].Boundaries[0];
-    boundary.XParameter = kMPeak;
-    boundary.YParameter = kMPeak + 1;
-    boundary.VertexCount = 4;
-    boundary.Vertices[0] = {low, low};
-    boundary.Vertices[1] = {high, low};
-    boundary.Vertices[2] = {high, high};
-    boundary.Vertices[3] = {low, high};
-  }
-
+struct MeasuredRecording : SampleWithCut {
   static MeasureRequest Request() {
     return {.Recording = *folder / "sample/TT1/TT1.Ntt.parms",
             .Boundaries = *folder / "sample/TT1/cut.txt",
@@ -65,8 +34,6 @@ struct MeasuredRecording : ::testing::Test {
   }
 
   static Json Table() { return Json::parse(ReadText(*folder / "table.json")); }
-
-  static inline std::unique_ptr<TemporaryFolder> folder;
 };
 
 /// The fields of the table's lines that are not comments.

@@ -36,6 +36,26 @@ SpikeFile::SpikeFile(const std::filesystem::path& path) : file_(path, kTetrodeLa
   if (!rate.empty() && rate[0] > 0 && std::isfinite(rate[0])) samplingRate_ = rate[0];
 }
 
+void SpikeFile::ForSpikes(std::span<const uint64_t> numbers,
+                          const std::function<void(size_t, const WireSamples&)>& use) {
+  // Records close to each other are read together: a gap costs less than another read.
+  constexpr uint64_t kGap = 8;
+  const size_t size = file_.Layout().RecordBytes;
+  std::vector<unsigned char> block;
+  WireSamples samples;
+  for (size_t begin = 0, end = 0; begin < numbers.size(); begin = end) {
+    for (end = begin + 1; end < numbers.size() && numbers[end] - numbers[end - 1] <= kGap; ++end)
+      if (numbers[end] - numbers[begin] >= kBlockRecords) break;
+    const uint64_t first = numbers[begin];
+    block.resize(size * static_cast<size_t>(numbers[end - 1] - first + 1));
+    file_.Read(first, block.size() / size, block.data());
+    for (size_t i = begin; i < end; ++i) {
+      SpikeRecord{numbers[i], 0, block.data() + size * static_cast<size_t>(numbers[i] - first)}.ReadSamples(samples);
+      use(i, samples);
+    }
+  }
+}
+
 void SpikeFile::RefuseForeign() const {
   throw FaultOf(ErrorKind::Foreign, file_.Path(),
                 "is not a spike file of the acquisition system: " + std::to_string(unreadable_) +

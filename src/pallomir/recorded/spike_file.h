@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -51,6 +52,10 @@ class SpikeFile {
   /// cannot be read.
   template <class Use>
   void ForEachSpike(const std::function<void(double)>& reached, Use use);
+
+  /// Calls use(i, samples) for each of the records numbers[i], which are in rising order. Throws CommandError if one
+  /// cannot be read.
+  void ForSpikes(std::span<const uint64_t> numbers, const std::function<void(size_t, const WireSamples&)>& use);
 
   /// Records skipped by the last ForEachSpike.
   uint64_t Unreadable() const { return unreadable_; }

@@ -8,104 +8,14 @@
 #include "pallomir/files/file_utility.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/recorded/position_file.h"
+#include "pallomir/results/cut_points.h"
 #include "pallomir/results/recorded_waveforms.h"
 #include "pallomir/science/parallel_for.h"
 #include "pallomir/science/statistics/pearson.h"
-#include "pallomir/science/waveforms/isolation_features.h"
 
 namespace pallomir {
 
 namespace {
-
-constexpr size_t kMostLearnt = 100'000;
-
-/// The clusters that a point is in, one bit each.
-using ClusterSet = uint32_t;
-
-/// The points within the loaded time, in time order.
-struct Point {
-  int64_t Time;
-  int64_t Row;
-  ClusterSet Clusters;
-};
-
-std::vector<Point> PointsWithin(const Session& session, const LoadedTime& time) {
-  const auto stamps = session.Points.Stamps().first(session.Points.Rows());
-  std::vector<ClusterSet> clusters(stamps.size());
-  for (int slot = 0; slot < session.Points.SlotsInUse(); ++slot) {
-    const auto members = session.Points.Slot(slot);
-    for (size_t i = 0; i < stamps.size(); ++i) clusters[i] |= (ClusterSet{1} << members[i]) & ~ClusterSet{1};
-  }
-  std::vector<Point> points;
-  for (size_t i = 0; i < stamps.size(); ++i) {
-    const auto stamp = static_cast<int64_t>(std::min<uint64_t>(stamps[i], kFarthestStamp));
-    if (time.At(stamp)) points.push_back({stamp, static_cast<int64_t>(i), clusters[i]});
-  }
-  std::stable_sort(points.begin(), points.end(), [](const Point& a, const Point& b) { return a.Time < b.Time; });
-  return points;
-}
-
-std::vector<ClusterSpike> SpikesOf(const std::vector<Point>& points, int cluster) {
-  std::vector<ClusterSpike> spikes;
-  for (const Point& point : points)
-    if (point.Clusters >> cluster & 1) spikes.push_back({point.Time, point.Row});
-  return spikes;
-}
-
-/// For each record of the spike file the clusters of its point: of records and points with one stamp the first belongs
-/// to the first, and so on.
-std::vector<ClusterSet> ClustersOfRecords(const std::vector<Point>& points, const std::vector<int64_t>& stamps) {
-  std::vector<size_t> order(stamps.size());
-  for (size_t i = 0; i < order.size(); ++i) order[i] = i;
-  if (!std::is_sorted(stamps.begin(), stamps.end()))
-    std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return stamps[a] < stamps[b]; });
-  std::vector<ClusterSet> clusters(stamps.size());
-  auto point = points.begin();
-  for (const size_t record : order) {
-    while (point != points.end() && point->Time < stamps[record]) ++point;
-    if (point != points.end() && point->Time == stamps[record]) clusters[record] = point++->Clusters;
-  }
-  return clusters;
-}
-
-/// What the waveforms of a cluster leave behind when they have gone by.
-struct Gathered {
-  WaveformAverager Average;
-  SpikeHeights Heights;
-
-  void Add(int64_t stamp, const WireSamples& samples) {
-    Average.Add(samples);
-    Heights.Time.push_back(stamp);
-    for (int wire = 0; wire < kWires; ++wire)
-      Heights.Counts[wire].push_back(*std::max_element(samples[wire].begin(), samples[wire].end()));
-  }
-};
-
-/// The waveforms of all clusters in one pass, and the features of all spikes.
-struct GatheredWaveforms {
-  std::array<Gathered, kClusterSlots> Clusters;
-  std::vector<ClusterSet> ClustersOf;  ///< of each record
-  FeatureColumns Features;
-};
-
-GatheredWaveforms GatherWaveforms(RecordedWaveforms& recorded, const std::vector<Point>& points,
-                                  const Progress& progress) {
-  GatheredWaveforms gathered;
-  gathered.ClustersOf = ClustersOfRecords(points, recorded.Stamps());
-  const size_t count = recorded.Stamps().size(), every = count == 0 ? 1 : 1 + (count - 1) / kMostLearnt;
-  IsolationFeatures features;
-  recorded.ForEach(progress.Part(0, 0.5), [&](size_t i, const WireSamples& samples) {
-    if (i % every == 0) features.Learn(samples);
-  });
-  features.FindComponents(count);
-  recorded.ForEach(progress.Part(0.5, 1), [&](size_t i, const WireSamples& samples) {
-    features.Measure(samples);
-    for (ClusterSet rest = gathered.ClustersOf[i]; rest != 0; rest &= rest - 1)
-      gathered.Clusters[static_cast<size_t>(std::countr_zero(rest))].Add(recorded.Stamps()[i], samples);
-  });
-  gathered.Features = features.TakeColumns();
-  return gathered;
-}
 
 std::vector<uint8_t> MembersOf(const std::vector<ClusterSet>& clustersOf, int cluster) {
   std::vector<uint8_t> member(clustersOf.size());
@@ -113,23 +23,17 @@ std::vector<uint8_t> MembersOf(const std::vector<ClusterSet>& clustersOf, int cl
   return member;
 }
 
-std::vector<int64_t> TimesOf(const std::vector<ClusterSpike>& spikes) {
-  std::vector<int64_t> times(spikes.size());
-  std::transform(spikes.begin(), spikes.end(), times.begin(), [](const ClusterSpike& spike) { return spike.Time; });
-  return times;
-}
-
 /// Measures one cut, file by file.
 class Measurer {
  public:
   Measurer(const Session& session, const MeasureSources& sources)
-      : sources_(sources), points_(PointsWithin(session, sources_.Time)) {
+      : sources_(sources), points_(session.Points, sources_.Time), sets_(ClusterSetsOf(session.Points)) {
     cut_.Settings = sources.Settings;
     cut_.LoadedSeconds = static_cast<double>(sources.Time.Length()) / 1e6;
     for (int c = 1; c < kClusterSlots; ++c) {
       if (!session.ClusterDefined[c]) continue;
       cut_.Clusters.emplace_back().Number = c;
-      spikes_.push_back(SpikesOf(points_, c));
+      spikes_.push_back(points_.SpikesOf(sets_, c));
     }
   }
 
@@ -141,20 +45,19 @@ class Measurer {
     RecordedWaveforms recorded(sources_.SpikeFile, sources_.Time, progress.Part(0, 0.2));
     cut_.InMicrovolts = recorded.File().ScaleKnown();
     cut_.DeadTime = recorded.File().DeadTime();
-    const GatheredWaveforms gathered = GatherWaveforms(recorded, points_, progress.Part(0.2, 0.5));
-    const FeatureMoments all = MomentsOf(gathered.Features);
+    const std::vector<ClusterSet> clustersOf = ClustersOfRecords(recorded.Stamps());
+    std::array<ClusterWaveforms, kClusterSlots> waveforms;
+    const SpikeFeatures features =
+        FeaturesOf(recorded, progress.Part(0.2, 0.5), [&](size_t i, const WireSamples& samples) {
+          for (ClusterSet rest = clustersOf[i]; rest != 0; rest &= rest - 1)
+            waveforms[static_cast<size_t>(std::countr_zero(rest))].Add(recorded.Stamps()[i], samples);
+        });
     moments_.resize(cut_.Clusters.size());
     ParallelFor(cut_.Clusters.size(), progress.Part(0.5, 1), [&](size_t k) {
       MeasuredCluster& cluster = cut_.Clusters[k];
-      const Gathered& own = gathered.Clusters[static_cast<size_t>(cluster.Number)];
-      const std::vector<uint8_t> member = MembersOf(gathered.ClustersOf, cluster.Number);
-      moments_[k] = MomentsOf(gathered.Features, member);
-      cluster.Average = own.Average.Result(recorded.File().MicrovoltsPerCount());
-      cluster.Waveform = WaveformMeasuresOf(cluster.Average, own.Heights, recorded.File().MicrovoltsPerCount(),
-                                            recorded.File().SamplingRate(), sources_.Time);
-      cluster.Apart = IsolationOf(gathered.Features, member);
-      cluster.Separate = SeparationOf(gathered.Features, member, all, moments_[k]);
-      cluster.Missing = static_cast<int64_t>(spikes_[k].size()) - cluster.Average.Spikes;
+      waveforms[static_cast<size_t>(cluster.Number)].Measure(cluster, recorded.File(), sources_.Time,
+                                                             spikes_[k].size());
+      moments_[k] = MeasureIsolation(cluster, features, MembersOf(clustersOf, cluster.Number));
     });
   }
 
@@ -206,9 +109,16 @@ class Measurer {
   }
 
  private:
+  std::vector<ClusterSet> ClustersOfRecords(const std::vector<int64_t>& stamps) const {
+    std::vector<ClusterSet> clusters;
+    clusters.reserve(stamps.size());
+    for (const int64_t row : points_.RowsOfRecords(stamps)) clusters.push_back(row < 0 ? 0 : sets_[row]);
+    return clusters;
+  }
+
   void CountShared() {
-    for (const Point& point : points_)
-      for (ClusterSet rest = point.Clusters; rest != 0; rest &= rest - 1) {
+    for (const int64_t row : points_.Row)
+      for (ClusterSet rest = sets_[row]; rest != 0; rest &= rest - 1) {
         const int a = std::countr_zero(rest);
         for (ClusterSet others = rest & (rest - 1); others != 0; others &= others - 1)
           ++shared_[a][std::countr_zero(others)];
@@ -230,7 +140,8 @@ class Measurer {
   }
 
   const MeasureSources sources_;
-  std::vector<Point> points_;
+  TimedPoints points_;
+  std::vector<ClusterSet> sets_;  ///< by row
   MeasuredCut cut_;
   /// Points in both of two clusters, by their numbers, the smaller first.
   std::array<std::array<int64_t, kClusterSlots>, kClusterSlots> shared_{};

@@ -3,35 +3,16 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
-#include "pallomir/science/behaviour/arena.h"
+#include "pallomir/results/measure_cluster.h"
 #include "pallomir/science/loaded_time.h"
 #include "pallomir/science/measure_settings.h"
 #include "pallomir/science/trains/correlogram.h"
-#include "pallomir/science/trains/train_measures.h"
-#include "pallomir/science/waveforms/average_waveform.h"
-#include "pallomir/science/waveforms/cluster_quality.h"
-#include "pallomir/science/waveforms/cluster_separation.h"
-#include "pallomir/science/waveforms/waveform_measures.h"
 #include "pallomir/session/session.h"
 
 namespace pallomir {
-
-/// All measures of one cluster.
-struct MeasuredCluster {
-  int Number = 0;
-  TrainMeasures Train;
-  AverageWaveform Average;
-  WaveformMeasures Waveform;
-  Isolation Apart;
-  Separation Separate;
-  BehaviourMeasures Behaviour;
-  std::optional<ChanceMeasures> Chance;
-  int64_t Missing = 0;  ///< spikes that the spike file does not contain
-};
 
 /// What two clusters have to do with each other; A is the one with the smaller number.
 struct MeasuredPair {

@@ -1,6 +1,7 @@
 #include "pallomir/session/point_table.h"
 
 #include <algorithm>
+#include <atomic>
 #include <utility>
 
 #include "pallomir/files/error.h"
@@ -18,6 +19,8 @@ size_t ColumnStride(size_t values) {
 }  // namespace
 
 PointTable::PointTable(size_t rows) : rows_(rows), stride_(ColumnStride(rows + 1)) {
+  static std::atomic<uint64_t> tables = 0;
+  version_.Table = ++tables;
   // The unused slot has a column of zeros too, which takes no memory until it is written.
   valueMemory_ = AllocateLargeMemory(stride_ * kParameterSlots * sizeof(float));
   columns_ = static_cast<float*>(valueMemory_.get());
@@ -38,6 +41,7 @@ void PointTable::TakeValues(PointTable&& from) {
 void PointTable::AddSlot() {
   if (lists_.Slots.size() == kClusterSlots)
     throw CommandError(ErrorKind::Refused, "A point cannot be in more than 31 clusters.");
+  ++version_.Lists;
   lists_.Slots.emplace_back(rows_ + 1);
 }
 

@@ -49,18 +49,32 @@ class PointTable {
   std::span<const uint64_t> Stamps() const { return {stamps_, rows_ + 1}; }
 
   int SlotsInUse() const { return static_cast<int>(lists_.Slots.size()); }
-  std::span<int16_t> Slot(int slot) { return lists_.Slots[slot]; }
+  std::span<int16_t> Slot(int slot) {
+    ++version_.Lists;
+    return lists_.Slots[slot];
+  }
   std::span<const int16_t> Slot(int slot) const { return lists_.Slots[slot]; }
 
   /// Adds a column for the next slot, all zero. Throws CommandError for a 32nd.
   void AddSlot();
 
   /// Clears every membership list.
-  void ClearMemberships() { lists_ = {}; }
+  void ClearMemberships() { SetLists({}); }
 
   const MembershipLists& Lists() const { return lists_; }
   /// Restores membership lists copied from this table earlier.
-  void SetLists(MembershipLists lists) { lists_ = std::move(lists); }
+  void SetLists(MembershipLists lists) {
+    ++version_.Lists;
+    lists_ = std::move(lists);
+  }
+
+  /// Tells what is derived from a table whether it is out of date: no two tables share `Table`, and `Lists` grows
+  /// whenever the membership lists may have changed.
+  struct Version {
+    uint64_t Table = 0, Lists = 0;
+    bool operator==(const Version&) const = default;
+  };
+  Version CurrentVersion() const { return version_; }
 
   /// Whether any list may contain cluster c. Set by the code that enters points; saves searching lists that cannot
   /// contain it.
@@ -90,6 +104,7 @@ class PointTable {
   float* columns_ = nullptr;
   uint64_t* stamps_ = nullptr;
   MembershipLists lists_;
+  Version version_;
 };
 
 }  // namespace pallomir

@@ -50,6 +50,10 @@ Map Arena::RateOf(std::span<const int64_t> spikes) const {
   return RateMap(CountsOf(SamplesOfSpikes(track_, spikes)).Counts, occupancy_, smooth_, settings_.Map);
 }
 
+DirectionTuning Arena::DirectionOf(std::span<const int64_t> spikes) const {
+  return directed_.TuningOf(SamplesOfSpikes(track_, spikes));
+}
+
 Measured Arena::DirectionStability(Stability::Split split, std::span<const int64_t> samples) const {
   std::vector<int64_t> parts[2];
   std::vector<double> hold[2] = {track_.Hold, track_.Hold};

@@ -48,6 +48,12 @@ class Arena {
   /// The rate map of a train; `spikes` in microseconds, in time order.
   Map RateOf(std::span<const int64_t> spikes) const;
 
+  /// The tuning of a train to the direction.
+  DirectionTuning DirectionOf(std::span<const int64_t> spikes) const;
+
+  /// 0 if unknown.
+  double PixelsPerCm() const { return pixelsPerCm_; }
+
   BehaviourMeasures MeasuresOf(std::span<const int64_t> spikes) const;
 
   /// Compares the measures with those of the train shifted circularly, settings.Chance.Shifts times. On all cores;
