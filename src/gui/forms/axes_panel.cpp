@@ -150,17 +150,17 @@ void AxesPanel::lstY_Axis_Up() {
 
 void AxesPanel::StepAxes(int x, int y) {
   const auto stepped = [this](int p, int direction) { return direction == 0 ? p : NextUseful(session_, p, direction); };
-  Show({stepped(session_.XParameter, x), stepped(session_.YParameter, y)});
+  ShowPair({stepped(session_.XParameter, x), stepped(session_.YParameter, y)});
 }
 
 void AxesPanel::StepPairs(int direction) {
   if (const auto pair = NextPair(session_, direction))
-    Show(*pair);
+    ShowPair(*pair);
   else
     bench_.Say("No two wires are in use.");
 }
 
-void AxesPanel::Show(ParameterPair pair) {
+void AxesPanel::ShowPair(ParameterPair pair) {
   lstX_Axis->setCurrentRow(pair.X);
   lstY_Axis->setCurrentRow(pair.Y);
   lstY_Axis_Up();

@@ -20,6 +20,9 @@ class AxesPanel : public QWidget {
   /// Fills both lists with the session's parameter names and selects the two displayed ones.
   void ShowParameters();
 
+  /// Displays two parameters.
+  void ShowPair(ParameterPair pair);
+
   void mnuWriteAxesScaleFile_Click();
 
   /// Adds the panel's menus to one of the menu bar.
@@ -49,7 +52,6 @@ class AxesPanel : public QWidget {
   /// Steps an axis to the next parameter that is not 0 in all spikes; x and y are -1, 0 or 1.
   void StepAxes(int x, int y);
   void StepPairs(int direction);
-  void Show(ParameterPair pair);
   /// Dims the parameters that are 0 in all loaded spikes.
   void DimZeros();
   TypedRange Typed() const;

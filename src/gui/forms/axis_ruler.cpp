@@ -3,7 +3,7 @@
 #include <QPainter>
 
 #include "gui/controls/toolkit_values.h"
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 
 namespace pallomir {
 

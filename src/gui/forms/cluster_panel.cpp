@@ -122,6 +122,8 @@ void ClusterPanel::Connect() {
               [this, c] { chkDisplayOtherClustersAsZero_Click(c); });
   }
   for (int digit = 0; digit <= 9; ++digit) bench_.OnKey(Qt::Key_0 + digit, [this, digit] { TypeDigit(digit); });
+  bench_.OnKey(Qt::Key_N, [this] { ChooseNeighbour(1); });
+  bench_.OnKey(Qt::SHIFT | Qt::Key_N, [this] { ChooseNeighbour(-1); });
   connect(&bench_, &Workbench::CutChanged, this, &ClusterPanel::Refresh);
   connect(&bench_, &Workbench::ColoursChanged, this, &ClusterPanel::Paint);
 }
@@ -138,10 +140,21 @@ void ClusterPanel::TypeDigit(int digit) {
   const bool second = typedAt_.isValid() && typedAt_.elapsed() < kTogether;
   typedCluster_ = second && typedCluster_ * 10 + digit <= kClusters ? typedCluster_ * 10 + digit : digit;
   typedAt_.start();
-  if (typedCluster_ == 0) return;
-  const bool onShownPage = (typedCluster_ <= 15) == !fraCL1to15->isHidden();
+  if (typedCluster_ != 0) Choose(typedCluster_);
+}
+
+void ClusterPanel::Choose(int c) {
+  const bool onShownPage = (c <= 15) == !fraCL1to15->isHidden();
   if (!onShownPage) cmdToggleClusters_Click();
-  lblChooseCluster_Click(typedCluster_);
+  lblChooseCluster_Click(c);
+}
+
+void ClusterPanel::ChooseNeighbour(int step) {
+  for (int k = 1; k <= kClusters; ++k) {
+    const int c = 1 + ((session_.CurrentCluster - 1 + k * step) % kClusters + kClusters) % kClusters;
+    if (session_.ClusterDefined[c]) return Choose(c);
+  }
+  bench_.Say("No cluster has a boundary yet.");
 }
 
 void ClusterPanel::RedrawIfAutomatic() {

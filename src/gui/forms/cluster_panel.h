@@ -18,6 +18,9 @@ class ClusterPanel : public QWidget {
  public:
   ClusterPanel(Workbench& bench, Projections& projections, QWidget* parent);
 
+  /// Chooses cluster c, 1 to 30, and shows its row.
+  void Choose(int c);
+
  private:
   QFrame* MakePage(const QString& name, int firstCluster);
   void MakeRow(QGridLayout* grid, int line, int c);
@@ -30,6 +33,8 @@ class ClusterPanel : public QWidget {
   void cmdToggleClusters_Click();
   /// A digit key: chooses a cluster; two digits typed quickly form one number.
   void TypeDigit(int digit);
+  /// Chooses the next or previous cluster that has boundaries, round and round.
+  void ChooseNeighbour(int step);
   void RedrawIfAutomatic();
   /// Shows which clusters exist and which one is chosen.
   void Refresh();

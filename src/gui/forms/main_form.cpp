@@ -7,10 +7,12 @@
 #include "gui/controls/toolkit_values.h"
 #include "gui/forms/analyses_panel.h"
 #include "gui/forms/axes_panel.h"
+#include "gui/forms/cluster_panel.h"
 #include "gui/forms/edit_panel.h"
 #include "gui/forms/file_menu.h"
 #include "gui/forms/files_panel.h"
 #include "gui/forms/range_panel.h"
+#include "gui/live/live_windows.h"
 #include "pallomir/files/error.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/projection/colours.h"
@@ -23,8 +25,15 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs, Preferences preferences
     : session_(session), bench_(session, dialogs, std::move(preferences), this), keeper_(bench_), projections_(bench_) {
   bench_.AddWindow(&projections_);
   LayOut();
+  live_ = new LiveWindows(
+      session_, &projections_,
+      [this] {
+        return LiveContext{PathIn(session_.DataDirectory, "..\\" + bench_.Names.PosFile), projections_.RecordRanges()};
+      },
+      [this] { return bench_.Working() || projections_.Drawing(); });
   MakeMenus();
   Connect();
+  ConnectLiveWindows();
 }
 
 Main_Form::~Main_Form() = default;
@@ -46,6 +55,14 @@ void Main_Form::Connect() {
   connect(files_, &FilesPanel::Exit, this, &Main_Form::cmdExit_Click);
   for (QWidget* window : std::initializer_list<QWidget*>{this, &projections_})
     connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, this, &Main_Form::Escape);
+}
+
+void Main_Form::ConnectLiveWindows() {
+  connect(&bench_, &Workbench::Settled, live_, &LiveWindows::Refresh);
+  connect(&bench_, &Workbench::CutChanged, live_, &LiveWindows::Refresh);
+  connect(&projections_, &Projections::Redrawn, live_, &LiveWindows::Refresh);
+  bench_.On(live_, &LiveWindows::ClusterChosen, [this](int c) { clusters_->Choose(c); });
+  bench_.On(live_, &LiveWindows::ProjectionChosen, [this](int x, int y) { axes_->ShowPair({x, y}); });
 }
 
 bool Main_Form::Form_Load() {

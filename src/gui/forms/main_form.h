@@ -17,8 +17,10 @@ class AnalysesPanel;
 class AxesPanel;
 class DisplayPanel;
 class EditPanel;
+class ClusterPanel;
 class FileMenu;
 class FilesPanel;
+class LiveWindows;
 class RangePanel;
 
 /// "Cluster cutting controls": the form with all commands. Each of its panels serves its own; the form starts and ends
@@ -45,6 +47,7 @@ class Main_Form : public QMainWindow {
   void PlaceWindows();
 
   void Connect();
+  void ConnectLiveWindows();
   bool ChooseParameterFile();
   /// Stops an operation or the slow redraw, takes back the drag of a boundary, cancels choosing the centre of the maze,
   /// removes an open polygon, or hides the cross that keys move.
@@ -62,11 +65,13 @@ class Main_Form : public QMainWindow {
   Projections projections_;
   RangePanel* range_;
   AxesPanel* axes_;
+  ClusterPanel* clusters_;
   DisplayPanel* display_;
   EditPanel* edit_;
   FilesPanel* files_;
   AnalysesPanel* analyses_;
   FileMenu* fileMenu_;
+  LiveWindows* live_;
   /// All but the menus and the status line.
   QWidget* controls_;
   QPlainTextEdit* txtMessages_;

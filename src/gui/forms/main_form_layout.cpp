@@ -11,6 +11,7 @@
 #include "gui/forms/picture_commands.h"
 #include "gui/forms/range_panel.h"
 #include "gui/forms/status_line.h"
+#include "gui/live/live_windows.h"
 
 namespace pallomir {
 
@@ -30,7 +31,7 @@ void Main_Form::LayOut() {
   setWindowTitle("Cluster cutting controls");
   range_ = new RangePanel(bench_, projections_, this);
   axes_ = new AxesPanel(bench_, projections_, this);
-  auto* clusters = new ClusterPanel(bench_, projections_, this);
+  clusters_ = new ClusterPanel(bench_, projections_, this);
   display_ = new DisplayPanel(bench_, projections_, this);
   edit_ = new EditPanel(bench_, projections_, this);
   files_ = new FilesPanel(bench_, projections_, keeper_, this);
@@ -51,7 +52,7 @@ void Main_Form::LayOut() {
   auto* middle = new QHBoxLayout;
   middle->setSpacing(10);
   middle->addWidget(axes_, 5);
-  middle->addWidget(clusters, 4);
+  middle->addWidget(clusters_, 4);
   auto* column = new QVBoxLayout;
   column->setContentsMargins(10, 6, 10, 0);
   column->setSpacing(4);
@@ -105,6 +106,8 @@ void Main_Form::MakeMenus() {
   range_->AddTo(menuBar()->addMenu("Ran&ge"));
 
   QMenu* view = menuBar()->addMenu("&View");
+  live_->AddTo(view);
+  view->addSeparator();
   display_->AddTo(view);
   axes_->AddTo(view);
   analyses_->AddTo(view);

@@ -2,7 +2,7 @@
 
 #include <QtWidgets>
 
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 #include "pallomir/projection/counted_part.h"
 
 namespace pallomir {

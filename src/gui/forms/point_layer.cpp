@@ -1,6 +1,6 @@
 #include "gui/forms/point_layer.h"
 
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 
 namespace pallomir {
 

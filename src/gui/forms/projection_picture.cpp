@@ -78,7 +78,7 @@ void ProjectionPicture::PaintPlot(QPainter& painter) const {
   painter.setPen(QPen(InkColour(session_), 1));
   if (options_.Ground.Axes && view_.Drawable()) DrawAxes(painter, view_, ratio);
   if (options_.Ground.Boundaries && view_.Drawable())
-    ForEachBoundary(session_, [&](std::span<const Vertex> corners, double width, QColor colour) {
+    ForEachBoundary(session_, PairOnView(session_), [&](std::span<const Vertex> corners, double width, QColor colour) {
       painter.setPen(QPen(colour, width));
       for (size_t k = 0; k < corners.size(); ++k) {
         const Segment edge = SegmentOf(view_, corners[k], corners[(k + 1) % corners.size()]);

@@ -4,7 +4,7 @@
 #include <QImage>
 
 #include "gui/controls/save_image.h"
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 #include "gui/forms/point_layer.h"
 
 namespace pallomir {

@@ -11,8 +11,8 @@
 #include "gui/forms/axis_ruler.h"
 #include "gui/forms/boundary_mender.h"
 #include "gui/forms/key_cross.h"
-#include "gui/forms/picture.h"
 #include "gui/forms/status_line.h"
+#include "gui/viewers/picture.h"
 #include "pallomir/files/error.h"
 #include "pallomir/files/number_text.h"
 #include "pallomir/projection/counted_part.h"
@@ -58,7 +58,8 @@ Projections::Projections(Workbench& bench)
   status->setColumnStretch(0, 1);
   xRuler_ = new AxisRuler(Qt::Horizontal, this);
   yRuler_ = new AxisRuler(Qt::Vertical, this);
-  auto* grid = new QGridLayout(this);
+  auto* body = new QWidget;
+  auto* grid = new QGridLayout(body);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);
   grid->addWidget(yRuler_, 0, 0);
@@ -66,6 +67,8 @@ Projections::Projections(Workbench& bench)
   grid->addWidget(xRuler_, 1, 1);
   grid->addLayout(status, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
+  setCentralWidget(body);
+  setDockOptions(AllowNestedDocks | AllowTabbedDocks | GroupedDragging);
 
   mender_ = new BoundaryMender(bench_, *surface_, this);
   cross_ = new KeyCross(*surface_, this);
@@ -113,12 +116,13 @@ void Projections::Redraw() {
   ShowCount();
   ShowHint();
   if (givenUp) Say("The open polygon was abandoned as drawn so far. Undo reverts it.");
+  emit Redrawn();
 }
 
 bool Projections::DrawAllPoints() {
   const uint64_t generation = generation_;
   // Settings changed meanwhile apply to the next redraw.
-  const DrawSettings settings = Drawing();
+  const DrawSettings settings = Settings();
   const size_t batch = options_.Batch;
   // Further clicks refer to the new image, so show it before events are first processed.
   std::chrono::steady_clock::time_point shown;
@@ -154,7 +158,7 @@ void Projections::BeginPicture() {
   const QSize size = surface_->DeviceSize();
   const double ratio = surface_->devicePixelRatioF();
   view_ = ViewOf(session_, size.width(), size.height());
-  ground_ = MakeGround(session_, view_, ratio, {!options_.AxesOff, options_.DrawBoundaries});
+  ground_ = MakeGround(session_, view_, ratio, {!options_.AxesOff, options_.DrawBoundaries, {}});
   points_ = PointLayer(size, session_.PointSize, DevicePixel(), PointLooks());
   drawn_ = true;
   shown_ = 0;
@@ -234,7 +238,7 @@ void Projections::SlowTick() {
   const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options_.Batch) + slowRest_;
   const size_t count = std::min(static_cast<size_t>(std::min(due, 1e15)), kMost);
   slowRest_ = due - std::floor(due);
-  shown_ += points_.Draw(session_, view_, Drawing(), slowPoint_, slowPoint_ + count, random_);
+  shown_ += points_.Draw(session_, view_, Settings(), slowPoint_, slowPoint_ + count, random_);
   slowPoint_ += count;
   if (count == 0) return;
   ShowPicture();

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QMainWindow>
 #include <QTimer>
-#include <QWidget>
 #include <optional>
 
 #include "gui/forms/plot_surface.h"
@@ -39,8 +39,9 @@ struct ProjectionOptions {
   QString CountNote;
 };
 
-/// The loaded points as a scatter plot of two parameters, for drawing boundaries and zooming.
-class Projections : public QWidget {
+/// The loaded points as a scatter plot of two parameters, for drawing boundaries and zooming. Other windows can be
+/// docked beside the plot.
+class Projections : public QMainWindow {
   Q_OBJECT
 
  public:
@@ -50,6 +51,7 @@ class Projections : public QWidget {
   void SetOptions(const ProjectionOptions& options);
   /// Ranges of records to draw, as in DrawSettings; takes effect at the next redraw.
   void SetRecordRanges(decltype(DrawSettings::RecordRanges) ranges) { recordRanges_ = std::move(ranges); }
+  const auto& RecordRanges() const { return recordRanges_; }
   /// Sets whether the next left click is the centre of the maze.
   void ArmCentre(bool armed);
 
@@ -65,6 +67,8 @@ class Projections : public QWidget {
   /// Draws the loaded points one at a time, in order, at a given number per second; any other redraw shows all at once.
   void StartSlowRedraw();
   void StopSlowRedraw();
+  /// A redraw is running, and processes events.
+  bool Drawing() const { return drawing_; }
   bool SlowRedrawRunning() const { return slow_.isActive(); }
 
   /// Blinks points over the current image, alternately white and black at each Blink(), until StopOverlap().
@@ -102,6 +106,8 @@ class Projections : public QWidget {
  signals:
   /// The user closed the window.
   void Hidden();
+  /// A redraw has ended.
+  void Redrawn();
   /// A click began, extended or closed a polygon, or a boundary was mended: the boundary table changed.
   void BoundariesChanged();
   /// A key took back the first corner of the open polygon, which is to be cancelled.
@@ -162,7 +168,7 @@ class Projections : public QWidget {
   void ShowPolygon();
   void ShowOverlap();
   QString Hint() const;
-  DrawSettings Drawing() const { return {options_.DownsampleFraction, recordRanges_}; }
+  DrawSettings Settings() const { return {options_.DownsampleFraction, recordRanges_}; }
   QString PolygonHint() const;
   void ShowPosition(Vertex at);
   void Say(const QString& text);

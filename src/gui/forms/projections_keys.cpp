@@ -20,7 +20,7 @@ bool IsEnter(const QKeyEvent& key) {
 void Projections::keyPressEvent(QKeyEvent* event) {
   bool taken = false;
   RunCommand(bench_, [&] { taken = CrossKey(*event) || PolygonKey(*event) || ViewKey(*event); });
-  if (!taken) QWidget::keyPressEvent(event);
+  if (!taken) QMainWindow::keyPressEvent(event);
 }
 
 void Projections::keyReleaseEvent(QKeyEvent* event) {

@@ -8,7 +8,7 @@
 #include "gui/controls/save_image.h"
 #include "gui/controls/titles.h"
 #include "gui/controls/toolkit_values.h"
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 #include "gui/forms/plot_surface.h"
 #include "pallomir/files/error.h"
 #include "pallomir/files/number_text.h"

@@ -52,6 +52,7 @@ void Workbench::Run(const std::function<void()>& handler) {
   } catch (const Interrupted&) {
     Say(stopped_);
   }
+  emit Settled();
 }
 
 void Workbench::OnKey(const QKeySequence& key, const std::function<void()>& handler) {

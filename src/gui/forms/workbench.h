@@ -128,6 +128,8 @@ class Workbench : public QObject, public World {
   void ClusterChanged();
   /// The clusters have other colours.
   void ColoursChanged();
+  /// A command has ended; it may have changed the session.
+  void Settled();
   /// A Defaults file was read into Names: the boxes take their texts from there.
   void NamesRead();
   /// A command failed in a way that the program cannot continue after.

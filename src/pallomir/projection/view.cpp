@@ -17,7 +17,7 @@ bool View::Drawable() const {
 }
 
 View ViewOf(const Session& session, int width, int height) {
-  return ViewOf(session, {session.XParameter, session.YParameter}, width, height);
+  return ViewOf(session, PairOnView(session), width, height);
 }
 
 View ViewOf(const Session& session, ParameterPair pair, int width, int height) {

@@ -30,13 +30,6 @@ struct View {
   bool operator==(const View&) const = default;
 };
 
-/// A horizontal and a vertical parameter.
-struct ParameterPair {
-  int X = 0;
-  int Y = 1;
-  bool operator==(const ParameterPair&) const = default;
-};
-
 /// The session's current projection. PosY on the vertical axis grows downward, as video coordinates do.
 View ViewOf(const Session& session, int width, int height);
 /// The same for any two parameters.

@@ -22,6 +22,19 @@ std::vector<int64_t> OrderOf(std::span<const int64_t> values) {
   return order;
 }
 
+/// From the first to the last of the rows that `counts`; reversed if there is none.
+template <class Counts>
+TimeRange SpanOf(const PointTable& points, Counts counts) {
+  TimeRange range{kFarthestStamp, -kFarthestStamp};
+  const auto stamps = points.Stamps().first(points.Rows());
+  for (size_t i = 0; i < stamps.size(); ++i) {
+    if (stamps[i] > static_cast<uint64_t>(kFarthestStamp) || !counts(i)) continue;
+    range.First = std::min(range.First, static_cast<int64_t>(stamps[i]));
+    range.Last = std::max(range.Last, static_cast<int64_t>(stamps[i]));
+  }
+  return range;
+}
+
 }  // namespace
 
 std::vector<ClusterSet> ClusterSetsOf(const PointTable& points) {
@@ -34,13 +47,25 @@ std::vector<ClusterSet> ClusterSetsOf(const PointTable& points) {
 }
 
 LoadedTime LoadedSpan(const PointTable& points) {
-  TimeRange range{kFarthestStamp, -kFarthestStamp};
-  for (const uint64_t stamp : points.Stamps().first(points.Rows())) {
-    if (stamp > static_cast<uint64_t>(kFarthestStamp)) continue;
-    range.First = std::min(range.First, static_cast<int64_t>(stamp));
-    range.Last = std::max(range.Last, static_cast<int64_t>(stamp));
+  return LoadedTime({SpanOf(points, [](size_t) { return true; })});
+}
+
+LoadedTime LoadedTimeOf(const PointTable& points, const std::optional<RecordRanges>& ranges) {
+  if (!ranges) return LoadedSpan(points);
+  const auto records = points.Column(kRecordSlot);
+  std::vector<TimeRange> spans;
+  for (const auto& [low, high] : *ranges) {
+    const TimeRange span = SpanOf(points, [&](size_t i) { return records[i] >= low && records[i] <= high; });
+    if (span.First <= span.Last) spans.push_back(span);
   }
-  return LoadedTime({range});
+  std::sort(spans.begin(), spans.end(), [](const TimeRange& a, const TimeRange& b) { return a.First < b.First; });
+  std::vector<TimeRange> parts;
+  for (const TimeRange& span : spans)
+    if (!parts.empty() && span.First <= parts.back().Last)
+      parts.back().Last = std::max(parts.back().Last, span.Last);
+    else
+      parts.push_back(span);
+  return LoadedTime(std::move(parts));
 }
 
 TimedPoints::TimedPoints(const PointTable& points, const LoadedTime& time) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "pallomir/science/loaded_time.h"
@@ -18,6 +20,13 @@ std::vector<ClusterSet> ClusterSetsOf(const PointTable& points);
 
 /// From the first to the last loaded spike.
 LoadedTime LoadedSpan(const PointTable& points);
+
+/// Closed ranges of record numbers, by the column in which the rows have theirs.
+using RecordRanges = std::vector<std::pair<float, float>>;
+
+/// The time of each range from its first to its last loaded spike; ranges that overlap in time are one part. Without
+/// `ranges` the whole span.
+LoadedTime LoadedTimeOf(const PointTable& points, const std::optional<RecordRanges>& ranges);
 
 /// The points within a loaded time, in time order; those with one stamp in the order of their rows.
 struct TimedPoints {

@@ -113,9 +113,23 @@ inline bool PointsLoaded(const Session& session) {
   return session.LoadStartRecord != 0 || session.LoadEndRecord != 0;
 }
 
+/// Two parameters: those of the horizontal and the vertical axis.
+struct ParameterPair {
+  int X = 0, Y = 1;
+  bool operator==(const ParameterPair&) const = default;
+};
+
+inline ParameterPair PairOnView(const Session& session) {
+  return {session.XParameter, session.YParameter};
+}
+
+inline ParameterPair PairOf(const Boundary& boundary) {
+  return {boundary.XParameter, boundary.YParameter};
+}
+
 /// True if a boundary was drawn on the two displayed parameters, in this order.
 inline bool OnView(const Session& session, const Boundary& boundary) {
-  return boundary.XParameter == session.XParameter && boundary.YParameter == session.YParameter;
+  return PairOf(boundary) == PairOnView(session);
 }
 
 }  // namespace pallomir

@@ -3,6 +3,7 @@
 #include <QColor>
 #include <QImage>
 #include <functional>
+#include <optional>
 #include <span>
 
 class QPainter;
@@ -29,17 +30,19 @@ QColor InkColour(const Session& session);
 /// Draws lines along the left and lower edge of a view of `ratio` device pixels per pixel, with ticks.
 void DrawAxes(QPainter& painter, const View& view, double ratio);
 
-/// Calls `stroke` for every line of the boundaries drawn in the session's projection, in the order in which they are
+/// Calls `stroke` for every line of the boundaries drawn on two parameters, in the order in which they are
 /// drawn, with its width in pixels.
 using StrokeBoundary = std::function<void(std::span<const Vertex> corners, double width, QColor colour)>;
-void ForEachBoundary(const Session& session, const StrokeBoundary& stroke);
+void ForEachBoundary(const Session& session, ParameterPair pair, const StrokeBoundary& stroke);
 
 struct GroundOptions {
   bool Axes = true;
   bool Boundaries = true;
+  /// The parameters; empty for those on view.
+  std::optional<ParameterPair> Pair{};
 };
 
-/// The layer below the points: the background, the axis lines and the boundaries in the session's projection.
+/// The layer below the points: the background, the axis lines and the boundaries on these parameters.
 QImage MakeGround(const Session& session, const View& view, double pixelRatio, const GroundOptions& options);
 
 /// The ground with the raster's points over it, in the session's colours.

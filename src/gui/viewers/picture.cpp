@@ -1,4 +1,4 @@
-#include "gui/forms/picture.h"
+#include "gui/viewers/picture.h"
 
 #include <QtGui>
 
@@ -45,14 +45,14 @@ void DrawAxes(QPainter& painter, const View& view, double ratio) {
   }
 }
 
-void ForEachBoundary(const Session& session, const StrokeBoundary& stroke) {
+void ForEachBoundary(const Session& session, ParameterPair pair, const StrokeBoundary& stroke) {
   for (int c = 1; c <= kClusters; ++c) {
     const Colour colour = session.Colours[c];
     if (!session.Display[c] || (session.WhiteBackground && colour == kWhite)) continue;
     const Cluster& cluster = session.Clusters[c];
     for (int b = 0; b < cluster.BoundaryCount; ++b) {
       const Boundary& boundary = cluster.Boundaries[b];
-      if (!OnView(session, boundary)) continue;
+      if (PairOf(boundary) != pair) continue;
       const std::span corners(boundary.Vertices.data(), static_cast<size_t>(boundary.VertexCount));
       // On white, a dark rim keeps light colours visible.
       if (session.WhiteBackground) stroke(corners, 2.6, QColor(kRim));
@@ -72,9 +72,10 @@ QImage MakeGround(const Session& session, const View& view, double pixelRatio, c
   }
   if (view.Drawable() && options.Boundaries) {
     const Canvas canvas = CanvasOf(ground);
-    ForEachBoundary(session, [&](std::span<const Vertex> corners, double width, QColor colour) {
-      StrokePolygon(canvas, view, corners, true, width * pixelRatio, colour.rgb());
-    });
+    ForEachBoundary(session, options.Pair.value_or(PairOnView(session)),
+                    [&](std::span<const Vertex> corners, double width, QColor colour) {
+                      StrokePolygon(canvas, view, corners, true, width * pixelRatio, colour.rgb());
+                    });
   }
   ground.setDevicePixelRatio(pixelRatio);
   return ground;

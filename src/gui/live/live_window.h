@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDockWidget>
+#include <optional>
+
+#include "pallomir/live/live_cut.h"
+#include "pallomir/results/cut_points.h"
+#include "pallomir/session/session.h"
+
+namespace pallomir {
+
+/// What live windows show.
+struct LiveState {
+  const Session& Program;
+  const LiveCut& Cut;
+  /// The records of the chosen epochs, if not all are displayed.
+  std::optional<RecordRanges> Displayed;
+};
+
+/// A window that shows the cut while it is made: docked beside the projection, or free. It is told of every change
+/// while it is visible, and nothing is computed for it otherwise.
+class LiveWindow : public QDockWidget {
+  Q_OBJECT
+
+ public:
+  /// `name` is the object name, `what` a sentence on what the window shows.
+  LiveWindow(const QString& name, const QString& title, const QString& what);
+
+  /// Adds what this window shows to what is computed.
+  virtual void AddWants(const Session& session, LiveWants& wants) const;
+  /// The session or what is known of the cut may have changed.
+  virtual void ShowState(const LiveState& state) = 0;
+  /// The content, without the window around it, for pictures.
+  virtual QWidget* Content() const { return widget(); }
+
+ signals:
+  /// The user chose a cluster here.
+  void ClusterChosen(int c);
+  /// The user chose two parameters to be displayed.
+  void ProjectionChosen(int x, int y);
+  /// The window was opened or closed, or shows something else now.
+  void Changed();
+};
+
+}  // namespace pallomir

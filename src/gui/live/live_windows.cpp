@@ -1,0 +1,73 @@
+#include "gui/live/live_windows.h"
+
+#include <QtWidgets>
+#include <algorithm>
+
+#include "gui/live/pairs_window.h"
+
+namespace pallomir {
+
+LiveWindows::LiveWindows(const Session& session, QMainWindow* host, std::function<LiveContext()> context,
+                         std::function<bool()> busy)
+    : QObject(host),
+      session_(session),
+      host_(host),
+      context_(std::move(context)),
+      busy_(std::move(busy)),
+      source_(session) {
+  due_.setSingleShot(true);
+  due_.setInterval(0);
+  connect(&due_, &QTimer::timeout, this, &LiveWindows::ShowNow);
+  connect(&source_, &LiveSource::Arrived, this, &LiveWindows::ShowStates);
+  Add(new PairsWindow, Qt::RightDockWidgetArea, Qt::Key_F2);
+}
+
+void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySequence& key) {
+  const auto sameSide = std::find_if(windows_.begin(), windows_.end(),
+                                     [&](LiveWindow* other) { return host_->dockWidgetArea(other) == area; });
+  host_->addDockWidget(area, window);
+  if (sameSide != windows_.end()) host_->tabifyDockWidget(*sameSide, window);
+  window->hide();
+  windows_.push_back(window);
+  QAction* toggle = window->toggleViewAction();
+  toggle->setShortcut(key);
+  toggle->setShortcutContext(Qt::ApplicationShortcut);
+  host_->addAction(toggle);
+  connect(toggle, &QAction::triggered, window, [window](bool shown) {
+    if (!shown) return;
+    window->raise();
+    window->setFocus();
+  });
+  connect(window, &LiveWindow::Changed, this, &LiveWindows::Refresh);
+  connect(window, &LiveWindow::ClusterChosen, this, &LiveWindows::ClusterChosen);
+  connect(window, &LiveWindow::ProjectionChosen, this, &LiveWindows::ProjectionChosen);
+}
+
+void LiveWindows::AddTo(QMenu* view) const {
+  for (const LiveWindow* window : windows_) view->addAction(window->toggleViewAction());
+}
+
+void LiveWindows::ShowNow() {
+  // The command that is running ends with a Refresh() of its own.
+  if (busy_()) return;
+  LiveWants wants;
+  for (const LiveWindow* window : windows_)
+    if (window->isVisible()) window->AddWants(session_, wants);
+  source_.Follow(context_(), wants);
+  ShowStates();
+}
+
+void LiveWindows::ShowStates() {
+  if (busy_()) return;
+  const LiveState state{session_, source_.Cut(), context_().Displayed};
+  for (LiveWindow* window : windows_)
+    if (window->isVisible()) window->ShowState(state);
+}
+
+void LiveWindows::Finish() {
+  due_.stop();
+  ShowNow();
+  source_.Finish();
+}
+
+}  // namespace pallomir

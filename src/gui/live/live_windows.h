@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+#include "gui/live/live_source.h"
+#include "gui/live/live_window.h"
+
+class QMenu;
+
+namespace pallomir {
+
+/// All windows that show the cut while it is made, docked beside a host window. They follow the session when Refresh()
+/// says that it may have changed, once the program is idle, so that the projection is always drawn first.
+class LiveWindows : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `context` says what is measured besides the session, and `busy` whether a command is running.
+  LiveWindows(const Session& session, QMainWindow* host, std::function<LiveContext()> context,
+              std::function<bool()> busy);
+
+  /// Adds an entry for each window.
+  void AddTo(QMenu* view) const;
+
+  /// Something that the windows show may have changed.
+  void Refresh() { due_.start(); }
+  /// Brings all open windows up to date at once, and waits for what is computed for them.
+  void Finish();
+
+  const std::vector<LiveWindow*>& Windows() const { return windows_; }
+
+ signals:
+  void ClusterChosen(int c);
+  void ProjectionChosen(int x, int y);
+
+ private:
+  void Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySequence& key);
+  void ShowNow();
+  void ShowStates();
+
+  const Session& session_;
+  QMainWindow* host_;
+  std::function<LiveContext()> context_;
+  std::function<bool()> busy_;
+  LiveSource source_;
+  std::vector<LiveWindow*> windows_;
+  QTimer due_;
+};
+
+}  // namespace pallomir

@@ -1,0 +1,110 @@
+#include "gui/live/pairs_window.h"
+
+#include <QtWidgets>
+#include <algorithm>
+
+#include "gui/controls/controls.h"
+#include "gui/controls/toolkit_values.h"
+#include "pallomir/projection/nearest_point.h"
+#include "pallomir/science/waveforms/wire_samples.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr size_t kMostPairs = 12;
+constexpr double kReach = 8;  // pixels from the pointer to a spike
+constexpr int kFamilies[] = {kMPeak, kPreVal, kEnergy, kValley};
+constexpr int kFamilySize = 32;
+
+QString AboutSpike(const Session& session, size_t row) {
+  const PointTable& points = session.Points;
+  QStringList clusters;
+  for (int slot = 0; slot < points.Memberships(row); ++slot) clusters << QString::number(points.Slot(slot)[row]);
+  const double seconds = static_cast<double>(points.Stamps()[row] - points.Stamps()[0]) / 1e6;
+  return QString("Record %1, %2 s after the first")
+             .arg(session.LoadStartRecord + static_cast<qint64>(row))
+             .arg(seconds, 0, 'f', 3) +
+         (clusters.isEmpty() ? QString(", in no cluster") : ", in cluster " + clusters.join(" and "));
+}
+
+}  // namespace
+
+std::vector<ParameterPair> WirePairs(ParameterPair pair) {
+  int family = kMPeak;
+  for (const int first : kFamilies)
+    if (pair.X >= first && pair.X < first + kFamilySize) family = first;
+  std::vector<ParameterPair> pairs;
+  for (int a = 0; a < kWires; ++a)
+    for (int b = a + 1; b < kWires; ++b) pairs.push_back({family + a, family + b});
+  return pairs;
+}
+
+PairsWindow::PairsWindow()
+    : LiveWindow("Pairs", "Pairs", "Several projections beside each other; a spike under the pointer is marked in all"),
+      grid_(new PairGrid),
+      spike_(MakeLabel({})) {
+  spike_->setProperty("quiet", true);
+  spike_->setMinimumWidth(1);
+  auto* body = new QWidget;
+  auto* column = new QVBoxLayout(body);
+  column->setContentsMargins(4, 2, 4, 2);
+  column->setSpacing(2);
+  column->addWidget(grid_, 1);
+  column->addWidget(spike_);
+  setWidget(body);
+  connect(grid_, &PairGrid::PairChosen, this, [this](ParameterPair pair) { emit ProjectionChosen(pair.X, pair.Y); });
+  connect(grid_, &PairGrid::Hovered, this, &PairsWindow::Hover);
+}
+
+void PairsWindow::Choose(std::vector<ParameterPair> pairs) {
+  if (pairs.size() > kMostPairs) pairs.resize(kMostPairs);
+  chosen_ = std::move(pairs);
+  emit Changed();
+}
+
+void PairsWindow::ShowState(const LiveState& state) {
+  onView_ = PairOnView(state.Program);
+  grid_->SetPairs(chosen_.empty() ? WirePairs(*onView_) : chosen_);
+  grid_->ShowState(state);
+  state_.emplace(state);
+}
+
+void PairsWindow::Hover(std::optional<size_t> pair, QPointF pixel) {
+  if (!state_) return;
+  const Session& session = state_->Program;
+  std::optional<size_t> row;
+  if (pair && PointsLoaded(session))
+    row = NearestPoint(session, grid_->Pairs()[*pair], grid_->ViewOfPair(*pair), pixel.x(), pixel.y(),
+                       kReach * devicePixelRatioF(), state_->Displayed);
+  grid_->Mark(session, row);
+  spike_->setText(row ? AboutSpike(session, *row) : QString());
+}
+
+void PairsWindow::contextMenuEvent(QContextMenuEvent* event) {
+  const auto at = grid_->PairAt(grid_->mapFromGlobal(event->globalPos()));
+  const std::vector<ParameterPair> shown = grid_->Pairs();
+  QMenu menu;
+  QAction* add = menu.addAction("Add the pair of Projections");
+  add->setEnabled(onView_ && shown.size() < kMostPairs &&
+                  std::find(shown.begin(), shown.end(), *onView_) == shown.end());
+  QAction* remove = menu.addAction("Remove this pair");
+  remove->setEnabled(at && shown.size() > 1);
+  menu.addSeparator();
+  QAction* family = menu.addAction("Pairs of wires in the family on view");
+  family->setCheckable(true);
+  family->setChecked(chosen_.empty());
+  const QAction* picked = menu.exec(event->globalPos());
+  std::vector<ParameterPair> pairs = shown;
+  if (picked == add) {
+    pairs.push_back(*onView_);
+    Choose(std::move(pairs));
+  } else if (picked == remove) {
+    pairs.erase(pairs.begin() + static_cast<std::ptrdiff_t>(*at));
+    Choose(std::move(pairs));
+  } else if (picked == family) {
+    Choose({});
+  }
+}
+
+}  // namespace pallomir
