@@ -65,7 +65,11 @@ struct LiveSample : SampleWithCut {
   }
 
   static LiveWants Everything() {
-    return {.Cell = 4, .SpatialLags = true, .Table = MeasureParts().set(), .Correlograms = {1, 4}};
+    return {.Cell = 4,
+            .CellParts = MeasureParts().set(),
+            .SpatialLags = true,
+            .Table = MeasureParts().set(),
+            .Correlograms = {1, 4}};
   }
 
   Session session;
@@ -115,7 +119,8 @@ TEST_F(LiveSample, ChangesInQuickSuccessionEndInTheLastCut) {
 }
 
 TEST_F(LiveSample, NothingIsComputedThatIsNotWanted) {
-  live.SetWants({.Cell = 0, .SpatialLags = false, .Table = OnlyPart(MeasurePart::Train), .Correlograms = {}});
+  live.SetWants(
+      {.Cell = 0, .CellParts = {}, .SpatialLags = false, .Table = OnlyPart(MeasurePart::Train), .Correlograms = {}});
   const LiveCut shown = Finished();
   EXPECT_EQ(shown.Clusters[1].Fresh, OnlyPart(MeasurePart::Train));
   EXPECT_TRUE(shown.Pairs.empty());

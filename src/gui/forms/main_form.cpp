@@ -26,7 +26,7 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs, Preferences preferences
   bench_.AddWindow(&projections_);
   LayOut();
   live_ = new LiveWindows(
-      session_, &projections_,
+      session_, bench_.TheDialogs(), &projections_,
       [this] {
         return LiveContext{PathIn(session_.DataDirectory, "..\\" + bench_.Names.PosFile), projections_.RecordRanges()};
       },

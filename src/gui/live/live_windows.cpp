@@ -3,12 +3,16 @@
 #include <QtWidgets>
 #include <algorithm>
 
+#include "gui/live/cell_window.h"
+#include "gui/live/clusters_window.h"
+#include "gui/live/correlograms_window.h"
+#include "gui/live/overlay_window.h"
 #include "gui/live/pairs_window.h"
 
 namespace pallomir {
 
-LiveWindows::LiveWindows(const Session& session, QMainWindow* host, std::function<LiveContext()> context,
-                         std::function<bool()> busy)
+LiveWindows::LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* host,
+                         std::function<LiveContext()> context, std::function<bool()> busy)
     : QObject(host),
       session_(session),
       host_(host),
@@ -20,6 +24,10 @@ LiveWindows::LiveWindows(const Session& session, QMainWindow* host, std::functio
   connect(&due_, &QTimer::timeout, this, &LiveWindows::ShowNow);
   connect(&source_, &LiveSource::Arrived, this, &LiveWindows::ShowStates);
   Add(new PairsWindow, Qt::RightDockWidgetArea, Qt::Key_F2);
+  Add(new CellWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F3);
+  Add(new ClustersWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F4);
+  Add(new CorrelogramsWindow, Qt::BottomDockWidgetArea, Qt::Key_F5);
+  Add(new OverlayWindow, Qt::BottomDockWidgetArea, Qt::Key_F6);
 }
 
 void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySequence& key) {

@@ -5,6 +5,7 @@
 #include <functional>
 #include <vector>
 
+#include "gui/controls/dialogs.h"
 #include "gui/live/live_source.h"
 #include "gui/live/live_window.h"
 
@@ -19,7 +20,7 @@ class LiveWindows : public QObject {
 
  public:
   /// `context` says what is measured besides the session, and `busy` whether a command is running.
-  LiveWindows(const Session& session, QMainWindow* host, std::function<LiveContext()> context,
+  LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* host, std::function<LiveContext()> context,
               std::function<bool()> busy);
 
   /// Adds an entry for each window.

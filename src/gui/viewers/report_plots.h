@@ -10,16 +10,11 @@ namespace pallomir {
 
 // Fill the plots of the report sheet. A plot without data says why.
 
-void PlotMap(QCustomPlot& plot, const MapResult& map);
-
 /// The animal's path in gray with the spikes on it, as the camera sees them.
 void PlotSpikesOnPath(QCustomPlot& plot, const Report& report);
 
 /// Gives the axes of all maps the same size, once they are laid out on the sheet. Empty maps are unchanged.
 void AlignMaps(std::span<QCustomPlot* const> plots);
-
-/// The average spike on each wire, with a band of one standard deviation.
-void PlotAverageWaveform(QCustomPlot& plot, const ClusterMeasures& measures);
 
 /// A value of each spike against time in minutes from the start of the time range. `range` is the range of the value
 /// axis; if invalid, that of the values.

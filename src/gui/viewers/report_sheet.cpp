@@ -7,6 +7,7 @@
 #include "gui/controls/controls.h"
 #include "gui/viewers/figures.h"
 #include "gui/viewers/report_plots.h"
+#include "gui/viewers/small_plots.h"
 #include "pallomir/files/platform.h"
 #include "pallomir/session/work_pace.h"
 
@@ -155,11 +156,12 @@ void ReportSheet::Fill(World& world, const Report& report, const QString& title)
   lblClNote_->setText(NoteText(report.Note));
   lblRemarks_->setText(QString::fromStdString(report.Remarks));
   WorkPace pace(world);
-  PlotMap(*picOccMap_, report.Occupancy);
-  PlotMap(*picRateMap_, report.Rate);
+  PlotMap(*picOccMap_, report.Occupancy, PrintStyle(*picOccMap_));
+  PlotMap(*picRateMap_, report.Rate, PrintStyle(*picRateMap_));
   PlotSpikesOnPath(*picSpikeMap_, report);
   pace.Reached(0.1);
-  PlotAverageWaveform(*picWaveForm_, report.Measures);
+  PlotAverageWaveform(*picWaveForm_, report.Measures.Average, report.Measures.InMicrovolts,
+                      PrintStyle(*picWaveForm_));
   PlotSeries(*picMaxHeight_, report.Spikes, report.Spikes.MaxHeight, "counts");
   PlotSeries(*picXPos_, report.Spikes, report.SpikePositions.X, "pixels");
   pace.Reached(0.2);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <bitset>
 #include <map>
 #include <memory>
 #include <string>
@@ -17,16 +16,7 @@
 
 namespace pallomir {
 
-/// The parts of a MeasuredCluster, by what they are computed from; each is computed on its own.
-enum class MeasurePart { Train, Waveform, Place, Isolation };
-inline constexpr int kMeasureParts = 4;
-using MeasureParts = std::bitset<kMeasureParts>;
-inline size_t IndexOf(MeasurePart part) {
-  return static_cast<size_t>(part);
-}
-inline MeasureParts OnlyPart(MeasurePart part) {
-  return MeasureParts().set(IndexOf(part));
-}
+inline constexpr size_t kMostDrawn = 5000;
 
 /// What pictures of one cluster are drawn from; null where nothing was computed yet.
 struct CellPlots {
@@ -40,8 +30,14 @@ struct CellPlots {
     DirectionTuning Direction;
     double PixelsPerCm = 0;  ///< 0 if unknown
   };
+  /// At most kMostDrawn of the waveforms, evenly chosen.
+  struct Overlaid {
+    std::vector<WireSamples> Samples;
+    std::array<double, kWires> UnitsPerCount{};  ///< microvolts if the file says how much a count is, otherwise 1
+  };
   std::shared_ptr<const Firing> Train;
   std::shared_ptr<const SpikeHeights> Heights;
+  std::shared_ptr<const Overlaid> Waveforms;
   std::shared_ptr<const Space> Place;
   std::shared_ptr<const Map> SpatialLags;  ///< the spatial autocorrelation
 };
@@ -60,6 +56,7 @@ struct LiveCluster {
 struct LivePair {
   std::shared_ptr<const Correlogram> Lags;
   bool Fresh = false;
+  bool operator==(const LivePair&) const = default;
 };
 
 /// What is known of the present cut.
@@ -77,6 +74,7 @@ struct LiveCut {
 /// What the open windows show; nothing else is computed.
 struct LiveWants {
   int Cell = 0;                   ///< the cluster whose measures and plots come first; 0 for none
+  MeasureParts CellParts;         ///< of that cluster
   bool SpatialLags = false;       ///< of that cluster
   MeasureParts Table;             ///< of all defined clusters
   std::vector<int> Correlograms;  ///< all pairs of these clusters

@@ -40,6 +40,7 @@ void SetPart(LiveCluster& cluster, MeasurePart part, const LiveCluster& from) {
       to.Waveform = from.Measures.Waveform;
       to.Missing = from.Measures.Missing;
       cluster.Plots.Heights = from.Plots.Heights;
+      cluster.Plots.Waveforms = from.Plots.Waveforms;
       break;
     case MeasurePart::Place:
       to.Behaviour = from.Measures.Behaviour;
@@ -173,6 +174,7 @@ std::optional<LiveMeasures::Job> LiveMeasures::NextOfCell(Lane lane) const {
   if (c == 0 || !cut_.Clusters[c].Defined) return {};
   for (const MeasurePart part :
        {MeasurePart::Train, MeasurePart::Waveform, MeasurePart::Place, MeasurePart::Isolation}) {
+    if (!wants_.CellParts[IndexOf(part)]) continue;
     // The slow thread only prepares what the quick one needs.
     const auto job = NextPart(lane, c, part);
     if (job && (lane == Lane::Quick || part == MeasurePart::Isolation || job->Kind != Job::What::Part)) return job;

@@ -64,13 +64,18 @@ void MeasureWaveforms(LiveCluster& cluster, const LiveRecording& recording, cons
   }
   SpikeFile file(recording.SpikeFile);
   ClusterWaveforms waveforms;
+  auto drawn = std::make_shared<CellPlots::Overlaid>();
+  drawn->UnitsPerCount = file.MicrovoltsPerCount();
+  const size_t every = 1 + numbers.size() / kMostDrawn;
   constexpr size_t kLook = 1024;
   file.ForSpikes(numbers, [&](size_t i, const WireSamples& samples) {
     waveforms.Add(stamps[i], samples);
+    if (i % every == 0) drawn->Samples.push_back(samples);
     if (i % kLook == 0) progress.Reached(static_cast<double>(i) / static_cast<double>(numbers.size()));
   });
   waveforms.Measure(cluster.Measures, file, recording.Time, static_cast<size_t>(cluster.Spikes));
   cluster.Plots.Heights = std::make_shared<SpikeHeights>(waveforms.Heights());
+  cluster.Plots.Waveforms = std::move(drawn);
 }
 
 void MeasurePlace(LiveCluster& cluster, const Arena& arena, std::span<const ClusterSpike> spikes) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -16,6 +17,17 @@
 #include "pallomir/science/waveforms/waveform_measures.h"
 
 namespace pallomir {
+
+/// The parts of a MeasuredCluster, by what they are computed from; each is computed on its own.
+enum class MeasurePart { Train, Waveform, Place, Isolation };
+inline constexpr int kMeasureParts = 4;
+using MeasureParts = std::bitset<kMeasureParts>;
+inline size_t IndexOf(MeasurePart part) {
+  return static_cast<size_t>(part);
+}
+inline MeasureParts OnlyPart(MeasurePart part) {
+  return MeasureParts().set(IndexOf(part));
+}
 
 /// All measures of one cluster.
 struct MeasuredCluster {

@@ -121,17 +121,22 @@ void AddWaveform(Columns& columns) {
           {"drift", "uV/h", "Change of the spikes' height", [](const Cluster& c) { return c.Waveform.Drift; }},
           {"excursion", "uV", "Largest difference of the medians that drift is computed from",
            [](const Cluster& c) { return c.Waveform.Excursion; }},
-          {"isolation_distance", "", "Large is good (Schmitzer-Torbert et al. 2005)",
-           [](const Cluster& c) { return Known(c.Apart.IsolationDistance); }},
-          {"l_ratio", "", "Small is good (Schmitzer-Torbert et al. 2005)",
-           [](const Cluster& c) { return Known(c.Apart.LRatio); }},
-          {"d_prime", "", "Distance from the other spikes in standard deviations, along the best direction",
-           [](const Cluster& c) { return c.Separate.Discriminability; }},
-          {"neighbour_hits", "", "Share of the cluster's spikes among the neighbours of its spikes",
-           [](const Cluster& c) { return c.Separate.NeighbourHits; }},
-          {"neighbour_misses", "", "Share of the cluster's spikes among the neighbours of the others",
-           [](const Cluster& c) { return c.Separate.NeighbourMisses; }},
       });
+}
+
+void AddIsolation(Columns& columns) {
+  Add(columns, {
+                   {"isolation_distance", "", "Large is good (Schmitzer-Torbert et al. 2005)",
+                    [](const Cluster& c) { return Known(c.Apart.IsolationDistance); }},
+                   {"l_ratio", "", "Small is good (Schmitzer-Torbert et al. 2005)",
+                    [](const Cluster& c) { return Known(c.Apart.LRatio); }},
+                   {"d_prime", "", "Distance from the other spikes in standard deviations, along the best direction",
+                    [](const Cluster& c) { return c.Separate.Discriminability; }},
+                   {"neighbour_hits", "", "Share of the cluster's spikes among the neighbours of its spikes",
+                    [](const Cluster& c) { return c.Separate.NeighbourHits; }},
+                   {"neighbour_misses", "", "Share of the cluster's spikes among the neighbours of the others",
+                    [](const Cluster& c) { return c.Separate.NeighbourMisses; }},
+               });
 }
 
 void AddPlace(Columns& columns) {
@@ -220,7 +225,15 @@ void AddAllChance(Columns& columns) {
 const std::vector<MeasureColumn>& MeasureColumns() {
   static const Columns all = [] {
     Columns columns;
-    for (const auto add : {AddTrain, AddWaveform, AddPlace, AddDirectionAndSpeed, AddAllChance}) add(columns);
+    const auto add = [&columns](MeasurePart part, std::initializer_list<void (*)(Columns&)> groups) {
+      const size_t first = columns.size();
+      for (const auto group : groups) group(columns);
+      for (size_t i = first; i < columns.size(); ++i) columns[i].Part = part;
+    };
+    add(MeasurePart::Train, {AddTrain});
+    add(MeasurePart::Waveform, {AddWaveform});
+    add(MeasurePart::Isolation, {AddIsolation});
+    add(MeasurePart::Place, {AddPlace, AddDirectionAndSpeed, AddAllChance});
     return columns;
   }();
   return all;

@@ -14,6 +14,7 @@ struct MeasureColumn {
   std::string Unit;     ///< "Hz"; empty for a plain number
   std::string Meaning;  ///< a sentence for the user
   std::function<Measured(const MeasuredCluster& cluster)> Of;
+  MeasurePart Part = MeasurePart::Train;  ///< of which it is
 };
 
 /// All measures that are single numbers, in the order in which they are shown; those against chance come last.

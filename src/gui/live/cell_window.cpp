@@ -1,0 +1,211 @@
+#include "gui/live/cell_window.h"
+
+#include <qcustomplot.h>
+
+#include <QtWidgets>
+#include <algorithm>
+
+#include "gui/controls/chosen_path.h"
+#include "gui/controls/controls.h"
+#include "gui/controls/run_command.h"
+#include "gui/controls/titles.h"
+#include "gui/live/shown_measures.h"
+#include "gui/viewers/figures.h"
+#include "gui/viewers/save_picture.h"
+
+namespace pallomir {
+
+namespace {
+
+constexpr int kNarrowest = 160, kLowest = 120;  // of a picture, in pixels
+
+QLabel* MakeCaption(const QString& text) {
+  QLabel* caption = MakeLabel(text);
+  caption->setProperty("quiet", true);
+  caption->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return caption;
+}
+
+}  // namespace
+
+CellWindow::CellWindow(Dialogs& dialogs)
+    : LiveWindow("Cell", "Cell", "All about the chosen cluster, while it is cut: N goes to the next one"),
+      dialogs_(dialogs),
+      heading_(MakeHeading({})),
+      chkSpatialLags_(MakeCheckBox("chkSpatialLags", "Spatial &autocorrelation",
+                                   "Also correlate the rate map with itself at every shift")),
+      figures_(Named(new QTreeWidget, "figures", "Measures of the cluster", {})),
+      sheet_(new QWidget),
+      grid_(new QGridLayout(sheet_)) {
+  MakeFigures();
+  MakePictures();
+  auto* scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(sheet_);
+  auto* parts = new QSplitter(Qt::Vertical);
+  parts->setObjectName("parts");
+  parts->addWidget(scroll);
+  parts->addWidget(figures_);
+  parts->setSizes({700, 300});
+  auto* body = new QWidget;
+  auto* column = new QVBoxLayout(body);
+  column->setContentsMargins(6, 2, 6, 4);
+  column->setSpacing(3);
+  column->addLayout(Row({heading_, nullptr, chkSpatialLags_}));
+  column->addWidget(parts, 1);
+  setWidget(body);
+  connect(chkSpatialLags_, &QCheckBox::toggled, this, [this](bool shown) {
+    pictures_[kSpatialLagsPlot].Whole->setVisible(shown);
+    columns_ = 0;
+    Arrange();
+    emit Changed();
+  });
+  pictures_[kSpatialLagsPlot].Whole->hide();
+  Arrange();
+}
+
+void CellWindow::MakeFigures() {
+  figures_->setColumnCount(2);
+  figures_->setHeaderLabels({"Measure", "Value"});
+  figures_->setRootIsDecorated(false);
+  figures_->setUniformRowHeights(true);
+  figures_->setAlternatingRowColors(true);
+  figures_->setAllColumnsShowFocus(true);
+  figures_->setMinimumHeight(60);
+  for (const ShownMeasure& measure : ShownMeasures())
+    figures_->addTopLevelItem(new QTreeWidgetItem({measure.Caption(), {}}));
+  figures_->resizeColumnToContents(0);
+}
+
+void CellWindow::MakePictures() {
+  grid_->setContentsMargins(0, 0, 0, 0);
+  grid_->setSpacing(6);
+  for (size_t i = 0; i < pictures_.size(); ++i) {
+    const CellPlot& kind = kPlotsOfCell[i];
+    Picture& picture = pictures_[i];
+    picture.Whole = new QWidget;
+    picture.Caption = MakeCaption(kind.Caption);
+    picture.Plot = Named(new QCustomPlot, kind.Name, kind.Caption,
+                         QString(kind.Meaning) + ". A right click copies or saves the picture.");
+    picture.Plot->setMinimumSize(kNarrowest - 20, kLowest);
+    picture.Plot->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(picture.Plot, &QWidget::customContextMenuRequested, this,
+            [this, i](QPoint at) { OfferPicture(i, pictures_[i].Plot->mapToGlobal(at)); });
+    auto* column = new QVBoxLayout(picture.Whole);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(picture.Caption);
+    column->addWidget(picture.Plot, 1);
+  }
+}
+
+void CellWindow::Arrange() {
+  const int columns = std::clamp(width() / kNarrowest, 1, 4);
+  if (columns == columns_) return;
+  columns_ = columns;
+  for (Picture& picture : pictures_) grid_->removeWidget(picture.Whole);
+  int place = 0;
+  for (Picture& picture : pictures_) {
+    if (picture.Whole->isHidden() && &picture == &pictures_[kSpatialLagsPlot]) continue;
+    grid_->addWidget(picture.Whole, place / columns, place % columns);
+    ++place;
+  }
+}
+
+void CellWindow::AddWants(const Session& session, LiveWants& wants) const {
+  wants.Cell = session.CurrentCluster;
+  wants.CellParts.set();
+  wants.SpatialLags = chkSpatialLags_->isChecked();
+}
+
+void CellWindow::ShowState(const LiveState& state) {
+  state_.emplace(state);
+  const int c = state.Program.CurrentCluster;
+  const LiveCluster& cluster = state.Cut.Clusters[c];
+  const QString spikes = Whole(static_cast<double>(cluster.Spikes)) + (cluster.Spikes == 1 ? " spike" : " spikes");
+  heading_->setText(c == 0             ? QString("Choose a cluster")
+                    : !cluster.Defined ? QString("Cluster %1 has no boundary").arg(c)
+                                       : QString("Cluster %1, %2").arg(c).arg(spikes));
+  ShowFigures(cluster, state.Cut);
+  ShowPictures(cluster, state.Cut);
+}
+
+void CellWindow::ShowFigures(const LiveCluster& cluster, const LiveCut& cut) {
+  const QBrush quiet = palette().brush(QPalette::PlaceholderText), usual = palette().brush(QPalette::Text);
+  for (int i = 0; i < figures_->topLevelItemCount(); ++i) {
+    const ShownMeasure& measure = ShownMeasures()[static_cast<size_t>(i)];
+    QTreeWidgetItem* item = figures_->topLevelItem(i);
+    item->setText(1, cluster.Defined ? measure.Text(cluster) : QString());
+    item->setForeground(1, measure.IsFresh(cluster) ? usual : quiet);
+    const QString remark = cluster.Defined ? measure.Remark(cluster, cut) : QString();
+    const QString tip = PlainToolTip(measure.Meaning(cut.InMicrovolts) + (remark.isEmpty() ? "" : "\n" + remark));
+    item->setToolTip(0, tip);
+    item->setToolTip(1, tip);
+  }
+}
+
+void CellWindow::ShowPictures(const LiveCluster& cluster, const LiveCut& cut) {
+  for (size_t i = 0; i < pictures_.size(); ++i) {
+    const CellPlot& kind = kPlotsOfCell[i];
+    Picture& picture = pictures_[i];
+    const bool fresh = cluster.Fresh[IndexOf(kind.Part)];
+    picture.Caption->setText(QString(kind.Caption) + (cluster.Defined && !fresh ? " …" : ""));
+    const CellPlot::Source source = kind.SourceOf(cluster, cut);
+    if (picture.Drawn == source) continue;
+    picture.Drawn = source;
+    kind.Draw(*picture.Plot, cluster, cut, ScreenStyle(*this));
+    picture.Plot->replot(QCustomPlot::rpQueuedReplot);
+  }
+}
+
+void CellWindow::OfferPicture(size_t index, QPoint at) {
+  if (!state_) return;
+  QMenu menu;
+  QAction* copy = menu.addAction("Copy picture");
+  QAction* save = menu.addAction("Save picture...");
+  const QAction* picked = menu.exec(at);
+  QCustomPlot* plot = pictures_[index].Plot;
+  if (picked == copy)
+    QApplication::clipboard()->setImage(plot->toPixmap(plot->width(), plot->height(), kPictureScale).toImage());
+  if (picked == save) SaveAs(index);
+}
+
+void CellWindow::SaveAs(size_t index) {
+  const int c = state_->Program.CurrentCluster;
+  const CellPlot& kind = kPlotsOfCell[index];
+  const QString name = FileNameWithTetrode(TetrodeOf(state_->Program), {QString("cluster %1").arg(c), kind.Caption});
+  const QString path = dialogs_.SaveFile(
+      this, {"Save picture", "SVG drawing (*.svg)|*.svg|PNG picture (*.png)|*.png|PDF page (*.pdf)|*.pdf",
+             name + ".svg", "svg"});
+  if (path.isEmpty()) return;
+  QCustomPlot& plot = *pictures_[index].Plot;
+  const LiveCluster cluster = state_->Cut.Clusters[c];
+  kind.Draw(plot, cluster, state_->Cut, PrintStyle(*this));
+  const auto drawAgain = [this, index] {
+    pictures_[index].Drawn.reset();
+    emit Changed();
+  };
+  const QPointer<CellWindow> window(this);
+  try {
+    SavePicture(plot, name, PathOf(path), drawAgain);
+  } catch (const std::exception& error) {
+    if (!window) return;
+    drawAgain();
+    dialogs_.ShowMessage(window, QString::fromStdString(SentenceOf(error)), {});
+  }
+}
+
+void CellWindow::resizeEvent(QResizeEvent* event) {
+  LiveWindow::resizeEvent(event);
+  Arrange();
+}
+
+void CellWindow::changeEvent(QEvent* event) {
+  LiveWindow::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange) return;
+  for (Picture& picture : pictures_) picture.Drawn.reset();
+  emit Changed();
+}
+
+}  // namespace pallomir

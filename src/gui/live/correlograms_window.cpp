@@ -1,0 +1,48 @@
+#include "gui/live/correlograms_window.h"
+
+#include <QtWidgets>
+
+#include "gui/controls/controls.h"
+#include "gui/live/correlogram_matrix.h"
+
+namespace pallomir {
+
+namespace {
+
+/// The clusters that exist and are not hidden.
+std::vector<int> ShownClusters(const Session& session) {
+  std::vector<int> clusters;
+  for (int c = 1; c <= kClusters; ++c)
+    if (session.ClusterDefined[c] && !session.DisplayDisabled[c]) clusters.push_back(c);
+  return clusters;
+}
+
+}  // namespace
+
+CorrelogramsWindow::CorrelogramsWindow()
+    : LiveWindow("Correlograms", "Correlograms",
+                 "Lags between the spikes of all pairs of displayed clusters, beside what chance would give"),
+      matrix_(new CorrelogramMatrix),
+      readOut_(MakeLabel({})) {
+  readOut_->setProperty("quiet", true);
+  readOut_->setMinimumWidth(1);
+  auto* body = new QWidget;
+  auto* column = new QVBoxLayout(body);
+  column->setContentsMargins(6, 2, 6, 2);
+  column->setSpacing(2);
+  column->addWidget(matrix_, 1);
+  column->addWidget(readOut_);
+  setWidget(body);
+  connect(matrix_, &CorrelogramMatrix::ClusterChosen, this, &CorrelogramsWindow::ClusterChosen);
+  connect(matrix_, &CorrelogramMatrix::Hovered, this, [this](QPointF at) { readOut_->setText(matrix_->ReadOut(at)); });
+}
+
+void CorrelogramsWindow::AddWants(const Session& session, LiveWants& wants) const {
+  wants.Correlograms = ShownClusters(session);
+}
+
+void CorrelogramsWindow::ShowState(const LiveState& state) {
+  matrix_->ShowState(state, ShownClusters(state.Program));
+}
+
+}  // namespace pallomir
