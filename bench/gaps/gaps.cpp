@@ -17,6 +17,7 @@
 #include "gui/controls/dialogs.h"
 #include "gui/controls/theme.h"
 #include "gui/forms/main_form.h"
+#include "gui/live/live_window.h"
 #include "pallomir/session/session.h"
 #include "support.h"
 #include "tools/sample/make_sample.h"
@@ -52,6 +53,7 @@ class Driver : public Dialogs {
     if (!started) return false;
     form_.show();
     Measure("Load Points", [&] { Press("cmdLoadPoints"); });
+    OpenLiveWindows();
     LookUpTimes();
     CutSome();
     PressAll(&form_, {"cmdExit", "cmdLoadPoints"});
@@ -127,6 +129,17 @@ class Driver : public Dialogs {
     for (const auto& [name, button] : buttons)
       if (button && button->isEnabled())
         Measure(window->objectName() + " " + name, [&button = button] { button->click(); });
+  }
+
+  /// They stay open and follow everything from then on.
+  void OpenLiveWindows() {
+    for (auto* window : Projection()->findChildren<LiveWindow*>())
+      Measure("open " + window->objectName(), [window] {
+        window->setFloating(true);
+        window->show();
+      });
+    Measure("spatial autocorrelation in Cell",
+            [this] { Projection()->findChild<QAbstractButton*>("chkSpatialLags")->setChecked(true); });
   }
 
   void LookUpTimes() {

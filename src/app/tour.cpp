@@ -4,11 +4,14 @@
 // Pallomir writes; those of the analyses are for one cell. The examples and pictures in the documentation are made from
 // them.
 
+#include <map>
+
 #include "app/tour_album.h"
 #include "app/tour_hands.h"
 #include "gui/controls/dialogs.h"
 #include "gui/controls/theme.h"
 #include "gui/forms/main_form.h"
+#include "gui/live/live_windows.h"
 #include "pallomir/analyses/commands.h"
 #include "pallomir/clusters/classify.h"
 #include "pallomir/files/bytes.h"
@@ -59,6 +62,7 @@ class Tour {
     DefineEpochs();
     LoadSeveralEpochs();
     Cut();
+    LookWhileCutting();
     MarkCentre();
     Grade();
     if (!KeepCut()) return false;
@@ -156,6 +160,29 @@ class Tour {
     TakePicture("zoomed", "what was in the rectangle");
     Press(&form_, "optDrawClustBounds");
     Press(&form_, "cmdScaleDefaults");
+  }
+
+  /// The windows that follow the cut, for the place cell.
+  void LookWhileCutting() {
+    Choose(kPlaceCell);
+    auto* live = Projection()->findChild<LiveWindows*>();
+    const std::map<QString, QSize> sizes = {{"Pairs", {560, 420}},
+                                            {"Cell", {760, 640}},
+                                            {"Clusters", {900, 200}},
+                                            {"Correlograms", {560, 420}},
+                                            {"Overlay", {760, 260}}};
+    for (LiveWindow* window : live->Windows()) {
+      window->setFloating(true);
+      window->resize(sizes.at(window->objectName()));
+      window->show();
+    }
+    live->Finish();
+    QApplication::processEvents();
+    for (LiveWindow* window : live->Windows()) {
+      album_.Keep(window->widget()->grab(), "live-" + window->objectName().toLower(),
+                  qPrintable(window->accessibleDescription()));
+      window->close();
+    }
   }
 
   void MarkCentre() {

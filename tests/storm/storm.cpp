@@ -44,11 +44,12 @@ constexpr std::array kTexts = {
     "nan",       "1e308",       "-1e-40", " ",
     "cbfile.m1", "cbfile.exit", "Pos.p",  "../x",
     "\"",        "ä:ö, ü",      "%s%n",   "a very long text that goes on and on and on and on and on and on and on"};
-constexpr std::array kKeys = {Qt::Key_Escape,   Qt::Key_Return, Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Space,
-                              Qt::Key_Up,       Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right,   Qt::Key_Plus,
-                              Qt::Key_Minus,    Qt::Key_0,      Qt::Key_1,      Qt::Key_2,       Qt::Key_3,
-                              Qt::Key_9,        Qt::Key_F2,     Qt::Key_Delete, Qt::Key_Home,    Qt::Key_End,
-                              Qt::Key_PageDown, Qt::Key_S,      Qt::Key_Menu};
+constexpr std::array kKeys = {
+    Qt::Key_Escape, Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Backtab,  Qt::Key_Space, Qt::Key_Up,  Qt::Key_Down,
+    Qt::Key_Left,   Qt::Key_Right,  Qt::Key_Plus, Qt::Key_Minus,    Qt::Key_0,     Qt::Key_1,   Qt::Key_2,
+    Qt::Key_3,      Qt::Key_9,      Qt::Key_F2,   Qt::Key_Delete,   Qt::Key_Home,  Qt::Key_End, Qt::Key_PageDown,
+    Qt::Key_S,      Qt::Key_Menu,   Qt::Key_F3,   Qt::Key_F4,       Qt::Key_F5,    Qt::Key_F6,  Qt::Key_N,
+    Qt::Key_U,      Qt::Key_C,      Qt::Key_D,    Qt::Key_Backspace};
 constexpr std::array kInputs = {"Pos.p", "TT1/TT1.waveforms", "TT1/TT1.Ntt", "TT1/Events.Nev", "VideoSampling"};
 constexpr std::array kOutputs = {"TT1/ClNotes",       "TT1/Defaults", "Defaults",       "TT1/cbfile.m1.txt",
                                  "TT1/AxesScaleFile", "CenterCoords", "TT1/cl-maze1.1", "TT1/tmp.rmap"};

@@ -49,16 +49,20 @@ void DisplayPanel::MakeControls() {
   chkDrawClustBounds =
       MakeCheckBox("chkDrawClustBounds", "S&how bounds", "Draw the boundaries made in this projection");
   chkDrawClustBounds->setChecked(true);
+  // These two come back at the next start.
   const auto entry = [this](const QString& name, const QString& caption, const QString& toolTip) {
     auto* made = new QAction(caption, this);
     made->setObjectName(name);
     made->setToolTip(toolTip);
     made->setCheckable(true);
+    made->setChecked(bench_.ThePreferences().Get(name, false));
+    connect(made, &QAction::toggled, this, [this, name](bool chosen) { bench_.ThePreferences().Set(name, chosen); });
     return made;
   };
   mnuDensity = entry("mnuDensity", "Density", "Shade points by how many lie on a pixel (D in the projection)");
   mnuSafeColours = entry("mnuSafeColours", "Colours safe for colour-blind eyes",
                          "Give the clusters colours that differ without red or green receptors too");
+  session_.SafeColours = mnuSafeColours->isChecked();
 }
 
 void DisplayPanel::AddTo(QMenu* view) {

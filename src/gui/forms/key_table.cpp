@@ -7,6 +7,8 @@ namespace {
 constexpr KeyRow kRows[] = {
     {"controls and projection", "1 to 30", "choose a cluster; two digits typed within 0.8 s are one number"},
     {"", "+ and −", "Scale Up, Scale Down"},
+    {"", "N, Shift+N", "the next, the previous cluster that has a boundary"},
+    {"", "F3, F4, F5, F6, F7", "open or close Pairs, Cell, Clusters, Correlograms, Waveforms"},
     {"", "Ctrl+Z", "Undo"},
     {"", "Ctrl+O", "open another recording"},
     {"", "Ctrl+S", "write the boundaries, as **Write CBFile** does"},
@@ -44,6 +46,9 @@ constexpr KeyRow kRows[] = {
     {"waveforms", "left and right arrow", "one spike back, forward"},
     {"", "S", "save the picture"},
     {"", "drag", "zoom in"},
+    {"Pairs", "click; right click", "show the pair in the projection; add or remove pairs"},
+    {"Clusters, Correlograms", "click", "choose the cluster of the row"},
+    {"Cell", "right click on a picture", "copy or save it"},
     {"result windows", "wheel, + and −; drag, arrow keys", "zoom; move"},
     {"", "double-click, 0", "show everything"},
     {"", "Ctrl+C, Ctrl+S", "copy the picture, save it"},

@@ -28,7 +28,8 @@ Main_Form::Main_Form(Session& session, Dialogs& dialogs, Preferences preferences
   live_ = new LiveWindows(
       session_, bench_.TheDialogs(), &projections_,
       [this] {
-        return LiveContext{PathIn(session_.DataDirectory, "..\\" + bench_.Names.PosFile), projections_.RecordRanges()};
+        const auto positions = PathIn(session_.DataDirectory, "..\\" + bench_.Names.PosFile);
+        return LiveSettings{{positions, projections_.RecordRanges()}, projections_.Options().Density};
       },
       [this] { return bench_.Working() || projections_.Drawing(); });
   MakeMenus();
@@ -179,6 +180,7 @@ void Main_Form::closeEvent(QCloseEvent* event) {
     return;
   }
   closing_ = true;
+  RememberWindows();
   keeper_.LeaveFolder();
   projections_.Supersede();
   projections_.StopSlowRedraw();

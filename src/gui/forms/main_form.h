@@ -15,9 +15,9 @@ namespace pallomir {
 
 class AnalysesPanel;
 class AxesPanel;
+class ClusterPanel;
 class DisplayPanel;
 class EditPanel;
-class ClusterPanel;
 class FileMenu;
 class FilesPanel;
 class LiveWindows;
@@ -45,6 +45,7 @@ class Main_Form : public QMainWindow {
   void LayOut();
   void MakeMenus();
   void PlaceWindows();
+  void RememberWindows();
 
   void Connect();
   void ConnectLiveWindows();

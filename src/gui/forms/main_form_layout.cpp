@@ -17,6 +17,8 @@ namespace pallomir {
 
 namespace {
 
+constexpr char kPlace[] = "controls.place";
+
 QFrame* Line() {
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
@@ -80,7 +82,7 @@ void Main_Form::LayOut() {
 }
 
 void Main_Form::PlaceWindows() {
-  // Side by side on the screen, with room for the window frames.
+  // Where they were last; the first time side by side on the screen, with room for the window frames.
   constexpr int kFrame = 6, kTitle = 30, kHighest = 900, kNarrowest = 560, kNarrowestView = 400, kWidestView = 1100;
   const QRect screen = this->screen()->availableGeometry().adjusted(kFrame, kTitle, -kFrame, -kFrame);
   const int height = std::min(screen.height(), kHighest), bars = menuBar()->sizeHint().height() + statusBar()->height();
@@ -92,6 +94,13 @@ void Main_Form::PlaceWindows() {
   const int left = screen.left() + width + 2 * kFrame;
   projections_.setGeometry(left, screen.top(), std::clamp(screen.right() + 1 - left, kNarrowestView, kWidestView),
                            height);
+  restoreGeometry(bench_.ThePreferences().Get<QByteArray>(kPlace));
+  live_->Recall(bench_.ThePreferences());
+}
+
+void Main_Form::RememberWindows() {
+  bench_.ThePreferences().Set(kPlace, saveGeometry());
+  live_->Remember(bench_.ThePreferences());
 }
 
 void Main_Form::MakeMenus() {

@@ -24,7 +24,7 @@ ProjectionPicture::ProjectionPicture(const Session& session, PictureOptions opti
   view_ = ViewOf(session, size.width(), size.height());
   const int pixel = std::max(1, static_cast<int>(std::lround(options_.PixelScale)));
   PointLayer layer(size, session.PointSize, pixel, options_.Points);
-  layer.Draw(session, view_, options_.Settings, 0, session.Points.Rows(), random);
+  layer.Draw(session, PairOnView(session), view_, options_.Settings, 0, session.Points.Rows(), random);
   QImage clear = MakeImage(size, QImage::Format_ARGB32);
   clear.fill(Qt::transparent);
   points_ = layer.Over(clear, session);

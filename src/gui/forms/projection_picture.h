@@ -5,7 +5,7 @@
 
 #include "gui/controls/save_image.h"
 #include "gui/viewers/picture.h"
-#include "gui/forms/point_layer.h"
+#include "gui/viewers/point_layer.h"
 
 namespace pallomir {
 

@@ -130,7 +130,7 @@ bool Projections::DrawAllPoints() {
   size_t nextLook = batch;
   for (size_t begin = 0; begin < session_.Points.Rows();) {
     const size_t end = begin + std::min({kTogether, nextLook - begin, session_.Points.Rows() - begin});
-    shown_ += points_.Draw(session_, view_, settings, begin, end, random_);
+    shown_ += points_.Draw(session_, PairOnView(session_), view_, settings, begin, end, random_);
     begin = end;
     if (begin == session_.Points.Rows()) break;
     // Large discs are slow: process events even within a batch.
@@ -238,7 +238,7 @@ void Projections::SlowTick() {
   const double due = static_cast<double>(slowClock_.restart()) / 1000 * static_cast<double>(options_.Batch) + slowRest_;
   const size_t count = std::min(static_cast<size_t>(std::min(due, 1e15)), kMost);
   slowRest_ = due - std::floor(due);
-  shown_ += points_.Draw(session_, view_, Settings(), slowPoint_, slowPoint_ + count, random_);
+  shown_ += points_.Draw(session_, PairOnView(session_), view_, Settings(), slowPoint_, slowPoint_ + count, random_);
   slowPoint_ += count;
   if (count == 0) return;
   ShowPicture();
@@ -318,9 +318,9 @@ ProjectionPicture Projections::Picture() {
   options.Title = windowTitle();
   options.Plot = surface_->size();
   options.PixelScale = 2 * surface_->devicePixelRatioF();
-  options.Ground = {!options_.AxesOff, options_.DrawBoundaries};
+  options.Ground = {!options_.AxesOff, options_.DrawBoundaries, {}};
   options.Points = PointLooks();
-  options.Settings = Drawing();
+  options.Settings = Settings();
   options.Font = font();
   return {session_, std::move(options), random_};
 }

@@ -6,9 +6,9 @@
 #include <optional>
 
 #include "gui/forms/plot_surface.h"
-#include "gui/forms/point_layer.h"
 #include "gui/forms/projection_picture.h"
 #include "gui/forms/workbench.h"
+#include "gui/viewers/point_layer.h"
 #include "pallomir/clusters/overlap.h"
 #include "pallomir/projection/draw_points.h"
 #include "pallomir/projection/polygon.h"
@@ -49,6 +49,7 @@ class Projections : public QMainWindow {
 
   /// Takes effect at the next redraw; the mouse mode at once.
   void SetOptions(const ProjectionOptions& options);
+  const ProjectionOptions& Options() const { return options_; }
   /// Ranges of records to draw, as in DrawSettings; takes effect at the next redraw.
   void SetRecordRanges(decltype(DrawSettings::RecordRanges) ranges) { recordRanges_ = std::move(ranges); }
   const auto& RecordRanges() const { return recordRanges_; }

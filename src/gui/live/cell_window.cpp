@@ -17,6 +17,7 @@ namespace pallomir {
 
 namespace {
 
+constexpr char kSpatialLags[] = "cell.spatialAutocorrelation";
 constexpr int kNarrowest = 160, kLowest = 120;  // of a picture, in pixels
 
 QLabel* MakeCaption(const QString& text) {
@@ -29,8 +30,7 @@ QLabel* MakeCaption(const QString& text) {
 }  // namespace
 
 CellWindow::CellWindow(Dialogs& dialogs)
-    : LiveWindow("Cell", "Cell", "All about the chosen cluster, while it is cut: N goes to the next one"),
-      dialogs_(dialogs),
+    : LiveWindow("Cell", "Cell", "All about the chosen cluster, while it is cut: N goes to the next one", dialogs),
       heading_(MakeHeading({})),
       chkSpatialLags_(MakeCheckBox("chkSpatialLags", "Spatial &autocorrelation",
                                    "Also correlate the rate map with itself at every shift")),
@@ -89,9 +89,6 @@ void CellWindow::MakePictures() {
     picture.Plot = Named(new QCustomPlot, kind.Name, kind.Caption,
                          QString(kind.Meaning) + ". A right click copies or saves the picture.");
     picture.Plot->setMinimumSize(kNarrowest - 20, kLowest);
-    picture.Plot->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(picture.Plot, &QWidget::customContextMenuRequested, this,
-            [this, i](QPoint at) { OfferPicture(i, pictures_[i].Plot->mapToGlobal(at)); });
     auto* column = new QVBoxLayout(picture.Whole);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -111,6 +108,14 @@ void CellWindow::Arrange() {
     grid_->addWidget(picture.Whole, place / columns, place % columns);
     ++place;
   }
+}
+
+void CellWindow::Remember(Preferences& preferences) const {
+  preferences.Set(kSpatialLags, chkSpatialLags_->isChecked());
+}
+
+void CellWindow::Recall(const Preferences& preferences) {
+  chkSpatialLags_->setChecked(preferences.Get(kSpatialLags, false));
 }
 
 void CellWindow::AddWants(const Session& session, LiveWants& wants) const {
@@ -159,41 +164,37 @@ void CellWindow::ShowPictures(const LiveCluster& cluster, const LiveCut& cut) {
   }
 }
 
-void CellWindow::OfferPicture(size_t index, QPoint at) {
-  if (!state_) return;
-  QMenu menu;
-  QAction* copy = menu.addAction("Copy picture");
-  QAction* save = menu.addAction("Save picture...");
-  const QAction* picked = menu.exec(at);
-  QCustomPlot* plot = pictures_[index].Plot;
-  if (picked == copy)
-    QApplication::clipboard()->setImage(plot->toPixmap(plot->width(), plot->height(), kPictureScale).toImage());
-  if (picked == save) SaveAs(index);
+std::optional<size_t> CellWindow::PictureAt(QPoint at) const {
+  for (size_t i = 0; i < pictures_.size(); ++i) {
+    const QCustomPlot* plot = pictures_[i].Plot;
+    if (plot->isVisible() && plot->rect().contains(plot->mapFromGlobal(at))) return i;
+  }
+  return {};
 }
 
-void CellWindow::SaveAs(size_t index) {
+void CellWindow::AddEntries(QMenu& menu, QPoint at) {
+  const auto index = PictureAt(at);
+  if (!index || !state_) return;
+  const QString what = QString(kPlotsOfCell[*index].Caption).toLower();
+  menu.addAction("Copy the " + what, this, [this, index] { CopyPicture(*index); });
+  menu.addAction("Save the " + what + "...", this, [this, index] { SavePictureOf(*index); });
+}
+
+void CellWindow::CopyPicture(size_t index) {
+  QCustomPlot& plot = *pictures_[index].Plot;
+  QApplication::clipboard()->setImage(plot.toPixmap(plot.width(), plot.height(), kPictureScale).toImage());
+}
+
+void CellWindow::SavePictureOf(size_t index) {
   const int c = state_->Program.CurrentCluster;
   const CellPlot& kind = kPlotsOfCell[index];
   const QString name = FileNameWithTetrode(TetrodeOf(state_->Program), {QString("cluster %1").arg(c), kind.Caption});
-  const QString path = dialogs_.SaveFile(
-      this, {"Save picture", "SVG drawing (*.svg)|*.svg|PNG picture (*.png)|*.png|PDF page (*.pdf)|*.pdf",
-             name + ".svg", "svg"});
-  if (path.isEmpty()) return;
-  QCustomPlot& plot = *pictures_[index].Plot;
-  const LiveCluster cluster = state_->Cut.Clusters[c];
-  kind.Draw(plot, cluster, state_->Cut, PrintStyle(*this));
-  const auto drawAgain = [this, index] {
-    pictures_[index].Drawn.reset();
-    emit Changed();
-  };
-  const QPointer<CellWindow> window(this);
-  try {
-    SavePicture(plot, name, PathOf(path), drawAgain);
-  } catch (const std::exception& error) {
-    if (!window) return;
-    drawAgain();
-    dialogs_.ShowMessage(window, QString::fromStdString(SentenceOf(error)), {});
-  }
+  // On white paper, on a plot of its own.
+  QCustomPlot plot;
+  plot.setFont(font());
+  plot.resize(pictures_[index].Plot->size());
+  kind.Draw(plot, state_->Cut.Clusters[c], state_->Cut, PrintStyle(*this));
+  SaveAs(PictureOf(plot, name), name);
 }
 
 void CellWindow::resizeEvent(QResizeEvent* event) {

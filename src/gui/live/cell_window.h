@@ -24,8 +24,11 @@ class CellWindow : public LiveWindow {
 
   void AddWants(const Session& session, LiveWants& wants) const override;
   void ShowState(const LiveState& state) override;
+  void Remember(Preferences& preferences) const override;
+  void Recall(const Preferences& preferences) override;
 
  protected:
+  void AddEntries(QMenu& menu, QPoint at) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -36,10 +39,11 @@ class CellWindow : public LiveWindow {
   void Arrange();
   void ShowFigures(const LiveCluster& cluster, const LiveCut& cut);
   void ShowPictures(const LiveCluster& cluster, const LiveCut& cut);
-  void OfferPicture(size_t index, QPoint at);
-  void SaveAs(size_t index);
+  /// The picture under a position on the screen; empty if there is none.
+  std::optional<size_t> PictureAt(QPoint at) const;
+  void CopyPicture(size_t index);
+  void SavePictureOf(size_t index);
 
-  Dialogs& dialogs_;
   QLabel* heading_;
   QCheckBox* chkSpatialLags_;
   QTreeWidget* figures_;

@@ -12,6 +12,7 @@ namespace pallomir {
 
 namespace {
 
+constexpr char kColumns[] = "clusters.columns";
 const QStringList kUsual = {"spikes",
                             "rate",
                             "short_intervals",
@@ -42,8 +43,7 @@ class SortedClusters : public QSortFilterProxyModel {
 }  // namespace
 
 ClustersWindow::ClustersWindow(Dialogs& dialogs)
-    : LiveWindow("Clusters", "Clusters", "A table of all clusters and their measures"),
-      dialogs_(dialogs),
+    : LiveWindow("Clusters", "Clusters", "A table of all clusters and their measures", dialogs),
       table_(new ClusterTable),
       sorted_(new SortedClusters(this)),
       view_(Named(new QTableView, "clusterTable", "Clusters and their measures", {})) {
@@ -87,6 +87,14 @@ ClustersWindow::ClustersWindow(Dialogs& dialogs)
   connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& row) {
     if (!following_ && row.isValid()) emit ClusterChosen(table_->ClusterAt(sorted_->mapToSource(row).row()));
   });
+}
+
+void ClustersWindow::Remember(Preferences& preferences) const {
+  preferences.Set(kColumns, ShownColumns());
+}
+
+void ClustersWindow::Recall(const Preferences& preferences) {
+  ShowColumns(preferences.Get(kColumns, kUsual));
 }
 
 QWidget* ClustersWindow::Content() const {

@@ -21,6 +21,8 @@ class ClustersWindow : public LiveWindow {
   void AddWants(const Session& session, LiveWants& wants) const override;
   void ShowState(const LiveState& state) override;
   QWidget* Content() const override;
+  void Remember(Preferences& preferences) const override;
+  void Recall(const Preferences& preferences) override;
 
   /// The names of the columns that are shown, "isolation_distance"; those of grade and remark are "grade" and "remark".
   QStringList ShownColumns() const;
@@ -34,7 +36,6 @@ class ClustersWindow : public LiveWindow {
   QString AsText(QChar separator, bool quote) const;
   QString NameOfColumn(int column) const;
 
-  Dialogs& dialogs_;
   ClusterTable* table_;
   QSortFilterProxyModel* sorted_;
   QTableView* view_;

@@ -2,6 +2,7 @@
 
 #include <QtWidgets>
 #include <algorithm>
+#include <cmath>
 
 #include "gui/controls/toolkit_values.h"
 #include "gui/viewers/figures.h"
@@ -86,8 +87,9 @@ void CorrelogramMatrix::changeEvent(QEvent* event) {
 QRectF CorrelogramMatrix::PlaceOf(size_t row, size_t column) const {
   const double head = fontMetrics().height() + 2.0, count = static_cast<double>(clusters_.size());
   const double width = (this->width() - head) / count, height = (this->height() - head) / count;
-  return {head + static_cast<double>(column) * width, head + static_cast<double>(row) * height,
-          std::max(width - kGap, 1.0), std::max(height - kGap, 1.0)};
+  // On whole pixels, so that a cell can be drawn again without its neighbours.
+  return {std::round(head + static_cast<double>(column) * width), std::round(head + static_cast<double>(row) * height),
+          std::max(std::floor(width - kGap), 1.0), std::max(std::floor(height - kGap), 1.0)};
 }
 
 std::optional<std::pair<size_t, size_t>> CorrelogramMatrix::CellAt(QPointF at) const {
@@ -105,6 +107,7 @@ CorrelogramMatrix::Shown CorrelogramMatrix::PairAt(size_t row, size_t column) co
 
 void CorrelogramMatrix::PaintCell(QPainter& painter, size_t row, size_t column) const {
   const QRectF place = PlaceOf(row, column);
+  painter.setClipRect(place);
   painter.fillRect(place, palette().base());
   const Shown shown = PairAt(row, column);
   if (!shown.Pair.Lags || shown.Pair.Lags->Pairs.empty()) return;
@@ -160,9 +163,18 @@ void CorrelogramMatrix::paintEvent(QPaintEvent*) {
   }
 }
 
+QString CorrelogramMatrix::Scale() const {
+  const auto known = std::find_if(pairs_.begin(), pairs_.end(), [](const auto& pair) { return pair.second.Lags; });
+  if (known == pairs_.end()) return {};
+  const Correlogram& lags = *known->second.Lags;
+  const double width = static_cast<double>(lags.Width) / 1000;
+  return QString("Lags up to %1 ms either way, in bins of %2 ms")
+      .arg(Figure(static_cast<double>(lags.Pairs.size()) / 2 * width), Figure(width));
+}
+
 QString CorrelogramMatrix::ReadOut(QPointF at) const {
   const auto cell = CellAt(at);
-  if (!cell) return {};
+  if (!cell) return Scale();
   const auto [row, column] = *cell;
   const Shown shown = PairAt(row, column);
   const QString pair = QString("%1 to %2").arg(clusters_[row]).arg(clusters_[column]);

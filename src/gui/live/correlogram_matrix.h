@@ -22,7 +22,7 @@ class CorrelogramMatrix : public QWidget {
 
   void ShowState(const LiveState& state, const std::vector<int>& clusters);
 
-  /// What is at a position, in words; empty if nothing is.
+  /// What is at a position, in words; the lags that are shown if nothing is.
   QString ReadOut(QPointF at) const;
 
  signals:
@@ -43,6 +43,7 @@ class CorrelogramMatrix : public QWidget {
     /// Row and column are in the other order: lags have the other sign.
     bool Mirrored = false;
   };
+  QString Scale() const;
   std::optional<std::pair<size_t, size_t>> CellAt(QPointF at) const;
   QRectF PlaceOf(size_t row, size_t column) const;
   Shown PairAt(size_t row, size_t column) const;

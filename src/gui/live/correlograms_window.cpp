@@ -19,9 +19,9 @@ std::vector<int> ShownClusters(const Session& session) {
 
 }  // namespace
 
-CorrelogramsWindow::CorrelogramsWindow()
+CorrelogramsWindow::CorrelogramsWindow(Dialogs& dialogs)
     : LiveWindow("Correlograms", "Correlograms",
-                 "Lags between the spikes of all pairs of displayed clusters, beside what chance would give"),
+                 "Lags between the spikes of all pairs of displayed clusters, beside what chance would give", dialogs),
       matrix_(new CorrelogramMatrix),
       readOut_(MakeLabel({})) {
   readOut_->setProperty("quiet", true);
@@ -43,6 +43,7 @@ void CorrelogramsWindow::AddWants(const Session& session, LiveWants& wants) cons
 
 void CorrelogramsWindow::ShowState(const LiveState& state) {
   matrix_->ShowState(state, ShownClusters(state.Program));
+  if (!matrix_->underMouse()) readOut_->setText(matrix_->ReadOut({-1, -1}));
 }
 
 }  // namespace pallomir

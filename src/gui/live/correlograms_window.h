@@ -15,7 +15,7 @@ class CorrelogramsWindow : public LiveWindow {
   Q_OBJECT
 
  public:
-  CorrelogramsWindow();
+  explicit CorrelogramsWindow(Dialogs& dialogs);
 
   void AddWants(const Session& session, LiveWants& wants) const override;
   void ShowState(const LiveState& state) override;

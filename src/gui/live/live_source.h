@@ -42,7 +42,7 @@ class LiveSource : public QObject {
 
   const Session& session_;
   LiveCut cut_;
-  /// What the threads were given.
+  // What the threads were given:
   std::optional<LiveContext> context_;
   PointTable::Version version_;
   ByCluster<bool> defined_{};

@@ -1,8 +1,20 @@
 #include "gui/live/live_window.h"
 
+#include <QtWidgets>
+
+#include "gui/controls/chosen_path.h"
+#include "gui/controls/run_command.h"
+
 namespace pallomir {
 
-LiveWindow::LiveWindow(const QString& name, const QString& title, const QString& what) {
+namespace {
+
+constexpr double kPixelScale = 3;
+
+}  // namespace
+
+LiveWindow::LiveWindow(const QString& name, const QString& title, const QString& what, Dialogs& dialogs)
+    : dialogs_(dialogs) {
   setObjectName(name);
   setWindowTitle(title);
   setAccessibleName(title);
@@ -12,5 +24,48 @@ LiveWindow::LiveWindow(const QString& name, const QString& title, const QString&
 }
 
 void LiveWindow::AddWants(const Session&, LiveWants&) const {}
+void LiveWindow::Remember(Preferences&) const {}
+void LiveWindow::Recall(const Preferences&) {}
+void LiveWindow::AddEntries(QMenu&, QPoint) {}
+
+DrawnPicture LiveWindow::WholePicture() const {
+  QWidget* content = Content();
+  const auto draw = [content](QPaintDevice& device, double scale) {
+    QPainter painter(&device);
+    painter.scale(scale, scale);
+    content->render(&painter);
+  };
+  return {.Title = windowTitle(),
+          .Size = content->size(),
+          .PixelScale = kPixelScale,
+          .Pixels =
+              [draw, size = content->size()] {
+                QImage image = MakeImage((QSizeF(size) * kPixelScale).toSize(), QImage::Format_RGB32);
+                draw(image, kPixelScale);
+                return image;
+              },
+          .Draw = [draw](QPaintDevice& device) { draw(device, 1); }};
+}
+
+void LiveWindow::SaveAs(const DrawnPicture& picture, const QString& name) {
+  const QString path = dialogs_.SaveFile(this, {"Save picture", kPictureFilter, name + ".png", "png"});
+  if (path.isEmpty()) return;
+  const QPointer<LiveWindow> window(this);
+  Dialogs& dialogs = dialogs_;
+  try {
+    SaveDrawnPicture(picture, PathOf(path));
+  } catch (const std::exception& error) {
+    dialogs.ShowMessage(window, QString::fromStdString(SentenceOf(error)), {});
+  }
+}
+
+void LiveWindow::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu;
+  AddEntries(menu, event->globalPos());
+  if (!menu.isEmpty()) menu.addSeparator();
+  menu.addAction("Copy picture", this, [this] { QApplication::clipboard()->setImage(WholePicture().Pixels()); });
+  menu.addAction("Save picture...", this, [this] { SaveAs(WholePicture(), windowTitle()); });
+  menu.exec(event->globalPos());
+}
 
 }  // namespace pallomir

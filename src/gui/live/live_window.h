@@ -1,8 +1,12 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QMenu>
 #include <optional>
 
+#include "gui/controls/dialogs.h"
+#include "gui/controls/preferences.h"
+#include "gui/controls/save_image.h"
 #include "pallomir/live/live_cut.h"
 #include "pallomir/results/cut_points.h"
 #include "pallomir/session/session.h"
@@ -15,6 +19,8 @@ struct LiveState {
   const LiveCut& Cut;
   /// The records of the chosen epochs, if not all are displayed.
   std::optional<RecordRanges> Displayed;
+  /// Points are shaded by their density.
+  bool Density = false;
 };
 
 /// A window that shows the cut while it is made: docked beside the projection, or free. It is told of every change
@@ -24,12 +30,15 @@ class LiveWindow : public QDockWidget {
 
  public:
   /// `name` is the object name, `what` a sentence on what the window shows.
-  LiveWindow(const QString& name, const QString& title, const QString& what);
+  LiveWindow(const QString& name, const QString& title, const QString& what, Dialogs& dialogs);
 
   /// Adds what this window shows to what is computed.
   virtual void AddWants(const Session& session, LiveWants& wants) const;
   /// The session or what is known of the cut may have changed.
   virtual void ShowState(const LiveState& state) = 0;
+  /// What this window keeps from one start to the next, besides its place.
+  virtual void Remember(Preferences& preferences) const;
+  virtual void Recall(const Preferences& preferences);
   /// The content, without the window around it, for pictures.
   virtual QWidget* Content() const { return widget(); }
 
@@ -40,6 +49,19 @@ class LiveWindow : public QDockWidget {
   void ProjectionChosen(int x, int y);
   /// The window was opened or closed, or shows something else now.
   void Changed();
+
+ protected:
+  /// A right click: the window's own entries, and its picture.
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  /// Adds entries for what is at a position on the screen.
+  virtual void AddEntries(QMenu& menu, QPoint at);
+  /// Asks for a file, and saves a picture in it. `name` is without its ending.
+  void SaveAs(const DrawnPicture& picture, const QString& name);
+
+  Dialogs& dialogs_;
+
+ private:
+  DrawnPicture WholePicture() const;
 };
 
 }  // namespace pallomir

@@ -11,23 +11,29 @@
 
 namespace pallomir {
 
+namespace {
+
+constexpr char kPlace[] = "projections.place", kLayout[] = "projections.layout";
+
+}  // namespace
+
 LiveWindows::LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* host,
-                         std::function<LiveContext()> context, std::function<bool()> busy)
+                         std::function<LiveSettings()> settings, std::function<bool()> busy)
     : QObject(host),
       session_(session),
       host_(host),
-      context_(std::move(context)),
+      settings_(std::move(settings)),
       busy_(std::move(busy)),
       source_(session) {
   due_.setSingleShot(true);
   due_.setInterval(0);
   connect(&due_, &QTimer::timeout, this, &LiveWindows::ShowNow);
   connect(&source_, &LiveSource::Arrived, this, &LiveWindows::ShowStates);
-  Add(new PairsWindow, Qt::RightDockWidgetArea, Qt::Key_F2);
-  Add(new CellWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F3);
-  Add(new ClustersWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F4);
-  Add(new CorrelogramsWindow, Qt::BottomDockWidgetArea, Qt::Key_F5);
-  Add(new OverlayWindow, Qt::BottomDockWidgetArea, Qt::Key_F6);
+  Add(new PairsWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F3);
+  Add(new CellWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F4);
+  Add(new ClustersWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F5);
+  Add(new CorrelogramsWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F6);
+  Add(new OverlayWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F7);
 }
 
 void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySequence& key) {
@@ -55,21 +61,35 @@ void LiveWindows::AddTo(QMenu* view) const {
   for (const LiveWindow* window : windows_) view->addAction(window->toggleViewAction());
 }
 
+void LiveWindows::Remember(Preferences& preferences) const {
+  for (const LiveWindow* window : windows_) window->Remember(preferences);
+  preferences.Set(kPlace, host_->saveGeometry());
+  preferences.Set(kLayout, host_->saveState());
+}
+
+void LiveWindows::Recall(const Preferences& preferences) {
+  for (LiveWindow* window : windows_) window->Recall(preferences);
+  host_->restoreGeometry(preferences.Get<QByteArray>(kPlace));
+  host_->restoreState(preferences.Get<QByteArray>(kLayout));
+}
+
 void LiveWindows::ShowNow() {
   // The command that is running ends with a Refresh() of its own.
   if (busy_()) return;
   LiveWants wants;
   for (const LiveWindow* window : windows_)
     if (window->isVisible()) window->AddWants(session_, wants);
-  source_.Follow(context_(), wants);
+  source_.Follow(settings_().Measured, wants);
   ShowStates();
 }
 
 void LiveWindows::ShowStates() {
   if (busy_()) return;
-  const LiveState state{session_, source_.Cut(), context_().Displayed};
+  const LiveSettings settings = settings_();
+  const LiveState state{session_, source_.Cut(), settings.Measured.Displayed, settings.Density};
   for (LiveWindow* window : windows_)
     if (window->isVisible()) window->ShowState(state);
+  emit Shown();
 }
 
 void LiveWindows::Finish() {

@@ -13,18 +13,29 @@ class QMenu;
 
 namespace pallomir {
 
+/// What the windows show besides the session.
+struct LiveSettings {
+  LiveContext Measured;
+  /// Points are shaded by their density.
+  bool Density = false;
+};
+
 /// All windows that show the cut while it is made, docked beside a host window. They follow the session when Refresh()
 /// says that it may have changed, once the program is idle, so that the projection is always drawn first.
 class LiveWindows : public QObject {
   Q_OBJECT
 
  public:
-  /// `context` says what is measured besides the session, and `busy` whether a command is running.
-  LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* host, std::function<LiveContext()> context,
+  /// `settings` says what is shown besides the session, and `busy` whether a command is running.
+  LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* host, std::function<LiveSettings()> settings,
               std::function<bool()> busy);
 
   /// Adds an entry for each window.
   void AddTo(QMenu* view) const;
+
+  /// Where the windows are, which are open, and what they show, from one start to the next.
+  void Remember(Preferences& preferences) const;
+  void Recall(const Preferences& preferences);
 
   /// Something that the windows show may have changed.
   void Refresh() { due_.start(); }
@@ -32,8 +43,12 @@ class LiveWindows : public QObject {
   void Finish();
 
   const std::vector<LiveWindow*>& Windows() const { return windows_; }
+  /// What is known of the cut by now.
+  const LiveCut& Cut() const { return source_.Cut(); }
 
  signals:
+  /// All open windows show Cut().
+  void Shown();
   void ClusterChosen(int c);
   void ProjectionChosen(int x, int y);
 
@@ -44,7 +59,7 @@ class LiveWindows : public QObject {
 
   const Session& session_;
   QMainWindow* host_;
-  std::function<LiveContext()> context_;
+  std::function<LiveSettings()> settings_;
   std::function<bool()> busy_;
   LiveSource source_;
   std::vector<LiveWindow*> windows_;

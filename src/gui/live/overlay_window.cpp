@@ -120,8 +120,9 @@ void WaveformOverlay::resizeEvent(QResizeEvent*) {
   Draw();
 }
 
-OverlayWindow::OverlayWindow()
-    : LiveWindow("Overlay", "Waveforms", "The waveforms of the chosen cluster over each other: N goes to the next one"),
+OverlayWindow::OverlayWindow(Dialogs& dialogs)
+    : LiveWindow("Overlay", "Waveforms", "The waveforms of the chosen cluster over each other: N goes to the next one",
+                 dialogs),
       heading_(MakeHeading({})),
       overlay_(new WaveformOverlay) {
   auto* body = new QWidget;

@@ -42,7 +42,7 @@ class OverlayWindow : public LiveWindow {
   Q_OBJECT
 
  public:
-  OverlayWindow();
+  explicit OverlayWindow(Dialogs& dialogs);
 
   void AddWants(const Session& session, LiveWants& wants) const override;
   void ShowState(const LiveState& state) override;

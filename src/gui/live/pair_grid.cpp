@@ -6,7 +6,7 @@
 
 #include "gui/controls/toolkit_values.h"
 #include "gui/viewers/picture.h"
-#include "pallomir/projection/draw_points.h"
+#include "gui/viewers/point_layer.h"
 
 namespace pallomir {
 
@@ -80,6 +80,7 @@ void PairGrid::ShowState(const LiveState& state) {
                   session.RandomX,
                   session.RandomY,
                   state.Displayed,
+                  state.Density,
                   pairs_,
                   size(),
                   devicePixelRatioF()};
@@ -99,12 +100,12 @@ QImage PairGrid::DrawPair(const LiveState& state, ParameterPair pair, const View
   const Session& session = state.Program;
   const QImage ground = MakeGround(session, scale, ratio, {.Axes = false, .Boundaries = true, .Pair = pair});
   if (!PointsLoaded(session) || !scale.Drawable()) return ground;
-  const int pixel = std::max(1, static_cast<int>(std::lround(ratio)));
-  Raster raster(scale.Width, scale.Height, 0, pixel);
+  PointLayer points({scale.Width, scale.Height}, 0, std::max(1, static_cast<int>(std::lround(ratio))),
+                    state.Density ? PointLayer::Looks::Density : PointLayer::Looks::Points);
   // The same numbers each time, so that spikes in several clusters do not flicker.
   UniformNumbers random(1);
-  DrawPoints(session, pair, scale, {{}, state.Displayed}, 0, session.Points.Rows(), random, raster);
-  return WithPoints(ground, raster, session);
+  points.Draw(session, pair, scale, {{}, state.Displayed}, 0, session.Points.Rows(), random);
+  return points.Over(ground, session);
 }
 
 void PairGrid::Mark(const Session& session, std::optional<size_t> row) {

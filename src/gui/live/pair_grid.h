@@ -61,6 +61,7 @@ class PairGrid : public QWidget {
     ByCluster<bool> Display;
     bool WhiteBackground = false, RandomX = false, RandomY = false;
     std::optional<RecordRanges> Displayed;
+    bool Density = false;
     std::vector<ParameterPair> Pairs;
     QSize Size;
     double Ratio = 1;

@@ -12,6 +12,7 @@ namespace pallomir {
 
 namespace {
 
+constexpr char kPairs[] = "pairs.shown";
 constexpr size_t kMostPairs = 12;
 constexpr double kReach = 8;  // pixels from the pointer to a spike
 constexpr int kFamilies[] = {kMPeak, kPreVal, kEnergy, kValley};
@@ -40,8 +41,9 @@ std::vector<ParameterPair> WirePairs(ParameterPair pair) {
   return pairs;
 }
 
-PairsWindow::PairsWindow()
-    : LiveWindow("Pairs", "Pairs", "Several projections beside each other; a spike under the pointer is marked in all"),
+PairsWindow::PairsWindow(Dialogs& dialogs)
+    : LiveWindow("Pairs", "Pairs", "Several projections beside each other; a spike under the pointer is marked in all",
+                 dialogs),
       grid_(new PairGrid),
       spike_(MakeLabel({})) {
   spike_->setProperty("quiet", true);
@@ -55,6 +57,21 @@ PairsWindow::PairsWindow()
   setWidget(body);
   connect(grid_, &PairGrid::PairChosen, this, [this](ParameterPair pair) { emit ProjectionChosen(pair.X, pair.Y); });
   connect(grid_, &PairGrid::Hovered, this, &PairsWindow::Hover);
+}
+
+void PairsWindow::Remember(Preferences& preferences) const {
+  QStringList pairs;
+  for (const ParameterPair pair : chosen_) pairs << QString("%1,%2").arg(pair.X).arg(pair.Y);
+  preferences.Set(kPairs, pairs);
+}
+
+void PairsWindow::Recall(const Preferences& preferences) {
+  std::vector<ParameterPair> pairs;
+  for (const QString& text : preferences.Get<QStringList>(kPairs)) {
+    const int x = text.section(',', 0, 0).toInt(), y = text.section(',', 1).toInt();
+    if (x >= 0 && x < kParameters && y >= 0 && y < kParameters) pairs.push_back({x, y});
+  }
+  Choose(std::move(pairs));
 }
 
 void PairsWindow::Choose(std::vector<ParameterPair> pairs) {
@@ -81,30 +98,25 @@ void PairsWindow::Hover(std::optional<size_t> pair, QPointF pixel) {
   spike_->setText(row ? AboutSpike(session, *row) : QString());
 }
 
-void PairsWindow::contextMenuEvent(QContextMenuEvent* event) {
-  const auto at = grid_->PairAt(grid_->mapFromGlobal(event->globalPos()));
+void PairsWindow::AddEntries(QMenu& menu, QPoint at) {
   const std::vector<ParameterPair> shown = grid_->Pairs();
-  QMenu menu;
-  QAction* add = menu.addAction("Add the pair of Projections");
-  add->setEnabled(onView_ && shown.size() < kMostPairs &&
-                  std::find(shown.begin(), shown.end(), *onView_) == shown.end());
-  QAction* remove = menu.addAction("Remove this pair");
-  remove->setEnabled(at && shown.size() > 1);
-  menu.addSeparator();
-  QAction* family = menu.addAction("Pairs of wires in the family on view");
-  family->setCheckable(true);
-  family->setChecked(chosen_.empty());
-  const QAction* picked = menu.exec(event->globalPos());
-  std::vector<ParameterPair> pairs = shown;
-  if (picked == add) {
+  QAction* add = menu.addAction("Add the pair of Projections", this, [this, shown] {
+    std::vector<ParameterPair> pairs = shown;
     pairs.push_back(*onView_);
     Choose(std::move(pairs));
-  } else if (picked == remove) {
-    pairs.erase(pairs.begin() + static_cast<std::ptrdiff_t>(*at));
+  });
+  add->setEnabled(onView_ && shown.size() < kMostPairs &&
+                  std::find(shown.begin(), shown.end(), *onView_) == shown.end());
+  const auto pair = grid_->PairAt(grid_->mapFromGlobal(at));
+  QAction* remove = menu.addAction("Remove this pair", this, [this, shown, pair] {
+    std::vector<ParameterPair> pairs = shown;
+    pairs.erase(pairs.begin() + static_cast<std::ptrdiff_t>(*pair));
     Choose(std::move(pairs));
-  } else if (picked == family) {
-    Choose({});
-  }
+  });
+  remove->setEnabled(pair && shown.size() > 1);
+  QAction* family = menu.addAction("Pairs of wires in the family on view", this, [this] { Choose({}); });
+  family->setCheckable(true);
+  family->setChecked(chosen_.empty());
 }
 
 }  // namespace pallomir

@@ -15,17 +15,19 @@ class PairsWindow : public LiveWindow {
   Q_OBJECT
 
  public:
-  PairsWindow();
+  explicit PairsWindow(Dialogs& dialogs);
 
   void ShowState(const LiveState& state) override;
   QWidget* Content() const override { return grid_; }
+  void Remember(Preferences& preferences) const override;
+  void Recall(const Preferences& preferences) override;
 
   /// The pairs that the user chose; empty for those of the family on view.
   const std::vector<ParameterPair>& Chosen() const { return chosen_; }
   void Choose(std::vector<ParameterPair> pairs);
 
  protected:
-  void contextMenuEvent(QContextMenuEvent* event) override;
+  void AddEntries(QMenu& menu, QPoint at) override;
 
  private:
   void Hover(std::optional<size_t> pair, QPointF pixel);

@@ -160,8 +160,7 @@ void ReportSheet::Fill(World& world, const Report& report, const QString& title)
   PlotMap(*picRateMap_, report.Rate, PrintStyle(*picRateMap_));
   PlotSpikesOnPath(*picSpikeMap_, report);
   pace.Reached(0.1);
-  PlotAverageWaveform(*picWaveForm_, report.Measures.Average, report.Measures.InMicrovolts,
-                      PrintStyle(*picWaveForm_));
+  PlotAverageWaveform(*picWaveForm_, report.Measures.Average, report.Measures.InMicrovolts, PrintStyle(*picWaveForm_));
   PlotSeries(*picMaxHeight_, report.Spikes, report.Spikes.MaxHeight, "counts");
   PlotSeries(*picXPos_, report.Spikes, report.SpikePositions.X, "pixels");
   pace.Reached(0.2);

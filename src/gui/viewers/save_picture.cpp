@@ -1,11 +1,8 @@
 #include "gui/viewers/save_picture.h"
 
-#include "gui/controls/save_image.h"
-
 namespace pallomir {
 
-void SavePicture(QCustomPlot& plot, const QString& title, const std::filesystem::path& path,
-                 const std::function<void()>& rendered) {
+DrawnPicture PictureOf(QCustomPlot& plot, const QString& title) {
   const auto draw = [&plot](QPaintDevice& device) {
     QCPPainter painter;
     painter.begin(&device);
@@ -15,7 +12,12 @@ void SavePicture(QCustomPlot& plot, const QString& title, const std::filesystem:
     plot.toPainter(&painter, plot.width(), plot.height());
   };
   const auto pixels = [&plot] { return plot.toPixmap(plot.width(), plot.height(), kPictureScale).toImage(); };
-  SaveDrawnPicture({title, plot.size(), kPictureScale, pixels, draw}, path, rendered);
+  return {title, plot.size(), kPictureScale, pixels, draw};
+}
+
+void SavePicture(QCustomPlot& plot, const QString& title, const std::filesystem::path& path,
+                 const std::function<void()>& rendered) {
+  SaveDrawnPicture(PictureOf(plot, title), path, rendered);
 }
 
 }  // namespace pallomir

@@ -162,7 +162,9 @@ void PlotBars(QCustomPlot& plot, const Bars& bars, const PlotStyle& style) {
   QCPAxis* y = rect->axis(QCPAxis::atLeft);
   if (bars.Logarithmic) {
     x->setScaleType(QCPAxis::stLogarithmic);
-    x->setTicker(QSharedPointer<QCPAxisTickerLog>(new QCPAxisTickerLog));
+    const QSharedPointer<QCPAxisTickerLog> decades(new QCPAxisTickerLog);
+    decades->setLogBase(100);  // numbers at every other decade have room
+    x->setTicker(decades);
     x->setNumberFormat("g");
   }
   const double highest = *std::max_element(bars.Counts.begin(), bars.Counts.end());

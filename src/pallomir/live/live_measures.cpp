@@ -175,9 +175,7 @@ std::optional<LiveMeasures::Job> LiveMeasures::NextOfCell(Lane lane) const {
   for (const MeasurePart part :
        {MeasurePart::Train, MeasurePart::Waveform, MeasurePart::Place, MeasurePart::Isolation}) {
     if (!wants_.CellParts[IndexOf(part)]) continue;
-    // The slow thread only prepares what the quick one needs.
-    const auto job = NextPart(lane, c, part);
-    if (job && (lane == Lane::Quick || part == MeasurePart::Isolation || job->Kind != Job::What::Part)) return job;
+    if (const auto job = NextPart(lane, c, part)) return job;
   }
   const Job lags{Job::What::SpatialLags, c};
   const LiveCluster& cluster = cut_.Clusters[c];

@@ -28,8 +28,8 @@ void ClusterWaveforms::Measure(MeasuredCluster& cluster, const SpikeFile& file, 
 FeatureMoments MeasureIsolation(MeasuredCluster& cluster, const SpikeFeatures& features,
                                 std::span<const uint8_t> member, const Progress& progress) {
   FeatureMoments moments = MomentsOf(features.Columns, member);
-  cluster.Apart = IsolationOf(features.Columns, member, progress);
-  cluster.Separate = SeparationOf(features.Columns, member, features.All, moments);
+  cluster.Apart = IsolationOf(features.Columns, member, progress.Part(0, 0.3));
+  cluster.Separate = SeparationOf(features.Columns, member, features.All, moments, progress.Part(0.3, 1));
   return moments;
 }
 

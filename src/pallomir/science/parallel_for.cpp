@@ -32,6 +32,8 @@ void ParallelFor(size_t count, const Progress& progress, const std::function<voi
     work(true);
   }
   if (failure) std::rethrow_exception(failure);
+  // The others may have done all the work before the calling thread reported anything.
+  progress.Reached(1);
 }
 
 }  // namespace pallomir

@@ -106,15 +106,19 @@ FeatureColumns Standardised(const FeatureColumns& columns, const std::vector<siz
 }
 
 /// The share of the first `members` points among the neighbours of points begin..end-1.
-double ShareOfMembers(const NearestSpikes& nearest, size_t members, size_t begin, size_t end) {
+double ShareOfMembers(const NearestSpikes& nearest, size_t members, size_t begin, size_t end,
+                      const Progress& progress) {
+  constexpr size_t kLook = 64;
   size_t hits = 0;
-  for (size_t i = begin; i < end; ++i)
+  for (size_t i = begin; i < end; ++i) {
     for (const size_t neighbour : nearest.Of(i)) hits += neighbour < members;
+    if (i % kLook == 0) progress.Reached(static_cast<double>(i - begin) / static_cast<double>(end - begin));
+  }
   return static_cast<double>(hits) / static_cast<double>((end - begin) * NearestSpikes::kNearest);
 }
 
 void CountNeighbours(const FeatureColumns& columns, std::span<const uint8_t> member, const FeatureMoments& all,
-                     Separation& separation) {
+                     const Progress& progress, Separation& separation) {
   const std::vector<size_t> inside = SpikesIn(member, true), outside = SpikesIn(member, false);
   separation.NeighbourHits = separation.NeighbourMisses = Measured::None("too few spikes on a side");
   if (std::min(inside.size(), outside.size()) <= NearestSpikes::kNearest) return;
@@ -126,8 +130,8 @@ void CountNeighbours(const FeatureColumns& columns, std::span<const uint8_t> mem
   separation.NeighbourHits = separation.NeighbourMisses = Measured::None("all spikes have the same features");
   if (points.empty()) return;
   const NearestSpikes nearest(points);
-  separation.NeighbourHits = ShareOfMembers(nearest, members, 0, members);
-  separation.NeighbourMisses = ShareOfMembers(nearest, members, members, drawn.size());
+  separation.NeighbourHits = ShareOfMembers(nearest, members, 0, members, progress.Part(0, 0.5));
+  separation.NeighbourMisses = ShareOfMembers(nearest, members, members, drawn.size(), progress.Part(0.5, 1));
 }
 
 }  // namespace
@@ -142,10 +146,10 @@ FeatureMoments MomentsOf(const FeatureColumns& columns, std::span<const uint8_t>
 }
 
 Separation SeparationOf(const FeatureColumns& columns, std::span<const uint8_t> member, const FeatureMoments& all,
-                        const FeatureMoments& cluster) {
+                        const FeatureMoments& cluster, const Progress& progress) {
   Separation separation;
   separation.Discriminability = DiscriminabilityOf(cluster, Without(all, cluster));
-  CountNeighbours(columns, member, all, separation);
+  CountNeighbours(columns, member, all, progress, separation);
   return separation;
 }
 

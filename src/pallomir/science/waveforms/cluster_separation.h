@@ -33,9 +33,9 @@ struct Separation {
 };
 
 /// `member[i]` is not 0 if spike i belongs to the cluster; `all` and `cluster` are the moments of all spikes and of the
-/// cluster's.
+/// cluster's. Throws Interrupted if `progress` requests it.
 Separation SeparationOf(const FeatureColumns& columns, std::span<const uint8_t> member, const FeatureMoments& all,
-                        const FeatureMoments& cluster);
+                        const FeatureMoments& cluster, const Progress& progress = {});
 
 /// The distance of the means of two clusters under their pooled covariance (Mahalanobis); a spike may be in both.
 Measured ClusterDistance(const FeatureMoments& one, const FeatureMoments& other);

@@ -17,9 +17,9 @@ class PointLayer {
 
   int Width() const { return points_.Width(); }
 
-  /// Draws loaded points begin..end-1 in the session's projection; returns how many are on the surface.
-  size_t Draw(const Session& session, const View& view, const DrawSettings& settings, size_t begin, size_t end,
-              UniformNumbers& random);
+  /// Draws loaded points begin..end-1 by two parameters; returns how many are on the surface.
+  size_t Draw(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings, size_t begin,
+              size_t end, UniformNumbers& random);
 
   /// The ground with the points over it, in the session's colours.
   QImage Over(const QImage& ground, const Session& session) const;

@@ -1,4 +1,4 @@
-#include "gui/forms/point_layer.h"
+#include "gui/viewers/point_layer.h"
 
 #include "gui/viewers/picture.h"
 
@@ -9,11 +9,10 @@ PointLayer::PointLayer(QSize size, float pointSize, int pixel, Looks looks)
   if (looks == Looks::Density) density_.emplace(size.width(), size.height(), pixel, ColourCode(0));
 }
 
-size_t PointLayer::Draw(const Session& session, const View& view, const DrawSettings& settings, size_t begin,
-                        size_t end, UniformNumbers& random) {
-  if (!density_) return DrawPoints(session, view, settings, begin, end, random, points_);
-  const ParameterPair shown{session.XParameter, session.YParameter};
-  return DrawDensity(session, shown, view, settings, begin, end, random, *density_);
+size_t PointLayer::Draw(const Session& session, ParameterPair pair, const View& view, const DrawSettings& settings,
+                        size_t begin, size_t end, UniformNumbers& random) {
+  return density_ ? DrawDensity(session, pair, view, settings, begin, end, random, *density_)
+                  : DrawPoints(session, pair, view, settings, begin, end, random, points_);
 }
 
 QImage PointLayer::Over(const QImage& ground, const Session& session) const {
