@@ -4,15 +4,13 @@
 
 #include <QtTest>
 #include <random>
-#include <sstream>
 
 #include "form_tests.h"
 #include "gui/live/clusters_window.h"
 #include "gui/live/pairs_window.h"
 #include "gui/viewers/figures.h"
 #include "pallomir/results/measure_clusters.h"
-#include "program.h"
-#include "tools/sample/make_sample.h"
+#include "sample_program.h"
 
 namespace pallomir {
 
@@ -20,50 +18,11 @@ namespace {
 
 constexpr int kSpikes = 3000;
 
-/// A sample recording, opened and loaded.
-struct SampleProgram {
-  QTemporaryDir Folder;
-  ScriptedDialogs Answers;
-  Session Shared;
-  std::unique_ptr<Main_Form> Form;
+/// Works on a sample recording at random.
+struct RandomProgram : SampleProgram {
   std::mt19937 Random{7};
 
-  SampleProgram() {
-    std::ostringstream said;
-    ProgressBar progress(said, false);
-    const QString recording = Folder.filePath("sample");
-    MakeSample({recording.toStdString(), kSpikes, 1}, progress);
-    Answers.FilesToOpen = {recording + "/TT1/TT1.Ntt.parms"};
-    Form = std::make_unique<Main_Form>(Shared, Answers);
-    Form->Form_Load();
-    Form->show();
-    Click("cmdLoadPoints");
-    QApplication::processEvents();
-  }
-
-  QMainWindow* View() const {
-    for (QWidget* window : QApplication::topLevelWidgets())
-      if (window->objectName() == "Projections" && window->isVisible()) return qobject_cast<QMainWindow*>(window);
-    return nullptr;
-  }
-  LiveWindows* Live() const { return View()->findChild<LiveWindows*>(); }
-  template <class Window>
-  Window* Open() const {
-    auto* window = View()->findChild<Window*>();
-    window->show();
-    QApplication::processEvents();
-    Live()->Finish();
-    return window;
-  }
-  void OpenAll() const {
-    for (LiveWindow* window : Live()->Windows()) {
-      window->setFloating(true);
-      window->resize(520, 480);
-      window->show();
-    }
-    QApplication::processEvents();
-  }
-  void Click(const QString& name) const { Box<QAbstractButton>(Form.get(), name)->click(); }
+  RandomProgram() { Load(); }
   int Below(int count) { return static_cast<int>(Random() % static_cast<unsigned>(count)); }
 
   void DrawPolygon() {
@@ -75,11 +34,6 @@ struct SampleProgram {
       QTest::mousePress(surface, k == 4 ? Qt::RightButton : Qt::LeftButton, {}, at);
     }
   }
-  void ChooseCluster(int c) const {
-    auto* label = Box<QAbstractButton>(Form.get(), QString("lblChooseCluster(%1)").arg(c));
-    (label->isHidden() ? Box<QAbstractButton>(Form.get(), QString("lblNewCluster(%1)").arg(c)) : label)->click();
-  }
-
   /// Something that a user could do.
   void Command() {
     static const QStringList buttons = {
@@ -110,7 +64,7 @@ class LiveWindowsTest : public QObject {
 
  private slots:
   void EveryWindowEqualsAFreshOneAfterRandomCommands() {
-    SampleProgram program;
+    RandomProgram program;
     program.OpenAll();
     for (int k = 0; k < 500; ++k) {
       program.Command();
@@ -147,7 +101,7 @@ class LiveWindowsTest : public QObject {
   }
 
   void TheTableHoldsTheMeasuresOfTheCut() {
-    SampleProgram program;
+    RandomProgram program;
     for (const int c : {1, 2, 5}) {
       program.ChooseCluster(c);
       program.DrawPolygon();
@@ -171,7 +125,7 @@ class LiveWindowsTest : public QObject {
   }
 
   void ClicksInTheWindowsChoose() {
-    SampleProgram program;
+    RandomProgram program;
     for (const int c : {3, 4}) {
       program.ChooseCluster(c);
       program.DrawPolygon();

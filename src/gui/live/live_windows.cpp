@@ -43,12 +43,20 @@ void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySeq
   if (sameSide != windows_.end()) host_->tabifyDockWidget(*sameSide, window);
   window->hide();
   windows_.push_back(window);
-  QAction* toggle = window->toggleViewAction();
-  toggle->setShortcut(key);
-  toggle->setShortcutContext(Qt::ApplicationShortcut);
-  host_->addAction(toggle);
-  connect(toggle, &QAction::triggered, window, [window](bool shown) {
-    if (!shown) return;
+  auto* entry = new QAction(window->windowTitle(), this);
+  entry->setToolTip(window->accessibleDescription());
+  entry->setCheckable(true);
+  entry->setShortcut(key);
+  entry->setShortcutContext(Qt::ApplicationShortcut);
+  host_->addAction(entry);
+  entries_.push_back(entry);
+  connect(window->toggleViewAction(), &QAction::toggled, entry, &QAction::setChecked);
+  connect(entry, &QAction::triggered, window, [window, entry] {
+    // A window behind another tab is brought to the front first.
+    const bool inFront = window->isVisible() && !window->visibleRegion().isEmpty();
+    window->setVisible(!inFront);
+    entry->setChecked(!inFront);
+    if (inFront) return;
     window->raise();
     window->setFocus();
   });
@@ -58,7 +66,7 @@ void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySeq
 }
 
 void LiveWindows::AddTo(QMenu* view) const {
-  for (const LiveWindow* window : windows_) view->addAction(window->toggleViewAction());
+  view->addActions(entries_);
 }
 
 void LiveWindows::Remember(Preferences& preferences) const {

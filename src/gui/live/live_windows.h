@@ -63,6 +63,7 @@ class LiveWindows : public QObject {
   std::function<bool()> busy_;
   LiveSource source_;
   std::vector<LiveWindow*> windows_;
+  QList<QAction*> entries_;
   QTimer due_;
 };
 

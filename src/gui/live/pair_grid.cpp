@@ -30,6 +30,12 @@ int ColumnsFor(size_t count, QSize room, int titleHeight) {
   return best;
 }
 
+/// "MPeak-1 × 2" within a family, otherwise both names.
+QString TitleOf(const QString& x, const QString& y) {
+  const bool family = x.contains('-') && x.section('-', 0, 0) == y.section('-', 0, 0);
+  return x + " × " + (family ? y.section('-', 1) : y);
+}
+
 }  // namespace
 
 PairGrid::PairGrid() {
@@ -89,7 +95,7 @@ void PairGrid::ShowState(const LiveState& state) {
   for (size_t i = 0; i < cells_.size(); ++i) {
     Cell& cell = cells_[i];
     const QSize pixels = (QSizeF(cell.Place.size()) * now.Ratio).toSize();
-    cell.Title = FromText(session.ParameterNames[pairs_[i].X]) + " × " + FromText(session.ParameterNames[pairs_[i].Y]);
+    cell.Title = TitleOf(FromText(session.ParameterNames[pairs_[i].X]), FromText(session.ParameterNames[pairs_[i].Y]));
     cell.Scale = ViewOf(session, pairs_[i], pixels.width(), pixels.height());
     cell.Picture = DrawPair(state, pairs_[i], cell.Scale, now.Ratio);
   }

@@ -18,12 +18,21 @@ size_t FamilyOf(int parameter) {
   return static_cast<size_t>(std::find_if(kFamilies.begin(), kFamilies.end(), holds) - kFamilies.begin());
 }
 
+/// The wires of a family that were recorded; one of MPeak holds record numbers instead.
+std::vector<int> WiresInUse(const Session& session, int family) {
+  std::vector<int> wires;
+  for (int p = family; p < family + kWires; ++p)
+    if (!session.AllZero[p] && p != kRecordSlot) wires.push_back(p);
+  return wires;
+}
+
 std::vector<ParameterPair> UsefulPairs(const Session& session) {
   std::vector<ParameterPair> pairs;
-  for (const int family : kFamilies)
-    for (int x = family; x < family + kWires; ++x)
-      for (int y = x + 1; y < family + kWires && !session.AllZero[x]; ++y)
-        if (!session.AllZero[y]) pairs.push_back({x, y});
+  for (const int family : kFamilies) {
+    const std::vector<int> wires = WiresInUse(session, family);
+    for (size_t a = 0; a < wires.size(); ++a)
+      for (size_t b = a + 1; b < wires.size(); ++b) pairs.push_back({wires[a], wires[b]});
+  }
   return pairs;
 }
 
