@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <string>
 #include <vector>
 
 namespace pallomir {
@@ -40,10 +40,12 @@ TEST(PdfBookmarks, StandBehindTheDocumentInATableThatLeadsToThem) {
   EXPECT_NE(added.find("/Size 9\n/Root 2 0 R\n/Info 1 0 R\n/Prev " + std::to_string(before.find("xref\n")) + "\n"),
             std::string::npos);
   std::vector<std::string> entries;
-  const std::regex entry("(\\d+) 1\n(\\d{10}) 00000 n \n");
-  for (std::sregex_iterator e(added.begin(), added.end(), entry), end; e != end; ++e) {
-    entries.push_back((*e)[1]);
-    EXPECT_EQ(pdf.compare(std::stoul((*e)[2]), 8, std::string((*e)[1]) + " 0 obj\n"), 0) << e->str();
+  // Each part of the table: "7 1", then the offset of object 7 in ten digits.
+  const std::string in = " 00000 n \n";
+  for (size_t at = added.find(in); at != std::string::npos; at = added.find(in, at + 1)) {
+    const size_t line = added.rfind('\n', at - 12);
+    entries.push_back(added.substr(line + 1, added.find(' ', line) - line - 1));
+    EXPECT_EQ(pdf.compare(std::stoul(added.substr(at - 10, 10)), 8, entries.back() + " 0 obj\n"), 0) << entries.back();
   }
   EXPECT_EQ(entries, (std::vector<std::string>{"2", "6", "7", "8"}));
   EXPECT_EQ(pdf.substr(std::stoul(pdf.substr(pdf.rfind("startxref") + 10)), 5), "xref\n");
