@@ -64,7 +64,7 @@ std::optional<QStringList> TextsIn(const QJsonValue& json) {
   if (!json.isArray()) return {};
   QStringList texts;
   const QJsonArray array = json.toArray();
-  for (const QJsonValue& text : array) {
+  for (const auto& text : array) {
     if (!text.isString()) return {};
     texts << text.toString();
   }

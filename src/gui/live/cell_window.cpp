@@ -84,7 +84,7 @@ void CellWindow::MakePictures() {
   for (size_t i = 0; i < pictures_.size(); ++i) {
     const CellPlot& kind = kPlotsOfCell[i];
     Picture& picture = pictures_[i];
-    picture.Whole = new QWidget;
+    picture.Whole = new QWidget(sheet_);
     picture.Caption = MakeCaption(kind.Caption);
     picture.Plot = Named(new QCustomPlot, kind.Name, kind.Caption,
                          QString(kind.Meaning) + ". A right click copies or saves the picture.");
