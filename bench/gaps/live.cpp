@@ -139,7 +139,7 @@ class Driver : public Dialogs {
     pulse_.Begin();
     Mouse(Qt::RightButton, x, y);
     if (alone) QApplication::processEvents();
-    while (!shown || !done()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (!shown || !live_->Finished() || !done()) QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const double time = pulse_.Elapsed();
     QObject::disconnect(connection);
     return time;

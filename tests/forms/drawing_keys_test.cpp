@@ -65,6 +65,10 @@ class DrawingKeysTest : public QObject {
     QVERIFY(PointsInCluster(program.Shared, 1) > 0);
     program.Key(Qt::Key_Return);
     QCOMPARE(program.Drawn().Boundaries[0].VertexCount, 3);
+    // Where the last corner was just set, Enter only closes.
+    for (const QPoint at : {QPoint(30, 30), QPoint(300, 30), QPoint(300, 300), QPoint(30, 300)}) program.Corner(at);
+    program.Key(Qt::Key_Return);
+    QCOMPARE(program.Drawn().Boundaries[0].VertexCount, 4);
   }
 
   void AWholeCutWithTheCross() {

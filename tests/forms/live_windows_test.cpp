@@ -6,6 +6,7 @@
 #include <random>
 
 #include "form_tests.h"
+#include "gui/live/cell_window.h"
 #include "gui/live/clusters_window.h"
 #include "gui/live/pairs_window.h"
 #include "gui/viewers/figures.h"
@@ -122,6 +123,24 @@ class LiveWindowsTest : public QObject {
         QCOMPARE(shown.isNull(), !value.Known());
         if (value.Known()) QCOMPARE(shown.toDouble(), value.Value);
       }
+  }
+
+  void TheProjectionKeepsItsSizeWhileOneCuts() {
+    RandomProgram program;
+    program.Open<CellWindow>();
+    program.View()->resize(900, 600);
+    QApplication::processEvents();
+    const auto* surface = program.View()->findChild<QWidget*>("surface");
+    const QSize before = surface->size();
+    for (const int c : {3, 4, 5}) {
+      program.ChooseCluster(c);
+      QApplication::processEvents();
+      QCOMPARE(surface->size(), before);
+      program.DrawPolygon();
+      program.Live()->Finish();
+      QApplication::processEvents();
+      QCOMPARE(surface->size(), before);
+    }
   }
 
   void ClicksInTheWindowsChoose() {

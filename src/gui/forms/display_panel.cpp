@@ -59,7 +59,7 @@ void DisplayPanel::MakeControls() {
     connect(made, &QAction::toggled, this, [this, name](bool chosen) { bench_.ThePreferences().Set(name, chosen); });
     return made;
   };
-  mnuDensity = entry("mnuDensity", "Density", "Shade points by how many lie on a pixel (D in the projection)");
+  mnuDensity = entry("mnuDensity", "Density\tD", "Shade points by how many lie on a pixel (D in the projection)");
   mnuSafeColours = entry("mnuSafeColours", "Colours safe for colour-blind eyes",
                          "Give the clusters colours that differ without red or green receptors too");
   session_.SafeColours = mnuSafeColours->isChecked();

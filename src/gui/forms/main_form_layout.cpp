@@ -19,6 +19,16 @@ namespace {
 
 constexpr char kPlace[] = "controls.place";
 
+/// The screen may be smaller than the one on which the window was last.
+void KeepWithin(QWidget& window, const QRect& screen) {
+  if (QGuiApplication::screens().size() > 1) return;
+  const QSize size = window.size().boundedTo(screen.size());
+  const QPoint farthest(screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height());
+  window.setGeometry(
+      {{std::clamp(window.x(), screen.left(), farthest.x()), std::clamp(window.y(), screen.top(), farthest.y())},
+       size});
+}
+
 QFrame* Line() {
   auto* line = new QFrame;
   line->setFrameShape(QFrame::HLine);
@@ -96,6 +106,7 @@ void Main_Form::PlaceWindows() {
                            height);
   restoreGeometry(bench_.ThePreferences().Get<QByteArray>(kPlace));
   live_->Recall(bench_.ThePreferences());
+  for (QWidget* window : std::initializer_list<QWidget*>{this, &projections_}) KeepWithin(*window, screen);
 }
 
 void Main_Form::RememberWindows() {

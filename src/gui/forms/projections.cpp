@@ -40,7 +40,7 @@ Projections::Projections(Workbench& bench)
                       {"1.  Choose a range on the left: records, times, or an epoch.", "2.  Press Load Points.",
                        "3.  Choose a cluster by its number, then click the corners of a polygon here,",
                        "     the last one with the right button."});
-  message_ = new ElidedLine;
+  message_ = new StatusLine;
   message_->setObjectName("message");
   pointer_ = new ElidedLine;
   count_ = MakeLabel({});
@@ -68,7 +68,8 @@ Projections::Projections(Workbench& bench)
   grid->addLayout(status, 2, 0, 1, 2);
   grid->setRowStretch(0, 1);
   setCentralWidget(body);
-  setDockOptions(AllowNestedDocks | AllowTabbedDocks | GroupedDragging);
+  setDockOptions(AllowNestedDocks | AllowTabbedDocks);
+  body->setFocusProxy(surface_);
 
   mender_ = new BoundaryMender(bench_, *surface_, this);
   cross_ = new KeyCross(*surface_, this);

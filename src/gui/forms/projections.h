@@ -142,6 +142,8 @@ class Projections : public QMainWindow {
   /// Sets a corner at the cross.
   void ClickCross();
   void TakeBackCorner();
+  /// Sets the last corner and closes the open polygon.
+  void CloseByKey(Vertex at);
   /// A wheel over the surface zooms about the pointer.
   void Form_MouseWheel(double notches, Vertex at);
   /// Steps back to the ranges before the last zoom or move of this projection.

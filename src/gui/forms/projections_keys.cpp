@@ -64,10 +64,22 @@ bool Projections::PolygonKey(const QKeyEvent& key) {
   if (key.key() == Qt::Key_Backspace)
     TakeBackCorner();
   else if (IsEnter(key) && !slow_.isActive())
-    Form_MouseDown(Qt::RightButton, cross_->Shown() ? cross_->At() : surface_->Pointer(), {});
+    CloseByKey(cross_->Shown() ? cross_->At() : surface_->Pointer());
   else
     return false;
   return true;
+}
+
+void Projections::CloseByKey(Vertex at) {
+  // Where the last corner was just set, that one is the last: it does not count twice.
+  constexpr double kSamePlace = 2;
+  const View scale = surface_->Scale();
+  const Boundary& drawn = BoundaryOf(session_, *open_);
+  const Vertex last = drawn.Vertices[drawn.VertexCount - 1];
+  const bool again = std::abs(scale.PixelX(at.X) - scale.PixelX(last.X)) <= kSamePlace &&
+                     std::abs(scale.PixelY(at.Y) - scale.PixelY(last.Y)) <= kSamePlace;
+  if (again && drawn.VertexCount > 1) TakeBackVertex(session_, open_);
+  Form_MouseDown(Qt::RightButton, again ? last : at, {});
 }
 
 void Projections::TakeBackCorner() {

@@ -52,8 +52,11 @@ CellWindow::CellWindow(Dialogs& dialogs)
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(6, 2, 6, 4);
   column->setSpacing(3);
-  column->addLayout(Row({heading_, nullptr, chkSpatialLags_}));
+  // Its text must not change the window's width, and with it that of the projection.
+  heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  column->addWidget(heading_);
   column->addWidget(parts, 1);
+  column->addWidget(chkSpatialLags_);
   setWidget(body);
   connect(chkSpatialLags_, &QCheckBox::toggled, this, [this](bool shown) {
     pictures_[kSpatialLagsPlot].Whole->setVisible(shown);
@@ -89,6 +92,10 @@ void CellWindow::MakePictures() {
     picture.Plot = Named(new QCustomPlot, kind.Name, kind.Caption,
                          QString(kind.Meaning) + ". A right click copies or saves the picture.");
     picture.Plot->setMinimumSize(kNarrowest - 20, kLowest);
+    // Plots do not pass mouse events on to their parents.
+    picture.Plot->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(picture.Plot, &QWidget::customContextMenuRequested, this,
+            [this, plot = picture.Plot](QPoint at) { OpenMenu(plot->mapToGlobal(at)); });
     auto* column = new QVBoxLayout(picture.Whole);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -167,7 +174,7 @@ void CellWindow::ShowPictures(const LiveCluster& cluster, const LiveCut& cut) {
 std::optional<size_t> CellWindow::PictureAt(QPoint at) const {
   for (size_t i = 0; i < pictures_.size(); ++i) {
     const QCustomPlot* plot = pictures_[i].Plot;
-    if (plot->isVisible() && plot->rect().contains(plot->mapFromGlobal(at))) return i;
+    if (plot->visibleRegion().contains(plot->mapFromGlobal(at))) return i;
   }
   return {};
 }

@@ -25,7 +25,7 @@ CorrelogramsWindow::CorrelogramsWindow(Dialogs& dialogs)
       matrix_(new CorrelogramMatrix),
       readOut_(MakeLabel({})) {
   readOut_->setProperty("quiet", true);
-  readOut_->setMinimumWidth(1);
+  readOut_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* body = new QWidget;
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(6, 2, 6, 2);

@@ -24,6 +24,10 @@ LiveWindow::LiveWindow(const QString& name, const QString& title, const QString&
 }
 
 void LiveWindow::AddWants(const Session&, LiveWants&) const {}
+void LiveWindow::Finish() {}
+bool LiveWindow::Finished() const {
+  return true;
+}
 void LiveWindow::Remember(Preferences&) const {}
 void LiveWindow::Recall(const Preferences&) {}
 void LiveWindow::AddEntries(QMenu&, QPoint) {}
@@ -60,12 +64,16 @@ void LiveWindow::SaveAs(const DrawnPicture& picture, const QString& name) {
 }
 
 void LiveWindow::contextMenuEvent(QContextMenuEvent* event) {
+  OpenMenu(event->globalPos());
+}
+
+void LiveWindow::OpenMenu(QPoint at) {
   QMenu menu;
-  AddEntries(menu, event->globalPos());
+  AddEntries(menu, at);
   if (!menu.isEmpty()) menu.addSeparator();
   menu.addAction("Copy picture", this, [this] { QApplication::clipboard()->setImage(WholePicture().Pixels()); });
   menu.addAction("Save picture...", this, [this] { SaveAs(WholePicture(), windowTitle()); });
-  menu.exec(event->globalPos());
+  menu.exec(at);
 }
 
 }  // namespace pallomir

@@ -36,6 +36,9 @@ class LiveWindow : public QDockWidget {
   virtual void AddWants(const Session& session, LiveWants& wants) const;
   /// The session or what is known of the cut may have changed.
   virtual void ShowState(const LiveState& state) = 0;
+  /// Draws at once what would be drawn bit by bit.
+  virtual void Finish();
+  virtual bool Finished() const;
   /// What this window keeps from one start to the next, besides its place.
   virtual void Remember(Preferences& preferences) const;
   virtual void Recall(const Preferences& preferences);
@@ -51,8 +54,9 @@ class LiveWindow : public QDockWidget {
   void Changed();
 
  protected:
-  /// A right click: the window's own entries, and its picture.
   void contextMenuEvent(QContextMenuEvent* event) override;
+  /// The menu of a right click at a position on the screen: the window's own entries, and its picture.
+  void OpenMenu(QPoint at);
   /// Adds entries for what is at a position on the screen.
   virtual void AddEntries(QMenu& menu, QPoint at);
   /// Asks for a file, and saves a picture in it. `name` is without its ending.

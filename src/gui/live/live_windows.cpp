@@ -51,12 +51,12 @@ void LiveWindows::Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySeq
   host_->addAction(entry);
   entries_.push_back(entry);
   connect(window->toggleViewAction(), &QAction::toggled, entry, &QAction::setChecked);
-  connect(entry, &QAction::triggered, window, [window, entry] {
+  connect(entry, &QAction::triggered, window, [this, window, entry] {
     // A window behind another tab is brought to the front first.
     const bool inFront = window->isVisible() && !window->visibleRegion().isEmpty();
     window->setVisible(!inFront);
     entry->setChecked(!inFront);
-    if (inFront) return;
+    if (inFront) return host_->centralWidget()->setFocus();
     window->raise();
     window->setFocus();
   });
@@ -100,10 +100,16 @@ void LiveWindows::ShowStates() {
   emit Shown();
 }
 
+bool LiveWindows::Finished() const {
+  return std::all_of(windows_.begin(), windows_.end(),
+                     [](const LiveWindow* window) { return !window->isVisible() || window->Finished(); });
+}
+
 void LiveWindows::Finish() {
   due_.stop();
   ShowNow();
   source_.Finish();
+  for (LiveWindow* window : windows_) window->Finish();
 }
 
 }  // namespace pallomir

@@ -43,11 +43,13 @@ class LiveWindows : public QObject {
   void Finish();
 
   const std::vector<LiveWindow*>& Windows() const { return windows_; }
+  /// Whether all open windows show Cut().
+  bool Finished() const;
   /// What is known of the cut by now.
   const LiveCut& Cut() const { return source_.Cut(); }
 
  signals:
-  /// All open windows show Cut().
+  /// All open windows were given Cut(); some may still be drawing it.
   void Shown();
   void ClusterChosen(int c);
   void ProjectionChosen(int x, int y);

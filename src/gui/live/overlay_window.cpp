@@ -129,6 +129,7 @@ OverlayWindow::OverlayWindow(Dialogs& dialogs)
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(6, 2, 6, 4);
   column->setSpacing(2);
+  heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   column->addWidget(heading_);
   column->addWidget(overlay_, 1);
   setWidget(body);

@@ -44,7 +44,9 @@ PairGrid::PairGrid() {
   setMinimumSize(180, 140);
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName("Pairs of parameters");
-  setToolTip("A click shows the pair in Projections. Right click for other pairs.");
+  turn_.setInterval(0);
+  connect(&turn_, &QTimer::timeout, this, &PairGrid::DrawNext);
+  // No tooltip, which would cover what one points at.
 }
 
 void PairGrid::SetPairs(std::vector<ParameterPair> pairs) {
@@ -67,6 +69,7 @@ void PairGrid::LayOut() {
                             std::max(height - kGap - title, 2));
   }
   drawn_.reset();
+  turn_.stop();
   update();
 }
 
@@ -92,14 +95,29 @@ void PairGrid::ShowState(const LiveState& state) {
                   devicePixelRatioF()};
   if (drawn_ == now) return;
   drawn_ = now;
-  for (size_t i = 0; i < cells_.size(); ++i) {
-    Cell& cell = cells_[i];
-    const QSize pixels = (QSizeF(cell.Place.size()) * now.Ratio).toSize();
-    cell.Title = TitleOf(FromText(session.ParameterNames[pairs_[i].X]), FromText(session.ParameterNames[pairs_[i].Y]));
-    cell.Scale = ViewOf(session, pairs_[i], pixels.width(), pixels.height());
-    cell.Picture = DrawPair(state, pairs_[i], cell.Scale, now.Ratio);
+  state_.emplace(state);
+  next_ = 0;
+  turn_.start();
+}
+
+void PairGrid::DrawNext() {
+  if (next_ >= cells_.size() || !state_) return turn_.stop();
+  const Session& session = state_->Program;
+  const ParameterPair pair = pairs_[next_];
+  Cell& cell = cells_[next_];
+  const QSize pixels = (QSizeF(cell.Place.size()) * drawn_->Ratio).toSize();
+  cell.Title = TitleOf(FromText(session.ParameterNames[pair.X]), FromText(session.ParameterNames[pair.Y]));
+  cell.Scale = ViewOf(session, pair, pixels.width(), pixels.height());
+  cell.Picture = DrawPair(*state_, pair, cell.Scale, drawn_->Ratio);
+  if (++next_ == cells_.size()) {
+    turn_.stop();
+    Mark(session, marked_);
   }
-  Mark(session, marked_);
+  update();
+}
+
+void PairGrid::DrawRest() {
+  while (turn_.isActive()) DrawNext();
 }
 
 QImage PairGrid::DrawPair(const LiveState& state, ParameterPair pair, const View& scale, double ratio) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QTimer>
 #include <QWidget>
 #include <optional>
 #include <vector>
@@ -20,8 +21,11 @@ class PairGrid : public QWidget {
 
   void SetPairs(std::vector<ParameterPair> pairs);
   const std::vector<ParameterPair>& Pairs() const { return pairs_; }
-  /// Draws what has changed since the last time.
+  /// Draws what has changed since the last time, one picture after another, so that events are processed in between.
   void ShowState(const LiveState& state);
+  /// Draws at once what is left.
+  void DrawRest();
+  bool Drawing() const { return turn_.isActive(); }
 
   /// The index of the pair at a position; empty between them.
   std::optional<size_t> PairAt(QPoint position) const;
@@ -69,11 +73,16 @@ class PairGrid : public QWidget {
   };
 
   void LayOut();
+  void DrawNext();
   static QImage DrawPair(const LiveState& state, ParameterPair pair, const View& scale, double ratio);
 
   std::vector<ParameterPair> pairs_;
   std::vector<Cell> cells_;
   std::optional<Drawn> drawn_;
+  std::optional<LiveState> state_;
+  /// The first picture that is out of date.
+  size_t next_ = 0;
+  QTimer turn_;
   std::optional<ParameterPair> onView_;
   std::optional<size_t> marked_;
 };

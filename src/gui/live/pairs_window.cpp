@@ -12,6 +12,7 @@ namespace pallomir {
 
 namespace {
 
+constexpr char kHint[] = "A click shows the pair in Projections; right click for other pairs.";
 constexpr char kPairs[] = "pairs.shown";
 constexpr size_t kMostPairs = 12;
 constexpr double kReach = 8;  // pixels from the pointer to a spike
@@ -45,9 +46,9 @@ PairsWindow::PairsWindow(Dialogs& dialogs)
     : LiveWindow("Pairs", "Pairs", "Several projections beside each other; a spike under the pointer is marked in all",
                  dialogs),
       grid_(new PairGrid),
-      spike_(MakeLabel({})) {
+      spike_(MakeLabel(kHint)) {
   spike_->setProperty("quiet", true);
-  spike_->setMinimumWidth(1);
+  spike_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   auto* body = new QWidget;
   auto* column = new QVBoxLayout(body);
   column->setContentsMargins(4, 2, 4, 2);
@@ -95,7 +96,7 @@ void PairsWindow::Hover(std::optional<size_t> pair, QPointF pixel) {
     row = NearestPoint(session, grid_->Pairs()[*pair], grid_->ViewOfPair(*pair), pixel.x(), pixel.y(),
                        kReach * devicePixelRatioF(), state_->Displayed);
   grid_->Mark(session, row);
-  spike_->setText(row ? AboutSpike(session, *row) : QString());
+  spike_->setText(row ? AboutSpike(session, *row) : kHint);
 }
 
 void PairsWindow::AddEntries(QMenu& menu, QPoint at) {

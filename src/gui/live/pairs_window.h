@@ -19,6 +19,8 @@ class PairsWindow : public LiveWindow {
 
   void ShowState(const LiveState& state) override;
   QWidget* Content() const override { return grid_; }
+  void Finish() override { grid_->DrawRest(); }
+  bool Finished() const override { return !grid_->Drawing(); }
   void Remember(Preferences& preferences) const override;
   void Recall(const Preferences& preferences) override;
 

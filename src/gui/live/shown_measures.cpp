@@ -71,7 +71,10 @@ QString ShownMeasure::Text(const LiveCluster& cluster) const {
   if (!cluster.Measured[IndexOf(Value->Part)]) return "…";
   const QString value = FigureOf(*Value, cluster.Measures);
   if (!Low || !Value->Of(cluster.Measures).Known()) return value;
-  return QString("%1 (%2–%3)").arg(value, FigureOf(*Low, cluster.Measures), FigureOf(*High, cluster.Measures));
+  const auto end = [&](const MeasureColumn& column) {
+    return QString::number(column.Of(cluster.Measures).Value, 'g', 2);
+  };
+  return QString("%1 (%2–%3)").arg(value, end(*Low), end(*High));
 }
 
 QString ShownMeasure::Remark(const LiveCluster& cluster, const LiveCut& cut) const {
