@@ -44,7 +44,7 @@ QString FileMenu::AskForRecording(Dialogs& dialogs, QWidget* parent) {
 }
 
 void FileMenu::NoteOpened(const QString& parameterFile) {
-  QStringList files = bench_.ThePreferences().Get<QStringList>(kRecent);
+  auto files = bench_.ThePreferences().Get<QStringList>(kRecent);
   files.removeAll(parameterFile);
   files.prepend(parameterFile);
   bench_.ThePreferences().Set(kRecent, QStringList(files.first(std::min(files.size(), kMostRecent))));

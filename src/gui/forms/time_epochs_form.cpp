@@ -77,7 +77,7 @@ void TimeEpochs::LayOut() {
   chkFilter_ = MakeCheckBox("chkFilter", "Do not display TTL and AD Errors", "Takes effect when a file is loaded");
   auto* load = MakeButton("cmdLoadEventsFile", "&Load Events File", "List the events of the recording");
   auto* fill = MakeButton("cmdFillFromEvents", "&Fill From Events",
-                          "Fill the empty rows with the parts that the events name: \"maze1 start\" and \"maze1 end\"");
+                          R"(Fill the empty rows with the parts that the events name: "maze1 start" and "maze1 end")");
   auto* find = MakeButton("cmdFindEventNumbers", "&Get Event IDs",
                           "Find the closest event numbers that are associated with the epoch timestamps listed here");
   auto* clear = MakeButton("cmdClear", "Clear Epochs", "Clear all boxes of the table");
