@@ -16,8 +16,8 @@ class ClusterTable : public QAbstractTableModel {
 
  public:
   /// Columns: the cluster's number, the measures, the grade, the remark.
-  int GradeColumn() const { return 1 + static_cast<int>(ShownMeasures().size()); }
-  int RemarkColumn() const { return GradeColumn() + 1; }
+  static int GradeColumn() { return 1 + static_cast<int>(ShownMeasures().size()); }
+  static int RemarkColumn() { return GradeColumn() + 1; }
 
   void ShowState(const LiveState& state);
   /// The cluster of a row.

@@ -120,10 +120,10 @@ void ClustersWindow::ShowState(const LiveState& state) {
   following_ = false;
 }
 
-QString ClustersWindow::NameOfColumn(int column) const {
+QString ClustersWindow::NameOfColumn(int column) {
   if (column == 0) return "cluster";
-  if (column == table_->GradeColumn()) return "grade";
-  if (column == table_->RemarkColumn()) return "remark";
+  if (column == ClusterTable::GradeColumn()) return "grade";
+  if (column == ClusterTable::RemarkColumn()) return "remark";
   return QString::fromStdString(ShownMeasures()[static_cast<size_t>(column) - 1].Value->Name);
 }
 

@@ -34,7 +34,7 @@ class ClustersWindow : public LiveWindow {
   void SaveTable();
   /// The table as it is shown, its fields separated by `separator`; quoted where they contain it if `quote`.
   QString AsText(QChar separator, bool quote) const;
-  QString NameOfColumn(int column) const;
+  static QString NameOfColumn(int column);
 
   ClusterTable* table_;
   QSortFilterProxyModel* sorted_;

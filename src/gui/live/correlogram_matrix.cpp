@@ -177,7 +177,7 @@ QString CorrelogramMatrix::ReadOut(QPointF at) const {
   if (!cell) return Scale();
   const auto [row, column] = *cell;
   const Shown shown = PairAt(row, column);
-  const QString pair = QString("%1 to %2").arg(clusters_[row]).arg(clusters_[column]);
+  QString pair = QString("%1 to %2").arg(clusters_[row]).arg(clusters_[column]);
   if (!shown.Pair.Lags || shown.Pair.Lags->Pairs.empty()) return pair;
   const Correlogram& lags = *shown.Pair.Lags;
   const QRectF place = PlaceOf(row, column);

@@ -122,7 +122,7 @@ void PairGrid::DrawRest() {
 
 QImage PairGrid::DrawPair(const LiveState& state, ParameterPair pair, const View& scale, double ratio) {
   const Session& session = state.Program;
-  const QImage ground = MakeGround(session, scale, ratio, {.Axes = false, .Boundaries = true, .Pair = pair});
+  QImage ground = MakeGround(session, scale, ratio, {.Axes = false, .Boundaries = true, .Pair = pair});
   if (!PointsLoaded(session) || !scale.Drawable()) return ground;
   PointLayer points({scale.Width, scale.Height}, 0, std::max(1, static_cast<int>(std::lround(ratio))),
                     state.Density ? PointLayer::Looks::Density : PointLayer::Looks::Points);

@@ -69,7 +69,7 @@ QString ShownMeasure::Meaning(bool inMicrovolts) const {
 
 QString ShownMeasure::Text(const LiveCluster& cluster) const {
   if (!cluster.Measured[IndexOf(Value->Part)]) return "…";
-  const QString value = FigureOf(*Value, cluster.Measures);
+  QString value = FigureOf(*Value, cluster.Measures);
   if (!Low || !Value->Of(cluster.Measures).Known()) return value;
   const auto end = [&](const MeasureColumn& column) {
     return QString::number(column.Of(cluster.Measures).Value, 'g', 2);
