@@ -54,8 +54,9 @@ LoadedTime LoadedTimeOf(const PointTable& points, const std::optional<RecordRang
   if (!ranges) return LoadedSpan(points);
   const auto records = points.Column(kRecordSlot);
   std::vector<TimeRange> spans;
-  for (const auto& [low, high] : *ranges) {
-    const TimeRange span = SpanOf(points, [&](size_t i) { return records[i] >= low && records[i] <= high; });
+  for (const auto& range : *ranges) {
+    const TimeRange span =
+        SpanOf(points, [&](size_t i) { return records[i] >= range.first && records[i] <= range.second; });
     if (span.First <= span.Last) spans.push_back(span);
   }
   std::sort(spans.begin(), spans.end(), [](const TimeRange& a, const TimeRange& b) { return a.First < b.First; });

@@ -174,7 +174,7 @@ std::string FillFromEvents(EpochTable& table, std::string_view listing) {
       ++filled;
     }
   }
-  if (epochs.Found.empty()) return "No event says where a part begins (\"maze1 start\", \"Begin sleep\", \"run on\").";
+  if (epochs.Found.empty()) return R"(No event says where a part begins ("maze1 start", "Begin sleep", "run on").)";
   std::string told = Counted(filled, " epoch was", " epochs were") + " filled in.";
   const auto add = [&told](const std::string& sentence) { told.append(1, ' ').append(sentence); };
   if (held > 0) add(Counted(held, " is", " are") + " in the table already.");
