@@ -163,8 +163,7 @@ class LiveWindowsTest : public QObject {
     QCOMPARE(program.Shared.CurrentCluster, 3);
     QTest::keyClick(program.View(), Qt::Key_N);
     QCOMPARE(program.Shared.CurrentCluster, 4);
-    QApplication::processEvents();
-    QCOMPARE(table->currentIndex().row(), 1);
+    QTRY_COMPARE(table->currentIndex().row(), 1);
     QTest::keyClick(program.View(), Qt::Key_N);
     QCOMPARE(program.Shared.CurrentCluster, 3);
   }

@@ -48,16 +48,10 @@ CellWindow::CellWindow(Dialogs& dialogs)
   parts->addWidget(scroll);
   parts->addWidget(figures_);
   parts->setSizes({700, 300});
-  auto* body = new QWidget;
-  auto* column = new QVBoxLayout(body);
-  column->setContentsMargins(6, 2, 6, 4);
-  column->setSpacing(3);
-  // Its text must not change the window's width, and with it that of the projection.
-  heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  column->addWidget(heading_);
+  QVBoxLayout* column = MakeContent();
+  AddText(column, heading_);
   column->addWidget(parts, 1);
   column->addWidget(chkSpatialLags_);
-  setWidget(body);
   connect(chkSpatialLags_, &QCheckBox::toggled, this, [this](bool shown) {
     pictures_[kSpatialLagsPlot].Whole->setVisible(shown);
     columns_ = 0;

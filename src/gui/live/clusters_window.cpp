@@ -67,13 +67,9 @@ ClustersWindow::ClustersWindow(Dialogs& dialogs)
   auto* cmdColumns = MakeButton("cmdColumns", "C&olumns", "Choose the measures that are shown");
   auto* cmdCopy = MakeButton("cmdCopyTable", "Copy", "Copy the table as it is shown (Ctrl+C)");
   auto* cmdSave = MakeButton("cmdSaveTable", "Save CSV", "Save the table as it is shown");
-  auto* body = new QWidget;
-  auto* column = new QVBoxLayout(body);
-  column->setContentsMargins(6, 2, 6, 4);
-  column->setSpacing(3);
+  QVBoxLayout* column = MakeContent();
   column->addLayout(Row({cmdColumns, cmdCopy, cmdSave, nullptr}));
   column->addWidget(view_, 1);
-  setWidget(body);
   ShowColumns(kUsual);
   connect(cmdColumns, &QPushButton::clicked, this,
           [this, cmdColumns] { OfferColumns(cmdColumns->mapToGlobal(QPoint(0, cmdColumns->height()))); });

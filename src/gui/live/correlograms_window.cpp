@@ -25,14 +25,9 @@ CorrelogramsWindow::CorrelogramsWindow(Dialogs& dialogs)
       matrix_(new CorrelogramMatrix),
       readOut_(MakeLabel({})) {
   readOut_->setProperty("quiet", true);
-  readOut_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  auto* body = new QWidget;
-  auto* column = new QVBoxLayout(body);
-  column->setContentsMargins(6, 2, 6, 2);
-  column->setSpacing(2);
+  QVBoxLayout* column = MakeContent();
   column->addWidget(matrix_, 1);
-  column->addWidget(readOut_);
-  setWidget(body);
+  AddText(column, readOut_);
   connect(matrix_, &CorrelogramMatrix::ClusterChosen, this, &CorrelogramsWindow::ClusterChosen);
   connect(matrix_, &CorrelogramMatrix::Hovered, this, [this](QPointF at) { readOut_->setText(matrix_->ReadOut(at)); });
 }

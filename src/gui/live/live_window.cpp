@@ -63,6 +63,20 @@ void LiveWindow::SaveAs(const DrawnPicture& picture, const QString& name) {
   }
 }
 
+QVBoxLayout* LiveWindow::MakeContent() {
+  auto* content = new QWidget;
+  auto* column = new QVBoxLayout(content);
+  column->setContentsMargins(6, 2, 6, 4);
+  column->setSpacing(3);
+  setWidget(content);
+  return column;
+}
+
+void LiveWindow::AddText(QVBoxLayout* column, QLabel* text) {
+  text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  column->addWidget(text);
+}
+
 void LiveWindow::contextMenuEvent(QContextMenuEvent* event) {
   OpenMenu(event->globalPos());
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QLabel>
 #include <QMenu>
+#include <QVBoxLayout>
 #include <optional>
 
 #include "gui/controls/dialogs.h"
@@ -61,6 +63,10 @@ class LiveWindow : public QDockWidget {
   virtual void AddEntries(QMenu& menu, QPoint at);
   /// Asks for a file, and saves a picture in it. `name` is without its ending.
   void SaveAs(const DrawnPicture& picture, const QString& name);
+  /// Makes the content: a column for the window's parts.
+  QVBoxLayout* MakeContent();
+  /// Adds a line of text whose length does not change the window's width, and with it that of the projection.
+  static void AddText(QVBoxLayout* column, QLabel* text);
 
   Dialogs& dialogs_;
 

@@ -28,7 +28,13 @@ LiveWindows::LiveWindows(const Session& session, Dialogs& dialogs, QMainWindow* 
   due_.setSingleShot(true);
   due_.setInterval(0);
   connect(&due_, &QTimer::timeout, this, &LiveWindows::ShowNow);
-  connect(&source_, &LiveSource::Arrived, this, &LiveWindows::ShowStates);
+  turn_.setSingleShot(true);
+  turn_.setInterval(0);
+  connect(&turn_, &QTimer::timeout, this, &LiveWindows::ShowNext);
+  connect(&source_, &LiveSource::Arrived, this, [this] {
+    again_ = turn_.isActive();
+    if (!again_) ShowAll();
+  });
   Add(new PairsWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F3);
   Add(new CellWindow(dialogs), Qt::RightDockWidgetArea, Qt::Key_F4);
   Add(new ClustersWindow(dialogs), Qt::BottomDockWidgetArea, Qt::Key_F5);
@@ -88,20 +94,34 @@ void LiveWindows::ShowNow() {
   for (const LiveWindow* window : windows_)
     if (window->isVisible()) window->AddWants(session_, wants);
   source_.Follow(settings_().Measured, wants);
-  ShowStates();
+  ShowAll();
 }
 
-void LiveWindows::ShowStates() {
+void LiveWindows::ShowAll() {
+  next_ = 0;
+  again_ = false;
+  turn_.start();
+}
+
+void LiveWindows::ShowNext() {
   if (busy_()) return;
-  const LiveSettings settings = settings_();
-  const LiveState state{session_, source_.Cut(), settings.Measured.Displayed, settings.Density};
-  for (LiveWindow* window : windows_)
-    if (window->isVisible()) window->ShowState(state);
+  const auto hidden = [this] { return next_ < windows_.size() && !windows_[next_]->isVisible(); };
+  while (hidden()) ++next_;
+  if (next_ < windows_.size()) Show(*windows_[next_++]);
+  while (hidden()) ++next_;
+  if (next_ < windows_.size()) return turn_.start();
+  if (again_) ShowAll();
   emit Shown();
 }
 
+void LiveWindows::Show(LiveWindow& window) {
+  const LiveSettings settings = settings_();
+  window.ShowState({session_, source_.Cut(), settings.Measured.Displayed, settings.Density});
+}
+
 bool LiveWindows::Finished() const {
-  return std::all_of(windows_.begin(), windows_.end(),
+  return !due_.isActive() && !turn_.isActive() &&
+         std::all_of(windows_.begin(), windows_.end(),
                      [](const LiveWindow* window) { return !window->isVisible() || window->Finished(); });
 }
 
@@ -109,7 +129,12 @@ void LiveWindows::Finish() {
   due_.stop();
   ShowNow();
   source_.Finish();
-  for (LiveWindow* window : windows_) window->Finish();
+  turn_.stop();
+  for (LiveWindow* window : windows_) {
+    if (window->isVisible()) Show(*window);
+    window->Finish();
+  }
+  emit Shown();
 }
 
 }  // namespace pallomir

@@ -57,7 +57,10 @@ class LiveWindows : public QObject {
  private:
   void Add(LiveWindow* window, Qt::DockWidgetArea area, const QKeySequence& key);
   void ShowNow();
-  void ShowStates();
+  // One window at a time, so that none makes the user wait for the others.
+  void ShowAll();
+  void ShowNext();
+  void Show(LiveWindow& window);
 
   const Session& session_;
   QMainWindow* host_;
@@ -67,6 +70,9 @@ class LiveWindows : public QObject {
   std::vector<LiveWindow*> windows_;
   QList<QAction*> entries_;
   QTimer due_;
+  QTimer turn_;
+  size_t next_ = 0;     // the window whose turn it is
+  bool again_ = false;  // results have arrived that windows shown before have not seen
 };
 
 }  // namespace pallomir

@@ -125,14 +125,9 @@ OverlayWindow::OverlayWindow(Dialogs& dialogs)
                  dialogs),
       heading_(MakeHeading({})),
       overlay_(new WaveformOverlay) {
-  auto* body = new QWidget;
-  auto* column = new QVBoxLayout(body);
-  column->setContentsMargins(6, 2, 6, 4);
-  column->setSpacing(2);
-  heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  column->addWidget(heading_);
+  QVBoxLayout* column = MakeContent();
+  AddText(column, heading_);
   column->addWidget(overlay_, 1);
-  setWidget(body);
 }
 
 void OverlayWindow::AddWants(const Session& session, LiveWants& wants) const {

@@ -48,14 +48,9 @@ PairsWindow::PairsWindow(Dialogs& dialogs)
       grid_(new PairGrid),
       spike_(MakeLabel(kHint)) {
   spike_->setProperty("quiet", true);
-  spike_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-  auto* body = new QWidget;
-  auto* column = new QVBoxLayout(body);
-  column->setContentsMargins(4, 2, 4, 2);
-  column->setSpacing(2);
+  QVBoxLayout* column = MakeContent();
   column->addWidget(grid_, 1);
-  column->addWidget(spike_);
-  setWidget(body);
+  AddText(column, spike_);
   connect(grid_, &PairGrid::PairChosen, this, [this](ParameterPair pair) { emit ProjectionChosen(pair.X, pair.Y); });
   connect(grid_, &PairGrid::Hovered, this, &PairsWindow::Hover);
 }

@@ -15,6 +15,9 @@
 #include <windows.h>
 #else
 #include <fcntl.h>
+#ifdef __APPLE__
+#include <pthread/qos.h>
+#endif
 #include <sys/file.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -296,6 +299,17 @@ uint64_t FreeMemory() {
     if (name == "MemAvailable:") return kilobytes * 1024;
 #endif
   return UINT64_MAX;
+}
+
+void WorkInBackground() {
+#ifdef _WIN32
+  SetThreadPriority(GetCurrentThread(), THREAD_PRIORITY_LOWEST);
+#elif defined(__APPLE__)
+  pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
+#elif defined(__linux__)
+  // Linux applies this to the calling thread alone, unlike POSIX.
+  setpriority(PRIO_PROCESS, 0, 10);
+#endif
 }
 
 #ifdef _WIN32

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "pallomir/recorded/position_file.h"
+#include "pallomir/files/platform.h"
 #include "pallomir/results/recorded_waveforms.h"
 #include "pallomir/science/behaviour/spatial_autocorrelation.h"
 
@@ -212,6 +213,7 @@ std::optional<LiveMeasures::Job> LiveMeasures::Next(Lane lane) const {
 // --- doing it
 
 void LiveMeasures::Work(Lane lane) {
+  WorkInBackground();
   Worker& worker = workers_[static_cast<size_t>(lane)];
   std::unique_lock lock(guard_);
   for (;;) {
