@@ -9,18 +9,14 @@
 #include <cmath>
 #include <cstdio>
 #include <functional>
-#include <iostream>
 #include <map>
 #include <vector>
 
+#include "gaps/on_recording.h"
 #include "gaps/pulse.h"
-#include "gui/controls/dialogs.h"
-#include "gui/controls/theme.h"
 #include "gui/forms/main_form.h"
 #include "gui/live/live_window.h"
 #include "pallomir/session/session.h"
-#include "support.h"
-#include "tools/sample/make_sample.h"
 
 namespace pallomir::bench {
 
@@ -43,9 +39,9 @@ Boundary RoundAll(const Session& session, int x, int y) {
   return boundary;
 }
 
-class Driver : public Dialogs {
+class Driver : public SampleDialogs {
  public:
-  explicit Driver(std::string recording) : recording_(QString::fromStdString(recording)) {}
+  using SampleDialogs::SampleDialogs;
 
   bool Run() {
     bool started = false;
@@ -69,10 +65,6 @@ class Driver : public Dialogs {
     return true;
   }
 
-  // Dialogs
-  void ShowMessage(QWidget*, const QString& text, const QString&) override {
-    std::fprintf(stderr, "  message: %s\n", qPrintable(text));
-  }
   QString OpenFile(QWidget*, const FileDialogOptions& options) override {
     return recording_ + (options.DefaultExtension == "Ntt.parms" ? "/TT1/TT1.Ntt.parms" : "/TT1/Events.Nev");
   }
@@ -84,9 +76,6 @@ class Driver : public Dialogs {
     printer.setOutputFileName(recording_ + "/printed.pdf");
     return 1;
   }
-  bool Confirm(QWidget*, const QString&) override { return true; }
-  bool StartProgram(const QString&) override { return false; }
-  bool ShowDocument(const QString&) override { return false; }
 
  private:
   struct Line {
@@ -263,7 +252,6 @@ class Driver : public Dialogs {
                 qPrintable(lines_[0].Command));
   }
 
-  QString recording_;
   std::vector<Line> lines_;
   Pulse pulse_;
   Session session_;
@@ -276,14 +264,5 @@ class Driver : public Dialogs {
 }  // namespace pallomir::bench
 
 int main(int argumentCount, char** arguments) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argumentCount, arguments);
-  QApplication::setQuitOnLastWindowClosed(false);
-  pallomir::ApplyTheme(application);
-  if (argumentCount > 1) return pallomir::bench::Driver(arguments[1]).Run() ? 0 : 1;
-  const QTemporaryDir folder;
-  const std::string recording = folder.filePath("recording").toStdString();
-  pallomir::ProgressBar progress(std::cerr, false);
-  pallomir::MakeSample({recording, static_cast<uint64_t>(pallomir::bench::Spikes()), 1}, progress);
-  return pallomir::bench::Driver(recording).Run() ? 0 : 1;
+  return pallomir::bench::RunOnRecording<pallomir::bench::Driver>(argumentCount, arguments);
 }

@@ -7,15 +7,11 @@
 #include <algorithm>
 #include <cstdio>
 #include <functional>
-#include <iostream>
 
+#include "gaps/on_recording.h"
 #include "gaps/pulse.h"
-#include "gui/controls/dialogs.h"
-#include "gui/controls/theme.h"
 #include "gui/forms/main_form.h"
 #include "gui/live/live_windows.h"
-#include "support.h"
-#include "tools/sample/make_sample.h"
 
 namespace pallomir::bench {
 
@@ -24,9 +20,9 @@ namespace {
 constexpr int kTimes = 5;
 constexpr int kRecut = 15;  // the cluster whose polygon is drawn again
 
-class Driver : public Dialogs {
+class Driver : public SampleDialogs {
  public:
-  explicit Driver(std::string recording) : recording_(QString::fromStdString(recording)) {}
+  using SampleDialogs::SampleDialogs;
 
   bool Run() {
     if (!form_.Form_Load()) return false;
@@ -58,16 +54,6 @@ class Driver : public Dialogs {
     form_.close();
     return true;
   }
-
-  void ShowMessage(QWidget*, const QString& text, const QString&) override {
-    std::fprintf(stderr, "  message: %s\n", qPrintable(text));
-  }
-  QString OpenFile(QWidget*, const FileDialogOptions&) override { return recording_ + "/TT1/TT1.Ntt.parms"; }
-  QString SaveFile(QWidget*, const FileDialogOptions&) override { return {}; }
-  int Print(QWidget*, QPrinter&) override { return 0; }
-  bool Confirm(QWidget*, const QString&) override { return true; }
-  bool StartProgram(const QString&) override { return false; }
-  bool ShowDocument(const QString&) override { return false; }
 
  private:
   void Press(const QString& name) { form_.findChild<QAbstractButton*>(name)->click(); }
@@ -145,7 +131,6 @@ class Driver : public Dialogs {
     return time;
   }
 
-  QString recording_;
   Pulse pulse_;
   Session session_;
   Main_Form form_{session_, *this};
@@ -159,14 +144,5 @@ class Driver : public Dialogs {
 }  // namespace pallomir::bench
 
 int main(int argumentCount, char** arguments) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(argumentCount, arguments);
-  QApplication::setQuitOnLastWindowClosed(false);
-  pallomir::ApplyTheme(application);
-  if (argumentCount > 1) return pallomir::bench::Driver(arguments[1]).Run() ? 0 : 1;
-  const QTemporaryDir folder;
-  const std::string recording = folder.filePath("recording").toStdString();
-  pallomir::ProgressBar progress(std::cerr, false);
-  pallomir::MakeSample({recording, static_cast<uint64_t>(pallomir::bench::Spikes()), 1}, progress);
-  return pallomir::bench::Driver(recording).Run() ? 0 : 1;
+  return pallomir::bench::RunOnRecording<pallomir::bench::Driver>(argumentCount, arguments);
 }
