@@ -14,6 +14,12 @@ namespace {
 
 constexpr double kMinute = 60e6;  // microseconds
 
+/// Gives the parts of a plot their places, as drawing it does first, but draws nothing.
+void LayOut(QCustomPlot& plot) {
+  for (const auto phase : {QCPLayoutElement::upPreparation, QCPLayoutElement::upMargins, QCPLayoutElement::upLayout})
+    plot.plotLayout()->update(phase);
+}
+
 }  // namespace
 
 void PlotSpikesOnPath(QCustomPlot& plot, const Report& report) {
@@ -56,7 +62,7 @@ void AlignMaps(std::span<QCustomPlot* const> plots) {
   std::copy_if(plots.begin(), plots.end(), std::back_inserter(maps), [](auto* plot) { return plot->axisRectCount(); });
   QMargins widest;
   for (QCustomPlot* plot : maps) {
-    plot->replot();
+    LayOut(*plot);
     widest = widest | (plot->axisRect()->margins() + besides(*plot));
   }
   for (QCustomPlot* plot : maps) {
