@@ -5,8 +5,8 @@
 #include <exception>
 #include <utility>
 
-#include "pallomir/recorded/position_file.h"
 #include "pallomir/files/platform.h"
+#include "pallomir/recorded/position_file.h"
 #include "pallomir/results/recorded_waveforms.h"
 #include "pallomir/science/behaviour/spatial_autocorrelation.h"
 
