@@ -308,7 +308,7 @@ void WorkInBackground() {
   pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
 #elif defined(__linux__)
   // Linux applies this to the calling thread alone, unlike POSIX.
-  setpriority(PRIO_PROCESS, 0, 10);
+  setpriority(PRIO_PROCESS, 0, 5);
 #endif
 }
 
