@@ -168,7 +168,7 @@ QString CorrelogramMatrix::Scale() const {
   if (known == pairs_.end()) return {};
   const Correlogram& lags = *known->second.Lags;
   const double width = static_cast<double>(lags.Width) / 1000;
-  return QString("Lags up to %1 ms either way, in bins of %2 ms. Line and band: expected, and 99 % of it by chance.")
+  return QString("Up to %1 ms either way in bins of %2 ms; line and band: expected, and 99 % of it by chance.")
       .arg(Figure(static_cast<double>(lags.Pairs.size()) / 2 * width), Figure(width));
 }
 
