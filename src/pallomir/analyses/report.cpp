@@ -102,8 +102,11 @@ Report MakeReport(World& world, const ReportFiles& files, int c, const std::file
   report.DirectionOfTravel = direction.OfTravel;
   AddPositions(report, files.CenterFile);
   report.Measures = MeasureCluster(world, files.SpikeFile, spikes.Times, spikes.Range);
+  WorkPace pace(world);
   report.Behaviour = Arena(positions, LoadedTime({spikes.Range}), settings).MeasuresOf(spikes.Times);
+  pace.Reached(0.5);
   AddTrain(report, spikes);
+  pace.Reached(0.9);
   WherePossible(report, [&] { report.Note = NotesIn(files.NotesFile)[c]; });
   AddRemarks(report, direction.Explanation);
   if (!spikes.Range.MakesSense())
